@@ -1,0 +1,26 @@
+# SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+# SPDX-License-Identifier: MIT
+
+# Compiler settings for everything built here. Consumers of the library see none of them.
+
+add_library(kel_compiler INTERFACE)
+target_compile_features(kel_compiler INTERFACE cxx_std_17)
+target_compile_definitions(kel_compiler INTERFACE
+    QT_NO_KEYWORDS QT_NO_FOREACH QT_NO_CAST_TO_ASCII QT_DEPRECATED_WARNINGS
+    QT_DISABLE_DEPRECATED_BEFORE=0x050f00)
+target_compile_options(kel_compiler INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
+    -Wundef -Wlogical-op -Wdouble-promotion
+    $<$<BOOL:${KEL_WERROR}>:-Werror>)
+
+if(KEL_SANITIZE)
+    set(sanitizers -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all
+        -fno-omit-frame-pointer)
+    target_compile_options(kel_compiler INTERFACE ${sanitizers})
+    target_link_options(kel_compiler INTERFACE ${sanitizers})
+endif()
+
+if(KEL_COVERAGE)
+    target_compile_options(kel_compiler INTERFACE --coverage -O0 -fno-inline)
+    target_link_options(kel_compiler INTERFACE --coverage)
+endif()

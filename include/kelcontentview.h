@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#ifndef KELCONTENTVIEW_H
+#define KELCONTENTVIEW_H
+
+#include "kelgdicontrol_global.h"
+
+#include <QtWidgets/QGraphicsView>
+
+class KELContentViewPrivate;
+class KELRoundRectControl;
+
+/*!
+ * \brief A frameless, transparent view that shows one control and everything on it.
+ *
+ * The view owns a scene. setContent() puts a control into it and gives the view that control's size;
+ * when the view is resized later, by a layout for example, the scene is fitted to the view with its
+ * aspect ratio kept (QGraphicsView::fitInView() leaves a margin of 2 px on each side).
+ *
+ * The scene uses QGraphicsScene::NoIndex, because KELRoundRectControl::setboundRect() changes a
+ * rectangle without telling the scene.
+ *
+ * \note The constructor replaces the window flags by Qt::FramelessWindowHint: a view without a parent
+ * is a frameless window, a view with a parent is an ordinary child widget. Without a compositor a
+ * translucent top-level window shows black (or stale) pixels where nothing is drawn.
+ */
+class KELGDI_EXPORT KELContentView : public QGraphicsView
+{
+    Q_OBJECT
+
+public:
+    //! Creates an empty view inside \a parent, or a frameless window when \a parent is null.
+    explicit KELContentView(QWidget *parent = nullptr);
+
+    //! Destroys the view, its scene and every item in it, the content included.
+    ~KELContentView() override;
+
+    /*!
+     * Returns the control given to setContent() last.
+     *
+     * Null before the first setContent(), and again once that control was deleted by somebody else.
+     */
+    KELRoundRectControl *content() const;
+
+    /*!
+     * Shows \a control and resizes the view to int(width) x int(height) of its rect().
+     *
+     * The scene takes ownership of \a control and everything that was in the scene before is deleted,
+     * the previous content included. The control that is shown already, or one that sits somewhere
+     * in this scene, is kept: it is taken out of the scene before the rest is deleted.
+     *
+     * Place the control (KELRoundRectControl::setboundRect()) before this call: its size is read here.
+     * A width or height that is not finite counts as 0.
+     *
+     * \a control must not be null; a null pointer is ignored.
+     */
+    void setContent(KELRoundRectControl *control);
+
+    //! Gives the keyboard focus of the scene to \a item (reason Qt::OtherFocusReason); null clears it.
+    void setFocusItem(QGraphicsItem *item);
+
+protected:
+    //! Makes the scene rectangle (0, 0, width(), height()) and fits it into the view.
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    Q_DISABLE_COPY(KELContentView)
+
+    KELContentViewPrivate *const d;
+};
+
+#endif

@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#ifndef KELGDICONTROL_GLOBAL_H
+#define KELGDICONTROL_GLOBAL_H
+
+#include <QtCore/qglobal.h>
+
+/*!
+ * \file
+ * \brief The export macro of the library.
+ *
+ * Every public class carries KELGDI_EXPORT; everything else in the library is hidden.
+ */
+
+#if defined(KELGDI_STATIC)
+#  define KELGDI_EXPORT
+#elif defined(KELGDI_BUILD)
+#  define KELGDI_EXPORT Q_DECL_EXPORT
+#else
+#  define KELGDI_EXPORT Q_DECL_IMPORT
+#endif
+
+#endif

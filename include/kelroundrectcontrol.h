@@ -1,0 +1,284 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#ifndef KELROUNDRECTCONTROL_H
+#define KELROUNDRECTCONTROL_H
+
+#include "kelgdicontrol_global.h"
+#include "keliconfont.h"
+
+#include <QtCore/QMarginsF>
+#include <QtCore/QRectF>
+#include <QtCore/QString>
+#include <QtGui/QBrush>
+#include <QtGui/QFont>
+#include <QtGui/QPixmap>
+#include <QtWidgets/QGraphicsObject>
+
+#include <new>
+
+QT_BEGIN_NAMESPACE
+class QMenu;
+QT_END_NAMESPACE
+
+class KELControlPrivate;
+
+/*!
+ * \brief The style record: how a control looks and which pointer state it is in.
+ *
+ * Every control owns one record and hands it out with KELRoundRectControl::style(). Edit it as you
+ * like; the change shows at the next paint, so call QGraphicsItem::update() when the control is
+ * shown already. Controls with more to say inherit this record and add fields behind it.
+ *
+ * The record is plain data: copying it copies every field. The defaults named here are those of a
+ * control; a record that an application makes itself should be value-initialised
+ * (<tt>KELRoundRectControlStyle()</tt>), because five fields have no initialiser of their own.
+ *
+ * A record on the heap is freed as the record type that the \c delete expression names. A control
+ * deletes its record as a KELRoundRectControlStyle, whatever was derived from it; a derived record must
+ * therefore add only plain values, or values that the derived control resets in its own destructor.
+ */
+struct KELGDI_EXPORT KELRoundRectControlStyle
+{
+    //! The control's rectangle in its own coordinates, in item px. Default (100, 100, 100, 30).
+    //! Change it with KELRoundRectControl::setboundRect(). A rectangle with a value that is not finite
+    //! draws nothing.
+    QRectF boundRect = QRectF();
+    //! The fill; a brush of style Qt::NoBrush draws none. Default RGBA (0, 0, 0, 20).
+    QBrush backgroundBrush = QBrush(Qt::NoBrush);
+    //! The brush of the 1 px pen for caption and glyph; Qt::NoBrush draws no caption. Default black.
+    QBrush foregroundBrush = QBrush(Qt::NoBrush);
+    //! The brush of the outline; Qt::NoBrush draws none. Default black.
+    QBrush borderBrush = QBrush(Qt::NoBrush);
+    //! The width of the outline in item px; 0 or less draws none. Default 0.5.
+    float borderWidth;
+    //! The corner radius along x in item px; 0 or less gives square corners. Default 0.
+    qreal xRadius = 0;
+    //! The corner radius along y in item px; 0 or less gives square corners. Default 0.
+    qreal yRadius = 0;
+    //! The caption. Default null.
+    QString text = QString();
+    //! Qt::AlignmentFlag and Qt::TextFlag bits for caption and glyph. Default 0x1084: Qt::AlignCenter
+    //! and Qt::TextWordWrap.
+    int textFlags;
+    //! Whether lines of the caption that are too long end in an ellipsis. Default true.
+    bool trimText;
+    //! The font of the caption. Default QFont().
+    QFont font = QFont();
+    //! The menu that a long press and a context-menu event open; null opens none. Default null.
+    //! The application owns the menu and the control schedules it for deletion (QObject::deleteLater())
+    //! when it is destroyed; set the field to null before you delete the menu yourself, and do not let
+    //! two controls with different lifetimes share one menu.
+    QMenu *contextMenu;
+    //! The content rectangle is the control's rectangle less these margins, in item px. Default 0.
+    //! Margins larger than the rectangle give a negative content size, with which Qt draws a pixmap in
+    //! its own size.
+    QMarginsF margins = QMarginsF();
+    //! The picture, scaled into the content rectangle; a null pixmap draws none. Default null.
+    QPixmap pixmap = QPixmap();
+    //! The glyph of the icon font; a null glyph draws none. Default null.
+    KELIconFont icon = KELIconFont();
+    //! The pixel size in which the glyph is drawn; must be greater than 0. Default 30.
+    int iconSize;
+    //! State: the pointer is pressed on the control. The control writes it.
+    bool isMouseDown = false;
+    //! State: the control is checked. Change it with KELRoundRectControl::setCheck().
+    bool isCheck = false;
+
+    /*!
+     * Copies the look into \a dst: every field of this record except the two states, which become
+     * false in \a dst. Fields that a derived record adds are not touched. \a dst must not be null.
+     */
+    void copy(KELRoundRectControlStyle *dst) const;
+
+    /*!
+     * Returns \a source with every line elided on the right to \a width px in \a sourceFont.
+     *
+     * Lines end at line feeds; empty lines vanish. \a width is cut to a whole number towards zero and is
+     * limited to +-33,554,431 px; a width that is not a number counts as 0. A line that cannot even
+     * hold the ellipsis becomes the ellipsis or nothing, as QFontMetrics::elidedText() does.
+     */
+    QString getTrimmingText(const QString &source, double width, const QFont &sourceFont) const;
+
+    // A control deletes derived records as this type: with the unsized form of operator delete the
+    // allocator is never told a wrong size.
+    //! Frees a record, of this type or derived.
+    static void operator delete(void *record) { ::operator delete(record); }
+    //! Counterpart of placement new.
+    static void operator delete(void *record, void *place) { ::operator delete(record, place); }
+};
+
+/*!
+ * \brief The base of every control: a rounded rectangle with outline, picture, glyph and caption that
+ * turns the pointer into signals.
+ *
+ * \section look Look
+ * The control paints its style() in this order: rounded rectangle and outline, pixmap, glyph, caption.
+ * Pixmap, glyph and caption share the content rectangle and are drawn over each other.
+ *
+ * \section gesture Gestures
+ * All positions are in item px. With the pointer held, one press gives
+ * \code
+ * press ---- release within 500 ms -------------> mousePress, mouseRelease, mouseClicked
+ * press ---- moved by more than 10 px, release -> mousePress, mouseRelease
+ * press ---- 500 ms, release -------------------> mousePress, mouseLongPress, mouseRelease
+ * press, release, press again (double click) ---> mousePress, mouseRelease, mouseClicked,
+ *                                                 mousePress, mouseDoubleClicked,
+ *                                                 mouseRelease, mouseClicked
+ * \endcode
+ * The 10 px are Manhattan distance in item coordinates: in a view scaled by 2 they are 20 px on the
+ * screen. Fast taps are never lost: each is a click, whether or not Qt calls it a double click.
+ *
+ * A control gets moves and the release only if it accepts the press, which in Qt means that
+ * QGraphicsItem::ItemIsSelectable or ItemIsMovable is set. The base sets neither: a plain
+ * KELRoundRectControl reports mousePress and, 500 ms later, mouseLongPress, and stays in the pressed
+ * state. Controls that are meant to be tapped set the flag.
+ *
+ * A pressed control that loses the pointer (the grab is taken away, it is disabled, hidden or taken
+ * out of the scene, its window closes, a popup or a modal dialog opens over it, its accepted buttons
+ * are switched off) returns to the released look and sends neither mouseLongPress nor mouseClicked.
+ * A release that reaches it later all the same is reported with mouseRelease only.
+ *
+ * \section lifetime Lifetime
+ * A control may be deleted, with \c delete or QObject::deleteLater(), in any slot of any of its
+ * signals, also while its context menu is open.
+ *
+ * \section geometry Geometry
+ * setboundRect() neither repaints nor tells the scene. Set the rectangle first and add the control to
+ * the scene afterwards; where a rectangle must change in a shown scene, the scene must use
+ * QGraphicsScene::NoIndex and the application repaints it.
+ *
+ * GUI thread only.
+ */
+class KELGDI_EXPORT KELRoundRectControl : public QGraphicsObject
+{
+    Q_OBJECT
+
+public:
+    /*!
+     * Creates a control as a child item of \a parent, or without parent when it is null.
+     *
+     * The control caches its picture in device coordinates (QGraphicsItem::DeviceCoordinateCache) and
+     * is a panel (QGraphicsItem::ItemIsPanel). Hover and touch events are off.
+     */
+    explicit KELRoundRectControl(QGraphicsObject *parent = nullptr);
+
+    //! Destroys the control and its style record and schedules the context menu for deletion.
+    ~KELRoundRectControl() override;
+
+    //! Returns the control's style record, for editing. The control owns it. Never null.
+    KELRoundRectControlStyle *style() const;
+
+    //! Returns (0, 0, width, height) of the control's rectangle, in item px.
+    QRectF rect() const;
+
+    //! Returns true while the pointer is pressed on the control and has not been lost.
+    bool isMouseDown() const;
+
+    //! Returns true when the control is checked.
+    bool isCheck() const;
+
+    //! Returns the caption.
+    QString text() const;
+
+    /*!
+     * Fills \a option, a fresh record, with what the control shows; \a styleOption is not read.
+     *
+     * The rectangle is boundingRect(). An outline is taken over only when there is a brush for it and
+     * its width is greater than 0; a caption only when there is a foreground brush and a text. The
+     * states stay false. \a option must not be null.
+     */
+    void initStyleOption(KELRoundRectControlStyle *option,
+                         const QStyleOptionGraphicsItem *styleOption) const;
+
+    /*!
+     * Returns the rectangle in item px: \c boundRect as it stands, or, with a parent item,
+     * \c boundRect moved by the top-left corner of the parent's boundingRect().
+     */
+    QRectF boundingRect() const override;
+
+    //! Stores \a rect (item px, any value) as the control's rectangle, and nothing else: see \ref geometry.
+    virtual void setboundRect(const QRectF &rect);
+
+    //! Stores the rectangle \a x, \a y, \a w, \a h (item px), as setboundRect(const QRectF&) does.
+    virtual void setboundRect(qreal x, qreal y, qreal w, qreal h);
+
+    //! Paints the style record with \a painter; \a styleOption and \a widget are not read.
+    void paint(QPainter *painter, const QStyleOptionGraphicsItem *styleOption,
+               QWidget *widget = nullptr) override;
+
+public Q_SLOTS:
+    //! Checks or unchecks the control: repaints it and calls onCheckedEvent(). Does nothing when
+    //! \a check is the present state. The base emits no signal.
+    void setCheck(bool check);
+
+    //! Replaces the caption by \a text and repaints the control, also when nothing changed.
+    void setText(QString text);
+
+Q_SIGNALS:
+    //! The control was tapped: released within 500 ms without moving by more than 10 px. Comes right
+    //! after mouseRelease().
+    void mouseClicked();
+    //! The control was pressed for the second time within the system's double-click time. Comes right
+    //! after the mousePress() of that press.
+    void mouseDoubleClicked();
+    //! The control has been pressed for 500 ms. When the style has a context menu, it opens next.
+    void mouseLongPress();
+    //! The control was pressed at \a pos, in item px.
+    void mousePress(const QPointF &pos);
+    //! The pointer was released at \a pos, in item px, wherever that is.
+    void mouseRelease(const QPointF &pos);
+    //! The pointer entered the control; only while hover events are accepted.
+    void mouseEnter();
+    //! The pointer left the control; only while hover events are accepted.
+    void mouseLeave();
+
+protected:
+    //! Counts the 500 ms of a long press.
+    void timerEvent(QTimerEvent *event) override;
+    //! Begins a press; emits mousePress().
+    void mousePressEvent(QGraphicsSceneMouseEvent *event) override;
+    //! Presses again, then emits mouseDoubleClicked().
+    void mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event) override;
+    //! Ends a press; emits mouseRelease() and, for a tap, mouseClicked().
+    void mouseReleaseEvent(QGraphicsSceneMouseEvent *event) override;
+    //! Gives up the click and the long press once the pointer has moved by more than 10 px.
+    void mouseMoveEvent(QGraphicsSceneMouseEvent *event) override;
+    //! Emits mouseEnter().
+    void hoverEnterEvent(QGraphicsSceneHoverEvent *event) override;
+    //! Emits mouseLeave().
+    void hoverLeaveEvent(QGraphicsSceneHoverEvent *event) override;
+    //! Opens the style's context menu at the event's screen position and accepts the event; without a
+    //! menu the event stays ignored.
+    void contextMenuEvent(QGraphicsSceneContextMenuEvent *event) override;
+
+public:
+    //! Called by setCheck() after the state changed to \a check. Empty here; derived controls emit
+    //! their signals from it.
+    virtual void onCheckedEvent(bool check);
+
+    /*!
+     * Makes the control's style record with its defaults and returns it.
+     *
+     * For constructors only: each constructor in the chain calls its own class's version and stores
+     * the result. A derived version carries the look of the present record over with
+     * KELRoundRectControlStyle::copy(), deletes that record and returns the new one. The base version
+     * returns a new record that the caller owns.
+     */
+    virtual KELRoundRectControlStyle *initStyle();
+
+protected:
+    //! The style record, owned; derived constructors store the result of their initStyle() here.
+    KELRoundRectControlStyle *m_style;
+
+private:
+    Q_DISABLE_COPY(KELRoundRectControl)
+
+    Q_DECL_HIDDEN void watchPress(const QGraphicsSceneMouseEvent *event);
+    Q_DECL_HIDDEN bool dropLostPress();
+    Q_DECL_HIDDEN bool handOnStalePress(QGraphicsSceneMouseEvent *event);
+
+    KELControlPrivate *const d;
+};
+
+#endif

@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#ifndef KELTEXTPIXMAP_H
+#define KELTEXTPIXMAP_H
+
+#include "kelgdicontrol_global.h"
+
+#include <QtGui/QPixmap>
+
+QT_BEGIN_NAMESPACE
+class QBrush;
+class QFont;
+QT_END_NAMESPACE
+
+/*!
+ * \brief A pixmap that shows a caption, for example as the picture of a control.
+ *
+ * The picture is drawn once, by the constructor; afterwards the object is a QPixmap like any other.
+ *
+ * \code
+ * button->style()->pixmap = KELTextPixmap("42", QSize(48, 48), Qt::white, Qt::darkGreen, QFont());
+ * \endcode
+ */
+class KELGDI_EXPORT KELTextPixmap : public QPixmap
+{
+public:
+    /*!
+     * Draws \a text centred and word-wrapped into a picture of \a size (in pixels).
+     *
+     * \param text The caption. What does not fit into \a size is clipped.
+     * \param size The size of the picture. An empty size gives a null pixmap.
+     * \param textBrush The brush of the 1 px pen that draws the text; a gradient is allowed.
+     * \param backgroundBrush The background. Only its colour is used, patterns and gradients are not
+     *        drawn; a default-constructed (Qt::NoBrush) brush makes the picture transparent.
+     * \param font The font of the text.
+     */
+    KELTextPixmap(const QString &text, const QSize &size, const QBrush &textBrush,
+                  const QBrush &backgroundBrush, const QFont &font);
+    ~KELTextPixmap() override;
+};
+
+#endif

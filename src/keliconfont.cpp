@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "keliconfont.h"
+
+#include <QtCore/QDebug>
+#include <QtGui/QFontDatabase>
+#include <QtGui/QPainter>
+
+QString KELIconFont::g_fontFamily;
+
+KELIconFont::KELIconFont() : KELIconFont(0) { }
+
+KELIconFont::KELIconFont(unsigned short code) : m_glyph(code), m_font(iconFont()) { }
+
+void KELIconFont::setIcon(const QChar &icon)
+{
+    m_glyph = icon;
+}
+
+QChar KELIconFont::getIcon() const
+{
+    return m_glyph;
+}
+
+KELIconFont::operator QChar() const
+{
+    return m_glyph;
+}
+
+KELIconFont::operator QString() const
+{
+    return QString(m_glyph);
+}
+
+bool KELIconFont::isNull() const
+{
+    return m_glyph.isNull();
+}
+
+void KELIconFont::setPixelSize(int pixelSize)
+{
+    m_font.setPixelSize(pixelSize);
+}
+
+void KELIconFont::drawIcon(QPainter *painter, const QRectF &rect, int flags) const
+{
+    painter->setFont(m_font);
+    painter->drawText(rect, flags, QString(m_glyph));
+}
+
+QFont KELIconFont::iconFont()
+{
+    return QFont(g_fontFamily, -1, -1, false);
+}
+
+QString KELIconFont::fontFamily()
+{
+    return g_fontFamily;
+}
+
+void KELIconFont::installFont(const QString &path)
+{
+    const int id = QFontDatabase::addApplicationFont(path);
+    const QStringList families = id < 0 ? QStringList() : QFontDatabase::applicationFontFamilies(id);
+    if (families.isEmpty()) {
+        qDebug() << "could not intstall" << path; // kept: spelled so
+        return;
+    }
+    g_fontFamily = families.first();
+    qDebug() << "install from" << path << ", font" << g_fontFamily << "succeeful"; // kept: spelled so
+}

@@ -1,0 +1,114 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "kelpainting_p.h"
+
+#include "kelroundrectcontrol.h"
+
+#include <QtGui/QPainter>
+
+namespace {
+
+// Far beyond any screen, and small enough that x + width cannot overflow an int.
+constexpr qreal farAwayPx = 1 << 30;
+
+int roundedPx(qreal value)
+{
+    return qRound(qBound(-farAwayPx, value, farAwayPx));
+}
+
+void drawShape(QPainter *painter, const KELRoundRectControlStyle &option, const QRectF &rect)
+{
+    if (!KELPainting::isPaintable(rect))
+        return;
+    const qreal xRadius = qIsNaN(option.xRadius) ? 0 : option.xRadius;
+    const qreal yRadius = qIsNaN(option.yRadius) ? 0 : option.yRadius;
+    painter->drawRoundedRect(rect, xRadius, yRadius, Qt::AbsoluteSize);
+}
+
+} // namespace
+
+bool KELPainting::isPaintable(const QRectF &rect)
+{
+    return qIsFinite(rect.x()) && qIsFinite(rect.y()) && qIsFinite(rect.width())
+        && qIsFinite(rect.height());
+}
+
+QRect KELPainting::roundedEach(const QRectF &rect)
+{
+    return {roundedPx(rect.x()), roundedPx(rect.y()), roundedPx(rect.width()),
+            roundedPx(rect.height())};
+}
+
+QRectF KELPainting::contentRect(const QRectF &rect, const QMarginsF &margins)
+{
+    return {rect.x() + margins.left(), rect.y() + margins.top(),
+            rect.width() - margins.right() - margins.left(),
+            rect.height() - margins.bottom() - margins.top()};
+}
+
+QPen KELPainting::captionPen(const QBrush &brush)
+{
+    return QPen(brush, 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin);
+}
+
+void KELPainting::drawRoundRect(QPainter *painter, const KELRoundRectControlStyle &option)
+{
+    const bool filled = option.backgroundBrush.style() != Qt::NoBrush;
+    if (filled)
+        painter->setBrush(option.backgroundBrush);
+
+    if (option.borderBrush.style() != Qt::NoBrush) {
+        const float halfWidth = option.borderWidth * 0.5F;
+        if (option.borderWidth > 0) {
+            painter->setPen(QPen(option.borderBrush, qreal(option.borderWidth), Qt::SolidLine,
+                                 Qt::SquareCap, Qt::BevelJoin));
+        }
+        // kept: a negative width draws the fill alone, enlarged by half of it on every side
+        if (halfWidth != 0) {
+            const qreal inset = qreal(halfWidth);
+            drawShape(painter, option, option.boundRect.adjusted(inset, inset, -inset, -inset));
+            return;
+        }
+    }
+    if (filled)
+        drawShape(painter, option, option.boundRect);
+}
+
+void KELPainting::drawPixmap(QPainter *painter, const QRectF &rect, const QPixmap &pixmap)
+{
+    if (isPaintable(rect))
+        painter->drawPixmap(roundedEach(rect), pixmap);
+}
+
+void KELPainting::drawGlyph(QPainter *painter, const KELRoundRectControlStyle &option,
+                            const QRectF &rect)
+{
+    if (!isPaintable(rect))
+        return;
+    painter->setPen(captionPen(option.foregroundBrush));
+    KELIconFont glyph = option.icon;
+    glyph.setPixelSize(option.iconSize);
+    glyph.drawIcon(painter, rect, option.textFlags);
+}
+
+void KELPainting::drawCaption(QPainter *painter, const KELRoundRectControlStyle &option,
+                              const QRectF &rect, const QString &caption)
+{
+    if (!isPaintable(rect))
+        return;
+    painter->setFont(option.font);
+    painter->setPen(captionPen(option.foregroundBrush));
+    painter->drawText(rect, option.textFlags, caption);
+}
+
+void KELPainting::drawContentCaption(QPainter *painter, const KELRoundRectControlStyle &option)
+{
+    if (option.foregroundBrush.style() == Qt::NoBrush)
+        return;
+    const QRectF rect = contentRect(option.boundRect, option.margins);
+    drawCaption(painter, option, rect,
+                option.trimText
+                    ? option.getTrimmingText(option.text, rect.width(), option.font)
+                    : option.text);
+}

@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#ifndef KELPAINTING_P_H
+#define KELPAINTING_P_H
+
+#include <QtCore/QMarginsF>
+#include <QtCore/QRectF>
+#include <QtGui/QPen>
+
+QT_BEGIN_NAMESPACE
+class QPainter;
+class QPixmap;
+class QString;
+QT_END_NAMESPACE
+
+class KELIconFont;
+struct KELRoundRectControlStyle;
+
+// The painting steps that the controls share, each named after what it draws.
+namespace KELPainting {
+
+constexpr int centredWordWrap = 0x1084; // Qt::AlignCenter | Qt::TextWordWrap
+
+// True when all four values are finite: only such a rectangle can be painted.
+bool isPaintable(const QRectF &rect);
+
+// x, y, width and height each rounded for itself, unlike QRectF::toRect().
+QRect roundedEach(const QRectF &rect);
+
+QRectF contentRect(const QRectF &rect, const QMarginsF &margins);
+
+// The pen of captions and glyphs.
+QPen captionPen(const QBrush &brush);
+
+// Sets the painter's pen and brush from the record and draws the rounded rectangle.
+void drawRoundRect(QPainter *painter, const KELRoundRectControlStyle &option);
+
+void drawPixmap(QPainter *painter, const QRectF &rect, const QPixmap &pixmap);
+
+// Sets the painter's pen and font and draws the record's glyph.
+void drawGlyph(QPainter *painter, const KELRoundRectControlStyle &option, const QRectF &rect);
+
+// Sets the painter's pen and font and draws the caption as it is given.
+void drawCaption(QPainter *painter, const KELRoundRectControlStyle &option, const QRectF &rect,
+                 const QString &caption);
+
+// Draws the record's caption into its content rectangle, elided if the record asks for it. Draws
+// nothing without a foreground brush.
+void drawContentCaption(QPainter *painter, const KELRoundRectControlStyle &option);
+
+} // namespace KELPainting
+
+#endif

@@ -1,0 +1,180 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "kelpushbutton.h"
+
+#include "kelpainting_p.h"
+
+#include <QtGui/QFontMetrics>
+#include <QtGui/QPainter>
+#include <QtWidgets/QGraphicsSceneMouseEvent>
+
+namespace {
+
+void applyPressedLook(KELPushButtonStyle &option)
+{
+    option.backgroundBrush = QColor(50, 70, 100, 200);
+}
+
+void applyDisabledLook(KELPushButtonStyle &option)
+{
+    option.foregroundBrush = QColor(150, 150, 150, 100);
+    option.borderBrush = QColor(150, 150, 150, 100);
+}
+
+// Height of the caption strip below a picture.
+float stripHeight(const KELPushButtonStyle &option)
+{
+    const QMarginsF &margins = option.margins;
+    // kept: the top margin counts twice
+    return float(QFontMetrics(option.font).height() + margins.top()
+                 + (margins.top() + margins.bottom()));
+}
+
+// Where the picture goes: above the strip, inside the icon margins.
+QRectF pictureRect(const KELPushButtonStyle &option, float strip)
+{
+    const QRectF &rect = option.boundRect;
+    const QMarginsF &margins = option.iconMargins;
+    return {rect.x() + margins.left(), rect.y() + margins.top(),
+            rect.width() - margins.right() - margins.left(),
+            rect.height() - qreal(strip) - margins.bottom() - margins.top()};
+}
+
+void drawCaptionStrip(QPainter *painter, const KELPushButtonStyle &option, float strip)
+{
+    const QRectF &rect = option.boundRect;
+    const QMarginsF &margins = option.margins;
+    const QRectF captionRect(rect.x() + margins.left(),
+                             rect.y() + rect.height() - qreal(strip) + margins.top(),
+                             rect.width() - margins.right() - margins.left(),
+                             qreal(strip) - margins.top() - margins.bottom());
+    // kept: trimmed to the width of the whole button, and always, whatever trimText says
+    KELPainting::drawCaption(painter, option, captionRect,
+                             option.getTrimmingText(option.text, rect.width(), option.font));
+}
+
+void drawPixmapButton(QPainter *painter, const KELPushButtonStyle &option)
+{
+    if (option.foregroundBrush.style() == Qt::NoBrush) {
+        KELPainting::drawPixmap(painter, option.boundRect, option.pixmap);
+        return;
+    }
+    const float strip = stripHeight(option);
+    KELPainting::drawPixmap(painter, pictureRect(option, strip), option.pixmap);
+    drawCaptionStrip(painter, option, strip);
+}
+
+void drawGlyphButton(QPainter *painter, const KELPushButtonStyle &option)
+{
+    if (option.text.isEmpty()) {
+        KELPainting::drawGlyph(painter, option, pictureRect(option, 0));
+        return;
+    }
+    const float strip = stripHeight(option);
+    KELPainting::drawGlyph(painter, option, pictureRect(option, strip));
+    drawCaptionStrip(painter, option, strip);
+}
+
+} // namespace
+
+KELPushButton::KELPushButton(QGraphicsObject *parent)
+    : KELRoundRectControl(parent),
+      isMouseDownTemplate(applyPressedLook),
+      isDisableTemplate(applyDisabledLook)
+{
+    m_style = KELPushButton::initStyle();
+    setAcceptHoverEvents(true);
+    setAcceptTouchEvents(true);
+    setFlag(ItemIsSelectable, true);
+    setAcceptedMouseButtons(Qt::LeftButton);
+    setFiltersChildEvents(true);
+    setHandlesChildEvents(true);
+    setFlag(ItemClipsToShape, true);
+}
+
+KELPushButton::~KELPushButton() = default;
+
+void KELPushButton::setIsMouseDownTemplate(const std::function<void(KELPushButtonStyle &)> &look)
+{
+    isMouseDownTemplate = look;
+}
+
+void KELPushButton::setIsCheckedTemplate(const std::function<void(KELPushButtonStyle &)> &look)
+{
+    isCheckedTemplate = look;
+}
+
+void KELPushButton::setIsDisableTemplate(const std::function<void(KELPushButtonStyle &)> &look)
+{
+    isDisableTemplate = look;
+}
+
+const KELPushButtonStyle *KELPushButton::buttonStyle() const
+{
+    return static_cast<const KELPushButtonStyle *>(m_style);
+}
+
+void KELPushButton::initStyleOption(KELPushButtonStyle *option,
+                                    const QStyleOptionGraphicsItem *styleOption) const
+{
+    KELRoundRectControl::initStyleOption(option, styleOption);
+    option->isMouseDown = isMouseDown();
+    option->isCheck = isCheck();
+    option->iconMargins = buttonStyle()->iconMargins;
+
+    if (!isEnabled()) {
+        if (isDisableTemplate)
+            isDisableTemplate(*option);
+        return;
+    }
+    if (isCheck() && isCheckedTemplate)
+        isCheckedTemplate(*option);
+    if (isMouseDown() && isMouseDownTemplate)
+        isMouseDownTemplate(*option);
+}
+
+void KELPushButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *styleOption,
+                          QWidget * /*widget*/)
+{
+    KELPushButtonStyle option = KELPushButtonStyle();
+    initStyleOption(&option, styleOption);
+
+    // kept: a button's pixmap is scaled without smoothing, unlike the base's
+    painter->setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing, true);
+    painter->setBrushOrigin(QPointF(option.boundRect.x(), option.boundRect.y()));
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(Qt::NoBrush);
+    KELPainting::drawRoundRect(painter, option);
+
+    if (!option.pixmap.isNull())
+        drawPixmapButton(painter, option);
+    else if (!option.icon.isNull())
+        drawGlyphButton(painter, option);
+    else
+        KELPainting::drawContentCaption(painter, option);
+}
+
+KELPushButtonStyle *KELPushButton::initStyle()
+{
+    auto *buttonStyle = new KELPushButtonStyle();
+    m_style->copy(buttonStyle);
+    delete m_style;
+    m_style = buttonStyle;
+    buttonStyle->backgroundBrush = QColor(0, 0, 0, 20);
+    buttonStyle->iconMargins = QMarginsF(5, 1, 5, 1);
+    buttonStyle->borderWidth = 2.0F;
+    return buttonStyle;
+}
+
+bool KELPushButton::sceneEventFilter(QGraphicsItem * /*watched*/, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::GraphicsSceneMousePress:
+    case QEvent::GraphicsSceneMouseRelease:
+    case QEvent::GraphicsSceneMouseDoubleClick:
+        return static_cast<QGraphicsSceneMouseEvent *>(event)->button() != Qt::LeftButton;
+    default:
+        return false;
+    }
+}
