@@ -1,0 +1,92 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#ifndef KELTEST_H
+#define KELTEST_H
+
+#include <QtCore/QStringList>
+#include <QtGui/QImage>
+#include <QtTest/QtTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QGraphicsItem>
+#include <QtWidgets/QGraphicsScene>
+#include <QtWidgets/QGraphicsView>
+
+#include <functional>
+
+/*
+ * Base of every test class.
+ *
+ * A Qt warning that the test did not ask for with takeWarnings(), and a window that is still there
+ * after a test function, fail that function.
+ */
+class KelTest : public QObject
+{
+    Q_OBJECT
+
+public:
+    // Everything printed with qDebug() / with a higher level since the last call.
+    static QStringList takeDebugLines();
+    static QStringList takeWarnings();
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+};
+
+// A shown view on a scene of its own, 1:1, whose (0, 0) is the scene's (0, 0).
+class KelTestView : public QGraphicsView
+{
+    Q_OBJECT
+
+public:
+    explicit KelTestView(const QSize &size = QSize(400, 300));
+
+    // Shows the view and waits for it. Add the items first.
+    bool showAndWait();
+
+    // The viewport position of a point of item (in the coordinates of its boundingRect()).
+    QPoint at(const QGraphicsItem *item, const QPointF &itemPos) const;
+    // The same for the centre of the item.
+    QPoint centreOf(const QGraphicsItem *item) const;
+
+    void press(const QPoint &pos, Qt::MouseButton button = Qt::LeftButton);
+    void move(const QPoint &pos); // with the left button held
+    void release(const QPoint &pos, Qt::MouseButton button = Qt::LeftButton);
+    void click(const QPoint &pos);
+    void doubleClickPress(const QPoint &pos);
+
+    // One finger, delivered as the window system does.
+    void touchPress(const QPoint &pos);
+    void touchMove(const QPoint &pos);
+    void touchRelease(const QPoint &pos);
+
+    QGraphicsScene ownScene;
+};
+
+namespace KelImage {
+
+// Calls draw on a picture of size, scaled, filled with an uneven background.
+QImage draw(const QSize &size, qreal scale, const std::function<void(QPainter *)> &draw);
+
+// Draws the item's paint() that way.
+QImage paint(QGraphicsItem *item, const QSize &size, qreal scale = 1);
+
+// Empty when equal; otherwise says where the pictures differ and where it saved them.
+QString difference(const QImage &actual, const QImage &expected);
+
+// Paints the item into a picture 100 px larger than its bounding rectangle, on every side. Empty when
+// no pixel outside the rectangle changed; otherwise says which.
+QString pixelsOutside(QGraphicsItem *item, qreal scale = 1);
+
+} // namespace KelImage
+
+#define KEL_TEST_MAIN(TestClass)                                                                   \
+    int main(int argc, char *argv[])                                                               \
+    {                                                                                              \
+        QApplication app(argc, argv);                                                              \
+        TestClass test;                                                                            \
+        return QTest::qExec(&test, argc, argv);                                                    \
+    }
+
+#endif
