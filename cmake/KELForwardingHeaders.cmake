@@ -1,10 +1,12 @@
 # SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 # SPDX-License-Identifier: MIT
 
-# kel_forwarding_headers(<directory> <header>=<Class>[,<Class>...] ...)
+# kel_forwarding_headers(<directory> <result> <header>=<Class>[,<Class>...] ...)
 #
-# Writes one CamelCase header per class into <directory>, so that <KELPushButton> works.
-function(kel_forwarding_headers directory)
+# Writes one CamelCase header per class into <directory>, so that <KELPushButton> works, and lists the
+# files in <result>.
+function(kel_forwarding_headers directory result)
+    set(written)
     foreach(entry IN LISTS ARGN)
         string(REGEX MATCH "^([^=]+)=(.+)$" matched "${entry}")
         if(NOT matched)
@@ -13,7 +15,10 @@ function(kel_forwarding_headers directory)
         set(header "${CMAKE_MATCH_1}")
         string(REPLACE "," ";" classes "${CMAKE_MATCH_2}")
         foreach(class IN LISTS classes)
-            file(CONFIGURE OUTPUT "${directory}/${class}" CONTENT "#include \"${header}\" // IWYU pragma: export\n")
+            configure_file(${PROJECT_SOURCE_DIR}/cmake/KELForwardingHeader.in
+                ${directory}/${class} @ONLY)
+            list(APPEND written ${directory}/${class})
         endforeach()
     endforeach()
+    set(${result} ${written} PARENT_SCOPE)
 endfunction()

@@ -10,8 +10,8 @@ install(TARGETS KELGdiControl EXPORT KELGdiControlTargets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
     RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-install(FILES ${KEL_HEADERS} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/KELGdiControl)
-install(DIRECTORY ${KEL_FORWARD_DIR}/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/KELGdiControl)
+install(FILES ${KEL_HEADERS} ${KEL_FORWARDING_HEADERS}
+    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/KELGdiControl)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/KELGdiControl)
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/KELGdiControlConfig.cmake.in
@@ -33,6 +33,7 @@ function(kel_relative_directory result from directory)
         return()
     endif()
     file(RELATIVE_PATH relative "/${from}" "/${directory}")
+    string(REGEX REPLACE "/$" "" relative "${relative}")
     set(${result} "${relative}" PARENT_SCOPE)
 endfunction()
 
@@ -53,8 +54,11 @@ configure_file(${PROJECT_SOURCE_DIR}/cmake/KELGdiControl.pc.in
     ${PROJECT_BINARY_DIR}/KELGdiControl.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/KELGdiControl.pc DESTINATION ${pkgconfig_dir})
 
-set(KEL_QMAKE_FEATURES_DIR ${CMAKE_INSTALL_LIBDIR}/qt5/mkspecs/features CACHE STRING
-    "Where kelgdicontrol.prf is installed")
+set(KEL_QMAKE_FEATURES_DIR "" CACHE STRING
+    "Where kelgdicontrol.prf is installed; default qt5/mkspecs/features in the library directory")
+if(NOT KEL_QMAKE_FEATURES_DIR)
+    set(KEL_QMAKE_FEATURES_DIR ${CMAKE_INSTALL_LIBDIR}/qt5/mkspecs/features)
+endif()
 kel_relative_directory(KEL_PRF_LIBDIR ${KEL_QMAKE_FEATURES_DIR} ${CMAKE_INSTALL_LIBDIR})
 kel_relative_directory(KEL_PRF_INCLUDEDIR ${KEL_QMAKE_FEATURES_DIR} ${CMAKE_INSTALL_INCLUDEDIR})
 foreach(variable KEL_PRF_LIBDIR KEL_PRF_INCLUDEDIR)

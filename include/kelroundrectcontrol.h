@@ -15,6 +15,7 @@
 #include <QtGui/QPixmap>
 #include <QtWidgets/QGraphicsObject>
 
+#include <cstddef>
 #include <new>
 
 QT_BEGIN_NAMESPACE
@@ -102,7 +103,11 @@ struct KELGDI_EXPORT KELRoundRectControlStyle
 
     // A control deletes derived records as this type: with the unsized form of operator delete the
     // allocator is never told a wrong size.
-    //! Frees a record, of this type or derived.
+    //! Allocates a record of \a size bytes, of this type or derived.
+    static void *operator new(std::size_t size) { return ::operator new(size); }
+    //! Constructs a record in \a place.
+    static void *operator new(std::size_t size, void *place) { return ::operator new(size, place); }
+    //! Frees \a record, of this type or derived.
     static void operator delete(void *record) { ::operator delete(record); }
     //! Counterpart of placement new.
     static void operator delete(void *record, void *place) { ::operator delete(record, place); }

@@ -29,7 +29,8 @@ public:
     QPointer<KELRoundRectControl> content;
 };
 
-KELContentView::KELContentView(QWidget *parent) : QGraphicsView(parent), d(new KELContentViewPrivate)
+KELContentView::KELContentView(QWidget *parent) :
+    QGraphicsView(parent), d(new KELContentViewPrivate)
 {
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

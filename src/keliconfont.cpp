@@ -62,11 +62,13 @@ QString KELIconFont::fontFamily()
 void KELIconFont::installFont(const QString &path)
 {
     const int id = QFontDatabase::addApplicationFont(path);
-    const QStringList families = id < 0 ? QStringList() : QFontDatabase::applicationFontFamilies(id);
+    const QStringList families = id < 0 ? QStringList()
+                                        : QFontDatabase::applicationFontFamilies(id);
     if (families.isEmpty()) {
         qDebug() << "could not intstall" << path; // kept: spelled so
         return;
     }
     g_fontFamily = families.first();
-    qDebug() << "install from" << path << ", font" << g_fontFamily << "succeeful"; // kept: spelled so
+    qDebug() << "install from" << path << ", font" << g_fontFamily
+             << "succeeful"; // kept: spelled so
 }

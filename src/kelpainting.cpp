@@ -108,7 +108,6 @@ void KELPainting::drawContentCaption(QPainter *painter, const KELRoundRectContro
         return;
     const QRectF rect = contentRect(option.boundRect, option.margins);
     drawCaption(painter, option, rect,
-                option.trimText
-                    ? option.getTrimmingText(option.text, rect.width(), option.font)
-                    : option.text);
+                option.trimText ? option.getTrimmingText(option.text, rect.width(), option.font)
+                                : option.text);
 }

@@ -32,16 +32,15 @@ bool blocks(const QWidget *modal, const QWidget *widget)
 
 } // namespace
 
-KELPressWatch::KELPressWatch(QGraphicsObject *item, const QGraphicsSceneMouseEvent *press)
-    : m_item(item),
-      // An ignored press loses the grab as soon as the handler returns: there is nothing to lose.
-      m_hadGrab(press->isAccepted() && holdsGrab(item)),
-      m_hadView(press->widget() && press->widget()->isVisible()),
-      m_view(press->widget()),
-      m_popup(QApplication::activePopupWidget()),
-      m_modal(QApplication::activeModalWidget())
-{
-}
+KELPressWatch::KELPressWatch(QGraphicsObject *item, const QGraphicsSceneMouseEvent *press) :
+    m_item(item),
+    // An ignored press loses the grab as soon as the handler returns: there is nothing to lose.
+    m_hadGrab(press->isAccepted() && holdsGrab(item)),
+    m_hadView(press->widget() && press->widget()->isVisible()),
+    m_view(press->widget()),
+    m_popup(QApplication::activePopupWidget()),
+    m_modal(QApplication::activeModalWidget())
+{ }
 
 KELPressWatch::~KELPressWatch()
 {
@@ -55,8 +54,8 @@ void KELPressWatch::start(const std::function<void()> &check)
     m_connections[1] = QObject::connect(m_item, &QGraphicsObject::visibleChanged, m_item, check);
     QAbstractEventDispatcher *dispatcher = QAbstractEventDispatcher::instance(m_item->thread());
     if (m_hadGrab && dispatcher) {
-        m_connections[2] =
-            QObject::connect(dispatcher, &QAbstractEventDispatcher::awake, m_item, check);
+        m_connections[2] = QObject::connect(dispatcher, &QAbstractEventDispatcher::awake, m_item,
+                                            check);
     }
 }
 

@@ -78,10 +78,10 @@ void drawGlyphButton(QPainter *painter, const KELPushButtonStyle &option)
 
 } // namespace
 
-KELPushButton::KELPushButton(QGraphicsObject *parent)
-    : KELRoundRectControl(parent),
-      isMouseDownTemplate(applyPressedLook),
-      isDisableTemplate(applyDisabledLook)
+KELPushButton::KELPushButton(QGraphicsObject *parent) :
+    KELRoundRectControl(parent),
+    isMouseDownTemplate(applyPressedLook),
+    isDisableTemplate(applyDisabledLook)
 {
     m_style = KELPushButton::initStyle();
     setAcceptHoverEvents(true);

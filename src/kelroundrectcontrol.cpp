@@ -61,10 +61,8 @@ public:
     bool hasStaleGrab = false; // the pointer was lost, but the scene still sends it here
 };
 
-KELRoundRectControl::KELRoundRectControl(QGraphicsObject *parent)
-    : QGraphicsObject(parent),
-      m_style(KELRoundRectControl::initStyle()),
-      d(new KELControlPrivate)
+KELRoundRectControl::KELRoundRectControl(QGraphicsObject *parent) :
+    QGraphicsObject(parent), m_style(KELRoundRectControl::initStyle()), d(new KELControlPrivate)
 {
     setCacheMode(DeviceCoordinateCache);
     setFlag(ItemIsPanel, true);

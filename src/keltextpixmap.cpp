@@ -9,8 +9,8 @@
 #include <QtGui/QPainter>
 
 KELTextPixmap::KELTextPixmap(const QString &text, const QSize &size, const QBrush &textBrush,
-                             const QBrush &backgroundBrush, const QFont &font)
-    : QPixmap(size)
+                             const QBrush &backgroundBrush, const QFont &font) :
+    QPixmap(size)
 {
     if (isNull())
         return;

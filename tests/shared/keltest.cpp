@@ -31,8 +31,9 @@ QString saved(const QImage &image, const QString &what)
 {
     const QString name = QStringLiteral("%1_%2_%3.png")
                              .arg(QString::fromLatin1(QTest::currentTestFunction()),
-                                  QString::fromUtf8(QTest::currentDataTag()).replace(
-                                      QRegularExpression(QStringLiteral("\\W+")), QStringLiteral("-")),
+                                  QString::fromUtf8(QTest::currentDataTag())
+                                      .replace(QRegularExpression(QStringLiteral("\\W+")),
+                                               QStringLiteral("-")),
                                   what);
     image.save(name);
     return name;
@@ -127,8 +128,8 @@ void KelTestView::click(const QPoint &pos)
 
 void KelTestView::doubleClickPress(const QPoint &pos)
 {
-    QMouseEvent event(QEvent::MouseButtonDblClick, pos, viewport()->mapToGlobal(pos), Qt::LeftButton,
-                      Qt::LeftButton, Qt::NoModifier);
+    QMouseEvent event(QEvent::MouseButtonDblClick, pos, viewport()->mapToGlobal(pos),
+                      Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(viewport(), &event);
 }
 
@@ -211,8 +212,13 @@ QString KelImage::pixelsOutside(QGraphicsItem *item, qreal scale)
             if (allowed.contains(x, y) || painted.pixel(x, y) == blank.pixel(x, y))
                 continue;
             return QStringLiteral("pixel (%1, %2) lies outside (%3, %4, %5, %6); see %7")
-                .arg(x).arg(y).arg(allowed.x()).arg(allowed.y()).arg(allowed.width())
-                .arg(allowed.height()).arg(saved(painted, QStringLiteral("outside")));
+                .arg(x)
+                .arg(y)
+                .arg(allowed.x())
+                .arg(allowed.y())
+                .arg(allowed.width())
+                .arg(allowed.height())
+                .arg(saved(painted, QStringLiteral("outside")));
         }
     }
     return QString();

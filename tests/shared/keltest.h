@@ -81,12 +81,12 @@ QString pixelsOutside(QGraphicsItem *item, qreal scale = 1);
 
 } // namespace KelImage
 
-#define KEL_TEST_MAIN(TestClass)                                                                   \
-    int main(int argc, char *argv[])                                                               \
-    {                                                                                              \
-        QApplication app(argc, argv);                                                              \
-        TestClass test;                                                                            \
-        return QTest::qExec(&test, argc, argv);                                                    \
-    }
+#define KEL_TEST_MAIN(TestClass)            \
+  int main(int argc, char *argv[])          \
+  {                                         \
+    QApplication app(argc, argv);           \
+    TestClass test;                         \
+    return QTest::qExec(&test, argc, argv); \
+  }
 
 #endif

@@ -1,0 +1,11 @@
+# SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+# SPDX-License-Identifier: MIT
+
+# 64-bit ARM on Debian: cross compiler, the arm64 libraries beside those of the host, tests under emulation.
+
+set(CMAKE_SYSTEM_NAME Linux)
+set(CMAKE_SYSTEM_PROCESSOR aarch64)
+set(CMAKE_C_COMPILER aarch64-linux-gnu-gcc)
+set(CMAKE_CXX_COMPILER aarch64-linux-gnu-g++)
+set(CMAKE_LIBRARY_ARCHITECTURE aarch64-linux-gnu)
+set(CMAKE_CROSSCOMPILING_EMULATOR qemu-aarch64-static)

@@ -1,0 +1,43 @@
+# SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+# SPDX-License-Identifier: MIT
+#
+# Sourced by ./run and ./check: installs Debian packages that are missing.
+
+export LC_ALL=C.UTF-8
+
+build_packages=(g++ cmake ninja-build qtbase5-dev fonts-dejavu-core fonts-font-awesome)
+check_packages=(pkgconf qt5-qmake xvfb xdotool reuse doxygen)
+arm64_packages=(g++-aarch64-linux-gnu qemu-user-static qtbase5-dev:arm64)
+lint_packages=(clang-format clang-tidy clazy)
+coverage_packages=(gcovr)
+
+as_root() {
+    if [ "$(id -u)" -eq 0 ]; then
+        "$@"
+    else
+        sudo "$@"
+    fi
+}
+
+is_installed() {
+    [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
+}
+
+# need PACKAGE...: installs what is missing, and asks no network when nothing is.
+need() {
+    local package missing=() apt=(env DEBIAN_FRONTEND=noninteractive apt-get)
+    for package in "$@"; do
+        is_installed "$package" || missing+=("$package")
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+    if ! command -v apt-get >/dev/null; then
+        echo "These Debian packages are needed, and there is no apt-get here: ${missing[*]}" >&2
+        return 1
+    fi
+    if [[ "${missing[*]}" == *:arm64* ]] && ! dpkg --print-foreign-architectures | grep -qx arm64; then
+        as_root dpkg --add-architecture arm64
+    fi
+    echo "Installing: ${missing[*]}"
+    as_root "${apt[@]}" update -q >/dev/null \
+        && as_root "${apt[@]}" install -qy --no-install-recommends "${missing[@]}" >/dev/null
+}

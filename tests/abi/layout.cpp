@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+// Compiled, never run: the order of the fields of the public records is part of the ABI.
+
+#include "kelpushbutton.h"
+#include "kelroundrectcontrol.h"
+#include "keltextpixmap.h"
+
+#include <cstddef>
+#include <type_traits>
+
+// The records hold Qt values, so offsetof is conditionally supported; both our compilers support it.
+#pragma GCC diagnostic ignored "-Winvalid-offsetof"
+
+#define KEL_FOLLOWS(Record, before, after) \
+  static_assert(offsetof(Record, before) < offsetof(Record, after), #after " follows " #before)
+
+static_assert(offsetof(KELRoundRectControlStyle, boundRect) == 0, "boundRect is the first field");
+KEL_FOLLOWS(KELRoundRectControlStyle, boundRect, backgroundBrush);
+KEL_FOLLOWS(KELRoundRectControlStyle, backgroundBrush, foregroundBrush);
+KEL_FOLLOWS(KELRoundRectControlStyle, foregroundBrush, borderBrush);
+KEL_FOLLOWS(KELRoundRectControlStyle, borderBrush, borderWidth);
+KEL_FOLLOWS(KELRoundRectControlStyle, borderWidth, xRadius);
+KEL_FOLLOWS(KELRoundRectControlStyle, xRadius, yRadius);
+KEL_FOLLOWS(KELRoundRectControlStyle, yRadius, text);
+KEL_FOLLOWS(KELRoundRectControlStyle, text, textFlags);
+KEL_FOLLOWS(KELRoundRectControlStyle, textFlags, trimText);
+KEL_FOLLOWS(KELRoundRectControlStyle, trimText, font);
+KEL_FOLLOWS(KELRoundRectControlStyle, font, contextMenu);
+KEL_FOLLOWS(KELRoundRectControlStyle, contextMenu, margins);
+KEL_FOLLOWS(KELRoundRectControlStyle, margins, pixmap);
+KEL_FOLLOWS(KELRoundRectControlStyle, pixmap, icon);
+KEL_FOLLOWS(KELRoundRectControlStyle, icon, iconSize);
+KEL_FOLLOWS(KELRoundRectControlStyle, iconSize, isMouseDown);
+KEL_FOLLOWS(KELRoundRectControlStyle, isMouseDown, isCheck);
+KEL_FOLLOWS(KELPushButtonStyle, isCheck, iconMargins);
+
+static_assert(std::is_same_v<decltype(KELRoundRectControlStyle::borderWidth), float>,
+              "borderWidth is single precision");
+static_assert(!std::is_polymorphic_v<KELRoundRectControlStyle>, "records are plain data");
+static_assert(!std::is_polymorphic_v<KELIconFont>, "glyphs are plain data");
+static_assert(std::is_base_of_v<KELRoundRectControlStyle, KELPushButtonStyle>,
+              "a record starts with its base record");
+static_assert(sizeof(KELTextPixmap) == sizeof(QPixmap), "a text pixmap adds no member");

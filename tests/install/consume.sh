@@ -1,0 +1,39 @@
+#!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+# SPDX-License-Identifier: MIT
+#
+# consume.sh WAY PREFIX LIBDIR DIRECTORY CXX
+#
+# Builds the consumer project of WAY (cmake, pkgconfig, qmake) against the library installed in PREFIX,
+# in DIRECTORY, and runs it.
+
+set -euo pipefail
+way=$1 prefix=$2 libdir=$3 directory=$4
+export CXX=$5 QT_QPA_PLATFORM=offscreen LD_LIBRARY_PATH=$prefix/$libdir
+source=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+
+rm -rf "$directory"
+mkdir -p "$directory"
+cd "$directory"
+case $way in
+cmake)
+    cmake -S "$source/cmake" -B . -G Ninja -DCMAKE_PREFIX_PATH="$prefix"
+    cmake --build .
+    ;;
+pkgconfig)
+    export PKG_CONFIG_PATH=$prefix/$libdir/pkgconfig
+    make -f "$source/pkgconfig/Makefile" SOURCE="$source/main.cpp"
+    ;;
+qmake)
+    QMAKEFEATURES=$prefix/$libdir/qt5/mkspecs/features qmake -qt=qt5 "$source/qmake/consumer.pro" \
+        QMAKE_CXX="$CXX" QMAKE_LINK="$CXX"
+    make
+    ;;
+*)
+    echo "consume.sh: unknown way '$way'" >&2
+    exit 2
+    ;;
+esac
+ldd ./consumer | grep -F "$prefix/$libdir/libKELGdiControl.so.1"
+./consumer
+echo "$way: the button is drawn"

@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+// An application as users write it: draws a button without a screen and looks whether it is there.
+
+#include <KELPushButton>
+
+#include <QtCore/QDebug>
+#include <QtGui/QImage>
+#include <QtGui/QPainter>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QGraphicsScene>
+
+int main(int argc, char *argv[])
+{
+    QApplication app(argc, argv);
+
+    QGraphicsScene scene;
+    auto *button = new KELPushButton;
+    button->setboundRect(10, 10, 180, 60);
+    button->setText(QStringLiteral("Hello"));
+    scene.addItem(button);
+
+    QImage image(200, 80, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    scene.render(&painter, image.rect(), image.rect());
+    painter.end();
+
+    int dark = 0;
+    for (int y = 20; y < 60; ++y) {
+        for (int x = 20; x < 180; ++x)
+            dark += qGray(image.pixel(x, y)) < 100 ? 1 : 0;
+    }
+    const bool outlined = image.pixel(100, 11) == QColor(Qt::black).rgb();
+    const bool blankOutside = image.pixel(5, 5) == QColor(Qt::white).rgb();
+    if (dark < 20 || !outlined || !blankOutside) {
+        qWarning() << "the button is not drawn: dark" << dark << "outlined" << outlined;
+        return 1;
+    }
+    return 0;
+}
