@@ -10,7 +10,8 @@ target_compile_definitions(kel_compiler INTERFACE
     QT_DISABLE_DEPRECATED_BEFORE=0x050f00)
 target_compile_options(kel_compiler INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
-    -Wundef -Wlogical-op -Wdouble-promotion
+    -Wundef -Wdouble-promotion
+    $<$<CXX_COMPILER_ID:GNU>:-Wlogical-op>
     $<$<BOOL:${KEL_WERROR}>:-Werror>)
 
 if(KEL_SANITIZE)

@@ -66,8 +66,10 @@ void KELContentView::setContent(KELRoundRectControl *control)
     if (content->scene() == d->scene)
         d->scene->removeItem(content);
     d->scene->clear();
-    if (d->content != content)
+    if (d->content != content) {
         delete content;
+        return;
+    }
     if (!content)
         return;
 

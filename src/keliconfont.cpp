@@ -30,7 +30,7 @@ KELIconFont::operator QChar() const
 
 KELIconFont::operator QString() const
 {
-    return QString(m_glyph);
+    return {m_glyph};
 }
 
 bool KELIconFont::isNull() const
@@ -51,7 +51,7 @@ void KELIconFont::drawIcon(QPainter *painter, const QRectF &rect, int flags) con
 
 QFont KELIconFont::iconFont()
 {
-    return QFont(g_fontFamily, -1, -1, false);
+    return {g_fontFamily, -1, -1, false};
 }
 
 QString KELIconFont::fontFamily()

@@ -49,7 +49,7 @@ QRectF KELPainting::contentRect(const QRectF &rect, const QMarginsF &margins)
 
 QPen KELPainting::captionPen(const QBrush &brush)
 {
-    return QPen(brush, 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin);
+    return {brush, 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin};
 }
 
 void KELPainting::drawRoundRect(QPainter *painter, const KELRoundRectControlStyle &option)
@@ -66,7 +66,7 @@ void KELPainting::drawRoundRect(QPainter *painter, const KELRoundRectControlStyl
         }
         // kept: a negative width draws the fill alone, enlarged by half of it on every side
         if (halfWidth != 0) {
-            const qreal inset = qreal(halfWidth);
+            const auto inset = qreal(halfWidth);
             drawShape(painter, option, option.boundRect.adjusted(inset, inset, -inset, -inset));
             return;
         }

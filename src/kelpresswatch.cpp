@@ -36,7 +36,7 @@ KELPressWatch::KELPressWatch(QGraphicsObject *item, const QGraphicsSceneMouseEve
     m_item(item),
     // An ignored press loses the grab as soon as the handler returns: there is nothing to lose.
     m_hadGrab(press->isAccepted() && holdsGrab(item)),
-    m_hadView(press->widget() && press->widget()->isVisible()),
+    m_hadView(press->widget() != nullptr && press->widget()->isVisible()),
     m_view(press->widget()),
     m_popup(QApplication::activePopupWidget()),
     m_modal(QApplication::activeModalWidget())
@@ -71,12 +71,12 @@ bool KELPressWatch::isLost() const
 bool KELPressWatch::holdsGrab(const QGraphicsObject *item)
 {
     const QGraphicsItem *grabber = item->scene() ? item->scene()->mouseGrabberItem() : nullptr;
-    return grabber && (grabber == item || item->isAncestorOf(grabber));
+    return grabber != nullptr && (grabber == item || item->isAncestorOf(grabber));
 }
 
 bool KELPressWatch::isViewGone() const
 {
-    return m_hadView && (!m_view || !m_view->isVisible());
+    return m_hadView && !(m_view != nullptr && m_view->isVisible());
 }
 
 bool KELPressWatch::isCovered() const
@@ -85,5 +85,5 @@ bool KELPressWatch::isCovered() const
     if (popup && popup != m_popup && !isInside(m_view, popup))
         return true;
     const QWidget *modal = QApplication::activeModalWidget();
-    return modal && modal != m_modal && blocks(modal, m_view);
+    return modal != nullptr && modal != m_modal && blocks(modal, m_view);
 }

@@ -40,6 +40,7 @@ void KELRoundRectControlStyle::copy(KELRoundRectControlStyle *dst) const
     dst->isCheck = false;
 }
 
+// NOLINTNEXTLINE(readability-convert-member-functions-to-static): part of the ABI as it is
 QString KELRoundRectControlStyle::getTrimmingText(const QString &source, double width,
                                                   const QFont &sourceFont) const
 {
