@@ -9,10 +9,14 @@
 /*!
  * \file
  * \brief The export macro of the library.
- *
- * Every public class carries KELGDI_EXPORT; everything else in the library is hidden.
  */
 
+/*!
+ * \def KELGDI_EXPORT
+ * \brief Marks the public classes; everything else in the library is hidden.
+ *
+ * Applications that link a static build of the library define KELGDI_STATIC.
+ */
 #if defined(KELGDI_STATIC)
 #  define KELGDI_EXPORT
 #elif defined(KELGDI_BUILD)
