@@ -19,8 +19,16 @@ as_root() {
     fi
 }
 
+# is_installed NAME[:ARCHITECTURE]; without an architecture the package of this machine is meant, not
+# another one that is installed beside it.
 is_installed() {
-    [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
+    local name=${1%%:*} architectures
+    case $1 in
+    *:*) architectures=${1#*:} ;;
+    *) architectures="$(dpkg --print-architecture)|all" ;;
+    esac
+    dpkg-query -W -f '${Package}:${Architecture} ${db:Status-Status}\n' "$name" 2>/dev/null \
+        | grep -qxE "${name//+/\\+}:($architectures) installed"
 }
 
 # need PACKAGE...: installs what is missing, and asks no network when nothing is.
