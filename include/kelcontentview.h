@@ -51,6 +51,10 @@ public:
      * in this scene, is kept: it is taken out of the scene before the rest is deleted.
      *
      * Place the control (KELRoundRectControl::setboundRect()) before this call: its size is read here.
+     * A slot of an item that is deleted here may call setContent() again, or delete controls: the control
+     * given last is shown, and one that it replaced before it was ever shown is deleted. Such a slot must
+     * not delete the view or its scene.
+     *
      * A width or height that is not finite counts as 0.
      *
      * \a control must not be null; a null pointer is ignored.

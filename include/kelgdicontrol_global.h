@@ -14,12 +14,8 @@
 /*!
  * \def KELGDI_EXPORT
  * \brief Marks the public classes; everything else in the library is hidden.
- *
- * Applications that link a static build of the library define KELGDI_STATIC.
  */
-#if defined(KELGDI_STATIC)
-#  define KELGDI_EXPORT
-#elif defined(KELGDI_BUILD)
+#if defined(KELGDI_BUILD)
 #  define KELGDI_EXPORT Q_DECL_EXPORT
 #else
 #  define KELGDI_EXPORT Q_DECL_IMPORT

@@ -97,6 +97,7 @@ private:
 
     Q_DECL_HIDDEN const KELPushButtonStyle *buttonStyle() const;
 
+    // kept: named without m_
     std::function<void(KELPushButtonStyle &)> isMouseDownTemplate;
     std::function<void(KELPushButtonStyle &)> isCheckedTemplate;
     std::function<void(KELPushButtonStyle &)> isDisableTemplate;

@@ -36,8 +36,10 @@ class KELControlPrivate;
  * (<tt>KELRoundRectControlStyle()</tt>), because five fields have no initialiser of their own.
  *
  * A record on the heap is freed as the record type that the \c delete expression names. A control
- * deletes its record as a KELRoundRectControlStyle, whatever was derived from it; a derived record must
- * therefore add only plain values, or values that the derived control resets in its own destructor.
+ * deletes its record as a KELRoundRectControlStyle, whatever was derived from it, and then the fields of a
+ * derived record are not destroyed. A derived record must therefore add only plain values, or values
+ * that the derived control resets to their empty state in its own destructor. A control that replaces the
+ * record of the class it derives from deletes the old one as the type it has.
  */
 struct KELGDI_EXPORT KELRoundRectControlStyle
 {
@@ -105,12 +107,28 @@ struct KELGDI_EXPORT KELRoundRectControlStyle
     // allocator is never told a wrong size.
     //! Allocates a record of \a size bytes, of this type or derived.
     static void *operator new(std::size_t size) { return ::operator new(size); }
+    //! Allocates a record of \a size bytes; null when there is no memory.
+    static void *operator new(std::size_t size, const std::nothrow_t &tag) noexcept
+    {
+        return ::operator new(size, tag);
+    }
     //! Constructs a record in \a place.
-    static void *operator new(std::size_t size, void *place) { return ::operator new(size, place); }
+    static void *operator new(std::size_t size, void *place) noexcept
+    {
+        return ::operator new(size, place);
+    }
     //! Frees \a record, of this type or derived.
-    static void operator delete(void *record) { ::operator delete(record); }
+    static void operator delete(void *record) noexcept { ::operator delete(record); }
+    //! Counterpart of the new that answers null.
+    static void operator delete(void *record, const std::nothrow_t &tag) noexcept
+    {
+        ::operator delete(record, tag);
+    }
     //! Counterpart of placement new.
-    static void operator delete(void *record, void *place) { ::operator delete(record, place); }
+    static void operator delete(void *record, void *place) noexcept
+    {
+        ::operator delete(record, place);
+    }
 };
 
 /*!
@@ -140,13 +158,16 @@ struct KELGDI_EXPORT KELRoundRectControlStyle
  * state. Controls that are meant to be tapped set the flag.
  *
  * A pressed control that loses the pointer (the grab is taken away, it is disabled, hidden or taken
- * out of the scene, its window closes, a popup or a modal dialog opens over it, its accepted buttons
- * are switched off) returns to the released look and sends neither mouseLongPress nor mouseClicked.
+ * out of the scene, its view is disabled, hidden or closed or shows another scene, a popup or a modal
+ * dialog opens over it, the pressed button is no longer accepted) returns to the released look and sends neither mouseLongPress nor mouseClicked.
  * A release that reaches it later all the same is reported with mouseRelease only.
  *
  * \section lifetime Lifetime
  * A control may be deleted, with \c delete or QObject::deleteLater(), in any slot of any of its
- * signals, also while its context menu is open.
+ * signals, also while its context menu is open. Qt itself does not allow as much elsewhere: a slot of
+ * QGraphicsScene::selectionChanged(), which a tap on a selectable control fires, must not delete the item
+ * that is being selected, and no slot that runs inside a gesture may delete the view or the scene; use
+ * QObject::deleteLater() there.
  *
  * \section geometry Geometry
  * setboundRect() neither repaints nor tells the scene. Set the rectangle first and add the control to
@@ -177,7 +198,8 @@ public:
     //! Returns (0, 0, width, height) of the control's rectangle, in item px.
     QRectF rect() const;
 
-    //! Returns true while the pointer is pressed on the control and has not been lost.
+    //! Returns true while the pointer is pressed on the control and has not been lost. The field of the style
+    //! record says the same, at the latest when the event loop has gone round once.
     bool isMouseDown() const;
 
     //! Returns true when the control is checked.
@@ -267,8 +289,9 @@ public:
      *
      * For constructors only: each constructor in the chain calls its own class's version and stores
      * the result. A derived version carries the look of the present record over with
-     * KELRoundRectControlStyle::copy(), deletes that record and returns the new one. The base version
-     * returns a new record that the caller owns.
+     * KELRoundRectControlStyle::copy(), deletes that record, as the type it has, and returns the new one,
+     * which must not be smaller than what the classes below expect. The base version returns a new record
+     * that the caller owns.
      */
     virtual KELRoundRectControlStyle *initStyle();
 
@@ -279,7 +302,7 @@ protected:
 private:
     Q_DISABLE_COPY(KELRoundRectControl)
 
-    Q_DECL_HIDDEN void watchPress(const QGraphicsSceneMouseEvent *event);
+    Q_DECL_HIDDEN void settlePress();
     Q_DECL_HIDDEN bool dropLostPress();
     Q_DECL_HIDDEN bool handOnStalePress(QGraphicsSceneMouseEvent *event);
 

@@ -27,6 +27,7 @@ class KELContentViewPrivate
 public:
     QPointer<QGraphicsScene> scene;
     QPointer<KELRoundRectControl> content;
+    bool clearing = false;
 };
 
 KELContentView::KELContentView(QWidget *parent) :
@@ -59,17 +60,21 @@ void KELContentView::setContent(KELRoundRectControl *control)
     if (!control || !d->scene)
         return;
 
-    // Deleting the old items runs slots of the application, which may delete the new one or call here
-    // again: then the control given last is shown.
-    const QPointer<KELRoundRectControl> content(control);
-    d->content = content;
-    if (content->scene() == d->scene)
-        d->scene->removeItem(content);
-    d->scene->clear();
-    if (d->content != content) {
-        delete content;
+    if (control->scene() == d->scene)
+        d->scene->removeItem(control);
+    if (d->clearing) {
+        // A slot of an item that is being deleted calls: the control given last is shown.
+        if (d->content != control)
+            delete d->content;
+        d->content = control;
         return;
     }
+    d->content = control;
+    d->clearing = true;
+    d->scene->clear();
+    d->clearing = false;
+    // Read again: a slot may have replaced it, or deleted it.
+    KELRoundRectControl *const content = d->content;
     if (!content)
         return;
 

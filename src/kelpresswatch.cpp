@@ -6,38 +6,69 @@
 #include <QtCore/QAbstractEventDispatcher>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QGraphicsObject>
+#include <QtWidgets/QGraphicsProxyWidget>
 #include <QtWidgets/QGraphicsScene>
 #include <QtWidgets/QGraphicsSceneMouseEvent>
+#include <QtWidgets/QGraphicsView>
+
+#include <algorithm>
 
 namespace {
 
-bool isInside(const QWidget *widget, const QWidget *window)
+bool isInside(const QWidget *widget, const QWidget *ancestor)
 {
-    for (; widget; widget = widget->parentWidget()) {
-        if (widget == window)
-            return true;
-    }
-    return false;
+    while (widget && widget != ancestor)
+        widget = widget->parentWidget();
+    return widget != nullptr;
 }
 
-// True when input to widget is blocked by modal.
+const QWidget *outermostParent(const QWidget *widget)
+{
+    while (widget->parentWidget())
+        widget = widget->parentWidget();
+    return widget;
+}
+
+// True when modal keeps input from widget, by the rules of Qt::WindowModality.
 bool blocks(const QWidget *modal, const QWidget *widget)
 {
     if (!widget)
         return true;
     if (isInside(widget, modal))
         return false;
-    return modal->windowModality() != Qt::WindowModal || isInside(modal, widget->window());
+    return modal->windowModality() != Qt::WindowModal
+        || outermostParent(modal) == outermostParent(widget);
+}
+
+// True when a pointer over this viewport reaches the items of scene.
+bool serves(const QWidget *viewport, const QGraphicsScene *scene)
+{
+    if (!viewport || !viewport->isVisible() || !viewport->isEnabled())
+        return false;
+    const auto *view = qobject_cast<const QGraphicsView *>(viewport->parentWidget());
+    if (view && (view->scene() != scene || !view->isInteractive()))
+        return false;
+
+    const QGraphicsProxyWidget *proxy = viewport->window()->graphicsProxyWidget();
+    if (!proxy)
+        return true;
+    if (!proxy->isVisible() || !proxy->isEnabled() || !proxy->scene())
+        return false;
+    const QList<QGraphicsView *> outerViews = proxy->scene()->views();
+    return std::any_of(outerViews.begin(), outerViews.end(), [proxy](const QGraphicsView *outer) {
+        return serves(outer->viewport(), proxy->scene());
+    });
 }
 
 } // namespace
 
 KELPressWatch::KELPressWatch(QGraphicsObject *item, const QGraphicsSceneMouseEvent *press) :
     m_item(item),
-    // An ignored press loses the grab as soon as the handler returns: there is nothing to lose.
-    m_hadGrab(press->isAccepted() && holdsGrab(item)),
-    m_hadView(press->widget() != nullptr && press->widget()->isVisible()),
+    m_button(press->button() & item->acceptedMouseButtons()),
+    // The scene ignores a press before it sends it to an item that holds the grab already.
+    m_grabbedBefore(!press->isAccepted() && holdsGrab(item)),
     m_view(press->widget()),
+    m_hadView(serves(m_view, item->scene())),
     m_popup(QApplication::activePopupWidget()),
     m_modal(QApplication::activeModalWidget())
 { }
@@ -48,35 +79,49 @@ KELPressWatch::~KELPressWatch()
         QObject::disconnect(connection);
 }
 
-void KELPressWatch::start(const std::function<void()> &check)
+void KELPressWatch::start(const QGraphicsSceneMouseEvent *press, const std::function<void()> &check)
 {
+    m_check = check;
     m_connections[0] = QObject::connect(m_item, &QGraphicsObject::enabledChanged, m_item, check);
     m_connections[1] = QObject::connect(m_item, &QGraphicsObject::visibleChanged, m_item, check);
-    QAbstractEventDispatcher *dispatcher = QAbstractEventDispatcher::instance(m_item->thread());
-    if (m_hadGrab && dispatcher) {
-        m_connections[2] = QObject::connect(dispatcher, &QAbstractEventDispatcher::awake, m_item,
-                                            check);
-    }
+    // An item that ignores the press loses the grab as soon as its handler returns: as it should.
+    if ((m_grabbedBefore || press->isAccepted()) && holdsGrab(m_item))
+        watchGrab();
+}
+
+void KELPressWatch::settle()
+{
+    if (!m_hadGrab && m_check && holdsGrab(m_item))
+        watchGrab();
+}
+
+void KELPressWatch::watchGrab()
+{
+    m_hadGrab = true;
+    m_connections[2] = QObject::connect(QAbstractEventDispatcher::instance(m_item->thread()),
+                                        &QAbstractEventDispatcher::awake, m_item, m_check);
 }
 
 bool KELPressWatch::isLost() const
 {
-    if (!m_item->isEnabled() || !m_item->isVisible()
-        || m_item->acceptedMouseButtons() == Qt::NoButton) {
+    if (!m_item->isEnabled() || !m_item->isVisible())
         return true;
-    }
-    return m_hadGrab && (!holdsGrab(m_item) || isViewGone() || isCovered());
+    if (m_button != Qt::NoButton && !(m_item->acceptedMouseButtons() & m_button))
+        return true;
+    return m_hadGrab
+        && (!holdsGrab(m_item) || (m_hadView && !serves(m_view, m_item->scene())) || isCovered());
+}
+
+bool KELPressWatch::leavesStaleGrab() const
+{
+    return !m_grabbedBefore && holdsGrab(m_item);
 }
 
 bool KELPressWatch::holdsGrab(const QGraphicsObject *item)
 {
     const QGraphicsItem *grabber = item->scene() ? item->scene()->mouseGrabberItem() : nullptr;
-    return grabber != nullptr && (grabber == item || item->isAncestorOf(grabber));
-}
-
-bool KELPressWatch::isViewGone() const
-{
-    return m_hadView && !(m_view != nullptr && m_view->isVisible());
+    return grabber == item
+        || (grabber != nullptr && item->handlesChildEvents() && item->isAncestorOf(grabber));
 }
 
 bool KELPressWatch::isCovered() const

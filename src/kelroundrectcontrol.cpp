@@ -212,20 +212,28 @@ void KELRoundRectControl::mousePressEvent(QGraphicsSceneMouseEvent *event)
     if (handOnStalePress(event))
         return;
     const QPointer<KELRoundRectControl> alive(this);
+    auto watch = std::make_unique<KELPressWatch>(this, event);
     QGraphicsObject::mousePressEvent(event);
     if (alive) {
         d->longPressTimer.start(longPressMs, this);
         d->pressPos = event->pos();
-        watchPress(event);
+        d->hasStaleGrab = false;
+        d->watch = std::move(watch);
+        d->watch->start(event, [this] { dropLostPress(); });
         if (!m_style->isMouseDown) {
             m_style->isMouseDown = true;
             update();
         }
         Q_EMIT mousePress(event->pos());
     }
-    // The scene takes the grab away from an item that ignored the press, if it still exists.
-    if (!alive)
+    if (!alive) {
+        // The scene would take the grab away from the item that ignored the press.
         event->accept();
+        return;
+    }
+    if (!event->isAccepted())
+        QMetaObject::invokeMethod(
+            this, [this] { settlePress(); }, Qt::QueuedConnection);
 }
 
 void KELRoundRectControl::mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event)
@@ -310,11 +318,11 @@ KELRoundRectControlStyle *KELRoundRectControl::initStyle()
     return controlStyle;
 }
 
-void KELRoundRectControl::watchPress(const QGraphicsSceneMouseEvent *event)
+// A derived control may accept the press after the base ignored it, and so get the rest of it.
+void KELRoundRectControl::settlePress()
 {
-    d->hasStaleGrab = false;
-    d->watch = std::make_unique<KELPressWatch>(this, event);
-    d->watch->start([this] { dropLostPress(); });
+    if (d->watch)
+        d->watch->settle();
 }
 
 // Ends a press whose pointer went elsewhere, silently. Returns true when it did.
@@ -322,9 +330,9 @@ bool KELRoundRectControl::dropLostPress()
 {
     if (!d->watch || !d->watch->isLost())
         return false;
+    d->hasStaleGrab = d->watch->leavesStaleGrab();
     d->watch.reset();
     d->longPressTimer.stop();
-    d->hasStaleGrab = KELPressWatch::holdsGrab(this);
     if (m_style->isMouseDown) {
         m_style->isMouseDown = false;
         update();
@@ -339,7 +347,8 @@ bool KELRoundRectControl::handOnStalePress(QGraphicsSceneMouseEvent *event)
     if (!d->hasStaleGrab)
         return false;
     d->hasStaleGrab = false;
-    if (!KELPressWatch::holdsGrab(this))
+    // A press that arrives accepted was aimed here: the scene had let go of the old grab by itself.
+    if (event->isAccepted() || !KELPressWatch::holdsGrab(this))
         return false;
     QGraphicsScene *const ownScene = scene();
     ownScene->mouseGrabberItem()->ungrabMouse();
