@@ -14,9 +14,10 @@ class KELRoundRectControl;
 /*!
  * \brief A frameless, transparent view that shows one control and everything on it.
  *
- * The view owns a scene. setContent() puts a control into it and gives the view that control's size;
- * when the view is resized later, by a layout for example, the scene is fitted to the view with its
- * aspect ratio kept (QGraphicsView::fitInView() leaves a margin of 2 px on each side).
+ * The view owns a scene. setContent() puts a control into it and gives the view that control's size.
+ * When the view is resized, by a layout for example, the scene rectangle becomes the view's own rectangle
+ * and is fitted into the view. The content keeps its size, then: it does not grow with the view, and
+ * QGraphicsView::fitInView(), which leaves 2 px on each side, scales it down by less than these 4 px.
  *
  * The scene uses QGraphicsScene::NoIndex, because KELRoundRectControl::setboundRect() changes a
  * rectangle without telling the scene.
@@ -24,6 +25,9 @@ class KELRoundRectControl;
  * \note The constructor replaces the window flags by Qt::FramelessWindowHint: a view without a parent
  * is a frameless window, a view with a parent is an ordinary child widget. Without a compositor a
  * translucent top-level window shows black (or stale) pixels where nothing is drawn.
+ *
+ * \note The view's style sheet, "background: transparent;", is inherited by its child widgets: a QMenu with
+ * the view as parent needs a background of its own.
  */
 class KELGDI_EXPORT KELContentView : public QGraphicsView
 {

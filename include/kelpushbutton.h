@@ -46,7 +46,8 @@ struct KELGDI_EXPORT KELPushButtonStyle : public KELRoundRectControlStyle
  * \endcode
  * A disabled button shows the disabled look alone. Otherwise the checked look is applied and then the
  * pressed look, which so wins where both write the same field. A state function that sets a border brush
- * on a button without an outline must set \c borderWidth as well. A state function must not replace the
+ * on a button without an outline must set \c borderWidth as well, and one that sets a foreground brush where
+ * there is none changes the layout of a button with a pixmap, as the default disabled look does. A state function must not replace the
  * functions of the button it runs for.
  */
 class KELGDI_EXPORT KELPushButton : public KELRoundRectControl

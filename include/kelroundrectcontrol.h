@@ -98,7 +98,7 @@ struct KELGDI_EXPORT KELRoundRectControlStyle
      * Returns \a source with every line elided on the right to \a width px in \a sourceFont.
      *
      * Lines end at line feeds; empty lines vanish. \a width is cut to a whole number towards zero and is
-     * limited to +-33,554,431 px; a width that is not a number counts as 0. A line that cannot even
+     * limited to -16,777,216 to 33,554,431 px; a width that is not a number counts as 0. A line that cannot even
      * hold the ellipsis becomes the ellipsis or nothing, as QFontMetrics::elidedText() does.
      */
     QString getTrimmingText(const QString &source, double width, const QFont &sourceFont) const;

@@ -47,6 +47,11 @@ KELContentView::KELContentView(QWidget *parent) :
 
 KELContentView::~KELContentView()
 {
+    // The scene would die with the other children, but its items have slots that may still call here.
+    QGraphicsScene *const scene = d->scene;
+    d->scene.clear();
+    if (scene && scene->parent() == this)
+        delete scene;
     delete d;
 }
 

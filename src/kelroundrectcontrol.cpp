@@ -23,12 +23,13 @@ namespace {
 constexpr int longPressMs = 500;
 constexpr qreal clickSlopPx = 10.0;
 
-// Text layout counts in 1/64 px, in an int.
+// Text layout counts in 1/64 px, in an int, and subtracts the width of the ellipsis.
+constexpr double minTrimWidthPx = -16777216.0;
 constexpr double maxTrimWidthPx = 33554431.0;
 
 int trimWidthPx(double width)
 {
-    return qIsNaN(width) ? 0 : int(qBound(-maxTrimWidthPx, width, maxTrimWidthPx));
+    return qIsNaN(width) ? 0 : int(qBound(minTrimWidthPx, width, maxTrimWidthPx));
 }
 
 } // namespace
