@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#ifndef EVENTLOG_H
+#define EVENTLOG_H
+
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QObject>
+#include <QtCore/QStringList>
+
+QT_BEGIN_NAMESPACE
+class QIODevice;
+QT_END_NAMESPACE
+class KELRoundRectControl;
+
+// Remembers the last signals and writes each one to a file as it fires.
+class EventLog : public QObject
+{
+    Q_OBJECT
+
+public:
+    // file may be null; it must stay open as long as the log lives.
+    explicit EventLog(QIODevice *file, QObject *parent = nullptr);
+
+    // Adds "<seconds> <control>: <signal>".
+    void add(const QString &control, const QString &signal);
+
+    // Adds a line for each of the seven signals of control.
+    void watch(KELRoundRectControl *control, const QString &name);
+
+    // The newest lines, oldest first, at most count of them.
+    QStringList tail(int count) const;
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    Q_DISABLE_COPY(EventLog)
+
+    QIODevice *const m_file;
+    QElapsedTimer m_clock;
+    QStringList m_lines;
+};
+
+#endif

@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "page.h"
+
+#include "parts.h"
+
+namespace {
+
+constexpr qreal titleTopPx = 8;
+constexpr qreal titleHeightPx = 26;
+constexpr qreal aboutHeightPx = 18;
+constexpr qreal bodyTopPx = 64;
+constexpr qreal bodyBottomPx = 12;
+
+} // namespace
+
+Page::Page(const PageHost &pageHost, const QRectF &area, const QString &title,
+           const QString &about) :
+    host(pageHost), m_title(title)
+{
+    setboundRect(area);
+    // It paints nothing itself: a picture of that need not be kept.
+    setCacheMode(NoCache);
+    setAcceptedMouseButtons(Qt::NoButton);
+    style()->backgroundBrush = QBrush(Qt::NoBrush);
+    style()->borderBrush = QBrush(Qt::NoBrush);
+
+    const qreal width = qMax(0.0, area.width() - 2 * Theme::pageMargin);
+    Parts::addLabel(this, {Theme::pageMargin, titleTopPx, width, titleHeightPx}, title,
+                    Theme::font(Theme::titlePx, true));
+    Parts::addLabel(this, {Theme::pageMargin, titleTopPx + titleHeightPx, width, aboutHeightPx},
+                    about, Theme::font(Theme::smallPx), Theme::muted);
+}
+
+void Page::attached() { }
+
+QRectF Page::body() const
+{
+    return {Theme::pageMargin, bodyTopPx, qMax(0.0, rect().width() - 2 * Theme::pageMargin),
+            qMax(0.0, rect().height() - bodyTopPx - bodyBottomPx)};
+}
+
+int &Page::remembered(const QString &key) const
+{
+    return (*host.memory)[m_title + QLatin1Char('/') + key];
+}

@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#ifndef PAGE_H
+#define PAGE_H
+
+#include <KELRoundRectControl>
+#include <QtCore/QHash>
+
+class EventLog;
+class IconSet;
+class KELContentView;
+
+// What a page may use of the gallery around it. Everything outlives the page.
+struct PageHost
+{
+    KELContentView *view;
+    EventLog *log;
+    const IconSet *icons;
+    QHash<QString, int> *memory; // what pages remember while they are not shown
+};
+
+/*
+ * Base of a page: title, one line about it, and the room below.
+ *
+ * A page is made anew whenever it comes up or the window changes its size, so all of its layout happens
+ * in the constructor. A new page is a .h/.cpp pair and one line in pageregistry.cpp.
+ */
+class Page : public KELRoundRectControl
+{
+    Q_OBJECT
+
+public:
+    Page(const PageHost &host, const QRectF &area, const QString &title, const QString &about);
+
+    // Called once, after the page came into the view's scene.
+    virtual void attached();
+
+protected:
+    // The room below the title, relative to the page.
+    QRectF body() const;
+
+    // A number kept under key for the next time this page is made.
+    int &remembered(const QString &key) const;
+
+    const PageHost host;
+
+private:
+    Q_DISABLE_COPY(Page)
+
+    const QString m_title;
+};
+
+#endif

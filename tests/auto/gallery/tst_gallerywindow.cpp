@@ -1,0 +1,279 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "eventlog.h"
+#include "iconset.h"
+#include "keltest.h"
+#include "navigation.h"
+#include "pageregistry.h"
+#include "window.h"
+
+#include <KELPushButton>
+#include <QtCore/QBuffer>
+
+namespace {
+
+QTouchDevice *touchScreen()
+{
+    static QTouchDevice *const device = QTest::createTouchDevice();
+    return device;
+}
+
+// Taps the middle of a control with one finger.
+void tap(Window *window, const QString &name)
+{
+    const QPoint pos = window->geometryOf(name).center();
+    QTest::touchEvent(window->viewport(), touchScreen()).press(0, pos, window->viewport());
+    QTest::touchEvent(window->viewport(), touchScreen()).release(0, pos, window->viewport());
+}
+
+// The lines without their time. A finger may count as hovering, too.
+QStringList gestures(const QByteArray &log)
+{
+    QStringList found;
+    const QStringList logged = QString::fromUtf8(log).split('\n', Qt::SkipEmptyParts);
+    for (const QString &line : logged) {
+        if (!line.endsWith("mouseEnter") && !line.endsWith("mouseLeave"))
+            found.append(line.section(' ', 1));
+    }
+    return found;
+}
+
+template <typename Type>
+Type *find(const Window &window, const QString &name)
+{
+    const QList<QGraphicsItem *> items = window.scene()->items();
+    for (QGraphicsItem *item : items) {
+        auto *found = dynamic_cast<Type *>(item);
+        if (found && found->objectName() == name)
+            return found;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+class tst_GalleryWindow : public KelTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void fingerTapIsLogged();
+    void fingerTapInTheNavigationChangesThePage();
+    void everyPageCanBeLeftAndEntered();
+    void resizingLaysOutAgain();
+    void resizingKeepsWhatAPageRemembers();
+    void embeddedViewFollowsTheWindow();
+    void liveButtonsAreLargeEnough_data();
+    void liveButtonsAreLargeEnough();
+    void sixteenPagesCanBeReached_data();
+    void sixteenPagesCanBeReached();
+    void wholeNavigationNeedsNoTurning();
+    void glyphsShownExist();
+
+private:
+    IconSet m_icons;
+};
+
+void tst_GalleryWindow::initTestCase()
+{
+    m_icons.install(IconSet::defaultPath());
+}
+
+void tst_GalleryWindow::fingerTapIsLogged()
+{
+    QBuffer file;
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    EventLog log(&file);
+    Window window(QSize(800, 480), &log, &m_icons, galleryPageIndex("push-button"));
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    tap(&window, "press-me");
+    const QPoint pos = window.geometryOf("press-me").center();
+    const QString at = QString(" (%1, %2)").arg(pos.x()).arg(pos.y());
+    QCOMPARE(gestures(file.data()),
+             QStringList({"Press me: mousePress" + at, "Press me: mouseRelease" + at,
+                          "Press me: mouseClicked"}));
+    QCOMPARE(log.tail(2).size(), 2);
+    QVERIFY(log.tail(1).constFirst().endsWith("mouseClicked"));
+}
+
+void tst_GalleryWindow::fingerTapInTheNavigationChangesThePage()
+{
+    EventLog log(nullptr);
+    Window window(QSize(800, 480), &log, &m_icons, 0);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(!find<KELPushButton>(window, "press-me"));
+    tap(&window, "nav-push-button");
+    QVERIFY(find<KELPushButton>(window, "press-me"));
+    QVERIFY(find<KELPushButton>(window, "nav-push-button")->isCheck());
+    QVERIFY(!find<KELPushButton>(window, "nav-round-rect")->isCheck());
+}
+
+void tst_GalleryWindow::everyPageCanBeLeftAndEntered()
+{
+    EventLog log(nullptr);
+    Window window(QSize(800, 480), &log, &m_icons, 0);
+    window.show();
+    const int pages = int(galleryPages().size());
+    for (int from = 0; from < pages; ++from) {
+        for (int to = 0; to < pages; ++to) {
+            window.showPage(from);
+            window.showPage(to);
+            QCoreApplication::processEvents();
+        }
+    }
+}
+
+void tst_GalleryWindow::resizingLaysOutAgain()
+{
+    EventLog log(nullptr);
+    Window window(QSize(800, 480), &log, &m_icons, galleryPageIndex("push-button"));
+    window.show();
+    for (const QSize &size :
+         {QSize(1024, 600), QSize(480, 800), QSize(200, 150), QSize(800, 480)}) {
+        window.resize(size);
+        QCoreApplication::processEvents();
+        QCOMPARE(window.content()->rect().size(), QSizeF(size));
+        QCOMPARE(window.transform(), QTransform());
+        Window fresh(size, &log, &m_icons, galleryPageIndex("push-button"));
+        QCOMPARE(window.geometryOf("press-me"), fresh.geometryOf("press-me"));
+        QVERIFY(QRect(QPoint(), size).contains(window.geometryOf("press-me")));
+    }
+}
+
+void tst_GalleryWindow::resizingKeepsWhatAPageRemembers()
+{
+    EventLog log(nullptr);
+    Window window(QSize(800, 480), &log, &m_icons, galleryPageIndex("push-button"));
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    tap(&window, "check-me");
+    QVERIFY(find<KELPushButton>(window, "check-me")->isCheck());
+    window.resize(480, 800);
+    QCoreApplication::processEvents();
+    QVERIFY(find<KELPushButton>(window, "check-me")->isCheck());
+}
+
+void tst_GalleryWindow::embeddedViewFollowsTheWindow()
+{
+    EventLog log(nullptr);
+    Window window(QSize(800, 480), &log, &m_icons, galleryPageIndex("content-view"));
+    window.show();
+    for (const QSize &size : {QSize(800, 480), QSize(1024, 600), QSize(480, 800)}) {
+        window.resize(size);
+        QCoreApplication::processEvents();
+        const auto views = window.findChildren<KELContentView *>("embedded-view");
+        QCOMPARE(views.size(), 1);
+        QVERIFY(views.first()->isVisible());
+        const QRect frame = window.geometryOf("embedded-frame");
+        QVERIFY(frame.contains(views.first()->geometry()));
+        QVERIFY(views.first()->width() > frame.width() * 0.9);
+    }
+}
+
+void tst_GalleryWindow::liveButtonsAreLargeEnough_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("800x480") << QSize(800, 480);
+    QTest::newRow("1024x600") << QSize(1024, 600);
+    QTest::newRow("480x800") << QSize(480, 800);
+}
+
+void tst_GalleryWindow::liveButtonsAreLargeEnough()
+{
+    QFETCH(QSize, size);
+    EventLog log(nullptr);
+    for (int page = 0; page < int(galleryPages().size()); ++page) {
+        Window window(size, &log, &m_icons, page);
+        const QList<QGraphicsItem *> items = window.scene()->items();
+        for (const QGraphicsItem *item : items) {
+            if (item->acceptedMouseButtons() == Qt::NoButton || !item->isVisible())
+                continue;
+            const QRectF rect = item->boundingRect();
+            const QString name = item->toGraphicsObject()->objectName();
+            QVERIFY2(rect.width() >= 44 && rect.height() >= 44, qPrintable(name));
+            QVERIFY2(QRectF(QPointF(), size).contains(rect), qPrintable(name));
+        }
+    }
+}
+
+void tst_GalleryWindow::sixteenPagesCanBeReached_data()
+{
+    QTest::addColumn<QRectF>("area");
+    QTest::addColumn<int>("turns");
+    QTest::newRow("column of 480 px") << QRectF(0, 0, 152, 480) << 2;
+    QTest::newRow("row of 480 px") << QRectF(0, 728, 480, 72) << 3;
+    QTest::newRow("row of 800 px") << QRectF(0, 0, 800, 72) << 2;
+}
+
+void tst_GalleryWindow::sixteenPagesCanBeReached()
+{
+    QFETCH(QRectF, area);
+    QFETCH(int, turns);
+    const std::vector<PageEntry> pages(16, PageEntry{"page", "Page", 0, nullptr});
+    KELRoundRectControl root;
+    Navigation bar(&m_icons, pages, area, &root);
+    root.setboundRect(0, 0, 0, 0);
+
+    QVector<KELPushButton *> buttons;
+    KELPushButton *forth = nullptr;
+    const QList<QGraphicsItem *> children = bar.childItems();
+    for (QGraphicsItem *child : children) {
+        auto *button = static_cast<KELPushButton *>(child);
+        QVERIFY(area.contains(button->boundingRect()));
+        QVERIFY(button->rect().width() >= 44 && button->rect().height() >= 44);
+        if (button->objectName() == "nav-forth")
+            forth = button;
+        else if (button->objectName() == "nav-page")
+            buttons.append(button);
+    }
+    QCOMPARE(buttons.size(), 16);
+    QVERIFY(forth);
+    QSet<KELPushButton *> seen;
+    int turned = 0;
+    for (; turned < 16; ++turned) {
+        for (KELPushButton *button : qAsConst(buttons)) {
+            if (button->isVisible())
+                seen.insert(button);
+        }
+        if (!forth->isEnabled())
+            break;
+        Q_EMIT forth->mouseClicked();
+    }
+    QCOMPARE(seen.size(), 16);
+    QCOMPARE(turned, turns);
+    bar.setCurrent(0);
+    QVERIFY(buttons.first()->isVisible() && forth->isEnabled());
+    bar.setCurrent(15);
+    QVERIFY(buttons.last()->isVisible() && !forth->isEnabled());
+}
+
+void tst_GalleryWindow::wholeNavigationNeedsNoTurning()
+{
+    const std::vector<PageEntry> pages(8, PageEntry{"page", "Page", 0, nullptr});
+    KELRoundRectControl root;
+    Navigation bar(&m_icons, pages, QRectF(0, 0, 152, 480), &root);
+    QCOMPARE(bar.childItems().size(), 8);
+}
+
+void tst_GalleryWindow::glyphsShownExist()
+{
+    if (!m_icons.isInstalled())
+        QSKIP("fonts-font-awesome is not installed");
+    QVERIFY(m_icons.has(Icon::home));
+    QVERIFY(!m_icons.has(0xe000));
+    QVERIFY(m_icons.glyph(0xe000).isNull());
+    const QVector<ushort> codes = m_icons.codePoints();
+    QVERIFY(codes.size() > 600);
+    QVERIFY(std::is_sorted(codes.cbegin(), codes.cend()));
+    for (const ushort code : codes)
+        QVERIFY(m_icons.has(code));
+    for (const PageEntry &entry : galleryPages())
+        QVERIFY2(m_icons.has(entry.icon), entry.name);
+}
+
+KEL_TEST_MAIN(tst_GalleryWindow)
+#include "tst_gallerywindow.moc"
