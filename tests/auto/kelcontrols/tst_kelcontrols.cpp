@@ -1,0 +1,293 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "keltest.h"
+
+#include <kelpushbutton.h>
+
+#include <memory>
+
+namespace {
+
+using Maker = KELRoundRectControl *(*)();
+
+template <typename Control>
+KELRoundRectControl *make(bool pixmap, bool glyph, bool caption, bool foreground)
+{
+    auto *control = new Control;
+    KELRoundRectControlStyle *style = control->style();
+    if (pixmap) {
+        style->pixmap = QPixmap(40, 30);
+        style->pixmap.fill(Qt::magenta);
+    }
+    if (glyph)
+        style->icon = KELIconFont('M');
+    if (caption)
+        style->text = QStringLiteral("Start all of the pumps now");
+    if (!foreground)
+        style->foregroundBrush = QBrush(Qt::NoBrush);
+    return control;
+}
+
+// One line a class, or a layout of it.
+struct ControlClass
+{
+    const char *name;
+    Maker make;
+    // A pixmap is placed at whole pixels of the item: it may leave a rectangle that is not by one of
+    // them.
+    bool hasPixmap;
+    bool isCutToItsShape;
+};
+
+const ControlClass controlClasses[] = {
+    {"base, all at once", [] { return make<KELRoundRectControl>(true, true, true, true); }, true,
+     false},
+    {"base, caption", [] { return make<KELRoundRectControl>(false, false, true, true); }, false,
+     false},
+    {"base, glyph", [] { return make<KELRoundRectControl>(false, true, false, true); }, false,
+     false},
+    {"push button, pixmap above caption",
+     [] { return make<KELPushButton>(true, false, true, true); }, true, true},
+    {"push button, pixmap alone", [] { return make<KELPushButton>(true, false, true, false); },
+     true, true},
+    {"push button, glyph above caption",
+     [] { return make<KELPushButton>(false, true, true, true); }, false, true},
+    {"push button, glyph alone", [] { return make<KELPushButton>(false, true, false, true); },
+     false, true},
+    {"push button, caption alone", [] { return make<KELPushButton>(false, false, true, true); },
+     false, true},
+    {"push button, nothing inside", [] { return make<KELPushButton>(false, false, false, false); },
+     false, true},
+};
+
+struct State
+{
+    const char *name;
+    bool pressed;
+    bool checked;
+    bool disabled;
+};
+
+const State states[] = {
+    {"at rest", false, false, false},
+    {"pressed", true, false, false},
+    {"checked", false, true, false},
+    {"checked and pressed", true, true, false},
+    {"disabled", false, false, true},
+    {"disabled and pressed", true, false, true},
+    {"disabled and checked", false, true, true},
+    {"disabled, checked and pressed", true, true, true},
+};
+
+constexpr qreal scales[] = {0.5, 1, 1.5, 2};
+
+// A picture whose margins are wider than the control has an area without size, in which Qt draws a
+// pixmap and a glyph in their own size.
+void removePicture(KELRoundRectControl *control)
+{
+    control->style()->pixmap = QPixmap();
+    control->style()->icon.setIcon(QChar());
+}
+
+// How far outside its rectangle Qt draws the outline, in item px: a pen thinner than a pixel of the
+// picture is drawn as one pixel.
+qreal thinOutline(const KELRoundRectControl &control, qreal scale)
+{
+    const qreal width = qreal(control.style()->borderWidth) * scale;
+    return width > 0 && width < 1 ? 0.5 / scale : 0;
+}
+
+std::unique_ptr<KELRoundRectControl> makeControl(const ControlClass &controlClass,
+                                                 const State &state)
+{
+    std::unique_ptr<KELRoundRectControl> control(controlClass.make());
+    control->setCheck(state.checked);
+    control->style()->isMouseDown = state.pressed;
+    control->setEnabled(!state.disabled);
+    return control;
+}
+
+// Says what the control changes outside its rectangle widened by slack, when the rectangle's corner
+// falls between the pixels of the picture.
+QString changesOutside(KELRoundRectControl *control, qreal scale, qreal slack)
+{
+    constexpr qreal marginPx = 100;
+    const QRectF bounds = control->boundingRect();
+    const QSizeF size = bounds.size() + QSizeF(2 * marginPx, 2 * marginPx);
+    const QPointF whole(qFloor(bounds.x()), qFloor(bounds.y()));
+    const QPointF shift = QPointF(marginPx, marginPx) - whole;
+    const QRectF kept = bounds.translated(shift).adjusted(-slack, -slack, slack, slack);
+    const QRect allowed = QRectF(kept.topLeft() * scale, kept.size() * scale).toAlignedRect();
+    const auto draw = [&](bool withControl) {
+        QImage image = KelImage::draw(size.toSize(), scale, [&](QPainter *painter) {
+            painter->translate(shift);
+            if (withControl)
+                control->paint(painter, nullptr);
+        });
+        QPainter(&image).fillRect(allowed, Qt::white);
+        return image;
+    };
+    return KelImage::difference(draw(true), draw(false));
+}
+
+void addClassesAndStates()
+{
+    QTest::addColumn<int>("controlClass");
+    QTest::addColumn<int>("state");
+    int classIndex = 0;
+    for (const ControlClass &controlClass : controlClasses) {
+        int stateIndex = 0;
+        for (const State &state : states)
+            QTest::addRow("%s, %s", controlClass.name, state.name) << classIndex << stateIndex++;
+        ++classIndex;
+    }
+}
+
+} // namespace
+
+class tst_KELControls : public KelTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyControlPaintsSomething_data() { addClassesAndStates(); }
+    void everyControlPaintsSomething();
+    void paintsNothingOutside_data() { addClassesAndStates(); }
+    void paintsNothingOutside();
+    void paintsNothingOutsideAtFractions_data() { addClassesAndStates(); }
+    void paintsNothingOutsideAtFractions();
+    void paintsNothingOutsideWhenTiny_data() { addClassesAndStates(); }
+    void paintsNothingOutsideWhenTiny();
+    void sceneCutsOffWhatIsOutside_data() { addClassesAndStates(); }
+    void sceneCutsOffWhatIsOutside();
+    void outlineWiderThanTheControlGoesOutside_data() { addClassesAndStates(); }
+    void outlineWiderThanTheControlGoesOutside();
+    void paintsTheSameTwice_data() { addClassesAndStates(); }
+    void paintsTheSameTwice();
+    void roundCornersStayInside_data() { addClassesAndStates(); }
+    void roundCornersStayInside();
+
+private:
+    static const ControlClass &controlClass()
+    {
+        QFETCH(int, controlClass);
+        return controlClasses[controlClass];
+    }
+    static std::unique_ptr<KELRoundRectControl> control()
+    {
+        QFETCH(int, state);
+        return makeControl(controlClass(), states[state]);
+    }
+};
+
+void tst_KELControls::everyControlPaintsSomething()
+{
+    const auto item = control();
+    item->setboundRect(10, 10, 120, 80);
+    const QImage blank = KelImage::draw(QSize(140, 100), 1, [](QPainter *) {});
+    QVERIFY(KelImage::paint(item.get(), QSize(140, 100)) != blank);
+}
+
+void tst_KELControls::paintsNothingOutside()
+{
+    const auto item = control();
+    for (const QSizeF &size : {QSizeF(120, 80), QSizeF(60, 50)}) {
+        item->setboundRect(QRectF(QPointF(100, 100), size));
+        for (const qreal scale : scales) {
+            const qreal slack = thinOutline(*item, scale);
+            QCOMPARE(slack > 0 ? changesOutside(item.get(), scale, slack)
+                               : KelImage::pixelsOutside(item.get(), scale),
+                     QString());
+        }
+    }
+}
+
+void tst_KELControls::paintsNothingOutsideAtFractions()
+{
+    const auto item = control();
+    const qreal pixmapSlack = controlClass().hasPixmap ? 1 : 0;
+    for (const QRectF &rect : {QRectF(3.5, 7.25, 80, 60), QRectF(-0.3, -0.7, 80.6, 60.4)}) {
+        item->setboundRect(rect);
+        for (const qreal scale : scales) {
+            const qreal slack = qMax(pixmapSlack, thinOutline(*item, scale));
+            QCOMPARE(changesOutside(item.get(), scale, slack), QString());
+        }
+    }
+}
+
+void tst_KELControls::paintsNothingOutsideWhenTiny()
+{
+    const auto item = control();
+    item->style()->borderBrush = QBrush(Qt::NoBrush);
+    removePicture(item.get());
+    for (const QSizeF &size : {QSizeF(1, 1), QSizeF(3, 200), QSizeF(200, 3), QSizeF(0, 0)}) {
+        item->setboundRect(QRectF(QPointF(10, 10), size));
+        for (const qreal scale : scales)
+            QCOMPARE(KelImage::pixelsOutside(item.get(), scale), QString());
+    }
+}
+
+void tst_KELControls::sceneCutsOffWhatIsOutside()
+{
+    const auto item = control();
+    QCOMPARE(item->flags().testFlag(QGraphicsItem::ItemClipsToShape),
+             controlClass().isCutToItsShape);
+    if (!controlClass().isCutToItsShape)
+        return;
+    const QSize pictureSize(120, 120);
+    for (const QSizeF &size : {QSizeF(1, 1), QSizeF(3, 80), QSizeF(80, 3), QSizeF(20, 20)}) {
+        item->setboundRect(QRectF(QPointF(20, 20), size));
+        const auto draw = [&](bool withControl) {
+            QGraphicsScene scene;
+            scene.addItem(item.get());
+            item->setVisible(withControl);
+            QImage image = KelImage::draw(pictureSize, 1, [&](QPainter *painter) {
+                scene.render(painter, QRectF(QPointF(), pictureSize),
+                             QRectF(QPointF(), pictureSize));
+            });
+            scene.removeItem(item.get());
+            QPainter(&image).fillRect(item->boundingRect().toAlignedRect(), Qt::white);
+            return image;
+        };
+        QCOMPARE(KelImage::difference(draw(true), draw(false)), QString());
+    }
+}
+
+void tst_KELControls::outlineWiderThanTheControlGoesOutside()
+{
+    const auto item = control();
+    removePicture(item.get());
+    item->style()->borderWidth = 2;
+    for (const QSizeF &size : {QSizeF(1, 1), QSizeF(1, 40), QSizeF(40, 1)}) {
+        item->setboundRect(QRectF(QPointF(10, 10), size));
+        for (const qreal scale : scales)
+            QCOMPARE(changesOutside(item.get(), scale, 1), QString());
+    }
+}
+
+void tst_KELControls::paintsTheSameTwice()
+{
+    const auto item = control();
+    item->setboundRect(10, 10, 120, 80);
+    const QImage first = KelImage::paint(item.get(), QSize(140, 100));
+    QCOMPARE(KelImage::difference(KelImage::paint(item.get(), QSize(140, 100)), first), QString());
+}
+
+void tst_KELControls::roundCornersStayInside()
+{
+    const auto item = control();
+    KELRoundRectControlStyle *style = item->style();
+    style->xRadius = 300;
+    style->yRadius = 14;
+    style->borderWidth = 9;
+    style->textFlags = Qt::AlignRight | Qt::AlignTop;
+    style->font.setPixelSize(60);
+    style->iconSize = 150;
+    item->setboundRect(5, 5, 120, 100);
+    for (const qreal scale : scales)
+        QCOMPARE(KelImage::pixelsOutside(item.get(), scale), QString());
+}
+
+KEL_TEST_MAIN(tst_KELControls)
+#include "tst_kelcontrols.moc"

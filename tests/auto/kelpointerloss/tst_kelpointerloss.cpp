@@ -1,0 +1,768 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "keltest.h"
+
+#include <kelpushbutton.h>
+#include <kelroundrectcontrol.h>
+
+#include <QtCore/QAbstractEventDispatcher>
+#include <QtCore/QPointer>
+#include <QtCore/QTimer>
+#include <QtWidgets/QDialog>
+#include <QtWidgets/QGraphicsRectItem>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QToolTip>
+
+#include <memory>
+
+namespace {
+
+constexpr int wellAfterLongPressMs = 600;
+
+enum ControlType { SelectableBase, PushButton, UnselectableBase };
+
+// The offscreen platform complains whenever a popup opens; nothing else may.
+struct PopupWarningFilter
+{
+    ~PopupWarningFilter()
+    {
+        const QStringList warnings = KelTest::takeWarnings();
+        for (const QString &warning : warnings) {
+            if (!warning.startsWith(QLatin1String("This plugin does not support ")))
+                qWarning("%s", qPrintable(warning));
+        }
+    }
+};
+
+class PlainParent : public QGraphicsObject
+{
+public:
+    QRectF boundingRect() const override { return QRectF(0, 0, 1, 1); }
+    void paint(QPainter * /*painter*/, const QStyleOptionGraphicsItem * /*option*/,
+               QWidget * /*widget*/) override
+    { }
+};
+
+class Recorder : public QObject
+{
+public:
+    explicit Recorder(KELRoundRectControl *control)
+    {
+        const auto noting = [this](const char *name) {
+            return [this, name] { m_names.append(QLatin1String(name)); };
+        };
+        connect(control, &KELRoundRectControl::mousePress, this, noting("press"));
+        connect(control, &KELRoundRectControl::mouseRelease, this, noting("release"));
+        connect(control, &KELRoundRectControl::mouseClicked, this, noting("clicked"));
+        connect(control, &KELRoundRectControl::mouseDoubleClicked, this, noting("double"));
+        connect(control, &KELRoundRectControl::mouseLongPress, this, noting("long"));
+    }
+    QString take() { return std::exchange(m_names, QStringList()).join(QLatin1Char(' ')); }
+    bool has(const char *name) const { return m_names.contains(QLatin1String(name)); }
+
+private:
+    QStringList m_names;
+};
+
+KELRoundRectControl *newControl(ControlType type)
+{
+    auto *control = type == PushButton ? new KELPushButton : new KELRoundRectControl;
+    control->setFlag(QGraphicsItem::ItemIsSelectable, type != UnselectableBase);
+    return control;
+}
+
+// Two controls in a view inside a window: the one that loses the pointer, and another one beside it.
+struct Stage
+{
+    explicit Stage(ControlType type) :
+        view(new KelTestView),
+        parent(new PlainParent),
+        control(newControl(type)),
+        other(new KELPushButton),
+        recorder(control),
+        otherRecorder(other)
+    {
+        control->setboundRect(20, 20, 100, 60);
+        control->setParentItem(parent);
+        view->ownScene.addItem(parent);
+        other->setboundRect(200, 20, 100, 60);
+        view->ownScene.addItem(other);
+        view->setParent(&window);
+        window.resize(view->size());
+    }
+    ~Stage()
+    {
+        if (!control->scene())
+            delete control;
+        if (!parent->scene())
+            delete parent;
+    }
+
+    bool show()
+    {
+        window.show();
+        return QTest::qWaitForWindowExposed(&window);
+    }
+    // No release follows: the tests send it where they want it.
+    void press() const
+    {
+        const QPoint pos(70, 50);
+        QMouseEvent event(QEvent::MouseButtonPress, pos, view->viewport()->mapToGlobal(pos),
+                          Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(view->viewport(), &event);
+    }
+    void release() const
+    {
+        const QPoint pos(70, 50);
+        QMouseEvent event(QEvent::MouseButtonRelease, pos, view->viewport()->mapToGlobal(pos),
+                          Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(view->viewport(), &event);
+    }
+    void tapOther() const { view->click(QPoint(250, 50)); }
+
+    void openModal(QWidget *dialogParent, Qt::WindowModality modality)
+    {
+        cover = std::make_unique<QDialog>(dialogParent);
+        cover->setWindowModality(modality);
+        cover->show();
+    }
+
+    PopupWarningFilter filter; // dies last
+    QGraphicsScene otherScene;
+    QDialog window;
+    QPointer<KelTestView> view; // dies with the window
+    QPointer<PlainParent> parent;
+    QPointer<KELRoundRectControl> control;
+    QPointer<KELRoundRectControl> other;
+    Recorder recorder;
+    Recorder otherRecorder;
+    QWidget otherWindow;
+    std::unique_ptr<QWidget> cover;
+};
+
+} // namespace
+
+using Step = std::function<void(Stage &)>;
+Q_DECLARE_METATYPE(Step)
+
+namespace {
+
+struct Way
+{
+    const char *name;
+    Step lose;
+    Step restore;
+};
+
+// Ways of losing the pointer that touch the control alone, and so need no grab to be lost.
+const std::vector<Way> &waysOfTheItem()
+{
+    static const std::vector<Way> ways = {
+        {"disabled", [](Stage &s) { s.control->setEnabled(false); },
+         [](Stage &s) { s.control->setEnabled(true); }},
+        {"hidden", [](Stage &s) { s.control->hide(); }, [](Stage &s) { s.control->show(); }},
+        {"parent disabled", [](Stage &s) { s.parent->setEnabled(false); },
+         [](Stage &s) { s.parent->setEnabled(true); }},
+        {"parent hidden", [](Stage &s) { s.parent->hide(); }, [](Stage &s) { s.parent->show(); }},
+        {"pressed button switched off",
+         [](Stage &s) { s.control->setAcceptedMouseButtons(Qt::RightButton); },
+         [](Stage &s) { s.control->setAcceptedMouseButtons(Qt::LeftButton); }},
+        {"buttons switched off", [](Stage &s) { s.control->setAcceptedMouseButtons(Qt::NoButton); },
+         [](Stage &s) { s.control->setAcceptedMouseButtons(Qt::LeftButton); }},
+    };
+    return ways;
+}
+
+const std::vector<Way> &ways()
+{
+    static const std::vector<Way> all = [] {
+        std::vector<Way> list = waysOfTheItem();
+        const std::vector<Way> rest = {
+            {"ungrabbed", [](Stage &s) { s.control->ungrabMouse(); }, [](Stage &) {}},
+            {"another item grabs", [](Stage &s) { s.other->grabMouse(); },
+             [](Stage &s) { s.other->ungrabMouse(); }},
+            {"taken out of the scene", [](Stage &s) { s.view->ownScene.removeItem(s.control); },
+             [](Stage &s) { s.control->setParentItem(s.parent); }},
+            {"parent taken out of the scene",
+             [](Stage &s) { s.view->ownScene.removeItem(s.parent); },
+             [](Stage &s) { s.view->ownScene.addItem(s.parent); }},
+            {"view hidden", [](Stage &s) { s.view->hide(); }, [](Stage &s) { s.view->show(); }},
+            {"window hidden", [](Stage &s) { s.window.hide(); }, [](Stage &s) { s.window.show(); }},
+            {"window closed", [](Stage &s) { s.window.close(); },
+             [](Stage &s) { s.window.show(); }},
+            {"view set to another scene", [](Stage &s) { s.view->setScene(&s.otherScene); },
+             [](Stage &s) { s.view->setScene(&s.view->ownScene); }},
+            {"scene taken from the view", [](Stage &s) { s.view->setScene(nullptr); },
+             [](Stage &s) { s.view->setScene(&s.view->ownScene); }},
+            {"view disabled", [](Stage &s) { s.view->setEnabled(false); },
+             [](Stage &s) { s.view->setEnabled(true); }},
+            {"window disabled", [](Stage &s) { s.window.setEnabled(false); },
+             [](Stage &s) { s.window.setEnabled(true); }},
+            {"view made not interactive", [](Stage &s) { s.view->setInteractive(false); },
+             [](Stage &s) { s.view->setInteractive(true); }},
+            {"menu opened",
+             [](Stage &s) {
+                 auto menu = std::make_unique<QMenu>();
+                 menu->addAction(QStringLiteral("One"));
+                 menu->popup(QPoint(10, 10));
+                 s.cover = std::move(menu);
+             },
+             [](Stage &s) { s.cover.reset(); }},
+            {"popup window opened",
+             [](Stage &s) {
+                 s.cover = std::make_unique<QWidget>(&s.window, Qt::Popup);
+                 s.cover->show();
+             },
+             [](Stage &s) { s.cover.reset(); }},
+            {"application-modal dialog opened",
+             [](Stage &s) { s.openModal(nullptr, Qt::ApplicationModal); },
+             [](Stage &s) { s.cover.reset(); }},
+            {"application-modal dialog of the window opened",
+             [](Stage &s) { s.openModal(&s.window, Qt::ApplicationModal); },
+             [](Stage &s) { s.cover.reset(); }},
+            {"window-modal dialog of the window opened",
+             [](Stage &s) { s.openModal(&s.window, Qt::WindowModal); },
+             [](Stage &s) { s.cover.reset(); }},
+            {"modal dialog run until it closes",
+             [](Stage &s) {
+                 QDialog dialog(&s.window);
+                 QTimer::singleShot(50, &dialog, &QDialog::accept);
+                 dialog.exec();
+             },
+             [](Stage &) {}},
+            {"menu run until it closes",
+             [](Stage & /*s*/) {
+                 QMenu menu;
+                 menu.addAction(QStringLiteral("One"));
+                 QTimer::singleShot(50, &menu, &QMenu::close);
+                 menu.exec(QPoint(10, 10));
+             },
+             [](Stage &) {}},
+            {"modal panel opened in the scene",
+             [](Stage &s) {
+                 auto *panel = new QGraphicsRectItem(0, 0, 400, 300);
+                 panel->setFlag(QGraphicsItem::ItemIsPanel);
+                 panel->setPanelModality(QGraphicsItem::SceneModal);
+                 panel->setZValue(99);
+                 s.view->ownScene.addItem(panel);
+             },
+             [](Stage &s) {
+                 const QList<QGraphicsItem *> items = s.view->ownScene.items();
+                 for (QGraphicsItem *item : items) {
+                     if (qFuzzyCompare(item->zValue(), 99))
+                         delete item;
+                 }
+             }},
+        };
+        list.insert(list.end(), rest.begin(), rest.end());
+        return list;
+    }();
+    return all;
+}
+
+void addRows()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<bool>("inSlot");
+    QTest::addColumn<Step>("lose");
+    QTest::addColumn<Step>("restore");
+
+    for (const Way &way : ways()) {
+        for (const ControlType type : {SelectableBase, PushButton}) {
+            for (const bool inSlot : {true, false}) {
+                QTest::addRow("%s, %s, %s", way.name,
+                              type == PushButton ? "push button" : "selectable base",
+                              inSlot ? "inside the press slot" : "later")
+                    << int(type) << inSlot << way.lose << way.restore;
+            }
+        }
+    }
+}
+
+// Presses the control and takes the pointer away from it.
+void pressAndLose(Stage &stage, bool inSlot, const Step &lose)
+{
+    if (inSlot) {
+        auto *context = new QObject;
+        QObject::connect(stage.control, &KELRoundRectControl::mousePress, context, [&, context] {
+            delete context; // once only
+            lose(stage);
+        });
+        stage.press();
+    } else {
+        stage.press();
+        QVERIFY(stage.control->isMouseDown());
+        lose(stage);
+    }
+}
+
+bool hasTimer(QObject *object)
+{
+    return !QAbstractEventDispatcher::instance()->registeredTimers(object).isEmpty();
+}
+
+} // namespace
+
+class tst_KELPointerLoss : public KelTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void pressIsDropped_data() { addRows(); }
+    void pressIsDropped();
+    void releaseAfterwardsIsNoClick_data() { addRows(); }
+    void releaseAfterwardsIsNoClick();
+    void nextTapReachesAnotherControl_data() { addRows(); }
+    void nextTapReachesAnotherControl();
+    void nextTapOnTheSameControlWorks_data() { addRows(); }
+    void nextTapOnTheSameControlWorks();
+    void noLateLongPress_data();
+    void noLateLongPress();
+    void pressedLookLeavesTheScreen_data();
+    void pressedLookLeavesTheScreen();
+    void ungrabbedByTheChildOfAButton();
+    void unselectableControlLosesAPress_data();
+    void unselectableControlLosesAPress();
+
+    void nextDoubleClickReachesAnotherControl();
+    void nextDoubleClickOnTheSameControlWorks();
+    void nextTouchReachesAnotherControl();
+    void nextPressOnNothingReachesNobody();
+
+    void releaseAfterTheLongPressMenuIsNoClick_data();
+    void releaseAfterTheLongPressMenuIsNoClick();
+    void tapAfterTheLongPressMenuReachesAnotherControl();
+
+    void pressSurvives_data();
+    void pressSurvives();
+    void childInsideAButtonClicksTheButton_data();
+    void childInsideAButtonClicksTheButton();
+};
+
+void tst_KELPointerLoss::pressIsDropped()
+{
+    QFETCH(int, type);
+    QFETCH(bool, inSlot);
+    QFETCH(Step, lose);
+    QFETCH(Step, restore);
+    Stage stage{ControlType(type)};
+    QVERIFY(stage.show());
+    pressAndLose(stage, inSlot, lose);
+    QTRY_VERIFY(!stage.control->style()->isMouseDown);
+    QVERIFY(!stage.control->isMouseDown());
+    QVERIFY2(!hasTimer(stage.control), "the long press is still to come");
+    restore(stage);
+    QCoreApplication::processEvents();
+    QVERIFY(!stage.control->style()->isMouseDown);
+    QCOMPARE(stage.recorder.take(), QStringLiteral("press"));
+}
+
+void tst_KELPointerLoss::releaseAfterwardsIsNoClick()
+{
+    QFETCH(int, type);
+    QFETCH(bool, inSlot);
+    QFETCH(Step, lose);
+    QFETCH(Step, restore);
+    Stage stage{ControlType(type)};
+    QVERIFY(stage.show());
+    pressAndLose(stage, inSlot, lose);
+    // At once: before the event loop goes round.
+    stage.release();
+    QCoreApplication::processEvents();
+    restore(stage);
+    stage.release();
+    const QString names = stage.recorder.take();
+    QVERIFY2(names == QLatin1String("press") || names == QLatin1String("press release"),
+             qPrintable(names));
+    QTRY_VERIFY(!stage.control->style()->isMouseDown);
+}
+
+void tst_KELPointerLoss::nextTapReachesAnotherControl()
+{
+    QFETCH(int, type);
+    QFETCH(bool, inSlot);
+    QFETCH(Step, lose);
+    QFETCH(Step, restore);
+    Stage stage{ControlType(type)};
+    QVERIFY(stage.show());
+    pressAndLose(stage, inSlot, lose);
+    QTRY_VERIFY(!stage.control->style()->isMouseDown);
+    restore(stage);
+    QCoreApplication::processEvents();
+    stage.recorder.take();
+    stage.otherRecorder.take();
+    stage.tapOther();
+    QCOMPARE(stage.otherRecorder.take(), QStringLiteral("press release clicked"));
+    QCOMPARE(stage.recorder.take(), QString());
+    stage.tapOther();
+    QCOMPARE(stage.otherRecorder.take(), QStringLiteral("press release clicked"));
+}
+
+void tst_KELPointerLoss::nextTapOnTheSameControlWorks()
+{
+    QFETCH(int, type);
+    QFETCH(bool, inSlot);
+    QFETCH(Step, lose);
+    QFETCH(Step, restore);
+    Stage stage{ControlType(type)};
+    QVERIFY(stage.show());
+    pressAndLose(stage, inSlot, lose);
+    QTRY_VERIFY(!stage.control->style()->isMouseDown);
+    restore(stage);
+    QCoreApplication::processEvents();
+    stage.recorder.take();
+    for (int i = 0; i < 2; ++i) {
+        stage.press();
+        QVERIFY(stage.control->isMouseDown());
+        stage.release();
+        QCOMPARE(stage.recorder.take(), QStringLiteral("press release clicked"));
+        QVERIFY(!stage.control->isMouseDown());
+    }
+}
+
+void tst_KELPointerLoss::noLateLongPress_data()
+{
+    QTest::addColumn<Step>("lose");
+    QTest::addColumn<Step>("restore");
+
+    const QStringList names = {QStringLiteral("ungrabbed"),
+                               QStringLiteral("disabled"),
+                               QStringLiteral("hidden"),
+                               QStringLiteral("window closed"),
+                               QStringLiteral("menu opened"),
+                               QStringLiteral("application-modal dialog opened"),
+                               QStringLiteral("buttons switched off")};
+    for (const Way &way : ways()) {
+        if (names.contains(QLatin1String(way.name)))
+            QTest::newRow(way.name) << way.lose << way.restore;
+    }
+}
+
+void tst_KELPointerLoss::noLateLongPress()
+{
+    QFETCH(Step, lose);
+    QFETCH(Step, restore);
+    Stage stage{PushButton};
+    QVERIFY(stage.show());
+    stage.press();
+    lose(stage);
+    QTest::qWait(wellAfterLongPressMs);
+    QCOMPARE(stage.recorder.take(), QStringLiteral("press"));
+    restore(stage);
+}
+
+void tst_KELPointerLoss::pressedLookLeavesTheScreen_data()
+{
+    QTest::addColumn<Step>("lose");
+    QTest::addColumn<Step>("restore");
+
+    const QStringList names = {QStringLiteral("ungrabbed"), QStringLiteral("another item grabs"),
+                               QStringLiteral("menu opened"),
+                               QStringLiteral("window-modal dialog of the window opened"),
+                               QStringLiteral("buttons switched off")};
+    for (const Way &way : ways()) {
+        if (names.contains(QLatin1String(way.name)))
+            QTest::newRow(way.name) << way.lose << way.restore;
+    }
+}
+
+void tst_KELPointerLoss::pressedLookLeavesTheScreen()
+{
+    QFETCH(Step, lose);
+    QFETCH(Step, restore);
+    Stage stage{PushButton};
+    // The place of the finger, where no caption is drawn.
+    const auto colour = [&stage] { return stage.view->grab().toImage().pixel(70, 50); };
+    QVERIFY(stage.show());
+    const QRgb released = colour();
+    stage.press();
+    QTRY_VERIFY(colour() != released);
+    lose(stage);
+    QTRY_COMPARE(colour(), released);
+    restore(stage);
+}
+
+void tst_KELPointerLoss::ungrabbedByTheChildOfAButton()
+{
+    Stage stage{PushButton};
+    auto *child = new QGraphicsRectItem(40, 30, 60, 40, stage.control);
+    QVERIFY(stage.show());
+    stage.press();
+    QVERIFY(stage.control->isMouseDown());
+    QCOMPARE(stage.view->ownScene.mouseGrabberItem(), child);
+    child->ungrabMouse();
+    QTRY_VERIFY(!stage.control->style()->isMouseDown);
+    stage.release();
+    QCOMPARE(stage.recorder.take(), QStringLiteral("press"));
+}
+
+void tst_KELPointerLoss::unselectableControlLosesAPress_data()
+{
+    QTest::addColumn<bool>("inSlot");
+    QTest::addColumn<Step>("lose");
+
+    for (const Way &way : waysOfTheItem()) {
+        QTest::addRow("%s, inside the press slot", way.name) << true << way.lose;
+        QTest::addRow("%s, later", way.name) << false << way.lose;
+    }
+}
+
+void tst_KELPointerLoss::unselectableControlLosesAPress()
+{
+    QFETCH(bool, inSlot);
+    QFETCH(Step, lose);
+    Stage stage{UnselectableBase};
+    QVERIFY(stage.show());
+    pressAndLose(stage, inSlot, lose);
+    // Said by Qt of an item that gives up the grab inside a press that it ignores.
+    const QStringList warnings = takeWarnings();
+    for (const QString &warning : warnings)
+        QCOMPARE(warning, QStringLiteral("QGraphicsItem::ungrabMouse: not a mouse grabber"));
+    QVERIFY(warnings.isEmpty() || inSlot);
+    QTRY_VERIFY(!stage.control->style()->isMouseDown);
+    QVERIFY2(!hasTimer(stage.control), "the long press is still to come");
+    QCOMPARE(stage.recorder.take(), QStringLiteral("press"));
+}
+
+void tst_KELPointerLoss::nextDoubleClickReachesAnotherControl()
+{
+    Stage stage{PushButton};
+    QVERIFY(stage.show());
+    stage.press();
+    stage.openModal(nullptr, Qt::ApplicationModal);
+    QTRY_VERIFY(!stage.control->style()->isMouseDown);
+    stage.cover.reset();
+    stage.recorder.take();
+    stage.view->doubleClickPress(QPoint(250, 50));
+    stage.view->release(QPoint(250, 50));
+    QCOMPARE(stage.recorder.take(), QString());
+    // Qt turns a double click that follows a press elsewhere into a press.
+    QCOMPARE(stage.otherRecorder.take(), QStringLiteral("press release clicked"));
+}
+
+void tst_KELPointerLoss::nextDoubleClickOnTheSameControlWorks()
+{
+    Stage stage{PushButton};
+    QVERIFY(stage.show());
+    stage.press();
+    stage.openModal(nullptr, Qt::ApplicationModal);
+    QTRY_VERIFY(!stage.control->style()->isMouseDown);
+    stage.cover.reset();
+    stage.recorder.take();
+    stage.view->doubleClickPress(QPoint(70, 50));
+    stage.view->release(QPoint(70, 50));
+    QCOMPARE(stage.recorder.take(), QStringLiteral("press double release clicked"));
+}
+
+void tst_KELPointerLoss::nextTouchReachesAnotherControl()
+{
+    Stage stage{PushButton};
+    QVERIFY(stage.show());
+    stage.press();
+    stage.openModal(nullptr, Qt::ApplicationModal);
+    QTRY_VERIFY(!stage.control->style()->isMouseDown);
+    stage.cover.reset();
+    stage.recorder.take();
+    stage.view->touchPress(QPoint(250, 50));
+    stage.view->touchRelease(QPoint(250, 50));
+    QCOMPARE(stage.recorder.take(), QString());
+    QCOMPARE(stage.otherRecorder.take(), QStringLiteral("press release clicked"));
+}
+
+void tst_KELPointerLoss::nextPressOnNothingReachesNobody()
+{
+    Stage stage{PushButton};
+    QVERIFY(stage.show());
+    stage.press();
+    stage.openModal(nullptr, Qt::ApplicationModal);
+    QTRY_VERIFY(!stage.control->style()->isMouseDown);
+    stage.cover.reset();
+    stage.recorder.take();
+    const QPoint nowhere(150, 200);
+    QMouseEvent event(QEvent::MouseButtonPress, nowhere, Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    QCoreApplication::sendEvent(stage.view->viewport(), &event);
+    stage.view->release(nowhere);
+    QCOMPARE(stage.recorder.take(), QString());
+    stage.tapOther();
+    QCOMPARE(stage.otherRecorder.take(), QStringLiteral("press release clicked"));
+}
+
+void tst_KELPointerLoss::releaseAfterTheLongPressMenuIsNoClick_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::newRow("selectable base") << int(SelectableBase);
+    QTest::newRow("push button") << int(PushButton);
+}
+
+void tst_KELPointerLoss::releaseAfterTheLongPressMenuIsNoClick()
+{
+    QFETCH(int, type);
+    Stage stage{ControlType(type)};
+    QVERIFY(stage.show());
+    auto *menu = new QMenu;
+    menu->addAction(QStringLiteral("One"));
+    stage.control->style()->contextMenu = menu;
+    bool wasDown = true;
+    connect(menu, &QMenu::aboutToShow, this, [&] {
+        QTimer::singleShot(0, menu, [&] {
+            wasDown = stage.control->isMouseDown();
+            menu->close();
+        });
+    });
+    stage.press();
+    QTRY_VERIFY(!wasDown);
+    QTRY_VERIFY(!menu->isVisible());
+    QCOMPARE(stage.recorder.take(), QStringLiteral("press long"));
+    stage.release();
+    QCOMPARE(stage.recorder.take(), QStringLiteral("release"));
+    QVERIFY(!stage.control->isMouseDown());
+    stage.press();
+    stage.release();
+    QCOMPARE(stage.recorder.take(), QStringLiteral("press release clicked"));
+}
+
+void tst_KELPointerLoss::tapAfterTheLongPressMenuReachesAnotherControl()
+{
+    Stage stage{PushButton};
+    QVERIFY(stage.show());
+    auto *menu = new QMenu;
+    menu->addAction(QStringLiteral("One"));
+    stage.control->style()->contextMenu = menu;
+    bool closed = false;
+    connect(menu, &QMenu::aboutToShow, this, [&] {
+        QTimer::singleShot(50, menu, [&] {
+            // The finger is lifted over the menu.
+            menu->close();
+            closed = true;
+        });
+    });
+    stage.press();
+    QTRY_VERIFY(closed);
+    QTRY_VERIFY(!stage.control->style()->isMouseDown);
+    stage.tapOther();
+    QCOMPARE(stage.recorder.take(), QStringLiteral("press long"));
+    QCOMPARE(stage.otherRecorder.take(), QStringLiteral("press release clicked"));
+}
+
+void tst_KELPointerLoss::pressSurvives_data()
+{
+    QTest::addColumn<Step>("before");
+    QTest::addColumn<Step>("during");
+
+    const Step nothing = [](Stage &) {};
+    const auto popupOver = [](Stage &s) {
+        s.cover = std::make_unique<QWidget>(nullptr, Qt::Popup);
+        s.cover->show();
+    };
+    QTest::newRow("nothing happens") << nothing << nothing;
+    QTest::newRow("popup open before") << Step(popupOver) << nothing;
+    QTest::newRow("popup open before closes")
+        << Step(popupOver) << Step([](Stage &s) { s.cover.reset(); });
+    QTest::newRow("modal dialog open before")
+        << Step([](Stage &s) { s.openModal(nullptr, Qt::ApplicationModal); }) << nothing;
+    QTest::newRow("inside a popup") << Step([](Stage &s) {
+        s.window.setWindowFlags(Qt::Popup);
+        s.window.show();
+    }) << nothing;
+    QTest::newRow("inside a modal dialog") << Step([](Stage &s) {
+        s.window.hide();
+        s.window.setModal(true);
+        s.window.show();
+    }) << nothing;
+    QTest::newRow("inside a popup, a popup over it closes") << Step([popupOver](Stage &s) {
+        s.window.setWindowFlags(Qt::Popup);
+        s.window.show();
+        popupOver(s);
+    }) << Step([](Stage &s) { s.cover.reset(); });
+    QTest::newRow("inside a modal dialog, a dialog over it closes") << Step([](Stage &s) {
+        s.window.hide();
+        s.window.setModal(true);
+        s.window.show();
+        s.openModal(&s.window, Qt::ApplicationModal);
+    }) << Step([](Stage &s) { s.cover.reset(); });
+    QTest::newRow("window-modal dialog of another window opens")
+        << Step([](Stage &s) { s.otherWindow.show(); })
+        << Step([](Stage &s) { s.openModal(&s.otherWindow, Qt::WindowModal); });
+    QTest::newRow("dialog that is not modal opens")
+        << nothing << Step([](Stage &s) { s.openModal(&s.window, Qt::NonModal); });
+    QTest::newRow("tool tip opens") << nothing << Step([](Stage &s) {
+        QToolTip::showText(s.view->mapToGlobal(QPoint(70, 50)), QStringLiteral("Tip"), s.view);
+    });
+    QTest::newRow("tool window opens") << nothing << Step([](Stage &s) {
+        s.cover = std::make_unique<QWidget>(&s.window, Qt::Tool);
+        s.cover->show();
+    });
+    QTest::newRow("another control is disabled")
+        << nothing << Step([](Stage &s) { s.other->setEnabled(false); });
+    QTest::newRow("another control is hidden")
+        << nothing << Step([](Stage &s) { s.other->hide(); });
+    QTest::newRow("another view of the scene is hidden") << Step([](Stage &s) {
+        s.cover = std::make_unique<QGraphicsView>(&s.view->ownScene);
+        s.cover->show();
+    }) << Step([](Stage &s) { s.cover->hide(); });
+    QTest::newRow("another window closes") << Step([](Stage &s) { s.otherWindow.show(); })
+                                           << Step([](Stage &s) { s.otherWindow.close(); });
+    QTest::newRow("repainted") << nothing << Step([](Stage &s) { s.control->update(); });
+}
+
+void tst_KELPointerLoss::pressSurvives()
+{
+    QFETCH(Step, before);
+    QFETCH(Step, during);
+    for (const ControlType type : {SelectableBase, PushButton}) {
+        Stage stage{type};
+        QVERIFY(stage.show());
+        before(stage);
+        QCoreApplication::processEvents();
+        stage.press();
+        during(stage);
+        for (int i = 0; i < 5; ++i)
+            QCoreApplication::processEvents();
+        QVERIFY(stage.control->isMouseDown());
+        QVERIFY(stage.control->style()->isMouseDown);
+        // A slow machine is past the long press already.
+        const bool isLong = stage.recorder.has("long");
+        QVERIFY(isLong || hasTimer(stage.control));
+        stage.release();
+        QCOMPARE(stage.recorder.take(),
+                 isLong ? QStringLiteral("press long release")
+                        : QStringLiteral("press release clicked"));
+        QToolTip::hideText();
+        const QWidgetList widgets = QApplication::topLevelWidgets();
+        for (QWidget *widget : widgets) {
+            if (widget->inherits("QTipLabel"))
+                delete widget;
+        }
+    }
+}
+
+void tst_KELPointerLoss::childInsideAButtonClicksTheButton_data()
+{
+    QTest::addColumn<bool>("selectable");
+    QTest::newRow("plain child") << false;
+    QTest::newRow("selectable child") << true;
+}
+
+void tst_KELPointerLoss::childInsideAButtonClicksTheButton()
+{
+    QFETCH(bool, selectable);
+    Stage stage{PushButton};
+    auto *child = new QGraphicsRectItem(40, 30, 60, 40, stage.control);
+    child->setFlag(QGraphicsItem::ItemIsSelectable, selectable);
+    QVERIFY(stage.show());
+    stage.press();
+    QVERIFY(stage.control->isMouseDown());
+    stage.release();
+    QCOMPARE(stage.recorder.take(), QStringLiteral("press release clicked"));
+    stage.press();
+    QTRY_VERIFY(stage.recorder.has("long"));
+    QVERIFY(stage.control->isMouseDown());
+    stage.release();
+    QCOMPARE(stage.recorder.take(), QStringLiteral("press long release"));
+}
+
+KEL_TEST_MAIN(tst_KELPointerLoss)
+
+#include "tst_kelpointerloss.moc"
