@@ -82,8 +82,9 @@ public:
      * icon font of everything built from now on.
      *
      * On success prints, with qDebug(), <tt>install from "PATH" , font "FAMILY" succeeful</tt>. When the
-     * file is missing, is not a font or names no family, prints
-     * <tt>could not intstall "PATH"</tt> and leaves the family as it was.
+     * file is missing or is not a font, prints <tt>could not intstall "PATH"</tt> and leaves the family as
+     * it was. A font that names no family is known by the name that the system gives it, in general that
+     * of its file.
      */
     static void installFont(const QString &path);
 

@@ -213,6 +213,7 @@ void KELRoundRectControl::mousePressEvent(QGraphicsSceneMouseEvent *event)
     if (handOnStalePress(event))
         return;
     const QPointer<KELRoundRectControl> alive(this);
+    const bool grabbed = KELPressWatch::holdsGrab(this);
     auto watch = std::make_unique<KELPressWatch>(this, event);
     QGraphicsObject::mousePressEvent(event);
     if (alive) {
@@ -227,14 +228,11 @@ void KELRoundRectControl::mousePressEvent(QGraphicsSceneMouseEvent *event)
         }
         Q_EMIT mousePress(event->pos());
     }
-    if (!alive) {
-        // The scene would take the grab away from the item that ignored the press.
+    // From an item that ignored the press the scene takes the grab, and warns when it is gone already.
+    if (!alive || (grabbed && !KELPressWatch::holdsGrab(this)))
         event->accept();
-        return;
-    }
-    if (!event->isAccepted())
-        QMetaObject::invokeMethod(
-            this, [this] { settlePress(); }, Qt::QueuedConnection);
+    else if (!event->isAccepted())
+        QMetaObject::invokeMethod(this, [this] { settlePress(); }, Qt::QueuedConnection); // NOLINT
 }
 
 void KELRoundRectControl::mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event)

@@ -14,6 +14,9 @@ QStringList *warnings = nullptr;
 
 void recordMessage(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
+    // The offscreen platform says so whenever a popup opens.
+    if (text.startsWith(QLatin1String("This plugin does not support ")))
+        return;
     QStringList *const list = type == QtDebugMsg ? debugLines : warnings;
     if (type != QtFatalMsg && list)
         list->append(text);
@@ -70,8 +73,8 @@ void KelTest::cleanup()
     const QWidgetList widgets = QApplication::topLevelWidgets();
     for (const QWidget *widget : widgets)
         windows.append(QString::fromLatin1(widget->metaObject()->className()));
-    QCOMPARE(windows, QStringList());
-    QCOMPARE(unexpected, QStringList());
+    QCOMPARE(windows.join(QLatin1Char('\n')), QString());
+    QCOMPARE(unexpected.join(QLatin1Char('\n')), QString());
 }
 
 KelTestView::KelTestView(const QSize &size)

@@ -163,19 +163,6 @@ inline void connectTo(KELRoundRectControl *control, Signal signal, QObject *cont
     }
 }
 
-// The offscreen platform complains whenever a popup opens; nothing else may.
-struct PopupWarningFilter
-{
-    ~PopupWarningFilter()
-    {
-        const QStringList warnings = KelTest::takeWarnings();
-        for (const QString &warning : warnings) {
-            if (!warning.startsWith(QLatin1String("This plugin does not support ")))
-                qWarning("%s", qPrintable(warning));
-        }
-    }
-};
-
 struct Named
 {
     const char *name;

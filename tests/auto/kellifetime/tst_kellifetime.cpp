@@ -277,7 +277,6 @@ void tst_KELLifetime::deletedWithItsMenu_data()
 
 void tst_KELLifetime::deletedWithItsMenu()
 {
-    const PopupWarningFilter filter;
     QFETCH(int, kind);
     QFETCH(bool, byLongPress);
     QFETCH(int, moment);
@@ -338,7 +337,6 @@ void tst_KELLifetime::menuDeletedWhileOpen_data()
 
 void tst_KELLifetime::menuDeletedWhileOpen()
 {
-    const PopupWarningFilter filter;
     QFETCH(bool, byLongPress);
     Stage stage{Kind::PushButton};
     const QPointer<QMenu> menu(new QMenu);
@@ -374,7 +372,6 @@ void tst_KELLifetime::deletedBeforeItsMenuOpens_data()
 
 void tst_KELLifetime::deletedBeforeItsMenuOpens()
 {
-    const PopupWarningFilter filter;
     QFETCH(int, way);
     Stage stage{Kind::PushButton};
     const QPointer<QMenu> menu(new QMenu);
