@@ -11,7 +11,6 @@ target_compile_definitions(kel_compiler INTERFACE
 target_compile_options(kel_compiler INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
     -Wundef -Wdouble-promotion
-    $<$<CXX_COMPILER_ID:GNU>:-Wlogical-op>
     $<$<BOOL:${KEL_WERROR}>:-Werror>)
 
 if(KEL_SANITIZE)

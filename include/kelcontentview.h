@@ -43,7 +43,7 @@ public:
     /*!
      * Returns the control given to setContent() last.
      *
-     * Null before the first setContent(), and again once that control was deleted by somebody else.
+     * Null before the first setContent(), and again once that control is deleted by somebody else.
      */
     KELRoundRectControl *content() const;
 
@@ -57,7 +57,7 @@ public:
      * Place the control (KELRoundRectControl::setboundRect()) before this call: its size is read here.
      * A slot of an item that is deleted here may call setContent() again, or delete controls: the control
      * given last is shown, and one that it replaced before it was ever shown is deleted. Such a slot must
-     * not delete the view or its scene.
+     * not delete the view or its scene, nor call this while somebody else than this view deletes the content.
      *
      * A width or height that is not finite counts as 0.
      *

@@ -6,9 +6,11 @@
 #include "kelroundrectcontrol.h"
 
 #include <QtCore/QPointer>
+#include <QtCore/QVector>
 #include <QtWidgets/QGraphicsScene>
 
 #include <limits>
+#include <utility>
 
 namespace {
 
@@ -20,15 +22,42 @@ int truncatedPx(qreal value)
     return int(qBound(-limit, value, limit));
 }
 
+// Takes the item out of its scene and from its parent.
+void detach(QGraphicsItem *item)
+{
+    if (item->scene())
+        item->scene()->removeItem(item);
+    else
+        item->setParentItem(nullptr);
+}
+
 } // namespace
 
 class KELContentViewPrivate
 {
 public:
+    // Null also while the content is being destroyed: only its base classes are left then.
+    KELRoundRectControl *intactContent() const
+    {
+        return qobject_cast<KELRoundRectControl *>(content);
+    }
+    void deleteSuperseded();
+
     QPointer<QGraphicsScene> scene;
-    QPointer<KELRoundRectControl> content;
-    bool clearing = false;
+    QPointer<QGraphicsObject> content;
+    bool replacing = false;
+    QVector<QPointer<QGraphicsObject>> superseded; // given while replacing, and never shown
 };
+
+// Deleting runs slots, which may give further controls.
+void KELContentViewPrivate::deleteSuperseded()
+{
+    while (!superseded.isEmpty()) {
+        auto *const control = qobject_cast<KELRoundRectControl *>(superseded.takeLast());
+        if (control && control != content && !(content && content->isAncestorOf(control)))
+            delete control;
+    }
+}
 
 KELContentView::KELContentView(QWidget *parent) :
     QGraphicsView(parent), d(new KELContentViewPrivate)
@@ -57,7 +86,7 @@ KELContentView::~KELContentView()
 
 KELRoundRectControl *KELContentView::content() const
 {
-    return d->content;
+    return d->intactContent();
 }
 
 void KELContentView::setContent(KELRoundRectControl *control)
@@ -65,24 +94,22 @@ void KELContentView::setContent(KELRoundRectControl *control)
     if (!control || !d->scene)
         return;
 
-    if (control->scene() == d->scene)
-        d->scene->removeItem(control);
-    if (d->clearing) {
-        // A slot of an item that is being deleted calls: the control given last is shown.
-        if (d->content != control)
-            delete d->content;
-        d->content = control;
-        return;
-    }
+    // All that follows runs slots of the items, which may call here again: the outermost call shows the
+    // control given last.
+    const bool outermost = !std::exchange(d->replacing, true);
+    if (!outermost && d->content != control)
+        d->superseded.append(d->content);
     d->content = control;
-    d->clearing = true;
+    detach(control);
+    if (!outermost)
+        return;
     d->scene->clear();
-    d->clearing = false;
-    // Read again: a slot may have replaced it, or deleted it.
-    KELRoundRectControl *const content = d->content;
+    d->deleteSuperseded();
+    d->replacing = false;
+
+    KELRoundRectControl *const content = d->intactContent();
     if (!content)
         return;
-
     d->scene->addItem(content);
     const QRectF rect = content->rect();
     resize(truncatedPx(rect.width()), truncatedPx(rect.height()));

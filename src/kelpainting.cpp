@@ -10,7 +10,7 @@
 namespace {
 
 // Far beyond any screen, and small enough that x + width cannot overflow an int.
-constexpr qreal farAwayPx = 1 << 30;
+constexpr qreal farAwayPx = (1 << 30) - 1;
 
 int roundedPx(qreal value)
 {

@@ -65,8 +65,9 @@ bool serves(const QWidget *viewport, const QGraphicsScene *scene)
 KELPressWatch::KELPressWatch(QGraphicsObject *item, const QGraphicsSceneMouseEvent *press) :
     m_item(item),
     m_button(press->button() & item->acceptedMouseButtons()),
+    m_grabbed(holdsGrab(item)),
     // The scene ignores a press before it sends it to an item that holds the grab already.
-    m_grabbedBefore(!press->isAccepted() && holdsGrab(item)),
+    m_grabbedBefore(m_grabbed && !press->isAccepted()),
     m_view(press->widget()),
     m_hadView(serves(m_view, item->scene())),
     m_popup(QApplication::activePopupWidget()),
@@ -85,7 +86,7 @@ void KELPressWatch::start(const QGraphicsSceneMouseEvent *press, const std::func
     m_connections[0] = QObject::connect(m_item, &QGraphicsObject::enabledChanged, m_item, check);
     m_connections[1] = QObject::connect(m_item, &QGraphicsObject::visibleChanged, m_item, check);
     // An item that ignores the press loses the grab as soon as its handler returns: as it should.
-    if ((m_grabbedBefore || press->isAccepted()) && holdsGrab(m_item))
+    if (m_grabbedBefore || (m_grabbed && press->isAccepted()))
         watchGrab();
 }
 

@@ -52,6 +52,7 @@ private:
 
     QGraphicsObject *const m_item;
     const Qt::MouseButtons m_button;
+    const bool m_grabbed;
     const bool m_grabbedBefore;
     const QPointer<QWidget> m_view;
     const bool m_hadView;

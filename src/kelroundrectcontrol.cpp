@@ -232,7 +232,8 @@ void KELRoundRectControl::mousePressEvent(QGraphicsSceneMouseEvent *event)
     if (!alive || (grabbed && !KELPressWatch::holdsGrab(this)))
         event->accept();
     else if (!event->isAccepted())
-        QMetaObject::invokeMethod(this, [this] { settlePress(); }, Qt::QueuedConnection); // NOLINT
+        QMetaObject::invokeMethod(
+            this, [this] { settlePress(); }, Qt::QueuedConnection);
 }
 
 void KELRoundRectControl::mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event)

@@ -94,6 +94,7 @@ private Q_SLOTS:
     void controlThatAcceptsLateIsWatched();
     void childThatGrabsForItselfTakesThePointer();
     void dialogOpenedByTheSelectionCounts();
+    void grabTakenByTheSelectionCounts();
     void freshPressIsNotHandedOnTwice();
     void clickWorksThroughAProxy();
     void hiddenOrDisabledProxyLosesThePress_data();
@@ -218,6 +219,21 @@ void tst_KELPressWatch::dialogOpenedByTheSelectionCounts()
             [&] { dialog = openDialog(nullptr, Qt::ApplicationModal); });
     view.press(view.centreOf(button));
     QVERIFY(dialog);
+    QTRY_VERIFY(!button->style()->isMouseDown);
+    QTest::qWait(wellAfterLongPressMs);
+    QCOMPARE(spies.longPress.count(), 0);
+}
+
+void tst_KELPressWatch::grabTakenByTheSelectionCounts()
+{
+    KelTestView view;
+    auto *button = placed<KELPushButton>(&view, leftRect);
+    QVERIFY(view.showAndWait());
+    Spies spies(button);
+    QObject context; // the dying scene changes its selection again
+    connect(&view.ownScene, &QGraphicsScene::selectionChanged, &context,
+            [&] { button->ungrabMouse(); });
+    view.press(view.centreOf(button));
     QTRY_VERIFY(!button->style()->isMouseDown);
     QTest::qWait(wellAfterLongPressMs);
     QCOMPARE(spies.longPress.count(), 0);

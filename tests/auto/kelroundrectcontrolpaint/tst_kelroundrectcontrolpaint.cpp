@@ -373,6 +373,8 @@ private Q_SLOTS:
     void rectanglesThatAreNotFinitePaintNothing();
     void strangeNumbers_data();
     void strangeNumbers();
+    void picturesBeyondEveryScreen_data();
+    void picturesBeyondEveryScreen();
     void nothingIsPaintedOutside_data();
     void nothingIsPaintedOutside();
 };
@@ -694,6 +696,28 @@ void tst_KELRoundRectControlPaint::strangeNumbers()
         drawByHand(painter, other, QRectF(12, 9, 90, 40));
     });
     QCOMPARE(KelImage::difference(KelImage::paint(&control, size), byHand), QString());
+}
+
+void tst_KELRoundRectControlPaint::picturesBeyondEveryScreen_data()
+{
+    QTest::addColumn<QRectF>("rect");
+    QTest::newRow("right and below") << QRectF(1e300, 1e300, 1e300, 1e300);
+    QTest::newRow("left and above") << QRectF(-1e300, -1e300, -1e300, -1e300);
+    QTest::newRow("at the end of int") << QRectF(2147483647.0, 2147483647.0, 1.5, 1.5);
+}
+
+// The corners are sums of two numbers that were brought into the range of int.
+void tst_KELRoundRectControlPaint::picturesBeyondEveryScreen()
+{
+    QFETCH(QRectF, rect);
+    KELRoundRectControl control;
+    control.setboundRect(rect);
+    control.style()->backgroundBrush = Qt::NoBrush;
+    control.style()->borderBrush = Qt::NoBrush;
+    control.style()->pixmap = QPixmap(4, 4);
+    control.style()->pixmap.fill(Qt::red);
+    const QImage blank = KelImage::draw(QSize(40, 30), 1, [](QPainter *) {});
+    QCOMPARE(KelImage::difference(KelImage::paint(&control, QSize(40, 30)), blank), QString());
 }
 
 void tst_KELRoundRectControlPaint::nothingIsPaintedOutside_data()
