@@ -217,7 +217,8 @@ void KELRoundRectControl::mousePressEvent(QGraphicsSceneMouseEvent *event)
     auto watch = std::make_unique<KELPressWatch>(this, event);
     QGraphicsObject::mousePressEvent(event);
     if (alive) {
-        d->longPressTimer.start(longPressMs, this);
+        // A coarse timer may fire 25 ms early.
+        d->longPressTimer.start(longPressMs, Qt::PreciseTimer, this);
         d->pressPos = event->pos();
         d->hasStaleGrab = false;
         d->watch = std::move(watch);

@@ -6,6 +6,7 @@
 #include <kelpushbutton.h>
 #include <kelroundrectcontrol.h>
 
+#include <QtCore/QAbstractEventDispatcher>
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QPointer>
 #include <QtCore/QTimer>
@@ -19,8 +20,8 @@ Q_DECLARE_METATYPE(Qt::MouseButton)
 namespace {
 
 constexpr int longPressMs = 500;
-// Coarse timers may fire 5 % early.
-constexpr int earliestLongPressMs = 450;
+// Timers count in whole milliseconds.
+constexpr int earliestLongPressMs = longPressMs - 1;
 constexpr int wellAfterLongPressMs = 700;
 
 // Writes down every signal of a control, in order.
@@ -169,6 +170,7 @@ private Q_SLOTS:
     void holding_data() { addPointerRows(); }
     void holding();
     void secondPressStartsTheTimeAnew();
+    void timeOfALongPressIsExact();
     void releaseStopsTheTime();
 
     void movingWhilePressed_data();
@@ -354,6 +356,18 @@ void tst_KELRoundRectControlPointer::secondPressStartsTheTimeAnew()
     QVERIFY2(time.elapsed() >= earliestLongPressMs, qPrintable(QString::number(time.elapsed())));
     QTest::qWait(longPressMs);
     QCOMPARE(stage.recorder.take(), QStringLiteral("press press long"));
+}
+
+void tst_KELRoundRectControlPointer::timeOfALongPressIsExact()
+{
+    Stage stage;
+    QVERIFY(stage.view.showAndWait());
+    press(&stage.view, stage.at(50, 40));
+    const auto timers = QAbstractEventDispatcher::instance()->registeredTimers(stage.control);
+    QCOMPARE(timers.size(), 1);
+    QCOMPARE(timers.first().interval, longPressMs);
+    // A coarse timer may fire 5 % early, and a tap of 480 ms would be none.
+    QCOMPARE(timers.first().timerType, Qt::PreciseTimer);
 }
 
 void tst_KELRoundRectControlPointer::releaseStopsTheTime()
