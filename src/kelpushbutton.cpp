@@ -118,8 +118,9 @@ const KELPushButtonStyle *KELPushButton::buttonStyle() const
 void KELPushButton::initStyleOption(KELPushButtonStyle *option,
                                     const QStyleOptionGraphicsItem *styleOption) const
 {
+    const bool pressed = isMouseDown();
     KELRoundRectControl::initStyleOption(option, styleOption);
-    option->isMouseDown = isMouseDown();
+    option->isMouseDown = pressed;
     option->isCheck = isCheck();
     option->iconMargins = buttonStyle()->iconMargins;
 
@@ -130,7 +131,7 @@ void KELPushButton::initStyleOption(KELPushButtonStyle *option,
     }
     if (isCheck() && isCheckedTemplate)
         isCheckedTemplate(*option);
-    if (isMouseDown() && isMouseDownTemplate)
+    if (pressed && isMouseDownTemplate)
         isMouseDownTemplate(*option);
 }
 

@@ -46,10 +46,11 @@ QString KELRoundRectControlStyle::getTrimmingText(const QString &source, double 
                                                   const QFont &sourceFont) const
 {
     const QFontMetrics metrics(sourceFont);
+    const int widthPx = trimWidthPx(width);
     QStringList lines = source.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     for (QString &line : lines) {
         // kept: measured with mnemonics, drawn without: an ampersand takes no width here
-        line = metrics.elidedText(line, Qt::ElideRight, trimWidthPx(width), Qt::TextShowMnemonic);
+        line = metrics.elidedText(line, Qt::ElideRight, widthPx, Qt::TextShowMnemonic);
     }
     return lines.join(QLatin1Char('\n'));
 }

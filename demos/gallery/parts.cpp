@@ -17,6 +17,16 @@ void drawHill(QPainter *painter, const QSizeF &size, qreal left, qreal peak, QRg
     painter->fillPath(hill, QColor(colour));
 }
 
+void dressAsCard(KELRoundRectControlStyle *style)
+{
+    style->backgroundBrush = QColor(Theme::card);
+    style->borderBrush = QColor(Theme::line);
+    style->borderWidth = 1;
+    style->xRadius = style->yRadius = Theme::radius;
+    style->foregroundBrush = QColor(Theme::ink);
+    style->font = Theme::font(Theme::bodyPx);
+}
+
 } // namespace
 
 KELRoundRectControl *Parts::addLabel(QGraphicsObject *parent, const QRectF &rect,
@@ -40,13 +50,7 @@ KELRoundRectControl *Parts::addCard(QGraphicsObject *parent, const QRectF &rect)
     auto *card = new KELRoundRectControl(parent);
     card->setboundRect(rect);
     card->setAcceptedMouseButtons(Qt::NoButton);
-    KELRoundRectControlStyle *style = card->style();
-    style->backgroundBrush = QColor(Theme::card);
-    style->borderBrush = QColor(Theme::line);
-    style->borderWidth = 1;
-    style->xRadius = style->yRadius = Theme::radius;
-    style->foregroundBrush = QColor(Theme::ink);
-    style->font = Theme::font(Theme::bodyPx);
+    dressAsCard(card->style());
     return card;
 }
 
@@ -62,12 +66,7 @@ KELPushButton *Parts::addButton(QGraphicsObject *parent, const QRectF &rect, con
 void Parts::dress(KELPushButton *button)
 {
     KELRoundRectControlStyle *style = button->style();
-    style->backgroundBrush = QColor(Theme::card);
-    style->borderBrush = QColor(Theme::line);
-    style->borderWidth = 1;
-    style->xRadius = style->yRadius = Theme::radius;
-    style->foregroundBrush = QColor(Theme::ink);
-    style->font = Theme::font(Theme::bodyPx);
+    dressAsCard(style);
     style->iconSize = 20;
     button->setIsMouseDownTemplate([](KELPushButtonStyle &look) {
         look.backgroundBrush = QColor(Theme::accentDark);
