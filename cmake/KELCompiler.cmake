@@ -11,6 +11,7 @@ target_compile_definitions(kel_compiler INTERFACE
 target_compile_options(kel_compiler INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
     -Wundef -Wdouble-promotion
+    -ffp-contract=off # one result on every processor, with or without fused multiply-add
     $<$<BOOL:${KEL_WERROR}>:-Werror>)
 
 if(KEL_SANITIZE)

@@ -23,6 +23,7 @@ class QMenu;
 QT_END_NAMESPACE
 
 class KELControlPrivate;
+class KELPressScope;
 
 /*!
  * \brief The style record: how a control looks and which pointer state it is in.
@@ -157,10 +158,17 @@ struct KELGDI_EXPORT KELRoundRectControlStyle
  * KELRoundRectControl reports mousePress and, 500 ms later, mouseLongPress, and stays in the pressed
  * state. Controls that are meant to be tapped set the flag.
  *
+ * \anchor passive <b>Controls that are not meant to be tapped.</b> A press on a control that is not selectable
+ * goes no further, because a control is a panel, which no press passes; only the mouse buttons that the control
+ * does not accept do. The item below gets nothing, unless the control is a child of a KELPushButton, which
+ * takes the presses on its children. Call <tt>setAcceptedMouseButtons(Qt::NoButton)</tt> to let all presses
+ * pass.
+ *
  * A pressed control that loses the pointer (the grab is taken away, it is disabled, hidden or taken
  * out of the scene, its view is disabled, hidden or closed or shows another scene, a popup or a modal
- * dialog opens over it, the pressed button is no longer accepted) returns to the released look and sends neither mouseLongPress nor mouseClicked.
- * A release that reaches it later all the same is reported with mouseRelease only.
+ * dialog opens over it, the pressed button is no longer accepted) returns to the released look and sends
+ * neither mouseLongPress nor mouseClicked. A release that reaches it later all the same is reported with
+ * mouseRelease only.
  *
  * \section lifetime Lifetime
  * A control may be deleted, with \c delete or QObject::deleteLater(), in any slot of any of its
@@ -173,6 +181,13 @@ struct KELGDI_EXPORT KELRoundRectControlStyle
  * setboundRect() neither repaints nor tells the scene. Set the rectangle first and add the control to
  * the scene afterwards; where a rectangle must change in a shown scene, the scene must use
  * QGraphicsScene::NoIndex and the application repaints it.
+ *
+ * \section outside Outside the rectangle
+ * Some controls have parts of fixed size, or an outline around their rectangle, and draw outside a rectangle that is
+ * too small for them. A control caches its picture, and the cache cuts off what lies more than one device px outside:
+ * give the control the size that its class names, or switch the cache off with
+ * <tt>setCacheMode(QGraphicsItem::NoCache)</tt>. Without cache such parts show, but a control that moves or
+ * changes leaves them behind until something else repaints there.
  *
  * GUI thread only.
  */
@@ -263,7 +278,9 @@ Q_SIGNALS:
 protected:
     //! Counts the 500 ms of a long press.
     void timerEvent(QTimerEvent *event) override;
-    //! Begins a press; emits mousePress().
+    //! Begins a press; emits mousePress(). A press that the scene sent here by mistake, because a popup ate the
+    //! release before it, goes to the control below the pointer instead: act in a slot of mousePress()
+    //! rather than in an override.
     void mousePressEvent(QGraphicsSceneMouseEvent *event) override;
     //! Presses again, then emits mouseDoubleClicked().
     void mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event) override;
@@ -301,6 +318,7 @@ protected:
 
 private:
     Q_DISABLE_COPY(KELRoundRectControl)
+    friend class KELPressScope;
 
     Q_DECL_HIDDEN void settlePress();
     Q_DECL_HIDDEN bool dropLostPress();

@@ -17,15 +17,6 @@ int roundedPx(qreal value)
     return qRound(qBound(-farAwayPx, value, farAwayPx));
 }
 
-void drawShape(QPainter *painter, const KELRoundRectControlStyle &option, const QRectF &rect)
-{
-    if (!KELPainting::isPaintable(rect))
-        return;
-    const qreal xRadius = qIsNaN(option.xRadius) ? 0 : option.xRadius;
-    const qreal yRadius = qIsNaN(option.yRadius) ? 0 : option.yRadius;
-    painter->drawRoundedRect(rect, xRadius, yRadius, Qt::AbsoluteSize);
-}
-
 } // namespace
 
 bool KELPainting::isPaintable(const QRectF &rect)
@@ -47,9 +38,21 @@ QRectF KELPainting::contentRect(const QRectF &rect, const QMarginsF &margins)
             rect.height() - margins.bottom() - margins.top()};
 }
 
+int KELPainting::truncatedPx(qreal value)
+{
+    return int(qBound(-farAwayPx, value, farAwayPx));
+}
+
+QPen KELPainting::outlinePen(const QBrush &brush, float width)
+{
+    if (!qIsFinite(width))
+        return {Qt::NoPen};
+    return {brush, qreal(width), Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin};
+}
+
 QPen KELPainting::captionPen(const QBrush &brush)
 {
-    return {brush, 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin};
+    return outlinePen(brush, 1.0F);
 }
 
 void KELPainting::drawRoundRect(QPainter *painter, const KELRoundRectControlStyle &option)
@@ -60,19 +63,36 @@ void KELPainting::drawRoundRect(QPainter *painter, const KELRoundRectControlStyl
 
     if (option.borderBrush.style() != Qt::NoBrush) {
         const float halfWidth = option.borderWidth * 0.5F;
-        if (option.borderWidth > 0) {
-            painter->setPen(QPen(option.borderBrush, qreal(option.borderWidth), Qt::SolidLine,
-                                 Qt::SquareCap, Qt::BevelJoin));
-        }
+        if (option.borderWidth > 0)
+            painter->setPen(outlinePen(option.borderBrush, option.borderWidth));
         // kept: a negative width draws the fill alone, enlarged by half of it on every side
         if (halfWidth != 0) {
             const auto inset = qreal(halfWidth);
-            drawShape(painter, option, option.boundRect.adjusted(inset, inset, -inset, -inset));
+            drawRounded(painter, option.boundRect.adjusted(inset, inset, -inset, -inset),
+                        option.xRadius, option.yRadius);
             return;
         }
     }
     if (filled)
-        drawShape(painter, option, option.boundRect);
+        drawRounded(painter, option.boundRect, option.xRadius, option.yRadius);
+}
+
+qreal KELPainting::usableRadius(qreal radius)
+{
+    return qIsNaN(radius) ? 0 : radius;
+}
+
+void KELPainting::drawRounded(QPainter *painter, const QRectF &rect, qreal xRadius, qreal yRadius)
+{
+    if (!isPaintable(rect))
+        return;
+    painter->drawRoundedRect(rect, usableRadius(xRadius), usableRadius(yRadius), Qt::AbsoluteSize);
+}
+
+void KELPainting::drawEllipse(QPainter *painter, const QRectF &rect)
+{
+    if (isPaintable(rect))
+        painter->drawEllipse(rect);
 }
 
 void KELPainting::drawPixmap(QPainter *painter, const QRectF &rect, const QPixmap &pixmap)

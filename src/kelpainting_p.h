@@ -30,11 +30,26 @@ QRect roundedEach(const QRectF &rect);
 
 QRectF contentRect(const QRectF &rect, const QMarginsF &margins);
 
+// value cut to a whole number towards zero; far off screen where an int could not hold it. Not for NaN.
+int truncatedPx(qreal value);
+
+// The pen of lines and outlines; a width that is not finite draws none.
+QPen outlinePen(const QBrush &brush, float width);
+
 // The pen of captions and glyphs.
 QPen captionPen(const QBrush &brush);
 
 // Sets the painter's pen and brush from the record and draws the rounded rectangle.
 void drawRoundRect(QPainter *painter, const KELRoundRectControlStyle &option);
+
+// radius as it is, or 0 when it is not a number.
+qreal usableRadius(qreal radius);
+
+// Draws with the painter's pen and brush. Radii in item px; one that is not a number is 0.
+void drawRounded(QPainter *painter, const QRectF &rect, qreal xRadius, qreal yRadius);
+
+// Draws with the painter's pen and brush.
+void drawEllipse(QPainter *painter, const QRectF &rect);
 
 void drawPixmap(QPainter *painter, const QRectF &rect, const QPixmap &pixmap);
 

@@ -4,19 +4,15 @@
 #include "kelroundrectcontrol.h"
 
 #include "kelpainting_p.h"
-#include "kelpresswatch_p.h"
+#include "kelroundrectcontrol_p.h"
 
-#include <QtCore/QBasicTimer>
 #include <QtCore/QCoreApplication>
-#include <QtCore/QPointer>
 #include <QtCore/QTimerEvent>
 #include <QtGui/QFontMetrics>
 #include <QtGui/QPainter>
 #include <QtWidgets/QGraphicsScene>
 #include <QtWidgets/QGraphicsSceneMouseEvent>
 #include <QtWidgets/QMenu>
-
-#include <memory>
 
 namespace {
 
@@ -55,14 +51,28 @@ QString KELRoundRectControlStyle::getTrimmingText(const QString &source, double 
     return lines.join(QLatin1Char('\n'));
 }
 
-class KELControlPrivate
+KELPressScope::KELPressScope(KELRoundRectControl *control, QGraphicsSceneMouseEvent *event) :
+    m_control(control), m_event(event), m_grabbed(KELPressWatch::holdsGrab(control))
+{ }
+
+KELPressScope::~KELPressScope()
 {
-public:
-    QBasicTimer longPressTimer; // while it runs, the press may still become a click
-    QPointF pressPos;
-    std::unique_ptr<KELPressWatch> watch; // while pressed
-    bool hasStaleGrab = false; // the pointer was lost, but the scene still sends it here
-};
+    if (m_control)
+        m_control->dropLostPress();
+    // From an item that ignored the press the scene takes the grab, and warns when it is gone already.
+    if (!m_control || (m_grabbed && !KELPressWatch::holdsGrab(m_control)))
+        m_event->accept();
+}
+
+bool KELPressScope::isForControl() const
+{
+    return !m_control.isNull() && !m_control->d->hasHandedOnPress;
+}
+
+bool KELPressScope::hasLostPointer(const KELRoundRectControl *control)
+{
+    return control->d->hasLostPointer();
+}
 
 KELRoundRectControl::KELRoundRectControl(QGraphicsObject *parent) :
     QGraphicsObject(parent), m_style(KELRoundRectControl::initStyle()), d(new KELControlPrivate)
@@ -213,27 +223,24 @@ void KELRoundRectControl::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
     if (handOnStalePress(event))
         return;
-    const QPointer<KELRoundRectControl> alive(this);
-    const bool grabbed = KELPressWatch::holdsGrab(this);
+    const KELPressScope scope(this, event);
+    d->hasHandedOnPress = false;
     auto watch = std::make_unique<KELPressWatch>(this, event);
     QGraphicsObject::mousePressEvent(event);
-    if (alive) {
-        // A coarse timer may fire 25 ms early.
-        d->longPressTimer.start(longPressMs, Qt::PreciseTimer, this);
-        d->pressPos = event->pos();
-        d->hasStaleGrab = false;
-        d->watch = std::move(watch);
-        d->watch->start(event, [this] { dropLostPress(); });
-        if (!m_style->isMouseDown) {
-            m_style->isMouseDown = true;
-            update();
-        }
-        Q_EMIT mousePress(event->pos());
+    if (!scope.isControlAlive())
+        return;
+    // A coarse timer may fire 25 ms early.
+    d->longPressTimer.start(longPressMs, Qt::PreciseTimer, this);
+    d->pressPos = event->pos();
+    d->hasStaleGrab = false;
+    d->watch = std::move(watch);
+    d->watch->start(event, [this] { dropLostPress(); });
+    if (!m_style->isMouseDown) {
+        m_style->isMouseDown = true;
+        update();
     }
-    // From an item that ignored the press the scene takes the grab, and warns when it is gone already.
-    if (!alive || (grabbed && !KELPressWatch::holdsGrab(this)))
-        event->accept();
-    else if (!event->isAccepted())
+    Q_EMIT mousePress(event->pos());
+    if (scope.isControlAlive() && !event->isAccepted())
         QMetaObject::invokeMethod(
             this, [this] { settlePress(); }, Qt::QueuedConnection);
 }
@@ -352,8 +359,11 @@ bool KELRoundRectControl::handOnStalePress(QGraphicsSceneMouseEvent *event)
     // A press that arrives accepted was aimed here: the scene had let go of the old grab by itself.
     if (event->isAccepted() || !KELPressWatch::holdsGrab(this))
         return false;
+    const QPointer<KELRoundRectControl> alive(this);
     QGraphicsScene *const ownScene = scene();
     ownScene->mouseGrabberItem()->ungrabMouse();
     QCoreApplication::sendEvent(ownScene, event);
+    if (alive)
+        d->hasHandedOnPress = true;
     return true;
 }
