@@ -5,6 +5,8 @@
 #
 # Lets the compiler dump its classes and compares the own slots of each virtual table with the list below.
 
+cmake_minimum_required(VERSION 3.16)
+
 file(MAKE_DIRECTORY ${DIRECTORY})
 file(GLOB old ${DIRECTORY}/*.class)
 if(old)
@@ -65,21 +67,41 @@ function(object_slots result class timer_class)
         QObject::disconnectNotify PARENT_SCOPE)
 endfunction()
 
-set(base KELRoundRectControl)
-object_slots(slots ${base} ${base})
-expect_slots(${base} ${slots}
-    ${base}::boundingRect ${base}::setboundRect ${base}::setboundRect ${base}::paint
-    ${base}::mousePressEvent ${base}::mouseDoubleClickEvent ${base}::mouseReleaseEvent
-    ${base}::mouseMoveEvent ${base}::hoverEnterEvent ${base}::hoverLeaveEvent
-    ${base}::contextMenuEvent ${base}::onCheckedEvent ${base}::initStyle)
+# expect_control(<class> OVERRIDES <function>... [NEW <function>...]): a control that overrides functions of the
+# base in their place and adds others behind.
+function(expect_control class)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "OVERRIDES;NEW")
+    set(base KELRoundRectControl)
+    set(timer_class ${base})
+    if(timerEvent IN_LIST arg_OVERRIDES)
+        set(timer_class ${class})
+    endif()
+    object_slots(slots ${class} ${timer_class})
+    foreach(function boundingRect setboundRect setboundRect paint mousePressEvent mouseDoubleClickEvent
+            mouseReleaseEvent mouseMoveEvent hoverEnterEvent hoverLeaveEvent contextMenuEvent
+            onCheckedEvent initStyle)
+        if(class STREQUAL base OR function IN_LIST arg_OVERRIDES)
+            list(APPEND slots ${class}::${function})
+        else()
+            list(APPEND slots ${base}::${function})
+        endif()
+    endforeach()
+    foreach(function IN LISTS arg_NEW)
+        list(APPEND slots ${class}::${function})
+    endforeach()
+    expect_slots(${class} ${slots})
+    set(failed ${failed} PARENT_SCOPE)
+endfunction()
 
-object_slots(slots KELPushButton ${base})
-expect_slots(KELPushButton ${slots}
-    ${base}::boundingRect ${base}::setboundRect ${base}::setboundRect KELPushButton::paint
-    ${base}::mousePressEvent ${base}::mouseDoubleClickEvent ${base}::mouseReleaseEvent
-    ${base}::mouseMoveEvent ${base}::hoverEnterEvent ${base}::hoverLeaveEvent
-    ${base}::contextMenuEvent ${base}::onCheckedEvent KELPushButton::initStyle
-    KELPushButton::sceneEventFilter)
+expect_control(KELRoundRectControl)
+expect_control(KELPushButton OVERRIDES paint initStyle NEW sceneEventFilter)
+expect_control(KELLabel OVERRIDES paint initStyle)
+expect_control(KELLineItem OVERRIDES paint initStyle)
+expect_control(KELCheckBox OVERRIDES paint mousePressEvent onCheckedEvent initStyle)
+expect_control(KELRadioBox OVERRIDES paint mousePressEvent onCheckedEvent)
+expect_control(KELProcessBar OVERRIDES paint initStyle)
+expect_control(KELSlideControl
+    OVERRIDES timerEvent setboundRect paint mousePressEvent mouseMoveEvent initStyle)
 
 if(failed)
     message(FATAL_ERROR "the order of virtual functions has changed")

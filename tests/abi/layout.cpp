@@ -3,8 +3,14 @@
 
 // Compiled, never run: the order of the fields of the public records is part of the ABI.
 
+#include "kelcheckbox.h"
+#include "kellabel.h"
+#include "kellineitem.h"
+#include "kelprocessbar.h"
 #include "kelpushbutton.h"
+#include "kelradiobox.h"
 #include "kelroundrectcontrol.h"
+#include "kelslidecontrol.h"
 #include "keltextpixmap.h"
 
 #include <cstddef>
@@ -35,11 +41,14 @@ KEL_FOLLOWS(KELRoundRectControlStyle, icon, iconSize);
 KEL_FOLLOWS(KELRoundRectControlStyle, iconSize, isMouseDown);
 KEL_FOLLOWS(KELRoundRectControlStyle, isMouseDown, isCheck);
 KEL_FOLLOWS(KELPushButtonStyle, isCheck, iconMargins);
+KEL_FOLLOWS(KELCheckBoxStyle, isCheck, indicatorBrush);
 
 static_assert(std::is_same_v<decltype(KELRoundRectControlStyle::borderWidth), float>,
               "borderWidth is single precision");
 static_assert(!std::is_polymorphic_v<KELRoundRectControlStyle>, "records are plain data");
 static_assert(!std::is_polymorphic_v<KELIconFont>, "glyphs are plain data");
 static_assert(std::is_base_of_v<KELRoundRectControlStyle, KELPushButtonStyle>,
+              "a record starts with its base record");
+static_assert(std::is_base_of_v<KELRoundRectControlStyle, KELCheckBoxStyle>,
               "a record starts with its base record");
 static_assert(sizeof(KELTextPixmap) == sizeof(QPixmap), "a text pixmap adds no member");

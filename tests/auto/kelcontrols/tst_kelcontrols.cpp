@@ -3,7 +3,12 @@
 
 #include "keltest.h"
 
+#include <kelcheckbox.h>
+#include <kellabel.h>
+#include <kelprocessbar.h>
 #include <kelpushbutton.h>
+#include <kelradiobox.h>
+#include <kelslidecontrol.h>
 
 #include <memory>
 
@@ -29,7 +34,15 @@ KELRoundRectControl *make(bool pixmap, bool glyph, bool caption, bool foreground
     return control;
 }
 
-// One line a class, or a layout of it.
+template <typename Control>
+KELRoundRectControl *makeAtHalf()
+{
+    auto *control = new Control;
+    control->setValue(50);
+    return control;
+}
+
+// One line a class, or a layout of it. A line is not here: its place is not that of its rectangle.
 struct ControlClass
 {
     const char *name;
@@ -38,6 +51,10 @@ struct ControlClass
     // them.
     bool hasPixmap;
     bool isCutToItsShape;
+    // How far beyond its rectangle it paints, in item px: an outline that is not inset, and parts of fixed size
+    // in a control smaller than they are.
+    qreal reachPx = 0;
+    qreal tinyReachPx = 0;
 };
 
 const ControlClass controlClasses[] = {
@@ -59,6 +76,12 @@ const ControlClass controlClasses[] = {
      false, true},
     {"push button, nothing inside", [] { return make<KELPushButton>(false, false, false, false); },
      false, true},
+    {"label, all at once", [] { return make<KELLabel>(true, true, true, true); }, true, false},
+    {"label, caption", [] { return make<KELLabel>(false, false, true, true); }, false, false},
+    {"check box", [] { return make<KELCheckBox>(true, true, true, true); }, false, false, 1, 27},
+    {"radio box", [] { return make<KELRadioBox>(true, true, true, true); }, false, false, 0, 13.5},
+    {"progress bar", makeAtHalf<KELProcessBar>, false, false, 0, 15},
+    {"slide control", makeAtHalf<KELSlideControl>, false, false, 1, 31},
 };
 
 struct State
@@ -159,6 +182,8 @@ private Q_SLOTS:
     void paintsNothingOutsideAtFractions();
     void paintsNothingOutsideWhenTiny_data() { addClassesAndStates(); }
     void paintsNothingOutsideWhenTiny();
+    void partsOfFixedSizeGoOutsideATinyControl_data() { addClassesAndStates(); }
+    void partsOfFixedSizeGoOutsideATinyControl();
     void sceneCutsOffWhatIsOutside_data() { addClassesAndStates(); }
     void sceneCutsOffWhatIsOutside();
     void outlineWiderThanTheControlGoesOutside_data() { addClassesAndStates(); }
@@ -195,7 +220,7 @@ void tst_KELControls::paintsNothingOutside()
     for (const QSizeF &size : {QSizeF(120, 80), QSizeF(60, 50)}) {
         item->setboundRect(QRectF(QPointF(100, 100), size));
         for (const qreal scale : scales) {
-            const qreal slack = thinOutline(*item, scale);
+            const qreal slack = qMax(controlClass().reachPx, thinOutline(*item, scale));
             QCOMPARE(slack > 0 ? changesOutside(item.get(), scale, slack)
                                : KelImage::pixelsOutside(item.get(), scale),
                      QString());
@@ -210,7 +235,8 @@ void tst_KELControls::paintsNothingOutsideAtFractions()
     for (const QRectF &rect : {QRectF(3.5, 7.25, 80, 60), QRectF(-0.3, -0.7, 80.6, 60.4)}) {
         item->setboundRect(rect);
         for (const qreal scale : scales) {
-            const qreal slack = qMax(pixmapSlack, thinOutline(*item, scale));
+            const qreal slack = qMax(qMax(pixmapSlack, controlClass().reachPx),
+                                     thinOutline(*item, scale));
             QCOMPARE(changesOutside(item.get(), scale, slack), QString());
         }
     }
@@ -219,12 +245,29 @@ void tst_KELControls::paintsNothingOutsideAtFractions()
 void tst_KELControls::paintsNothingOutsideWhenTiny()
 {
     const auto item = control();
+    if (controlClass().tinyReachPx > 0)
+        return; // see partsOfFixedSizeGoOutsideATinyControl
     item->style()->borderBrush = QBrush(Qt::NoBrush);
     removePicture(item.get());
     for (const QSizeF &size : {QSizeF(1, 1), QSizeF(3, 200), QSizeF(200, 3), QSizeF(0, 0)}) {
         item->setboundRect(QRectF(QPointF(10, 10), size));
         for (const qreal scale : scales)
             QCOMPARE(KelImage::pixelsOutside(item.get(), scale), QString());
+    }
+}
+
+void tst_KELControls::partsOfFixedSizeGoOutsideATinyControl()
+{
+    const auto item = control();
+    const qreal reach = controlClass().tinyReachPx;
+    if (reach == 0)
+        return;
+    item->setboundRect(10, 10, 1, 1);
+    QVERIFY(!KelImage::pixelsOutside(item.get()).isEmpty());
+    for (const QSizeF &size : {QSizeF(1, 1), QSizeF(3, 200), QSizeF(200, 3), QSizeF(0, 0)}) {
+        item->setboundRect(10, 10, size.width(), size.height());
+        for (const qreal scale : scales)
+            QCOMPARE(changesOutside(item.get(), scale, reach), QString());
     }
 }
 
@@ -262,7 +305,8 @@ void tst_KELControls::outlineWiderThanTheControlGoesOutside()
     for (const QSizeF &size : {QSizeF(1, 1), QSizeF(1, 40), QSizeF(40, 1)}) {
         item->setboundRect(QRectF(QPointF(10, 10), size));
         for (const qreal scale : scales)
-            QCOMPARE(changesOutside(item.get(), scale, 1), QString());
+            QCOMPARE(changesOutside(item.get(), scale, qMax(1.0, controlClass().tinyReachPx)),
+                     QString());
     }
 }
 

@@ -6,14 +6,28 @@
 
 #include "keltest.h"
 
+#include <kelcheckbox.h>
+#include <kellabel.h>
+#include <kelprocessbar.h>
 #include <kelpushbutton.h>
+#include <kelradiobox.h>
+#include <kelslidecontrol.h>
 
 #include <QtCore/QAbstractEventDispatcher>
 #include <QtCore/QPointer>
 
 #include <functional>
 
-enum class Kind { PlainBase, SelectableBase, PushButton };
+enum class Kind {
+    PlainBase,
+    SelectableBase,
+    PushButton,
+    Label,
+    CheckBox,
+    RadioBox,
+    ProgressBar,
+    SlideControl
+};
 enum class Signal { Press, Release, Clicked, SecondPress, DoubleClicked, LongPress, Enter, Leave };
 enum class Way { Delete, DeleteLater, ClearScene, DeleteParent };
 enum class Input { Mouse, Touch };
@@ -29,10 +43,31 @@ inline void hoverOver(const QGraphicsView &view, const QPoint &pos)
     QCoreApplication::sendEvent(view.viewport(), &event);
 }
 
+inline KELRoundRectControl *newControl(Kind kind, QGraphicsObject *parent)
+{
+    switch (kind) {
+    case Kind::PlainBase:
+    case Kind::SelectableBase:
+        break;
+    case Kind::PushButton:
+        return new KELPushButton(parent);
+    case Kind::Label:
+        return new KELLabel(parent);
+    case Kind::CheckBox:
+        return new KELCheckBox(parent);
+    case Kind::RadioBox:
+        return new KELRadioBox(parent);
+    case Kind::ProgressBar:
+        return new KELProcessBar(parent);
+    case Kind::SlideControl:
+        return new KELSlideControl(parent);
+    }
+    return new KELRoundRectControl(parent);
+}
+
 inline KELRoundRectControl *makeControl(Kind kind, QGraphicsObject *parent)
 {
-    KELRoundRectControl *control = kind == Kind::PushButton ? new KELPushButton(parent)
-                                                            : new KELRoundRectControl(parent);
+    KELRoundRectControl *control = newControl(kind, parent);
     control->setAcceptHoverEvents(true);
     control->setAcceptTouchEvents(true);
     if (kind == Kind::SelectableBase)
@@ -169,9 +204,11 @@ struct Named
     int value;
 };
 
-inline const Named kinds[] = {{"plain base", int(Kind::PlainBase)},
-                              {"selectable base", int(Kind::SelectableBase)},
-                              {"push button", int(Kind::PushButton)}};
+inline const Named kinds[] = {
+    {"plain base", int(Kind::PlainBase)},     {"selectable base", int(Kind::SelectableBase)},
+    {"push button", int(Kind::PushButton)},   {"label", int(Kind::Label)},
+    {"check box", int(Kind::CheckBox)},       {"radio box", int(Kind::RadioBox)},
+    {"progress bar", int(Kind::ProgressBar)}, {"slide control", int(Kind::SlideControl)}};
 inline const Named ways[] = {{"delete", int(Way::Delete)},
                              {"deleteLater", int(Way::DeleteLater)},
                              {"scene cleared", int(Way::ClearScene)},

@@ -29,8 +29,12 @@ enum class MenuMoment { Open, AboutToShow, AboutToHide, Triggered };
 
 bool isPossible(Kind kind, Signal signal, Input input)
 {
-    // A base that is not selectable ignores presses and so gets no release.
-    if (kind == Kind::PlainBase && (signal == Signal::Release || signal == Signal::Clicked))
+    // What is not selectable ignores presses and so gets no release.
+    const bool ignoresPresses = kind == Kind::PlainBase || kind == Kind::Label
+        || kind == Kind::ProgressBar;
+    if (ignoresPresses && (signal == Signal::Release || signal == Signal::Clicked))
+        return false;
+    if (kind == Kind::SlideControl && signal == Signal::LongPress)
         return false;
     return input == Input::Mouse || (signal != Signal::Enter && signal != Signal::Leave);
 }

@@ -1,0 +1,215 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "kelcheckbox.h"
+
+#include "kelpainting_p.h"
+#include "kelroundrectcontrol_p.h"
+
+#include <QtGui/QPainter>
+#include <QtWidgets/QGraphicsSceneMouseEvent>
+
+namespace {
+
+constexpr qreal trackHeightPx = 30;
+constexpr qreal maxTrackWidthPx = 80;
+constexpr qreal knobSizePx = 24;
+constexpr qreal knobRightOffsetPx = 27; // from the right end of the track to the knob's left side
+
+// kept: components are not limited; outside 0 to 255 Qt warns and makes the colour invalid
+QColor shifted(const QColor &colour, int rgbShift, int alpha)
+{
+    QColor result;
+    result.setRgb(colour.red() + rgbShift, colour.green() + rgbShift, colour.blue() + rgbShift,
+                  alpha);
+    return result;
+}
+
+QColor faded(const QBrush &brush, int alphaLoss)
+{
+    return shifted(brush.color(), 0, brush.color().alpha() - alphaLoss);
+}
+
+QRectF trackRect(const QRectF &rect)
+{
+    const qreal top = rect.y() + rect.height() * 0.5 - trackHeightPx * 0.5;
+    if (rect.width() > maxTrackWidthPx) {
+        return {rect.x() + (rect.width() - maxTrackWidthPx) * 0.5, top, maxTrackWidthPx,
+                trackHeightPx};
+    }
+    return {rect.x(), top, rect.width(), trackHeightPx};
+}
+
+void drawKnob(QPainter *painter, const KELCheckBoxStyle &option, const QRectF &knob)
+{
+    if (option.indicatorBrush.style() == Qt::NoBrush)
+        return;
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(option.indicatorBrush);
+    KELPainting::drawRounded(painter, knob, option.xRadius, option.yRadius);
+}
+
+void drawSwitch(QPainter *painter, const KELCheckBoxStyle &option)
+{
+    const QRectF track = trackRect(option.boundRect);
+    // kept: without brush or outline the track is drawn with the painter's own brush and pen
+    if (option.backgroundBrush.style() != Qt::NoBrush)
+        painter->setBrush(option.backgroundBrush);
+    if (option.borderBrush.style() != Qt::NoBrush && option.borderWidth > 0)
+        painter->setPen(KELPainting::outlinePen(option.borderBrush, option.borderWidth));
+    KELPainting::drawRounded(painter, track, option.xRadius, option.yRadius);
+
+    const auto inset = qreal(3 * (option.borderWidth * 0.5F));
+    // kept: the margin on the left follows the outline, the one on the right does not
+    const qreal left = option.isCheck ? track.x() + track.width() - knobRightOffsetPx
+                                      : track.x() + inset;
+    drawKnob(painter, option, {left, track.y() + inset, knobSizePx, knobSizePx});
+}
+
+void drawBar(QPainter *painter, const KELCheckBoxStyle &option)
+{
+    const QRectF &rect = option.boundRect;
+    const float half = option.borderWidth * 0.5F;
+    if (option.backgroundBrush.style() != Qt::NoBrush) {
+        const auto radius = qreal(3 * half);
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(option.backgroundBrush);
+        KELPainting::drawRounded(painter,
+                                 {rect.x() + 2, rect.y() + rect.height() * 0.5 - radius,
+                                  rect.width() - 4, qreal(6 * half)},
+                                 radius, radius);
+    }
+    const auto inset = qreal(half);
+    const qreal left = option.isCheck ? rect.x() + rect.width() - rect.height() + inset
+                                      : rect.x() + inset;
+    const qreal size = rect.height() - 2 * inset;
+    drawKnob(painter, option, {left, rect.y() + inset, size, size});
+}
+
+} // namespace
+
+class KELCheckBoxPrivate
+{
+public:
+    int layoutMode = 0;
+    bool hasCheckBoxStyle = false; // from the end of the first initStyle() on
+};
+
+KELCheckBox::KELCheckBox(QGraphicsObject *parent) :
+    KELRoundRectControl(parent), d(new KELCheckBoxPrivate)
+{
+    m_style = KELCheckBox::initStyle();
+    setAcceptHoverEvents(true);
+    setAcceptTouchEvents(true);
+    setFlag(ItemIsSelectable, true);
+    setAcceptedMouseButtons(Qt::LeftButton);
+}
+
+KELCheckBox::~KELCheckBox()
+{
+    // The base deletes the record as its own type, which does not destroy this field.
+    static_cast<KELCheckBoxStyle *>(m_style)->indicatorBrush = QBrush();
+    delete d;
+}
+
+void KELCheckBox::initStyleOption(KELCheckBoxStyle *option,
+                                  const QStyleOptionGraphicsItem * /*styleOption*/) const
+{
+    const auto &own = *static_cast<const KELCheckBoxStyle *>(m_style);
+    const bool enabled = isEnabled();
+    option->boundRect = boundingRect();
+    option->font = own.font;
+    option->xRadius = own.xRadius;
+    option->yRadius = own.yRadius;
+    option->trimText = own.trimText;
+    option->margins = own.margins;
+    option->isCheck = own.isCheck;
+    // These fields have no initialiser: written always, so that no picture depends on chance.
+    option->borderWidth = 0;
+    option->textFlags = 0;
+    option->contextMenu = nullptr;
+    option->iconSize = 0;
+
+    if (own.indicatorBrush.style() != Qt::NoBrush) {
+        // kept: a disabled knob takes its colour from the track
+        option->indicatorBrush = enabled ? own.indicatorBrush
+                                         : shifted(own.backgroundBrush.color(), -70, 150);
+    }
+    if (own.backgroundBrush.style() != Qt::NoBrush) {
+        const QColor knob = option->indicatorBrush.color();
+        if (own.isCheck)
+            option->backgroundBrush = shifted(knob, 70, knob.alpha() - 70);
+        else
+            option->backgroundBrush = enabled ? own.backgroundBrush
+                                              : faded(own.backgroundBrush, 170);
+    }
+    if (own.borderBrush.style() != Qt::NoBrush && own.borderWidth > 0) {
+        option->borderBrush = enabled ? own.borderBrush : faded(own.borderBrush, 130);
+        option->borderWidth = own.borderWidth;
+    }
+    if (own.foregroundBrush.style() != Qt::NoBrush) {
+        option->foregroundBrush = own.foregroundBrush;
+        if (!own.text.isEmpty()) {
+            option->textFlags = own.textFlags;
+            option->text = own.text;
+        }
+    }
+}
+
+void KELCheckBox::paint(QPainter *painter, const QStyleOptionGraphicsItem *styleOption,
+                        QWidget * /*widget*/)
+{
+    KELCheckBoxStyle option = KELCheckBoxStyle();
+    initStyleOption(&option, styleOption);
+    if (!KELPainting::isPaintable(option.boundRect))
+        return;
+    painter->setRenderHint(QPainter::Antialiasing, true);
+    if (d->layoutMode == 0)
+        drawSwitch(painter, option);
+    else
+        drawBar(painter, option);
+}
+
+void KELCheckBox::mousePressEvent(QGraphicsSceneMouseEvent *event)
+{
+    const KELPressScope scope(this, event);
+    KELRoundRectControl::mousePressEvent(event);
+    if (scope.isForControl() && event->button() == Qt::LeftButton)
+        setCheck(!isCheck());
+}
+
+void KELCheckBox::setLayoutMode(int mode)
+{
+    d->layoutMode = mode;
+}
+
+void KELCheckBox::onCheckedEvent(bool /*check*/)
+{
+    const QPointer<KELCheckBox> alive(this);
+    // kept: the stored state is reported, not the argument
+    if (isCheck())
+        Q_EMIT checked();
+    else
+        Q_EMIT unchecked();
+    if (alive)
+        Q_EMIT checkChanged();
+}
+
+KELRoundRectControlStyle *KELCheckBox::initStyle()
+{
+    auto *checkBoxStyle = new KELCheckBoxStyle();
+    m_style->copy(checkBoxStyle);
+    if (d->hasCheckBoxStyle)
+        delete static_cast<KELCheckBoxStyle *>(m_style);
+    else
+        delete m_style;
+    m_style = checkBoxStyle;
+    d->hasCheckBoxStyle = true;
+    checkBoxStyle->backgroundBrush = QColor(200, 200, 200);
+    checkBoxStyle->borderWidth = 2.0F;
+    checkBoxStyle->indicatorBrush = QColor(0, 123, 185);
+    checkBoxStyle->borderBrush = QColor(Qt::white);
+    checkBoxStyle->xRadius = 15.0;
+    checkBoxStyle->yRadius = 15.0;
+    return checkBoxStyle;
+}
