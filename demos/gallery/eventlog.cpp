@@ -3,7 +3,10 @@
 
 #include "eventlog.h"
 
-#include <KELRoundRectControl>
+#include <KELCheckBox>
+#include <KELProcessBar>
+#include <KELRadioBox>
+#include <KELSlideControl>
 #include <QtCore/QFileDevice>
 #include <QtCore/QPointF>
 
@@ -59,6 +62,46 @@ void EventLog::watch(KELRoundRectControl *control, const QString &name)
     plain(&KELRoundRectControl::mouseLongPress, "mouseLongPress");
     plain(&KELRoundRectControl::mouseEnter, "mouseEnter");
     plain(&KELRoundRectControl::mouseLeave, "mouseLeave");
+}
+
+void EventLog::watch(KELCheckBox *box, const QString &name)
+{
+    watchChecks(box, name);
+}
+
+void EventLog::watch(KELRadioBox *box, const QString &name)
+{
+    watchChecks(box, name);
+}
+
+void EventLog::watch(KELProcessBar *bar, const QString &name)
+{
+    watch(static_cast<KELRoundRectControl *>(bar), name);
+    connect(bar, &KELProcessBar::valueChanged, this,
+            [=] { add(name, QStringLiteral("valueChanged %1").arg(bar->value())); });
+    connect(bar, &KELProcessBar::completed, this, [=] { add(name, QStringLiteral("completed")); });
+}
+
+void EventLog::watch(KELSlideControl *slider, const QString &name)
+{
+    watch(static_cast<KELRoundRectControl *>(slider), name);
+    connect(slider, &KELSlideControl::valueChanged, this,
+            [=] { add(name, QStringLiteral("valueChanged %1").arg(double(slider->value()))); });
+}
+
+void EventLog::watch(KELRadioBoxGroup *group, const QString &name)
+{
+    connect(group, &KELRadioBoxGroup::idChanged, this,
+            [=] { add(name, QStringLiteral("idChanged %1").arg(group->id())); });
+}
+
+template <typename Box>
+void EventLog::watchChecks(Box *box, const QString &name)
+{
+    watch(static_cast<KELRoundRectControl *>(box), name);
+    connect(box, &Box::checked, this, [=] { add(name, QStringLiteral("checked")); });
+    connect(box, &Box::unchecked, this, [=] { add(name, QStringLiteral("unchecked")); });
+    connect(box, &Box::checkChanged, this, [=] { add(name, QStringLiteral("checkChanged")); });
 }
 
 QStringList EventLog::tail(int count) const

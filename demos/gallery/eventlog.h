@@ -11,7 +11,12 @@
 QT_BEGIN_NAMESPACE
 class QIODevice;
 QT_END_NAMESPACE
+class KELCheckBox;
+class KELProcessBar;
+class KELRadioBox;
+class KELRadioBoxGroup;
 class KELRoundRectControl;
+class KELSlideControl;
 
 // Remembers the last signals and writes each one to a file as it fires.
 class EventLog : public QObject
@@ -28,6 +33,13 @@ public:
     // Adds a line for each of the seven signals of control.
     void watch(KELRoundRectControl *control, const QString &name);
 
+    // The same, and one for each signal of its own, with the new value where there is one.
+    void watch(KELCheckBox *box, const QString &name);
+    void watch(KELRadioBox *box, const QString &name);
+    void watch(KELProcessBar *bar, const QString &name);
+    void watch(KELSlideControl *slider, const QString &name);
+    void watch(KELRadioBoxGroup *group, const QString &name);
+
     // The newest lines, oldest first, at most count of them.
     QStringList tail(int count) const;
 
@@ -36,6 +48,9 @@ Q_SIGNALS:
 
 private:
     Q_DISABLE_COPY(EventLog)
+
+    template <typename Box>
+    void watchChecks(Box *box, const QString &name);
 
     QIODevice *const m_file;
     QElapsedTimer m_clock;

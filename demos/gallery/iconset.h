@@ -43,14 +43,20 @@ namespace Icon {
 constexpr ushort star = 0xf005;
 constexpr ushort home = 0xf015;
 constexpr ushort flag = 0xf024;
+constexpr ushort tag = 0xf02b;
 constexpr ushort font = 0xf031;
 constexpr ushort left = 0xf053;
 constexpr ushort right = 0xf054;
+constexpr ushort minus = 0xf068;
 constexpr ushort up = 0xf077;
 constexpr ushort down = 0xf078;
 constexpr ushort bell = 0xf0f3;
 constexpr ushort pointer = 0xf0a6;
 constexpr ushort squareOutline = 0xf096;
+constexpr ushort tasks = 0xf0ae;
+constexpr ushort dotInCircle = 0xf192;
+constexpr ushort sliders = 0xf1de;
+constexpr ushort toggle = 0xf205;
 constexpr ushort window = 0xf2d0;
 } // namespace Icon
 

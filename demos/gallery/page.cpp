@@ -12,6 +12,7 @@ constexpr qreal titleHeightPx = 26;
 constexpr qreal aboutHeightPx = 18;
 constexpr qreal bodyTopPx = 64;
 constexpr qreal bodyBottomPx = 12;
+constexpr qreal uprightFromPx = 480;
 
 } // namespace
 
@@ -41,7 +42,15 @@ QRectF Page::body() const
             qMax(0.0, rect().height() - bodyTopPx - bodyBottomPx)};
 }
 
-int &Page::remembered(const QString &key) const
+bool Page::isUpright() const
 {
-    return (*host.memory)[m_title + QLatin1Char('/') + key];
+    return body().height() >= uprightFromPx;
+}
+
+int &Page::remembered(const QString &key, int initial) const
+{
+    const QString fullKey = m_title + QLatin1Char('/') + key;
+    if (!host.memory->contains(fullKey))
+        host.memory->insert(fullKey, initial);
+    return (*host.memory)[fullKey];
 }

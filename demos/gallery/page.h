@@ -40,8 +40,11 @@ protected:
     // The room below the title, relative to the page.
     QRectF body() const;
 
-    // A number kept under key for the next time this page is made.
-    int &remembered(const QString &key) const;
+    // Whether that is high enough to stack what is side by side otherwise.
+    bool isUpright() const;
+
+    // A number kept under key for the next time this page is made; initial the first time.
+    int &remembered(const QString &key, int initial = 0) const;
 
     const PageHost host;
 

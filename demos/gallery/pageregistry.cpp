@@ -4,10 +4,16 @@
 #include "pageregistry.h"
 
 #include "iconset.h"
+#include "pages/checkboxpage.h"
 #include "pages/contentviewpage.h"
 #include "pages/iconfontpage.h"
+#include "pages/labelpage.h"
+#include "pages/lineitempage.h"
+#include "pages/progressbarpage.h"
 #include "pages/pushbuttonpage.h"
+#include "pages/radioboxpage.h"
 #include "pages/roundrectpage.h"
+#include "pages/slidecontrolpage.h"
 #include "pages/textpixmappage.h"
 
 namespace {
@@ -25,6 +31,12 @@ const std::vector<PageEntry> &galleryPages()
     static const std::vector<PageEntry> pages = {
         {"round-rect", "Round rect", Icon::squareOutline, create<RoundRectPage>},
         {"push-button", "Push button", Icon::pointer, create<PushButtonPage>},
+        {"label", "Label", Icon::tag, create<LabelPage>},
+        {"line-item", "Line item", Icon::minus, create<LineItemPage>},
+        {"check-box", "Check box", Icon::toggle, create<CheckBoxPage>},
+        {"radio-box", "Radio box", Icon::dotInCircle, create<RadioBoxPage>},
+        {"progress-bar", "Progress bar", Icon::tasks, create<ProgressBarPage>},
+        {"slide-control", "Slide control", Icon::sliders, create<SlideControlPage>},
         {"icon-font", "Icon font", Icon::flag, create<IconFontPage>},
         {"content-view", "Content view", Icon::window, create<ContentViewPage>},
         {"text-pixmap", "Text pixmap", Icon::font, create<TextPixmapPage>},

@@ -54,6 +54,28 @@ KELRoundRectControl *Parts::addCard(QGraphicsObject *parent, const QRectF &rect)
     return card;
 }
 
+KELRoundRectControl *Parts::addPanel(QGraphicsObject *parent, const QRectF &rect)
+{
+    const QPointF corner = parent->boundingRect().topLeft();
+    KELRoundRectControl *panel = addCard(parent, {-corner, rect.size()});
+    panel->setPos(corner + rect.topLeft());
+    return panel;
+}
+
+KELRoundRectControl *Parts::addDarkPanel(QGraphicsObject *parent, const QRectF &rect)
+{
+    KELRoundRectControl *panel = addPanel(parent, rect);
+    panel->style()->backgroundBrush = QColor(Theme::bar);
+    panel->style()->borderBrush = QBrush(Qt::NoBrush);
+    return panel;
+}
+
+KELRoundRectControl *Parts::addNote(QGraphicsObject *parent, const QRectF &rect,
+                                    const QString &text, QRgb colour, int flags)
+{
+    return addLabel(parent, rect, text, Theme::font(Theme::smallPx), colour, flags);
+}
+
 KELPushButton *Parts::addButton(QGraphicsObject *parent, const QRectF &rect, const QString &text)
 {
     auto *button = new KELPushButton(parent);

@@ -21,6 +21,17 @@ KELRoundRectControl *addLabel(QGraphicsObject *parent, const QRectF &rect, const
 // A white box with a thin outline; the pointer goes through it.
 KELRoundRectControl *addCard(QGraphicsObject *parent, const QRectF &rect);
 
+// The same with a rectangle of its own that begins at (0, 0): line items, radio boxes and sliders need such
+// a parent.
+KELRoundRectControl *addPanel(QGraphicsObject *parent, const QRectF &rect);
+
+// The same in dark, for what is white by default.
+KELRoundRectControl *addDarkPanel(QGraphicsObject *parent, const QRectF &rect);
+
+// A few words about a sample, in small print.
+KELRoundRectControl *addNote(QGraphicsObject *parent, const QRectF &rect, const QString &text,
+                             QRgb colour = Theme::muted, int flags = Qt::AlignCenter);
+
 KELPushButton *addButton(QGraphicsObject *parent, const QRectF &rect, const QString &text);
 
 // Gives a button the gallery's look in all its states.

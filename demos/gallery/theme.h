@@ -35,6 +35,8 @@ constexpr qreal pageMargin = 16;
 constexpr qreal touch = 48; // the smallest button
 constexpr qreal radius = 8;
 
+constexpr qreal notePx = 20; // the height of a line in small print
+
 constexpr int smallPx = 13;
 constexpr int bodyPx = 15;
 constexpr int titlePx = 20;

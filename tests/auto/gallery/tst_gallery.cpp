@@ -8,9 +8,11 @@
 
 namespace {
 
-const QStringList pageNames = {QStringLiteral("round-rect"), QStringLiteral("push-button"),
-                               QStringLiteral("icon-font"), QStringLiteral("content-view"),
-                               QStringLiteral("text-pixmap")};
+const QStringList pageNames = {
+    QStringLiteral("round-rect"),   QStringLiteral("push-button"),   QStringLiteral("label"),
+    QStringLiteral("line-item"),    QStringLiteral("check-box"),     QStringLiteral("radio-box"),
+    QStringLiteral("progress-bar"), QStringLiteral("slide-control"), QStringLiteral("icon-font"),
+    QStringLiteral("content-view"), QStringLiteral("text-pixmap")};
 
 QByteArray contentOf(const QString &path)
 {
@@ -243,6 +245,7 @@ void tst_Gallery::screenshotHasTheAskedSize_data()
     QTest::newRow("the default") << QString() << QSize(800, 480);
     QTest::newRow("wide") << "1024x600" << QSize(1024, 600);
     QTest::newRow("upright") << "480x800" << QSize(480, 800);
+    QTest::newRow("small") << "640x480" << QSize(640, 480);
     QTest::newRow("square") << "480x480" << QSize(480, 480);
     QTest::newRow("smallest") << "100x100" << QSize(100, 100);
     QTest::newRow("as a banner") << "8192x100" << QSize(8192, 100);

@@ -6,6 +6,8 @@
 
 #include <QtCore/QTemporaryDir>
 
+#include <algorithm>
+#include <cmath>
 #include <memory>
 
 namespace {
@@ -13,7 +15,38 @@ namespace {
 constexpr int patienceMs = 20000;
 constexpr int holdMs = 600; // the long press comes after 500
 
+constexpr int dragSteps = 16;
+
 const char *const title = "KELGdiControl Gallery";
+
+// The values that control reported, in order.
+QVector<double> valuesOf(const QStringList &log, const QString &control)
+{
+    const QString start = control + ": valueChanged ";
+    QVector<double> values;
+    for (const QString &line : log) {
+        if (line.startsWith(start))
+            values.append(line.midRef(start.size()).toDouble());
+    }
+    return values;
+}
+
+// Whether each value of the slider is followed at once by its whole number from the bar, unless the bar is
+// there already.
+bool barFollowsSlider(const QStringList &log, int barValue)
+{
+    for (int i = 0; i < log.size(); ++i) {
+        const QVector<double> slider = valuesOf(log.mid(i, 1), "Slider");
+        if (slider.isEmpty())
+            continue;
+        const QVector<double> bar = valuesOf(log.mid(i + 1, 1), "Bar");
+        if (!bar.isEmpty())
+            barValue = int(bar.first());
+        if (qAbs(slider.first() - barValue) > 0.501) // the log has six digits
+            return false;
+    }
+    return true;
+}
 
 } // namespace
 
@@ -37,6 +70,22 @@ private Q_SLOTS:
     void embeddedViewTakesThePointer();
     void logGoesToStandardOutput();
 
+    void sliderDragTakesTheBarAlong_data();
+    void sliderDragTakesTheBarAlong();
+    void buttonsSetTheBarAndTheBarTheSlider();
+    void sliderWithStepStopsAtWholeSteps();
+    void sliderReachesBoundsOtherThanZero();
+    void disabledSliderStays();
+    void radioBoxTapMovesTheSelection();
+    void selectedRadioBoxIgnoresTheTap();
+    void radioBoxCaptionSelects();
+    void radioBoxIsSelectedByProgram();
+    void radioBoxInNoGroupToggles();
+    void checkBoxTapToggles_data();
+    void checkBoxTapToggles();
+    void labelsReportWhatTheyGet();
+    void entryBetweenLinesIsTapped();
+
 private:
     QString logPath() const;
     bool xdotool(const QStringList &arguments);
@@ -49,6 +98,10 @@ private:
     QStringList lines() const;
     // The same without time and positions, and without those about hovering.
     QStringList gestures() const;
+    // The same without those about the pointer.
+    QStringList changes() const;
+    // Taps the middle of a control.
+    bool tap(const QString &page, const QString &name);
 
     QTemporaryDir m_directory;
     QProcessEnvironment m_headless;
@@ -233,6 +286,253 @@ void tst_GalleryPointer::logGoesToStandardOutput()
     quit();
 }
 
+void tst_GalleryPointer::sliderDragTakesTheBarAlong_data()
+{
+    QTest::addColumn<QString>("page");
+    QTest::newRow("on the slider's page") << "slide-control";
+    QTest::newRow("on the progress bar's page") << "progress-bar";
+}
+
+void tst_GalleryPointer::sliderDragTakesTheBarAlong()
+{
+    QFETCH(QString, page);
+    startGallery(page, logPath());
+    QVERIFY(tap(page, "set-0"));
+    QTRY_COMPARE_WITH_TIMEOUT(
+        changes(), QStringList({"Bar: valueChanged 0", "Slider: valueChanged 0"}), patienceMs);
+    // With the knob at the left end the press takes hold of it.
+    const QRect slider = geometryOf(page, "slider");
+    const QPoint left(slider.left() + 15, slider.center().y());
+    const QPoint right(left.x() + slider.width() - 30, left.y());
+    QVERIFY(moveTo(left) && xdotool({"mousedown", "1"}));
+    // One value a move: neither sends the other round in circles.
+    const auto values = [this] { return valuesOf(changes(), "Slider"); };
+    for (int i = 1; i <= 2 * dragSteps; ++i) {
+        const int place = i <= dragSteps ? i : 2 * dragSteps - i;
+        QVERIFY(moveTo(left + (right - left) * place / dragSteps));
+        QTRY_COMPARE_WITH_TIMEOUT(values().size(), 1 + i, patienceMs);
+    }
+    QVERIFY(xdotool({"mouseup", "1"}));
+    QTRY_COMPARE_WITH_TIMEOUT(gestures().last(), "Slider: mouseRelease", patienceMs);
+    quit();
+
+    const QVector<double> all = values();
+    const QVector<double> forth = all.mid(0, dragSteps + 1);
+    const QVector<double> back = all.mid(dragSteps);
+    QVERIFY(std::is_sorted(forth.cbegin(), forth.cend()));
+    QVERIFY(std::is_sorted(back.crbegin(), back.crend()));
+    QCOMPARE(forth.first(), 0.0);
+    QCOMPARE(forth.last(), 100.0);
+    QCOMPARE(back.last(), 0.0);
+    QVERIFY(barFollowsSlider(changes().mid(2), 0));
+    QCOMPARE(changes().count("Bar: completed"), 1);
+}
+
+void tst_GalleryPointer::buttonsSetTheBarAndTheBarTheSlider()
+{
+    startGallery("progress-bar", logPath());
+    QVERIFY(tap("progress-bar", "set-50"));
+    QStringList expected{"Set 50: mousePress", "Set 50: mouseRelease", "Set 50: mouseClicked",
+                         "Bar: valueChanged 50", "Slider: valueChanged 50"};
+    QTRY_COMPARE_WITH_TIMEOUT(gestures(), expected, patienceMs);
+    QVERIFY(tap("progress-bar", "set-100"));
+    expected += QStringList{"Set 100: mousePress",      "Set 100: mouseRelease",
+                            "Set 100: mouseClicked",    "Bar: valueChanged 100",
+                            "Slider: valueChanged 100", "Bar: completed"};
+    QTRY_COMPARE_WITH_TIMEOUT(gestures(), expected, patienceMs);
+    QVERIFY(tap("progress-bar", "set-0"));
+    expected += QStringList{"Set 0: mousePress", "Set 0: mouseRelease", "Set 0: mouseClicked",
+                            "Bar: valueChanged 0", "Slider: valueChanged 0"};
+    QTRY_COMPARE_WITH_TIMEOUT(gestures(), expected, patienceMs);
+    quit();
+    QCOMPARE(gestures(), expected);
+}
+
+void tst_GalleryPointer::sliderWithStepStopsAtWholeSteps()
+{
+    startGallery("slide-control", logPath());
+    const QRect slider = geometryOf("slide-control", "step-slider");
+    const int y = slider.center().y();
+    QVERIFY(tap({slider.left() + 2, y}));
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), QStringList{"Step 10: valueChanged 0"}, patienceMs);
+    QVERIFY(moveTo({slider.left() + 15, y}) && xdotool({"mousedown", "1"}));
+    for (int x = slider.left() + 15; x <= slider.right(); x += 4)
+        QVERIFY(moveTo({x, y}));
+    QTRY_COMPARE_WITH_TIMEOUT(changes().last(), "Step 10: valueChanged 100", patienceMs);
+    QVERIFY(xdotool({"mouseup", "1"}));
+    quit();
+    const QVector<double> values = valuesOf(changes(), "Step 10");
+    for (const double value : values)
+        QCOMPARE(std::fmod(value, 10), 0.0);
+    QVERIFY(std::is_sorted(values.cbegin(), values.cend()));
+    QVERIFY(values.size() > 5 && values.size() <= 11);
+}
+
+void tst_GalleryPointer::sliderReachesBoundsOtherThanZero()
+{
+    startGallery("slide-control", logPath());
+    const QRect slider = geometryOf("slide-control", "offset-slider");
+    const int y = slider.center().y();
+    // At 45 from 20 to 120 the knob begins at a quarter of the travel: there the press moves nothing.
+    const QPoint knob(slider.left() + 15 + (slider.width() - 30) / 4, y);
+    QVERIFY(tap(knob));
+    QTRY_COMPARE_WITH_TIMEOUT(gestures(),
+                              QStringList({"20 to 120: mousePress", "20 to 120: mouseRelease",
+                                           "20 to 120: mouseClicked"}),
+                              patienceMs);
+    QVERIFY(tap({slider.left(), y}));
+    QTRY_COMPARE_WITH_TIMEOUT(changes().size(), 1, patienceMs);
+    QVERIFY(tap({slider.right() - 2, y}));
+    QTRY_COMPARE_WITH_TIMEOUT(changes().size(), 2, patienceMs);
+    quit();
+    QCOMPARE(changes(), QStringList({"20 to 120: valueChanged 20", "20 to 120: valueChanged 120"}));
+}
+
+void tst_GalleryPointer::disabledSliderStays()
+{
+    startGallery("slide-control", logPath());
+    const QRect slider = geometryOf("slide-control", "disabled-slider");
+    QVERIFY(tap({slider.left() + 2, slider.center().y()}));
+    QVERIFY(tap("slide-control", "set-50"));
+    QTRY_COMPARE_WITH_TIMEOUT(gestures().size(), 5, patienceMs);
+    quit();
+    QCOMPARE(gestures().filter("Disabled"), QStringList());
+}
+
+void tst_GalleryPointer::radioBoxTapMovesTheSelection()
+{
+    startGallery("radio-box", logPath());
+    QVERIFY(tap("radio-box", "radio-2"));
+    QStringList expected{"Fast: mousePress",   "Fast: checked",      "Slow: unchecked",
+                         "Slow: checkChanged", "Group: idChanged 2", "Fast: checkChanged"};
+    QTRY_COMPARE_WITH_TIMEOUT(gestures(), expected, patienceMs);
+    QVERIFY(tap("radio-box", "radio-0"));
+    expected += QStringList{"Slow: mousePress",   "Slow: checked",      "Fast: unchecked",
+                            "Fast: checkChanged", "Group: idChanged 0", "Slow: checkChanged"};
+    QTRY_COMPARE_WITH_TIMEOUT(gestures(), expected, patienceMs);
+    quit();
+    QCOMPARE(gestures(), expected);
+}
+
+void tst_GalleryPointer::selectedRadioBoxIgnoresTheTap()
+{
+    startGallery("radio-box", logPath());
+    QVERIFY(tap("radio-box", "radio-0"));
+    QVERIFY(tap("radio-box", "radio-1"));
+    QTRY_COMPARE_WITH_TIMEOUT(gestures().size(), 6, patienceMs);
+    const QStringList before = gestures();
+    QCOMPARE(before.first(), "Normal: mousePress");
+    QVERIFY(tap("radio-box", "radio-1"));
+    // What the log says next is about the tap after that.
+    QVERIFY(tap("radio-box", "select-1"));
+    const QStringList after{"Select 1: mousePress", "Select 1: mouseRelease",
+                            "Select 1: mouseClicked"};
+    QTRY_COMPARE_WITH_TIMEOUT(gestures(), before + after, patienceMs);
+    quit();
+    QCOMPARE(gestures(), before + after);
+}
+
+void tst_GalleryPointer::radioBoxCaptionSelects()
+{
+    startGallery("radio-box", logPath());
+    QVERIFY(tap("radio-box", "caption-3"));
+    const QStringList expected{"Slow: unchecked", "Slow: checkChanged", "Turbo: checked",
+                               "Turbo: checkChanged", "Group: idChanged 3"};
+    QTRY_COMPARE_WITH_TIMEOUT(gestures(), expected, patienceMs);
+    quit();
+}
+
+void tst_GalleryPointer::radioBoxIsSelectedByProgram()
+{
+    startGallery("radio-box", logPath());
+    QVERIFY(tap("radio-box", "select-3"));
+    const QStringList expected{"Slow: unchecked", "Slow: checkChanged", "Turbo: checked",
+                               "Turbo: checkChanged", "Group: idChanged 3"};
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    quit();
+}
+
+void tst_GalleryPointer::radioBoxInNoGroupToggles()
+{
+    startGallery("radio-box", logPath());
+    QVERIFY(tap("radio-box", "radio-alone"));
+    QStringList expected{"In no group: mousePress", "In no group: unchecked",
+                         "In no group: checkChanged", "In no group: mouseRelease",
+                         "In no group: mouseClicked"};
+    QTRY_COMPARE_WITH_TIMEOUT(gestures(), expected, patienceMs);
+    QVERIFY(tap("radio-box", "radio-alone"));
+    QTRY_COMPARE_WITH_TIMEOUT(changes().mid(2),
+                              QStringList({"In no group: checked", "In no group: checkChanged"}),
+                              patienceMs);
+    quit();
+}
+
+void tst_GalleryPointer::checkBoxTapToggles_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("logged");
+    QTest::addColumn<bool>("isOn");
+    QTest::newRow("narrow, off") << "switch-48"
+                                 << "Switch 48 px" << false;
+    QTest::newRow("narrow, on") << "switch-64"
+                                << "Switch 64 px" << true;
+    QTest::newRow("wider than its track, on") << "switch-160"
+                                              << "Switch 160 px" << true;
+}
+
+void tst_GalleryPointer::checkBoxTapToggles()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, logged);
+    QFETCH(bool, isOn);
+    const QString first = logged + (isOn ? ": unchecked" : ": checked");
+    const QString second = logged + (isOn ? ": checked" : ": unchecked");
+    startGallery("check-box", logPath());
+    QVERIFY(tap("check-box", name));
+    QTRY_COMPARE_WITH_TIMEOUT(
+        gestures(),
+        QStringList({logged + ": mousePress", first, logged + ": checkChanged",
+                     logged + ": mouseRelease", logged + ": mouseClicked"}),
+        patienceMs);
+    QVERIFY(tap("check-box", name));
+    QTRY_COMPARE_WITH_TIMEOUT(
+        changes(),
+        QStringList({first, logged + ": checkChanged", second, logged + ": checkChanged"}),
+        patienceMs);
+    quit();
+    QCOMPARE(changes().size(), 4);
+}
+
+void tst_GalleryPointer::labelsReportWhatTheyGet()
+{
+    startGallery("label", logPath());
+    // It ignores the press: the release goes elsewhere, the long press comes all the same.
+    QVERIFY(tap("label", "plain-label"));
+    QStringList expected{"Plain label: mousePress", "Plain label: mouseLongPress"};
+    QTRY_COMPARE_WITH_TIMEOUT(gestures(), expected, patienceMs);
+    QVERIFY(tap("label", "selectable-label"));
+    expected += QStringList{"Selectable: mousePress", "Selectable: mouseRelease",
+                            "Selectable: mouseClicked"};
+    QTRY_COMPARE_WITH_TIMEOUT(gestures(), expected, patienceMs);
+    // A label lies over it.
+    QVERIFY(tap("label", "button-below"));
+    expected += QStringList{"Button below: mousePress", "Button below: mouseRelease",
+                            "Button below: mouseClicked"};
+    QTRY_COMPARE_WITH_TIMEOUT(gestures(), expected, patienceMs);
+    quit();
+    QCOMPARE(gestures(), expected);
+}
+
+void tst_GalleryPointer::entryBetweenLinesIsTapped()
+{
+    startGallery("line-item", logPath());
+    QVERIFY(tap("line-item", "entry-1"));
+    QTRY_COMPARE_WITH_TIMEOUT(
+        gestures(), QStringList({"Copy: mousePress", "Copy: mouseRelease", "Copy: mouseClicked"}),
+        patienceMs);
+    quit();
+}
+
 QString tst_GalleryPointer::logPath() const
 {
     return m_directory.filePath("gallery.log");
@@ -287,6 +587,12 @@ bool tst_GalleryPointer::tap(const QPoint &pos)
     return moveTo(pos) && xdotool({"click", "1"});
 }
 
+bool tst_GalleryPointer::tap(const QString &page, const QString &name)
+{
+    const QRect rect = geometryOf(page, name);
+    return !rect.isNull() && tap(rect.center());
+}
+
 void tst_GalleryPointer::quit()
 {
     QVERIFY(xdotool({"key", "ctrl+q"}));
@@ -312,6 +618,17 @@ QStringList tst_GalleryPointer::gestures() const
         line.remove(QRegularExpression("\\A[0-9.]+ "))
             .remove(QRegularExpression(" \\([-0-9, ]+\\)\\z"));
         if (!line.endsWith("mouseEnter") && !line.endsWith("mouseLeave"))
+            found.append(line);
+    }
+    return found;
+}
+
+QStringList tst_GalleryPointer::changes() const
+{
+    QStringList found;
+    const QStringList all = gestures();
+    for (const QString &line : all) {
+        if (!line.contains(": mouse"))
             found.append(line);
     }
     return found;

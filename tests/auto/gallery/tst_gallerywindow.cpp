@@ -8,7 +8,11 @@
 #include "pageregistry.h"
 #include "window.h"
 
+#include <KELCheckBox>
+#include <KELProcessBar>
 #include <KELPushButton>
+#include <KELRadioBox>
+#include <KELSlideControl>
 #include <QtCore/QBuffer>
 
 namespace {
@@ -64,6 +68,15 @@ private Q_SLOTS:
     void everyPageCanBeLeftAndEntered();
     void resizingLaysOutAgain();
     void resizingKeepsWhatAPageRemembers();
+    void buildingAPageLogsNothing();
+    void switchesKeepTheirState();
+    void radioBoxesKeepTheirState();
+    void slidersKeepTheirValue();
+    void sliderAndBarKeepTheirValueAcrossPages();
+    void buttonsDriveBarAndSlider_data();
+    void buttonsDriveBarAndSlider();
+    void barFollowsEveryValueOfTheSlider();
+    void sliderFollowsEveryValueOfTheBar();
     void embeddedViewFollowsTheWindow();
     void liveButtonsAreLargeEnough_data();
     void liveButtonsAreLargeEnough();
@@ -157,6 +170,138 @@ void tst_GalleryWindow::resizingKeepsWhatAPageRemembers()
     QVERIFY(find<KELPushButton>(window, "check-me")->isCheck());
 }
 
+void tst_GalleryWindow::buildingAPageLogsNothing()
+{
+    QBuffer file;
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    EventLog log(&file);
+    Window window(QSize(800, 480), &log, &m_icons, galleryPageIndex("radio-box"));
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QCOMPARE(file.data(), QByteArray());
+    tap(&window, "radio-2");
+    window.showPage(galleryPageIndex("slide-control"));
+    tap(&window, "set-50");
+    const QStringList before = gestures(file.data());
+    QVERIFY(before.contains("Group: idChanged 2") && before.contains("Bar: valueChanged 50"));
+    for (int page = 0; page < int(galleryPages().size()); ++page)
+        window.showPage(page);
+    window.resize(480, 800);
+    QCoreApplication::processEvents();
+    QCOMPARE(gestures(file.data()), before);
+}
+
+void tst_GalleryWindow::switchesKeepTheirState()
+{
+    EventLog log(nullptr);
+    Window window(QSize(800, 480), &log, &m_icons, galleryPageIndex("check-box"));
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(!find<KELCheckBox>(window, "switch-48")->isCheck());
+    QVERIFY(find<KELCheckBox>(window, "switch-64")->isCheck());
+    tap(&window, "switch-48");
+    tap(&window, "switch-64");
+    window.resize(480, 800);
+    QCoreApplication::processEvents();
+    QVERIFY(find<KELCheckBox>(window, "switch-48")->isCheck());
+    QVERIFY(!find<KELCheckBox>(window, "switch-64")->isCheck());
+}
+
+void tst_GalleryWindow::radioBoxesKeepTheirState()
+{
+    EventLog log(nullptr);
+    Window window(QSize(800, 480), &log, &m_icons, galleryPageIndex("radio-box"));
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(find<KELRadioBox>(window, "radio-0")->isCheck());
+    QVERIFY(find<KELRadioBox>(window, "radio-alone")->isCheck());
+    tap(&window, "radio-3");
+    tap(&window, "radio-alone");
+    QCOMPARE(find<KELRoundRectControl>(window, "current-id")->text(), "Current id: 3");
+    window.resize(480, 800);
+    QCoreApplication::processEvents();
+    QVERIFY(find<KELRadioBox>(window, "radio-3")->isCheck());
+    QVERIFY(!find<KELRadioBox>(window, "radio-0")->isCheck());
+    QVERIFY(!find<KELRadioBox>(window, "radio-alone")->isCheck());
+    QCOMPARE(find<KELRoundRectControl>(window, "current-id")->text(), "Current id: 3");
+}
+
+void tst_GalleryWindow::slidersKeepTheirValue()
+{
+    EventLog log(nullptr);
+    Window window(QSize(800, 480), &log, &m_icons, galleryPageIndex("slide-control"));
+    window.show();
+    find<KELSlideControl>(window, "offset-slider")->setValue(120);
+    find<KELSlideControl>(window, "step-slider")->setValue(23);
+    window.resize(480, 800);
+    QCoreApplication::processEvents();
+    QCOMPARE(find<KELSlideControl>(window, "offset-slider")->value(), 120.0F);
+    QCOMPARE(find<KELSlideControl>(window, "step-slider")->value(), 20.0F);
+}
+
+void tst_GalleryWindow::sliderAndBarKeepTheirValueAcrossPages()
+{
+    EventLog log(nullptr);
+    Window window(QSize(800, 480), &log, &m_icons, galleryPageIndex("slide-control"));
+    find<KELProcessBar>(window, "bar")->setValue(72);
+    window.showPage(galleryPageIndex("progress-bar"));
+    QCOMPARE(find<KELProcessBar>(window, "bar")->value(), 72);
+    QCOMPARE(find<KELSlideControl>(window, "slider")->value(), 72.0F);
+}
+
+void tst_GalleryWindow::buttonsDriveBarAndSlider_data()
+{
+    QTest::addColumn<QString>("page");
+    QTest::newRow("on the progress bar's page") << "progress-bar";
+    QTest::newRow("on the slider's page") << "slide-control";
+}
+
+void tst_GalleryWindow::buttonsDriveBarAndSlider()
+{
+    QFETCH(QString, page);
+    EventLog log(nullptr);
+    Window window(QSize(800, 480), &log, &m_icons, galleryPageIndex(page));
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    for (const int value : {100, 50, 0}) {
+        tap(&window, QString("set-%1").arg(value));
+        QCOMPARE(find<KELProcessBar>(window, "bar")->value(), value);
+        QCOMPARE(find<KELSlideControl>(window, "slider")->value(), float(value));
+    }
+}
+
+void tst_GalleryWindow::barFollowsEveryValueOfTheSlider()
+{
+    EventLog log(nullptr);
+    Window window(QSize(800, 480), &log, &m_icons, galleryPageIndex("slide-control"));
+    auto *slider = find<KELSlideControl>(window, "slider");
+    auto *bar = find<KELProcessBar>(window, "bar");
+    QSignalSpy moves(slider, &KELSlideControl::valueChanged);
+    for (int i = 0; i <= 400; ++i) {
+        slider->setValue(float(i) / 4);
+        QCOMPARE(slider->value(), float(i) / 4);
+        QCOMPARE(bar->value(), qRound(slider->value()));
+    }
+    QCOMPARE(moves.size(), 401);
+}
+
+void tst_GalleryWindow::sliderFollowsEveryValueOfTheBar()
+{
+    EventLog log(nullptr);
+    Window window(QSize(800, 480), &log, &m_icons, galleryPageIndex("progress-bar"));
+    auto *slider = find<KELSlideControl>(window, "slider");
+    auto *bar = find<KELProcessBar>(window, "bar");
+    bar->setValue(0);
+    QSignalSpy moves(slider, &KELSlideControl::valueChanged);
+    QSignalSpy changes(bar, &KELProcessBar::valueChanged);
+    for (int value = 1; value <= 100; ++value) {
+        bar->setValue(value);
+        QCOMPARE(slider->value(), float(value));
+    }
+    QCOMPARE(moves.size(), 100);
+    QCOMPARE(changes.size(), 100);
+}
+
 void tst_GalleryWindow::embeddedViewFollowsTheWindow()
 {
     EventLog log(nullptr);
@@ -180,6 +325,7 @@ void tst_GalleryWindow::liveButtonsAreLargeEnough_data()
     QTest::newRow("800x480") << QSize(800, 480);
     QTest::newRow("1024x600") << QSize(1024, 600);
     QTest::newRow("480x800") << QSize(480, 800);
+    QTest::newRow("640x480") << QSize(640, 480);
 }
 
 void tst_GalleryWindow::liveButtonsAreLargeEnough()
@@ -192,7 +338,7 @@ void tst_GalleryWindow::liveButtonsAreLargeEnough()
         for (const QGraphicsItem *item : items) {
             if (item->acceptedMouseButtons() == Qt::NoButton || !item->isVisible())
                 continue;
-            const QRectF rect = item->boundingRect();
+            const QRectF rect = item->sceneBoundingRect();
             const QString name = item->toGraphicsObject()->objectName();
             QVERIFY2(rect.width() >= 44 && rect.height() >= 44, qPrintable(name));
             QVERIFY2(QRectF(QPointF(), size).contains(rect), qPrintable(name));
