@@ -93,10 +93,6 @@ protected:
     //! Presses as the base does, then toggles if \a event tells of the left button.
     void mousePressEvent(QGraphicsSceneMouseEvent *event) override;
 
-    //! Selects the drawing: 0, the default, is the track of fixed size; any other \a mode is a thin bar over the
-    //! whole width with a knob as high as the control, and no outline. For derived classes. Does not repaint.
-    void setLayoutMode(int mode);
-
 public:
     //! Emits checked() or unchecked(), then checkChanged(). The state is that of the record; \a check is not read.
     void onCheckedEvent(bool check) override;

@@ -3,6 +3,7 @@
 
 #include "kelcheckbox.h"
 
+#include "kelcheckbox_p.h"
 #include "kelpainting_p.h"
 #include "kelroundrectcontrol_p.h"
 
@@ -88,13 +89,6 @@ void drawBar(QPainter *painter, const KELCheckBoxStyle &option)
 
 } // namespace
 
-class KELCheckBoxPrivate
-{
-public:
-    int layoutMode = 0;
-    bool hasCheckBoxStyle = false; // from the end of the first initStyle() on
-};
-
 KELCheckBox::KELCheckBox(QGraphicsObject *parent) :
     KELRoundRectControl(parent), d(new KELCheckBoxPrivate)
 {
@@ -176,11 +170,6 @@ void KELCheckBox::mousePressEvent(QGraphicsSceneMouseEvent *event)
     KELRoundRectControl::mousePressEvent(event);
     if (scope.isForControl() && event->button() == Qt::LeftButton)
         setCheck(!isCheck());
-}
-
-void KELCheckBox::setLayoutMode(int mode)
-{
-    d->layoutMode = mode;
 }
 
 void KELCheckBox::onCheckedEvent(bool /*check*/)

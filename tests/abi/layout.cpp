@@ -46,9 +46,21 @@ KEL_FOLLOWS(KELCheckBoxStyle, isCheck, indicatorBrush);
 static_assert(std::is_same_v<decltype(KELRoundRectControlStyle::borderWidth), float>,
               "borderWidth is single precision");
 static_assert(!std::is_polymorphic_v<KELRoundRectControlStyle>, "records are plain data");
+static_assert(!std::is_polymorphic_v<KELCheckBoxStyle>, "records are plain data");
 static_assert(!std::is_polymorphic_v<KELIconFont>, "glyphs are plain data");
 static_assert(std::is_base_of_v<KELRoundRectControlStyle, KELPushButtonStyle>,
               "a record starts with its base record");
 static_assert(std::is_base_of_v<KELRoundRectControlStyle, KELCheckBoxStyle>,
               "a record starts with its base record");
 static_assert(sizeof(KELTextPixmap) == sizeof(QPixmap), "a text pixmap adds no member");
+
+template <typename Control>
+constexpr bool addsOnlyAPointer = sizeof(Control) == sizeof(KELRoundRectControl) + sizeof(void *);
+static_assert(sizeof(KELLabel) == sizeof(KELRoundRectControl), "a label adds no member");
+static_assert(addsOnlyAPointer<KELLineItem>, "a line keeps its members in one record");
+static_assert(addsOnlyAPointer<KELCheckBox>, "a check box keeps its members in one record");
+static_assert(addsOnlyAPointer<KELRadioBox>, "a radio box keeps its members in one record");
+static_assert(addsOnlyAPointer<KELProcessBar>, "a bar keeps its members in one record");
+static_assert(addsOnlyAPointer<KELSlideControl>, "a slider keeps its members in one record");
+static_assert(sizeof(KELRadioBoxGroup) == sizeof(QObject) + sizeof(void *),
+              "a group keeps its members in one record");

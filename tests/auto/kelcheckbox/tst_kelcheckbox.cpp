@@ -85,6 +85,7 @@ private Q_SLOTS:
     void declaresItsInterface();
     void initStyleCarriesTheLookOver();
     void initStyleReturnsTheNewRecord();
+    void initStyleMakesANewRecordEachTime();
     void initStyleAgainFreesTheOldRecord_data() { addBrushes(); }
     void initStyleAgainFreesTheOldRecord();
     void knobBrushIsFreedWithTheBox_data() { addBrushes(); }
@@ -256,6 +257,17 @@ void tst_KELCheckBox::initStyleReturnsTheNewRecord()
     KELCheckBox box;
     KELRoundRectControlStyle *made = box.initStyle();
     QCOMPARE(box.style(), made);
+}
+
+void tst_KELCheckBox::initStyleMakesANewRecordEachTime()
+{
+    OpenCheckBox box;
+    for (int i = 0; i < 3; ++i) {
+        // The new record is made before the old one goes, so it cannot be in its place.
+        const auto old = quintptr(box.style());
+        box.makeStyleAgain();
+        QVERIFY(quintptr(box.style()) != old);
+    }
 }
 
 void tst_KELCheckBox::initStyleAgainFreesTheOldRecord()

@@ -3,6 +3,8 @@
 
 #include "keltest.h"
 
+#include "../../../src/kelcheckbox_p.h"
+
 #include <kelcheckbox.h>
 
 #include <QtGui/QLinearGradient>
@@ -16,11 +18,21 @@ namespace {
 const QSize canvas(270, 110);
 constexpr qreal scales[] = {0.5, 1, 1.5, 2};
 
+// Lends a private member: an explicit instantiation may name it.
+template <auto Member>
+struct Lend
+{
+    friend KELCheckBoxPrivate *recordOf(const KELCheckBox &box) { return box.*Member; }
+};
+template struct Lend<&KELCheckBox::d>;
+KELCheckBoxPrivate *recordOf(const KELCheckBox &box);
+
+// A check box of which the second drawing can be chosen.
 class OpenCheckBox : public KELCheckBox
 {
 public:
     using KELCheckBox::KELCheckBox;
-    using KELCheckBox::setLayoutMode;
+    void setLayoutMode(int mode) { recordOf(*this)->layoutMode = mode; }
 };
 
 KELCheckBoxStyle *styleOf(const KELCheckBox &box)
@@ -193,6 +205,8 @@ private Q_SLOTS:
     void isTheHandDrawnPictureAtFractions();
     void isTheHandDrawnPictureWithEveryField_data() { addLayouts(); }
     void isTheHandDrawnPictureWithEveryField();
+    void isTheHandDrawnPictureWithoutRadii_data() { addLayouts(); }
+    void isTheHandDrawnPictureWithoutRadii();
     void isTheHandDrawnPictureInAParent_data() { addLayouts(); }
     void isTheHandDrawnPictureInAParent();
     void switchIsTheDefaultDrawing();
@@ -298,6 +312,28 @@ void tst_KELCheckBoxPaint::isTheHandDrawnPictureWithEveryField()
             expected.yRadius = 9;
             QCOMPARE(differenceFrom(expected, &box, thinBar), QString());
         }
+    }
+}
+
+// Only square corners show how the sides of the outline meet.
+void tst_KELCheckBoxPaint::isTheHandDrawnPictureWithoutRadii()
+{
+    QFETCH(bool, thinBar);
+    const QRectF rect(40, 30, 100, 40);
+    for (const State &state : states) {
+        OpenCheckBox box;
+        box.setLayoutMode(thinBar ? 1 : 0);
+        box.setboundRect(rect);
+        styleOf(box)->borderWidth = 9;
+        styleOf(box)->xRadius = 0;
+        styleOf(box)->yRadius = 0;
+        bringInto(&box, state);
+        HandDrawing expected = defaultDrawing(rect, state);
+        expected.outlineWidth = 9;
+        expected.xRadius = 0;
+        expected.yRadius = 0;
+        for (const qreal scale : scales)
+            QCOMPARE(differenceFrom(expected, &box, thinBar, scale), QString());
     }
 }
 

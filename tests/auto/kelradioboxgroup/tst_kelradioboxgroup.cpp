@@ -3,6 +3,8 @@
 
 #include "groupstage.h"
 
+#include <QtCore/QLoggingCategory>
+
 #include <limits>
 #include <memory>
 
@@ -24,7 +26,29 @@ QString duplicateLine(int id)
     return QStringLiteral("waring : id %1 is already exist").arg(id);
 }
 
+class CountingBox : public KELRadioBox
+{
+public:
+    int checkedReceivers() const { return receivers(SIGNAL(checked())); }
+};
+
 } // namespace
+
+// Knows when it is checked through its property.
+class OwnPropertyBox : public KELRadioBox
+{
+    Q_OBJECT
+    Q_PROPERTY(bool check READ isCheck WRITE writeCheck NOTIFY checkChanged)
+
+public:
+    void writeCheck(bool check)
+    {
+        ++writes;
+        setCheck(check);
+    }
+
+    int writes = 0;
+};
 
 class tst_KELRadioBoxGroup : public KelTest
 {
@@ -46,18 +70,23 @@ private Q_SLOTS:
     void nullIsIgnored();
     void takenIdIsReported_data();
     void takenIdIsReported();
+    void takenIdIsReportedInTheDefaultCategory();
     void rejectedBoxIsNotInTheGroup();
     void sameBoxTwiceUnderOneId();
+    void addingLeavesTheParentsAlone();
+    void everyRegistrationConnectsOnce();
 
     void unknownIdIsIgnored_data() { addIds(); }
     void unknownIdIsIgnored();
     void presentIdIsIgnored();
     void everyNumberIsAnId_data() { addIds(); }
     void everyNumberIsAnId();
+    void setIdIsASlot();
     void setIdTellsInOrder();
     void stateInsideTheSignalsOfSetId();
     void setIdWithoutASelectedBox();
     void setIdOfABoxThatIsCheckedAlready();
+    void setIdChecksThroughTheProperty();
     void everySettingChanges();
     void checkingABoxSelectsIt();
     void uncheckingTheSelectedBox();
@@ -262,6 +291,18 @@ void tst_KELRadioBoxGroup::takenIdIsReported()
     QCOMPARE(stage.checkedBoxes(), QVector<int>({1}));
 }
 
+void tst_KELRadioBoxGroup::takenIdIsReportedInTheDefaultCategory()
+{
+    GroupStage stage;
+    stage.addAll();
+    QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false"));
+    stage.group->addRadioBox(stage.boxes[2], 1);
+    QLoggingCategory::setFilterRules(QString());
+    QCOMPARE(takeDebugLines(), QStringList());
+    stage.group->addRadioBox(stage.boxes[2], 1);
+    QCOMPARE(takeDebugLines(), QStringList(duplicateLine(1)));
+}
+
 void tst_KELRadioBoxGroup::rejectedBoxIsNotInTheGroup()
 {
     GroupStage stage;
@@ -289,6 +330,37 @@ void tst_KELRadioBoxGroup::sameBoxTwiceUnderOneId()
     QCOMPARE(takeDebugLines(), QStringList({duplicateLine(1), duplicateLine(0)}));
     stage.group->setId(1);
     QCOMPARE(stage.takeNames(), QStringLiteral("unchecked 0, changed 0, checked 1, changed 1, id"));
+}
+
+void tst_KELRadioBoxGroup::addingLeavesTheParentsAlone()
+{
+    KELRoundRectControl parent;
+    auto *box = new KELRadioBox(&parent);
+    const QObject *const objectParent = box->parent();
+    KELRadioBoxGroup group;
+    group.addRadioBox(box, 0);
+    QCOMPARE(box->parentItem(), &parent);
+    QCOMPARE(box->parent(), objectParent);
+    QVERIFY(group.children().isEmpty());
+}
+
+void tst_KELRadioBoxGroup::everyRegistrationConnectsOnce()
+{
+    KELRadioBoxGroup group;
+    KELRadioBox other;
+    CountingBox box;
+    group.addRadioBox(&other, 0);
+    group.addRadioBox(&box, 0);
+    QCOMPARE(box.checkedReceivers(), 0);
+    group.addRadioBox(&box, 1);
+    QCOMPARE(box.checkedReceivers(), 1);
+    group.addRadioBox(&box, 11);
+    QCOMPARE(box.checkedReceivers(), 2);
+    group.addRadioBox(&box, 1);
+    QCOMPARE(takeDebugLines(), QStringList({duplicateLine(0), duplicateLine(1)}));
+    group.setId(11);
+    group.setId(0);
+    QCOMPARE(box.checkedReceivers(), 2);
 }
 
 void tst_KELRadioBoxGroup::unknownIdIsIgnored()
@@ -336,6 +408,20 @@ void tst_KELRadioBoxGroup::everyNumberIsAnId()
     stage.group->setId(0);
     stage.boxes[1]->setCheck(true);
     QCOMPARE(stage.group->id(), id);
+    QCOMPARE(stage.checkedBoxes(), QVector<int>({1}));
+}
+
+void tst_KELRadioBoxGroup::setIdIsASlot()
+{
+    GroupStage stage;
+    stage.addAll();
+    QVERIFY(QMetaObject::invokeMethod(stage.group, "setId", Q_ARG(int, 2)));
+    QCOMPARE(stage.group->id(), 2);
+    // Called by the signal of a box that is not the new one.
+    connect(stage.boxes[2], &KELRadioBox::unchecked, stage.group,
+            [&stage] { QVERIFY(QMetaObject::invokeMethod(stage.group, "setId", Q_ARG(int, 1))); });
+    stage.boxes[2]->setCheck(false);
+    QCOMPARE(stage.group->id(), 1);
     QCOMPARE(stage.checkedBoxes(), QVector<int>({1}));
 }
 
@@ -401,6 +487,26 @@ void tst_KELRadioBoxGroup::setIdOfABoxThatIsCheckedAlready()
     QCOMPARE(stage.takeNames(), QStringLiteral("unchecked 0, changed 0, id"));
     QCOMPARE(stage.checkedBoxes(), QVector<int>({1}));
     QCOMPARE(stage.deafBoxes(), QVector<int>({1}));
+}
+
+void tst_KELRadioBoxGroup::setIdChecksThroughTheProperty()
+{
+    KELRadioBoxGroup group;
+    OwnPropertyBox first;
+    OwnPropertyBox second;
+    group.addRadioBox(&first, 0);
+    QVERIFY(first.isCheck());
+    QCOMPARE(first.writes, 0);
+    group.addRadioBox(&second, 1);
+    group.setId(1);
+    QVERIFY(second.isCheck());
+    QCOMPARE(second.writes, 1);
+    // Unchecking goes past it, and a box that asks by its own checked() is checked already.
+    first.setCheck(true);
+    QCOMPARE(group.id(), 0);
+    QVERIFY(!second.isCheck());
+    QCOMPARE(first.writes, 0);
+    QCOMPARE(second.writes, 1);
 }
 
 void tst_KELRadioBoxGroup::everySettingChanges()
@@ -472,17 +578,21 @@ void tst_KELRadioBoxGroup::boxThatWasCheckedAlreadyIsRepainted()
     GroupStage stage;
     stage.boxes[1]->setCheck(true);
     stage.addAll();
+    // A flag that changes would have it repainted too.
+    stage.boxes[1]->setFlag(QGraphicsItem::ItemIsSelectable, false);
     QVERIFY(stage.show());
-    bool repainted = false;
-    connect(&stage.view.ownScene, &QGraphicsScene::changed, this,
-            [&](const QList<QRectF> &regions) {
-                for (const QRectF &region : regions)
-                    repainted |= region.contains(stage.boxes[1]->sceneBoundingRect());
-            });
-    QCoreApplication::processEvents();
-    repainted = false;
+    stage.view.grab();
+    // An edit of the record shows with the next repaint, where it reaches.
+    stage.boxes[1]->KELRoundRectControl::style()->borderBrush = QBrush(Qt::red);
+    stage.boxes[1]->KELRoundRectControl::style()->borderWidth = 6;
+    const auto outlineIsRed = [&stage](int fromCentre) {
+        const QPoint pos = stage.centreOf(1) + QPoint(fromCentre, 0);
+        return stage.view.grab().toImage().pixelColor(pos) == QColor(Qt::red);
+    };
+    QVERIFY(!outlineIsRed(-12));
     stage.group->setId(1);
-    QTRY_VERIFY(repainted);
+    QTRY_VERIFY(outlineIsRed(-12));
+    QVERIFY(outlineIsRed(12));
 }
 
 void tst_KELRadioBoxGroup::boxWithTwoIdsStandsForTheLaterOne()

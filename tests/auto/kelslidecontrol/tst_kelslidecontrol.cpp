@@ -373,6 +373,7 @@ private Q_SLOTS:
     void setMaximunLimitsToTheOldBound();
     void setMinimunLimitsToTheOldBound_data();
     void setMinimunLimitsToTheOldBound();
+    void valueBeyondANewBoundStaysUntilItIsSet();
     void boundsMoveRepaintAndTellNothing();
 
     void setValueWithoutStep_data();
@@ -674,6 +675,27 @@ void tst_KELSlideControl::setMinimunLimitsToTheOldBound()
     slider.setMinimun(second);
     QTEST(slider.value(), "afterSecond");
     QCOMPARE(slider.minimun(), second);
+}
+
+void tst_KELSlideControl::valueBeyondANewBoundStaysUntilItIsSet()
+{
+    KELSlideControl above;
+    above.setValue(80);
+    above.setMaximun(50);
+    above.setboundRect(10, 10, 150, 50);
+    KelImage::paint(&above, canvas);
+    QCOMPARE(above.value(), 80.0F);
+    above.setValue(80);
+    QCOMPARE(above.value(), 50.0F);
+
+    KELSlideControl below;
+    below.setValue(20);
+    below.setMinimun(50);
+    below.setboundRect(QRectF(10, 10, 150, 50));
+    KelImage::paint(&below, canvas);
+    QCOMPARE(below.value(), 20.0F);
+    below.setValue(20);
+    QCOMPARE(below.value(), 50.0F);
 }
 
 void tst_KELSlideControl::boundsMoveRepaintAndTellNothing()

@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#ifndef KELCHECKBOX_P_H
+#define KELCHECKBOX_P_H
+
+class KELCheckBoxPrivate
+{
+public:
+    // kept: no function of the class sets it, only the tests do
+    int layoutMode = 0;
+    bool hasCheckBoxStyle = false; // from the end of the first initStyle() on
+};
+
+#endif
