@@ -4,6 +4,7 @@
 // Compiled, never run: the order of the fields of the public records is part of the ABI.
 
 #include "kelcheckbox.h"
+#include "keldatabind.h"
 #include "kellabel.h"
 #include "kellineitem.h"
 #include "kelprocessbar.h"
@@ -64,3 +65,13 @@ static_assert(addsOnlyAPointer<KELProcessBar>, "a bar keeps its members in one r
 static_assert(addsOnlyAPointer<KELSlideControl>, "a slider keeps its members in one record");
 static_assert(sizeof(KELRadioBoxGroup) == sizeof(QObject) + sizeof(void *),
               "a group keeps its members in one record");
+
+static_assert(sizeof(KELDataBind) == sizeof(QObject) + sizeof(void *),
+              "a binding keeps its members in one record");
+static_assert(std::is_polymorphic_v<IKELValueConverter>
+                  && !std::has_virtual_destructor_v<IKELValueConverter>,
+              "two virtual functions and no destructor among them");
+static_assert(sizeof(IKELValueConverter) == 2 * sizeof(void *), "a table and the kind");
+static_assert(sizeof(IKELValueConverter::ValueConverterType) == sizeof(int)
+                  && sizeof(KELDataBind::BindMode) == sizeof(int),
+              "application code passes other values, too");

@@ -1,0 +1,405 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "keldatabind.h"
+
+#include <QtCore/QByteArray>
+#include <QtCore/QDebug>
+#include <QtCore/QMetaMethod>
+#include <QtCore/QMetaProperty>
+#include <QtCore/QPointer>
+#include <QtCore/QString>
+
+namespace {
+
+// property() and setProperty() of one name, with the look-up kept for as long as it must give the same answer.
+class NamedProperty
+{
+public:
+    void setName(const QString &name)
+    {
+        m_name = name.toUtf8();
+        m_meta = nullptr;
+    }
+
+    // Getters and setters may destroy this: nothing of it is used after the call.
+    QVariant read(QObject *object)
+    {
+        find(object);
+        if (!m_isReadable)
+            return object->property(QByteArray(m_name));
+        if (m_type == QMetaType::UnknownType)
+            return QMetaProperty(m_property).read(object);
+
+        const int type = m_type;
+        QVariant value(type, nullptr);
+        void *const storage = value.data();
+        int status = -1; // changed by a getter that has stored its result in value
+        void *arguments[] = {storage, &value, &status};
+        QMetaObject::metacall(object, QMetaObject::ReadProperty, m_index, arguments);
+        if (status == -1 && arguments[0] != storage)
+            value = QVariant(type, arguments[0]);
+        return value;
+    }
+
+    void write(QObject *object, QVariant *value)
+    {
+        find(object);
+        if (!m_isWritable) {
+            object->setProperty(QByteArray(m_name), *value);
+        } else if (m_type == QMetaType::UnknownType || m_type != value->userType()) {
+            QMetaProperty(m_property).write(object, *value);
+        } else {
+            int status = -1;
+            int flags = 0;
+            void *arguments[] = {value->data(), value, &status, &flags};
+            QMetaObject::metacall(object, QMetaObject::WriteProperty, m_index, arguments);
+        }
+    }
+
+private:
+    // A meta-object that can change gets new data when it does.
+    void find(const QObject *object)
+    {
+        const QMetaObject *meta = object->metaObject();
+        if (meta != m_meta || meta->d.data != m_data)
+            lookUp(meta);
+    }
+
+    Q_NEVER_INLINE void lookUp(const QMetaObject *meta)
+    {
+        m_meta = meta;
+        m_data = meta->d.data;
+        const int index = meta->indexOfProperty(m_name.constData());
+        m_property = index >= 0 ? meta->property(index) : QMetaProperty();
+        m_isReadable = m_property.isReadable();
+        m_isWritable = m_property.isWritable();
+        m_index = index;
+        m_type = m_property.isEnumType() ? QMetaType::UnknownType : m_property.userType();
+        if (m_type == QMetaType::QVariant)
+            m_type = QMetaType::UnknownType;
+    }
+
+    QByteArray m_name;
+    const QMetaObject *m_meta = nullptr;
+    const uint *m_data = nullptr;
+    QMetaProperty m_property;
+    int m_index = -1;
+    int m_type = QMetaType::UnknownType; // where values can be handed over as they are
+    bool m_isReadable = false;
+    bool m_isWritable = false;
+};
+
+int indexOfProperty(const QObject *object, const QByteArray &name)
+{
+    return object ? object->metaObject()->indexOfProperty(name.constData()) : -1;
+}
+
+// Written to while the signals of the object are blocked.
+class BlockedSignals
+{
+public:
+    explicit BlockedSignals(QObject *object) : m_object(object) { object->blockSignals(true); }
+    ~BlockedSignals()
+    {
+        // kept: a block set by the application is gone afterwards
+        if (m_object)
+            m_object->blockSignals(false);
+    }
+
+private:
+    Q_DISABLE_COPY(BlockedSignals)
+
+    const QPointer<QObject> m_object;
+};
+
+} // namespace
+
+class KELDataBindPrivate
+{
+public:
+    // Lives while foreign code runs and tells afterwards whether the binding is still what it was.
+    class Call
+    {
+    public:
+        explicit Call(KELDataBindPrivate *bind) : m_bind(bind), m_outer(bind->innermostCall)
+        {
+            bind->innermostCall = this;
+        }
+        ~Call()
+        {
+            if (!m_isBindGone)
+                m_bind->innermostCall = m_outer;
+        }
+        bool isOver() const { return m_isOver; }
+
+    private:
+        friend class KELDataBindPrivate;
+        Q_DISABLE_COPY(Call)
+
+        KELDataBindPrivate *const m_bind;
+        Call *const m_outer;
+        bool m_isOver = false;
+        bool m_isBindGone = false;
+    };
+
+    using Conversion = QVariant (IKELValueConverter::*)(QObject *, const QVariant &);
+
+    ~KELDataBindPrivate();
+    void endCalls();
+    void store(QObject *source, const QByteArray &sourceName, QObject *destination,
+               const QByteArray &destinationName, IKELValueConverter *valueConverter);
+    static bool connectNotify(KELDataBind *q, const QObject *object, const QMetaProperty &property,
+                              const QMetaMethod &slot, QMetaObject::Connection *connection);
+    bool connectSource(KELDataBind *q);
+    bool connectDestination(KELDataBind *q);
+    KELDataBind::BindMode connectAsAsked(KELDataBind *q, KELDataBind::BindMode asked, int srcIndex,
+                                         int dstIndex);
+    void copy(const QPointer<QObject> &from, NamedProperty *fromProperty,
+              const QPointer<QObject> &to, NamedProperty *toProperty, Conversion conversion);
+
+    QPointer<QObject> src;
+    QPointer<QObject> dst;
+    QString srcName;
+    QString dstName;
+    QMetaMethod srcSlot;
+    QMetaMethod dstSlot;
+    IKELValueConverter *converter = nullptr;
+    KELDataBind::BindMode mode = KELDataBind::Manual;
+    QMetaObject::Connection srcConnection;
+    QMetaObject::Connection dstConnection;
+    QMetaProperty srcMetaProperty;
+    QMetaProperty dstMetaProperty;
+
+    NamedProperty srcProperty;
+    NamedProperty dstProperty;
+    Call *innermostCall = nullptr;
+};
+
+KELDataBindPrivate::~KELDataBindPrivate()
+{
+    for (Call *call = innermostCall; call; call = call->m_outer)
+        call->m_isBindGone = call->m_isOver = true;
+}
+
+void KELDataBindPrivate::endCalls()
+{
+    for (Call *call = innermostCall; call; call = call->m_outer)
+        call->m_isOver = true;
+}
+
+void KELDataBindPrivate::store(QObject *source, const QByteArray &sourceName, QObject *destination,
+                               const QByteArray &destinationName,
+                               IKELValueConverter *valueConverter)
+{
+    converter = valueConverter;
+    src = source;
+    dst = destination;
+    srcName = QString::fromUtf8(sourceName);
+    dstName = QString::fromUtf8(destinationName);
+    srcProperty.setName(srcName);
+    dstProperty.setName(dstName);
+}
+
+// False when the property has no notify signal, or is not one of this object since a setBind() that failed.
+bool KELDataBindPrivate::connectNotify(KELDataBind *q, const QObject *object,
+                                       const QMetaProperty &property, const QMetaMethod &slot,
+                                       QMetaObject::Connection *connection)
+{
+    if (!property.hasNotifySignal()
+        || !object->metaObject()->inherits(property.enclosingMetaObject()))
+        return false;
+    *connection = QObject::connect(object, property.notifySignal(), q, slot);
+    return true;
+}
+
+bool KELDataBindPrivate::connectSource(KELDataBind *q)
+{
+    return connectNotify(q, src, srcMetaProperty, srcSlot, &srcConnection);
+}
+
+bool KELDataBindPrivate::connectDestination(KELDataBind *q)
+{
+    return connectNotify(q, dst, dstMetaProperty, dstSlot, &dstConnection);
+}
+
+KELDataBind::BindMode KELDataBindPrivate::connectAsAsked(KELDataBind *q,
+                                                         KELDataBind::BindMode asked, int srcIndex,
+                                                         int dstIndex)
+{
+    const bool either = asked == KELDataBind::Auto || asked == KELDataBind::TwoWay;
+    if (either || asked == KELDataBind::OneWay) {
+        srcMetaProperty = src->metaObject()->property(srcIndex);
+        const bool connected = connectSource(q);
+        if (connected && !either)
+            return KELDataBind::OneWay;
+        if (connected) {
+            dstMetaProperty = dst->metaObject()->property(dstIndex);
+            if (connectDestination(q))
+                return KELDataBind::TwoWay;
+            // kept: names the side that was found, here and below
+            if (asked == KELDataBind::TwoWay)
+                qDebug() << "waring : could not find src notify";
+            return KELDataBind::OneWay;
+        }
+    }
+    if (either || asked == KELDataBind::OneWayToSource) {
+        dstMetaProperty = dst->metaObject()->property(dstIndex);
+        if (connectDestination(q)) {
+            if (asked == KELDataBind::TwoWay)
+                qDebug() << "waring : could not find dst notify";
+            return KELDataBind::OneWayToSource;
+        }
+    }
+    if (asked != KELDataBind::Manual)
+        qDebug() << "waring : could not find any notify";
+    return KELDataBind::Manual;
+}
+
+// Getter, converter and setter may destroy the objects and the binding, or bind it anew.
+void KELDataBindPrivate::copy(const QPointer<QObject> &from, NamedProperty *fromProperty,
+                              const QPointer<QObject> &to, NamedProperty *toProperty,
+                              Conversion conversion)
+{
+    if (!from || !to)
+        return;
+    const Call call(this);
+    QVariant value = fromProperty->read(from);
+    if (call.isOver() || !to)
+        return;
+    if (!converter || *converter == IKELValueConverter::DefaultConverterType) {
+        toProperty->write(to, &value);
+        return;
+    }
+    if (!from)
+        return;
+    QVariant result = (converter->*conversion)(from, value);
+    if (!call.isOver() && to && result.isValid())
+        toProperty->write(to, &result);
+}
+
+KELDefaultValueConverter::KELDefaultValueConverter() : IKELValueConverter(DefaultConverterType) { }
+
+QVariant KELDefaultValueConverter::Convert(QObject * /*object*/, const QVariant & /*value*/)
+{
+    return {};
+}
+
+QVariant KELDefaultValueConverter::ConvertBack(QObject * /*object*/, const QVariant & /*value*/)
+{
+    return {};
+}
+
+KELDataBind::KELDataBind(QObject *parent) : QObject(parent), d(new KELDataBindPrivate)
+{
+    const QMetaObject *meta = metaObject();
+    for (int i = 0; i < meta->methodCount() && !(d->srcSlot.isValid() && d->dstSlot.isValid());
+         ++i) {
+        const QMetaMethod method = meta->method(i);
+        if (method.name() == "srcValueChanged")
+            d->srcSlot = method;
+        else if (method.name() == "dstValueChanged")
+            d->dstSlot = method;
+    }
+}
+
+KELDataBind::~KELDataBind()
+{
+    delete d;
+}
+
+void KELDataBind::setBind(QObject *src, const char *srcProperty, QObject *dst,
+                          const char *dstProperty, BindMode mode, IKELValueConverter *converter)
+{
+    d->endCalls();
+    const KELDataBindPrivate::Call call(d);
+    const QByteArray srcNameArgument(srcProperty);
+    const QByteArray dstNameArgument(dstProperty);
+    d->store(src, srcNameArgument, dst, dstNameArgument, converter);
+
+    // kept: before the names are checked, so that a source without such a property gets a dynamic one
+    if (src && dst) {
+        const QVariant value = dst->property(dstNameArgument);
+        if (!call.isOver() && d->src)
+            d->src->setProperty(srcNameArgument, value);
+    }
+    if (call.isOver())
+        return;
+
+    const int srcIndex = indexOfProperty(d->src, srcNameArgument);
+    if (srcIndex < 0) {
+        qDebug() << "error : could not find src property '" << srcNameArgument.constData() << "'";
+        return;
+    }
+    const int dstIndex = indexOfProperty(d->dst, dstNameArgument);
+    if (dstIndex < 0) {
+        // kept: names the source's property
+        qDebug() << "error : could not find dst property '" << srcNameArgument.constData() << "'";
+        return;
+    }
+    const BindMode effective = d->connectAsAsked(this, mode, srcIndex, dstIndex);
+    d->mode = effective;
+}
+
+KELDataBind *KELDataBind::bind(QObject *src, const char *srcProperty, QObject *dst,
+                               const char *dstProperty, BindMode mode,
+                               IKELValueConverter *converter)
+{
+    const QPointer<KELDataBind> binding(new KELDataBind(src));
+    binding->setBind(src, srcProperty, dst, dstProperty, mode, converter);
+    return binding;
+}
+
+void KELDataBind::bind()
+{
+    if (d->mode <= Manual || !d->src || !d->dst) {
+        qDebug() << "error : bind is not setted";
+        return;
+    }
+    if (d->mode == OneWay || d->mode == TwoWay)
+        d->connectSource(this);
+    if (d->mode == OneWayToSource || d->mode == TwoWay)
+        d->connectDestination(this);
+
+    if (d->mode == OneWayToSource) {
+        const BlockedSignals blocked(d->src);
+        dstValueChanged();
+    } else {
+        const BlockedSignals blocked(d->dst);
+        srcValueChanged();
+    }
+}
+
+void KELDataBind::unbind()
+{
+    disconnect(d->srcConnection);
+    disconnect(d->dstConnection);
+}
+
+void KELDataBind::update()
+{
+    if (!d->src || !d->dst)
+        return;
+    const BlockedSignals blocked(d->src);
+    dstValueChanged();
+}
+
+KELDataBind::BindMode KELDataBind::bindMode() const
+{
+    return d->mode;
+}
+
+bool KELDataBind::hasError() const
+{
+    return d->mode == Manual;
+}
+
+void KELDataBind::srcValueChanged()
+{
+    d->copy(d->src, &d->srcProperty, d->dst, &d->dstProperty, &IKELValueConverter::Convert);
+}
+
+void KELDataBind::dstValueChanged()
+{
+    d->copy(d->dst, &d->dstProperty, d->src, &d->srcProperty, &IKELValueConverter::ConvertBack);
+}
