@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 # SPDX-License-Identifier: MIT
 #
-# Sourced by ./run and ./check: installs Debian packages that are missing.
+# Sourced by ./run, ./check and the scripts beside it: installs Debian packages that are missing.
 
 export LC_ALL=C.UTF-8
 
@@ -10,6 +10,7 @@ check_packages=(make pkgconf qt5-qmake xvfb xdotool reuse doxygen)
 arm64_packages=(g++-aarch64-linux-gnu qemu-user-static qtbase5-dev:arm64)
 lint_packages=(clang-format clang-tidy clazy)
 coverage_packages=(gcovr)
+benchmark_packages=(python3 valgrind)
 
 as_root() {
     if [ "$(id -u)" -eq 0 ]; then
