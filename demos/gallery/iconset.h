@@ -50,6 +50,7 @@ constexpr ushort right = 0xf054;
 constexpr ushort minus = 0xf068;
 constexpr ushort up = 0xf077;
 constexpr ushort down = 0xf078;
+constexpr ushort link = 0xf0c1;
 constexpr ushort bell = 0xf0f3;
 constexpr ushort pointer = 0xf0a6;
 constexpr ushort squareOutline = 0xf096;

@@ -6,6 +6,7 @@
 #include "iconset.h"
 #include "pages/checkboxpage.h"
 #include "pages/contentviewpage.h"
+#include "pages/databindpage.h"
 #include "pages/iconfontpage.h"
 #include "pages/labelpage.h"
 #include "pages/lineitempage.h"
@@ -37,6 +38,7 @@ const std::vector<PageEntry> &galleryPages()
         {"radio-box", "Radio box", Icon::dotInCircle, create<RadioBoxPage>},
         {"progress-bar", "Progress bar", Icon::tasks, create<ProgressBarPage>},
         {"slide-control", "Slide control", Icon::sliders, create<SlideControlPage>},
+        {"data-bind", "Data bind", Icon::link, create<DataBindPage>},
         {"icon-font", "Icon font", Icon::flag, create<IconFontPage>},
         {"content-view", "Content view", Icon::window, create<ContentViewPage>},
         {"text-pixmap", "Text pixmap", Icon::font, create<TextPixmapPage>},

@@ -11,8 +11,8 @@ namespace {
 const QStringList pageNames = {
     QStringLiteral("round-rect"),   QStringLiteral("push-button"),   QStringLiteral("label"),
     QStringLiteral("line-item"),    QStringLiteral("check-box"),     QStringLiteral("radio-box"),
-    QStringLiteral("progress-bar"), QStringLiteral("slide-control"), QStringLiteral("icon-font"),
-    QStringLiteral("content-view"), QStringLiteral("text-pixmap")};
+    QStringLiteral("progress-bar"), QStringLiteral("slide-control"), QStringLiteral("data-bind"),
+    QStringLiteral("icon-font"),    QStringLiteral("content-view"),  QStringLiteral("text-pixmap")};
 
 QByteArray contentOf(const QString &path)
 {

@@ -85,6 +85,11 @@ private Q_SLOTS:
     void checkBoxTapToggles();
     void labelsReportWhatTheyGet();
     void entryBetweenLinesIsTapped();
+    void modeDecidesWhatIsCarried_data();
+    void modeDecidesWhatIsCarried();
+    void manualBindingMovesByUpdateOnly();
+    void unboundSliderMovesAlone();
+    void pageWorksOnWithoutItsModel();
 
 private:
     QString logPath() const;
@@ -102,6 +107,8 @@ private:
     QStringList changes() const;
     // Taps the middle of a control.
     bool tap(const QString &page, const QString &name);
+    // Taps the slider of the data bind page where its value is 0 or 100.
+    bool tapBoundSlider(int value);
 
     QTemporaryDir m_directory;
     QProcessEnvironment m_headless;
@@ -533,6 +540,115 @@ void tst_GalleryPointer::entryBetweenLinesIsTapped()
     quit();
 }
 
+void tst_GalleryPointer::modeDecidesWhatIsCarried_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QStringList>("sliderTapped"); // where it is 100
+    QTest::addColumn<QStringList>("modelLowered"); // by 10
+    const QStringList toModel{"Slider: valueChanged 100", "Model: levelChanged 100"};
+    const QStringList sliderOnly{"Slider: valueChanged 100"};
+    QTest::newRow("automatic, as both sides notify")
+        << 0 << "Auto" << toModel
+        << QStringList{"Model: levelChanged 90", "Slider: valueChanged 90"};
+    QTest::newRow("manual") << 1 << "Manual" << sliderOnly << QStringList{"Model: levelChanged 30"};
+    QTest::newRow("one way") << 2 << "OneWay" << toModel << QStringList{"Model: levelChanged 90"};
+    QTest::newRow("one way to the source")
+        << 4 << "OneWayToSource" << sliderOnly
+        << QStringList{"Model: levelChanged 30", "Slider: valueChanged 30"};
+}
+
+void tst_GalleryPointer::modeDecidesWhatIsCarried()
+{
+    QFETCH(int, mode);
+    QFETCH(QString, name);
+    QFETCH(QStringList, sliderTapped);
+    QFETCH(QStringList, modelLowered);
+    startGallery("data-bind", logPath());
+    QVERIFY(tap("data-bind", QString("mode-%1").arg(mode)));
+    QStringList expected{QString("Mode: idChanged %1").arg(mode),
+                         QString("Binding: setBind(%1)").arg(name)};
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    QVERIFY(tapBoundSlider(100));
+    expected += sliderTapped;
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    QVERIFY(tap("data-bind", "model-less"));
+    expected += modelLowered;
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    quit();
+    QCOMPARE(changes(), expected);
+}
+
+void tst_GalleryPointer::manualBindingMovesByUpdateOnly()
+{
+    startGallery("data-bind", logPath());
+    QVERIFY(tap("data-bind", "mode-1"));
+    QVERIFY(tap("data-bind", "model-more"));
+    QVERIFY(tap("data-bind", "bind"));
+    QVERIFY(tap("data-bind", "update"));
+    QStringList expected{"Mode: idChanged 1", "Binding: setBind(Manual)", "Model: levelChanged 50",
+                         "Binding: error : bind is not setted", "Binding: update()"};
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    // The slider stands at the model's 50 now, without having said so: there a tap takes hold of it.
+    const QRect slider = geometryOf("data-bind", "source-slider");
+    QVERIFY(tap({slider.left() + 15 + (slider.width() - 30) / 2, slider.center().y()}));
+    QTRY_COMPARE_WITH_TIMEOUT(gestures().last(), "Slider: mouseClicked", patienceMs);
+    quit();
+    QCOMPARE(changes(), expected);
+}
+
+void tst_GalleryPointer::unboundSliderMovesAlone()
+{
+    startGallery("data-bind", logPath());
+    QVERIFY(tap("data-bind", "unbind"));
+    QVERIFY(tapBoundSlider(0));
+    QStringList expected{"Binding: unbind()", "Slider: valueChanged 0"};
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    // The model is silent: bind() blocks its signals while it writes to it.
+    QVERIFY(tap("data-bind", "bind"));
+    QVERIFY(tap("data-bind", "bind"));
+    QVERIFY(tap("data-bind", "model-more"));
+    expected += QStringList{"Binding: bind()", "Binding: bind()", "Model: levelChanged 10",
+                            "Slider: valueChanged 10"};
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    QVERIFY(tapBoundSlider(100));
+    expected += QStringList{"Slider: valueChanged 100", "Model: levelChanged 100"};
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    // However often it was bound.
+    QVERIFY(tap("data-bind", "unbind"));
+    QVERIFY(tapBoundSlider(0));
+    expected += QStringList{"Binding: unbind()", "Slider: valueChanged 0"};
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    quit();
+    QCOMPARE(changes(), expected);
+}
+
+void tst_GalleryPointer::pageWorksOnWithoutItsModel()
+{
+    startGallery("data-bind", logPath());
+    QVERIFY(tap("data-bind", "delete-model"));
+    QVERIFY(tapBoundSlider(100));
+    QVERIFY(tap("data-bind", "model-more"));
+    QVERIFY(tap("data-bind", "bind"));
+    QVERIFY(tap("data-bind", "update"));
+    QVERIFY(tap("data-bind", "mode-2"));
+    QStringList expected{"Model: deleted",
+                         "Slider: valueChanged 100",
+                         "Binding: error : bind is not setted",
+                         "Binding: update()",
+                         "Mode: idChanged 2",
+                         "Binding: error : could not find dst property ' value '"};
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    // The button makes a new one now.
+    QVERIFY(tap("data-bind", "delete-model"));
+    QVERIFY(tapBoundSlider(0));
+    expected += QStringList{"Slider: valueChanged 40", "Binding: setBind(OneWay)",
+                            "Slider: valueChanged 0", "Model: levelChanged 0"};
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    quit();
+    QCOMPARE(changes(), expected);
+}
+
 QString tst_GalleryPointer::logPath() const
 {
     return m_directory.filePath("gallery.log");
@@ -591,6 +707,12 @@ bool tst_GalleryPointer::tap(const QString &page, const QString &name)
 {
     const QRect rect = geometryOf(page, name);
     return !rect.isNull() && tap(rect.center());
+}
+
+bool tst_GalleryPointer::tapBoundSlider(int value)
+{
+    const QRect slider = geometryOf("data-bind", "source-slider");
+    return tap({value == 0 ? slider.left() + 2 : slider.right() - 2, slider.center().y()});
 }
 
 void tst_GalleryPointer::quit()

@@ -77,6 +77,8 @@ private Q_SLOTS:
     void buttonsDriveBarAndSlider();
     void barFollowsEveryValueOfTheSlider();
     void sliderFollowsEveryValueOfTheBar();
+    void bindingStateTellsModeAndValues();
+    void bindingKeepsModeAndLevel();
     void embeddedViewFollowsTheWindow();
     void liveButtonsAreLargeEnough_data();
     void liveButtonsAreLargeEnough();
@@ -300,6 +302,58 @@ void tst_GalleryWindow::sliderFollowsEveryValueOfTheBar()
     }
     QCOMPARE(moves.size(), 100);
     QCOMPARE(changes.size(), 100);
+}
+
+void tst_GalleryWindow::bindingStateTellsModeAndValues()
+{
+    EventLog log(nullptr);
+    Window window(QSize(800, 480), &log, &m_icons, galleryPageIndex("data-bind"));
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    const auto *label = find<KELRoundRectControl>(window, "binding-state");
+    auto *slider = find<KELSlideControl>(window, "source-slider");
+    const auto state = [&] { return label->text().split('\n'); };
+    QCOMPARE(state(), QStringList({"Effective mode: TwoWay", "Slider 40, model 40", ""}));
+    slider->setValue(70);
+    QCOMPARE(state().at(1), "Slider 70, model 70");
+    QCOMPARE(find<KELProcessBar>(window, "model-bar")->value(), 70);
+    tap(&window, "mode-1");
+    QCOMPARE(state(),
+             QStringList({"Effective mode: Manual", "Slider 70, model 70", "setBind(Manual)"}));
+    tap(&window, "model-more");
+    QCOMPARE(state().at(1), "Slider 70, model 80");
+    tap(&window, "bind");
+    QCOMPARE(state().at(2), "error : bind is not setted");
+    tap(&window, "update");
+    QCOMPARE(state().mid(1), QStringList({"Slider 80, model 80", "update()"}));
+    tap(&window, "mode-0");
+    tap(&window, "unbind");
+    slider->setValue(20);
+    QCOMPARE(state(), QStringList({"Effective mode: TwoWay", "Slider 20, model 80", "unbind()"}));
+    tap(&window, "bind");
+    QCOMPARE(state().mid(1), QStringList({"Slider 20, model 20", "bind()"}));
+    tap(&window, "delete-model");
+    slider->setValue(30);
+    QCOMPARE(state(),
+             QStringList({"Effective mode: TwoWay", "Slider 30, model deleted",
+                          "Nothing is carried any more."}));
+    QCOMPARE(find<KELPushButton>(window, "delete-model")->text(), "New model");
+}
+
+void tst_GalleryWindow::bindingKeepsModeAndLevel()
+{
+    EventLog log(nullptr);
+    Window window(QSize(800, 480), &log, &m_icons, galleryPageIndex("data-bind"));
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    tap(&window, "mode-4");
+    tap(&window, "model-less");
+    window.resize(480, 800);
+    QCoreApplication::processEvents();
+    QVERIFY(find<KELRadioBox>(window, "mode-4")->isCheck());
+    QCOMPARE(find<KELSlideControl>(window, "source-slider")->value(), 30.0F);
+    QCOMPARE(find<KELRoundRectControl>(window, "binding-state")->text(),
+             "Effective mode: OneWayToSource\nSlider 30, model 30\n");
 }
 
 void tst_GalleryWindow::embeddedViewFollowsTheWindow()
