@@ -5,6 +5,7 @@
 
 #include "kelroundrectcontrol.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QPointer>
 #include <QtCore/QVector>
 #include <QtWidgets/QGraphicsScene>
@@ -79,7 +80,8 @@ KELContentView::~KELContentView()
     // The scene would die with the other children, but its items have slots that may still call here.
     QGraphicsScene *const scene = d->scene;
     d->scene.clear();
-    if (scene && scene->parent() == this)
+    // Without an application object Qt cannot take a scene out of a view: it goes with the other children.
+    if (scene && scene->parent() == this && QCoreApplication::instance())
         delete scene;
     delete d;
 }

@@ -31,8 +31,8 @@ string(REPLACE "]" ")" dump "${dump}")
 
 set(failed FALSE)
 
-# expect_slots(<class> <function>...): the primary table of <class>, from metaObject on.
-function(expect_slots class)
+# own_slots(<result> <class>): the primary table of <class>, from metaObject on.
+function(own_slots result class)
     string(FIND "${dump}" "\nVtable for ${class}\n" begin)
     if(begin EQUAL -1)
         message(FATAL_ERROR "no virtual table of ${class} in the dump")
@@ -50,6 +50,12 @@ function(expect_slots class)
             list(APPEND slots ${CMAKE_MATCH_1})
         endif()
     endforeach()
+    set(${result} ${slots} PARENT_SCOPE)
+endfunction()
+
+# expect_slots(<class> <function>...)
+function(expect_slots class)
+    own_slots(slots ${class})
     set(expected ${ARGN})
     if(NOT slots STREQUAL expected)
         string(REPLACE ";" "\n  " slots "${slots}")
@@ -57,6 +63,26 @@ function(expect_slots class)
         message("virtual table of ${class}:\n  ${slots}\nexpected:\n  ${expected}")
         set(failed TRUE PARENT_SCOPE)
     endif()
+endfunction()
+
+# expect_derived(<class> <base> <function>...): a class that overrides the functions of <base> in the places they
+# have there and adds none.
+function(expect_derived class base)
+    set(overridden metaObject qt_metacast qt_metacall ~${base} ${ARGN})
+    own_slots(base_slots ${base})
+    set(expected)
+    foreach(slot IN LISTS base_slots)
+        string(REGEX REPLACE ".*::" "" function ${slot})
+        if(NOT function IN_LIST overridden)
+            list(APPEND expected ${slot})
+        elseif(function STREQUAL "~${base}")
+            list(APPEND expected ${class}::~${class})
+        else()
+            list(APPEND expected ${class}::${function})
+        endif()
+    endforeach()
+    expect_slots(${class} ${expected})
+    set(failed ${failed} PARENT_SCOPE)
 endfunction()
 
 # object_slots(<result> <class> <event class>): what comes from QObject.
@@ -121,6 +147,12 @@ expect_object(KELDataBind)
 expect_slots(IKELValueConverter __cxa_pure_virtual __cxa_pure_virtual)
 expect_slots(KELDefaultValueConverter
     KELDefaultValueConverter::Convert KELDefaultValueConverter::ConvertBack)
+
+expect_derived(KELContentView QGraphicsView resizeEvent)
+expect_derived(KELDialogBase QDialog)
+expect_derived(KELNonModalDialog KELContentView showEvent)
+expect_derived(KELNonModalhelper QObject timerEvent)
+expect_derived(KELApplicationNotify QObject eventFilter)
 
 if(failed)
     message(FATAL_ERROR "the order of virtual functions has changed")

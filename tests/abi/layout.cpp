@@ -3,10 +3,14 @@
 
 // Compiled, never run: the order of the fields of the public records is part of the ABI.
 
+#include "kelapplicationnotify.h"
 #include "kelcheckbox.h"
 #include "keldatabind.h"
+#include "keldialogbase.h"
 #include "kellabel.h"
 #include "kellineitem.h"
+#include "kelnonmodaldialog.h"
+#include "kelnonmodalhelper.h"
 #include "kelprocessbar.h"
 #include "kelpushbutton.h"
 #include "kelradiobox.h"
@@ -75,3 +79,11 @@ static_assert(sizeof(IKELValueConverter) == 2 * sizeof(void *), "a table and the
 static_assert(sizeof(IKELValueConverter::ValueConverterType) == sizeof(int)
                   && sizeof(KELDataBind::BindMode) == sizeof(int),
               "application code passes other values, too");
+// The private part is the only member of these classes.
+static_assert(sizeof(KELDialogBase) == sizeof(QDialog) + sizeof(void *), "one member");
+static_assert(sizeof(KELContentView) == sizeof(QGraphicsView) + sizeof(void *), "one member");
+static_assert(sizeof(KELNonModalDialog) == sizeof(KELContentView) + sizeof(void *), "one member");
+static_assert(sizeof(KELNonModalhelper) == sizeof(QObject) + sizeof(void *), "one member");
+static_assert(KELNonModalhelper::TriggerNone == 0, "part of the ABI");
+static_assert(KELNonModalhelper::TriggerParent == 1, "part of the ABI");
+static_assert(KELNonModalhelper::TriggerScreen == 2, "part of the ABI");

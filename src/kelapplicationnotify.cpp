@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "kelapplicationnotify.h"
+
+#include <QtCore/QPointer>
+
+KELApplicationNotify::KELApplicationNotify(QObject *parent, QEvent::Type type) :
+    QObject(parent), m_type(type)
+{ }
+
+KELApplicationNotify::~KELApplicationNotify() = default;
+
+bool KELApplicationNotify::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != m_type || !event->isAccepted())
+        return QObject::eventFilter(watched, event);
+
+    const QPointer<KELApplicationNotify> alive(this);
+    const QPointer<QObject> target(watched);
+    toNotify(watched, event);
+    if (!target)
+        return true;
+    return alive && QObject::eventFilter(watched, event);
+}
+
+void KELApplicationNotify::toNotify(QObject *watched, QEvent *event)
+{
+    Q_EMIT notify(watched, event);
+}
