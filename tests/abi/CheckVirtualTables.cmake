@@ -119,21 +119,6 @@ function(expect_control class)
     set(failed ${failed} PARENT_SCOPE)
 endfunction()
 
-# expect_object(<class> [<overridden function>...]): a QObject that adds no virtual functions.
-function(expect_object class)
-    set(slots ${class}::metaObject ${class}::qt_metacast ${class}::qt_metacall
-        ${class}::~${class} ${class}::~${class})
-    foreach(function event eventFilter timerEvent childEvent customEvent connectNotify disconnectNotify)
-        if(function IN_LIST ARGN)
-            list(APPEND slots ${class}::${function})
-        else()
-            list(APPEND slots QObject::${function})
-        endif()
-    endforeach()
-    expect_slots(${class} ${slots})
-    set(failed ${failed} PARENT_SCOPE)
-endfunction()
-
 expect_control(KELRoundRectControl)
 expect_control(KELPushButton OVERRIDES paint initStyle NEW sceneEventFilter)
 expect_control(KELLabel OVERRIDES paint initStyle)
@@ -143,7 +128,6 @@ expect_control(KELRadioBox OVERRIDES paint mousePressEvent onCheckedEvent)
 expect_control(KELProcessBar OVERRIDES paint initStyle)
 expect_control(KELSlideControl
     OVERRIDES timerEvent setboundRect paint mousePressEvent mouseMoveEvent initStyle)
-expect_object(KELDataBind)
 expect_slots(IKELValueConverter __cxa_pure_virtual __cxa_pure_virtual)
 expect_slots(KELDefaultValueConverter
     KELDefaultValueConverter::Convert KELDefaultValueConverter::ConvertBack)
@@ -153,6 +137,7 @@ expect_derived(KELDialogBase QDialog)
 expect_derived(KELNonModalDialog KELContentView showEvent)
 expect_derived(KELNonModalhelper QObject timerEvent)
 expect_derived(KELApplicationNotify QObject eventFilter)
+expect_derived(KELDataBind QObject)
 
 if(failed)
     message(FATAL_ERROR "the order of virtual functions has changed")

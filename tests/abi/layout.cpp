@@ -79,6 +79,7 @@ static_assert(sizeof(IKELValueConverter) == 2 * sizeof(void *), "a table and the
 static_assert(sizeof(IKELValueConverter::ValueConverterType) == sizeof(int)
                   && sizeof(KELDataBind::BindMode) == sizeof(int),
               "application code passes other values, too");
+
 // The private part is the only member of these classes.
 static_assert(sizeof(KELDialogBase) == sizeof(QDialog) + sizeof(void *), "one member");
 static_assert(sizeof(KELContentView) == sizeof(QGraphicsView) + sizeof(void *), "one member");
