@@ -19,6 +19,8 @@ class KELDialogBasePrivate;
 /*!
  * \brief A frameless, translucent dialog whose body is a picture in a scene, with the controls on it.
  *
+ * \image html dialog-base.png
+ *
  * \code
  * KELDialogBase dialog;
  * auto *ok = new KELPushButton;

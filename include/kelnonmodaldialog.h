@@ -16,6 +16,8 @@ class KELNonModalDialogPrivate;
 /*!
  * \brief A panel that closes by itself: on a press outside it, or when it is left alone for some time.
  *
+ * \image html non-modal-dialog.png
+ *
  * \code
  * auto *panel = new KELNonModalDialog;
  * panel->setContent(controls);

@@ -17,6 +17,8 @@ class KELNonModalhelperPrivate;
 /*!
  * \brief Hides a widget when the user presses outside it, or leaves it alone for some time.
  *
+ * \image html non-modal-helper.png
+ *
  * \code
  * // Closes on a press elsewhere in its parent, or after 5 s without a press.
  * KELNonModalhelper::show(panel, KELNonModalhelper::TriggerParent, true, 5000);
@@ -41,6 +43,9 @@ class KELNonModalhelperPrivate;
  *
  * TriggerParent compares the position of the press in the parent with the geometry(): it is meant for a child
  * widget. A press on a sibling is none on the parent, unless the sibling ignores it.
+ *
+ * The parent of a child of a QGraphicsView has to be its QAbstractScrollArea::viewport(), because that gets the presses.
+ * The second press of a double click goes to the parent as a double click, and closes nothing.
  *
  * TriggerScreen compares the position on the screen with the geometry(): it is meant for a top-level widget.
  * The geometry() of a child widget is in the coordinates of its parent, so with a child widget it gives the

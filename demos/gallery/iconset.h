@@ -42,12 +42,14 @@ private:
 namespace Icon {
 constexpr ushort star = 0xf005;
 constexpr ushort home = 0xf015;
+constexpr ushort lock = 0xf023;
 constexpr ushort flag = 0xf024;
 constexpr ushort tag = 0xf02b;
 constexpr ushort font = 0xf031;
 constexpr ushort left = 0xf053;
 constexpr ushort right = 0xf054;
 constexpr ushort minus = 0xf068;
+constexpr ushort comment = 0xf075;
 constexpr ushort up = 0xf077;
 constexpr ushort down = 0xf078;
 constexpr ushort link = 0xf0c1;
@@ -58,6 +60,7 @@ constexpr ushort tasks = 0xf0ae;
 constexpr ushort dotInCircle = 0xf192;
 constexpr ushort sliders = 0xf1de;
 constexpr ushort toggle = 0xf205;
+constexpr ushort clone = 0xf24d;
 constexpr ushort window = 0xf2d0;
 } // namespace Icon
 

@@ -7,9 +7,12 @@
 #include "pages/checkboxpage.h"
 #include "pages/contentviewpage.h"
 #include "pages/databindpage.h"
+#include "pages/dialogbasepage.h"
 #include "pages/iconfontpage.h"
 #include "pages/labelpage.h"
 #include "pages/lineitempage.h"
+#include "pages/nonmodaldialogpage.h"
+#include "pages/nonmodalhelperpage.h"
 #include "pages/progressbarpage.h"
 #include "pages/pushbuttonpage.h"
 #include "pages/radioboxpage.h"
@@ -39,6 +42,9 @@ const std::vector<PageEntry> &galleryPages()
         {"progress-bar", "Progress bar", Icon::tasks, create<ProgressBarPage>},
         {"slide-control", "Slide control", Icon::sliders, create<SlideControlPage>},
         {"data-bind", "Data bind", Icon::link, create<DataBindPage>},
+        {"dialog-base", "Dialog base", Icon::lock, create<DialogBasePage>},
+        {"non-modal-dialog", "Panels", Icon::clone, create<NonModalDialogPage>},
+        {"non-modal-helper", "Popup", Icon::comment, create<NonModalHelperPage>},
         {"icon-font", "Icon font", Icon::flag, create<IconFontPage>},
         {"content-view", "Content view", Icon::window, create<ContentViewPage>},
         {"text-pixmap", "Text pixmap", Icon::font, create<TextPixmapPage>},

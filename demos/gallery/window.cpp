@@ -29,6 +29,17 @@ qreal scaleFor(const QSize &size)
     return shortSide / qBound(minShortSidePx, shortSide, maxShortSidePx);
 }
 
+const QGraphicsItem *visibleItem(const KELContentView &view, const QString &name)
+{
+    const QList<QGraphicsItem *> items = view.scene()->items();
+    for (const QGraphicsItem *item : items) {
+        const QGraphicsObject *object = item->toGraphicsObject();
+        if (object && object->objectName() == name && item->isVisible())
+            return item;
+    }
+    return nullptr;
+}
+
 } // namespace
 
 Window::Window(const QSize &size, EventLog *log, const IconSet *icons, int page) :
@@ -63,11 +74,15 @@ void Window::showPage(int page)
 
 QRect Window::geometryOf(const QString &name) const
 {
-    const QList<QGraphicsItem *> items = scene()->items();
-    for (const QGraphicsItem *item : items) {
-        const QGraphicsObject *object = item->toGraphicsObject();
-        if (object && object->objectName() == name && item->isVisible())
-            return mapFromScene(item->sceneBoundingRect()).boundingRect();
+    if (const QGraphicsItem *item = visibleItem(*this, name))
+        return mapFromScene(item->sceneBoundingRect()).boundingRect();
+    const auto views = findChildren<KELContentView *>();
+    for (const KELContentView *view : views) {
+        // Not with mapFromScene(): a view that is not shown yet has no layout.
+        if (const QGraphicsItem *item = visibleItem(*view, name)) {
+            return item->sceneBoundingRect().toRect().translated(
+                mapFromGlobal(view->mapToGlobal(QPoint())));
+        }
     }
     return QRect();
 }

@@ -23,7 +23,8 @@ public:
 
     void showPage(int page);
 
-    // Where the control of that object name is, in window pixels; null when there is none.
+    // Where the control of that object name is, in window pixels; null when there is none. The views of the
+    // page, its dialogs and panels, are searched, too, shown or not.
     QRect geometryOf(const QString &name) const;
 
 protected:

@@ -8,11 +8,21 @@
 
 namespace {
 
-const QStringList pageNames = {
-    QStringLiteral("round-rect"),   QStringLiteral("push-button"),   QStringLiteral("label"),
-    QStringLiteral("line-item"),    QStringLiteral("check-box"),     QStringLiteral("radio-box"),
-    QStringLiteral("progress-bar"), QStringLiteral("slide-control"), QStringLiteral("data-bind"),
-    QStringLiteral("icon-font"),    QStringLiteral("content-view"),  QStringLiteral("text-pixmap")};
+const QStringList pageNames = {QStringLiteral("round-rect"),
+                               QStringLiteral("push-button"),
+                               QStringLiteral("label"),
+                               QStringLiteral("line-item"),
+                               QStringLiteral("check-box"),
+                               QStringLiteral("radio-box"),
+                               QStringLiteral("progress-bar"),
+                               QStringLiteral("slide-control"),
+                               QStringLiteral("data-bind"),
+                               QStringLiteral("dialog-base"),
+                               QStringLiteral("non-modal-dialog"),
+                               QStringLiteral("non-modal-helper"),
+                               QStringLiteral("icon-font"),
+                               QStringLiteral("content-view"),
+                               QStringLiteral("text-pixmap")};
 
 QByteArray contentOf(const QString &path)
 {

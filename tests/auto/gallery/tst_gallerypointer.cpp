@@ -90,6 +90,21 @@ private Q_SLOTS:
     void manualBindingMovesByUpdateOnly();
     void unboundSliderMovesAlone();
     void pageWorksOnWithoutItsModel();
+    void wrongPinShakesAndRightPinIsAccepted();
+    void shakenDialogComesToRestInTheMiddle();
+    void cancelRejectsTheDialog();
+    void dialogBlocksTheWindow();
+    void pressOutsideClosesThePanel();
+    void panelLeftAloneCloses();
+    void pressInsideThePanelRestartsItsPeriod();
+    void openerClosesThePanelForGood();
+    void oneStepShowsAtATime();
+    void openerClosesEitherStep();
+    void panelGoesWithItsPage();
+    void pressBesideThePopupClosesIt();
+    void openerClosesThePopupForGood();
+    void popupClosesAfterTheChosenTime_data();
+    void popupClosesAfterTheChosenTime();
 
 private:
     QString logPath() const;
@@ -109,6 +124,15 @@ private:
     bool tap(const QString &page, const QString &name);
     // Taps the slider of the data bind page where its value is 0 or 100.
     bool tapBoundSlider(int value);
+    bool tapKeys(const QStringList &keys);
+    // Taps where nothing is: in the log.
+    bool tapNothing();
+    // The titles of the windows on the screen that contain name.
+    QStringList windows(const QString &name) const;
+    // Where the window called name is, in the words of xdotool.
+    QString placeOf(const QString &name) const;
+    // When the last line with text was logged, in seconds.
+    double timeOf(const QString &text) const;
 
     QTemporaryDir m_directory;
     QProcessEnvironment m_headless;
@@ -649,6 +673,272 @@ void tst_GalleryPointer::pageWorksOnWithoutItsModel()
     QCOMPARE(changes(), expected);
 }
 
+void tst_GalleryPointer::wrongPinShakesAndRightPinIsAccepted()
+{
+    startGallery("dialog-base", logPath());
+    QVERIFY(tap("dialog-base", "enter-pin"));
+    QStringList expected{"Dialog: opened"};
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    QVERIFY(tapKeys({"2", "5", "8", "1"}));
+    expected += "Dialog: shaken";
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    QVERIFY(tapKeys({"2", "5", "8", "0"}));
+    expected += "Dialog: accepted";
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    // Each time it begins with nothing entered, and a key too many can be taken back.
+    QVERIFY(tap("dialog-base", "enter-pin"));
+    expected += "Dialog: opened";
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    QVERIFY(tapKeys({"2", "5", "7", "delete", "8", "0"}));
+    expected += "Dialog: accepted";
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    quit();
+    QCOMPARE(changes(), expected);
+}
+
+void tst_GalleryPointer::shakenDialogComesToRestInTheMiddle()
+{
+    startGallery("dialog-base", logPath());
+    QVERIFY(tap("dialog-base", "enter-pin"));
+    QTRY_COMPARE_WITH_TIMEOUT(changes().size(), 1, patienceMs);
+    const QString middle = placeOf("PIN");
+    QVERIFY2(middle.contains("X=200\nY=115\nWIDTH=400\nHEIGHT=250\n"), qPrintable(middle));
+    // Fast enough for the second shake to begin during the first.
+    QVERIFY(moveTo(geometryOf("dialog-base", "key-5").center()));
+    QVERIFY(xdotool({"click", "--repeat", "8", "--delay", "20", "1"}));
+    QTRY_COMPARE_WITH_TIMEOUT(changes().count("Dialog: shaken"), 2, patienceMs);
+    QTest::qWait(holdMs); // a shake takes 300 ms
+    QTRY_COMPARE_WITH_TIMEOUT(placeOf("PIN"), middle, patienceMs);
+    QVERIFY(tapKeys({"cancel"}));
+    QTRY_COMPARE_WITH_TIMEOUT(changes().last(), "Dialog: rejected", patienceMs);
+    quit();
+}
+
+void tst_GalleryPointer::cancelRejectsTheDialog()
+{
+    startGallery("dialog-base", logPath());
+    QVERIFY(tap("dialog-base", "enter-pin"));
+    QTRY_COMPARE_WITH_TIMEOUT(changes().size(), 1, patienceMs);
+    QVERIFY(tapKeys({"2", "5", "cancel"}));
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), QStringList({"Dialog: opened", "Dialog: rejected"}),
+                              patienceMs);
+    QTRY_COMPARE_WITH_TIMEOUT(windows("PIN"), QStringList(), patienceMs);
+    quit();
+}
+
+void tst_GalleryPointer::dialogBlocksTheWindow()
+{
+    startGallery("dialog-base", logPath());
+    QVERIFY(tap("dialog-base", "enter-pin"));
+    QTRY_COMPARE_WITH_TIMEOUT(changes().size(), 1, patienceMs);
+    // Neither the button, whose upper half is free, nor another page, which would take the dialog away.
+    const QPoint free = geometryOf("dialog-base", "enter-pin").topLeft() + QPoint(20, 20);
+    QVERIFY(tap(free) && tap("dialog-base", "nav-data-bind"));
+    QVERIFY(tapKeys({"2", "5", "8", "0"}));
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), QStringList({"Dialog: opened", "Dialog: accepted"}),
+                              patienceMs);
+    QVERIFY(tap(free));
+    QTRY_COMPARE_WITH_TIMEOUT(changes().size(), 3, patienceMs);
+    QCOMPARE(changes().last(), "Dialog: opened");
+    QVERIFY(tapKeys({"cancel"}));
+    QTRY_COMPARE_WITH_TIMEOUT(changes().last(), "Dialog: rejected", patienceMs);
+    quit();
+}
+
+void tst_GalleryPointer::pressOutsideClosesThePanel()
+{
+    startGallery("non-modal-dialog", logPath());
+    QVERIFY(tap("non-modal-dialog", "open-settings"));
+    QStringList expected{"Settings panel: shown"};
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    QVERIFY(tap("non-modal-dialog", "panel-switch"));
+    expected += QStringList{"Night mode: checked", "Night mode: checkChanged"};
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    QCOMPARE(windows("Settings panel"), QStringList{"Settings panel"});
+    QVERIFY(tapNothing());
+    expected += QStringList{"Settings panel: hidden", "Settings panel: disappeared"};
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    QCOMPARE(windows("Settings panel"), QStringList());
+    QVERIFY(tapNothing());
+    quit();
+    QCOMPARE(changes(), expected);
+}
+
+void tst_GalleryPointer::panelLeftAloneCloses()
+{
+    startGallery("non-modal-dialog", logPath());
+    QVERIFY(tap("non-modal-dialog", "open-settings"));
+    const QStringList expected{"Settings panel: shown", "Settings panel: hidden",
+                               "Settings panel: disappeared"};
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    QVERIFY(timeOf("disappeared") - timeOf("shown") >= 5.99);
+    quit();
+    QCOMPARE(changes(), expected);
+}
+
+void tst_GalleryPointer::pressInsideThePanelRestartsItsPeriod()
+{
+    startGallery("non-modal-dialog", logPath());
+    const QPoint slider = geometryOf("non-modal-dialog", "panel-slider").center();
+    QVERIFY(tap("non-modal-dialog", "open-settings"));
+    QTRY_COMPARE_WITH_TIMEOUT(changes().size(), 1, patienceMs);
+    QTest::qWait(2000); // of 6000
+    QVERIFY(tap(slider));
+    QTRY_VERIFY_WITH_TIMEOUT(gestures().contains("Brightness: mousePress"), patienceMs);
+    QTRY_COMPARE_WITH_TIMEOUT(changes().last(), "Settings panel: disappeared", patienceMs);
+    QVERIFY(timeOf("disappeared") - timeOf("Brightness: mousePress") >= 5.99);
+    QCOMPARE(changes().count("Settings panel: disappeared"), 1);
+    QVERIFY(tapNothing()); // the panel had the keyboard
+    quit();
+}
+
+void tst_GalleryPointer::openerClosesThePanelForGood()
+{
+    startGallery("non-modal-dialog", logPath());
+    QStringList expected;
+    for (int i = 0; i < 2; ++i) {
+        QVERIFY(tap("non-modal-dialog", "open-settings"));
+        expected += "Settings panel: shown";
+        QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+        QVERIFY(tap("non-modal-dialog", "open-settings"));
+        expected += "Settings panel: hidden";
+        QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    }
+    // No wish to ignore a press is left over.
+    QVERIFY(tap("non-modal-dialog", "open-settings"));
+    expected += "Settings panel: shown";
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    QVERIFY(tapNothing());
+    expected += QStringList{"Settings panel: hidden", "Settings panel: disappeared"};
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    quit();
+    QCOMPARE(changes(), expected);
+}
+
+void tst_GalleryPointer::oneStepShowsAtATime()
+{
+    startGallery("non-modal-dialog", logPath());
+    QVERIFY(tap("non-modal-dialog", "open-steps"));
+    QStringList expected{"First step: shown"};
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    QVERIFY(tap("non-modal-dialog", "go-forth"));
+    expected += QStringList{"First step: hidden", "Second step: shown"};
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    QTRY_COMPARE_WITH_TIMEOUT(windows("step"), QStringList{"Second step"}, patienceMs);
+    QVERIFY(tap("non-modal-dialog", "go-back"));
+    expected += QStringList{"Second step: hidden", "First step: shown"};
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    QTRY_COMPARE_WITH_TIMEOUT(windows("step"), QStringList{"First step"}, patienceMs);
+    QVERIFY(tapNothing());
+    expected += QStringList{"First step: hidden", "First step: disappeared"};
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    quit();
+    QCOMPARE(changes(), expected);
+}
+
+void tst_GalleryPointer::openerClosesEitherStep()
+{
+    startGallery("non-modal-dialog", logPath());
+    QVERIFY(tap("non-modal-dialog", "open-steps"));
+    QStringList expected{"First step: shown"};
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    QVERIFY(tap("non-modal-dialog", "go-forth"));
+    expected += QStringList{"First step: hidden", "Second step: shown"};
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    QVERIFY(tap("non-modal-dialog", "open-steps"));
+    expected += "Second step: hidden";
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    QVERIFY(tap("non-modal-dialog", "open-steps"));
+    expected += "First step: shown";
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    // The other opener is outside: it closes this panel before it opens its own.
+    QVERIFY(tap("non-modal-dialog", "open-settings"));
+    QTRY_VERIFY_WITH_TIMEOUT(changes().contains("Settings panel: shown"), patienceMs);
+    QTRY_COMPARE_WITH_TIMEOUT(windows("step").size(), 0, patienceMs);
+    QVERIFY(tapNothing());
+    QTRY_COMPARE_WITH_TIMEOUT(changes().last(), "Settings panel: disappeared", patienceMs);
+    quit();
+}
+
+void tst_GalleryPointer::panelGoesWithItsPage()
+{
+    startGallery("non-modal-dialog", logPath());
+    QVERIFY(tap("non-modal-dialog", "open-steps"));
+    QTRY_COMPARE_WITH_TIMEOUT(windows("First step").size(), 1, patienceMs);
+    QVERIFY(tap("non-modal-dialog", "nav-non-modal-helper"));
+    QTRY_COMPARE_WITH_TIMEOUT(windows("First step").size(), 0, patienceMs);
+    const auto answers = [this] {
+        return tap("non-modal-helper", "timeout-5000")
+            && changes().contains("Time-out: idChanged 2");
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(answers(), patienceMs);
+    quit();
+}
+
+void tst_GalleryPointer::pressBesideThePopupClosesIt()
+{
+    startGallery("non-modal-helper", logPath());
+    const QRect popup = geometryOf("non-modal-helper", "popup-content");
+    QStringList expected;
+    for (int i = 0; i < 2; ++i) {
+        QVERIFY(tap("non-modal-helper", "open-popup"));
+        expected += "Popup: shown";
+        QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+        QVERIFY(tap(popup.center()));
+        QTRY_COMPARE_WITH_TIMEOUT(gestures().count("Popup: mouseClicked"), i + 1, patienceMs);
+        QVERIFY(tap(popup.topLeft() - QPoint(8, 8)));
+        expected += "Popup: hidden";
+        QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    }
+    quit();
+    QCOMPARE(changes(), expected);
+}
+
+void tst_GalleryPointer::openerClosesThePopupForGood()
+{
+    startGallery("non-modal-helper", logPath());
+    QStringList expected;
+    for (int i = 0; i < 2; ++i) {
+        QVERIFY(tap("non-modal-helper", "open-popup"));
+        expected += "Popup: shown";
+        QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+        QVERIFY(tap("non-modal-helper", "open-popup"));
+        expected += "Popup: hidden";
+        QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
+    }
+    quit();
+    QCOMPARE(changes(), expected);
+}
+
+void tst_GalleryPointer::popupClosesAfterTheChosenTime_data()
+{
+    QTest::addColumn<QString>("choice");
+    QTest::addColumn<double>("seconds"); // 0 for never
+    QTest::newRow("none") << "timeout-0" << 0.0;
+    QTest::newRow("2 s") << "timeout-2000" << 2.0;
+    QTest::newRow("5 s") << "timeout-5000" << 5.0;
+}
+
+void tst_GalleryPointer::popupClosesAfterTheChosenTime()
+{
+    QFETCH(QString, choice);
+    QFETCH(double, seconds);
+    startGallery("non-modal-helper", logPath());
+    QVERIFY(tap("non-modal-helper", choice));
+    QVERIFY(tap("non-modal-helper", "open-popup"));
+    QTRY_COMPARE_WITH_TIMEOUT(changes().last(), "Popup: shown", patienceMs);
+    if (seconds > 0) {
+        QTRY_COMPARE_WITH_TIMEOUT(changes().last(), "Popup: hidden", patienceMs);
+        QVERIFY(timeOf("hidden") - timeOf("shown") >= seconds - 0.01);
+        // Not the longer one either, as far as a busy machine lets it tell.
+        QVERIFY(seconds > 2 || timeOf("hidden") - timeOf("shown") < 4.9);
+    } else {
+        QTest::qWait(5500);
+        QCOMPARE(changes().last(), "Popup: shown");
+    }
+    quit();
+}
+
 QString tst_GalleryPointer::logPath() const
 {
     return m_directory.filePath("gallery.log");
@@ -713,6 +1003,46 @@ bool tst_GalleryPointer::tapBoundSlider(int value)
 {
     const QRect slider = geometryOf("data-bind", "source-slider");
     return tap({value == 0 ? slider.left() + 2 : slider.right() - 2, slider.center().y()});
+}
+
+bool tst_GalleryPointer::tapKeys(const QStringList &keys)
+{
+    return std::all_of(keys.cbegin(), keys.cend(),
+                       [this](const QString &key) { return tap("dialog-base", "key-" + key); });
+}
+
+bool tst_GalleryPointer::tapNothing()
+{
+    return tap(QPoint(790, 470));
+}
+
+QStringList tst_GalleryPointer::windows(const QString &name) const
+{
+    QProcess process;
+    process.setProcessEnvironment(m_display);
+    process.start(QStringLiteral(KEL_XDOTOOL),
+                  {"search", "--onlyvisible", "--name", name, "getwindowname", "%@"});
+    process.waitForFinished(patienceMs);
+    QStringList found = QString::fromUtf8(process.readAllStandardOutput())
+                            .split('\n', Qt::SkipEmptyParts);
+    found.sort();
+    return found;
+}
+
+QString tst_GalleryPointer::placeOf(const QString &name) const
+{
+    QProcess process;
+    process.setProcessEnvironment(m_display);
+    process.start(QStringLiteral(KEL_XDOTOOL),
+                  {"search", "--onlyvisible", "--name", name, "getwindowgeometry", "--shell"});
+    process.waitForFinished(patienceMs);
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+double tst_GalleryPointer::timeOf(const QString &text) const
+{
+    const QStringList found = lines().filter(text);
+    return found.isEmpty() ? -1 : found.last().section(' ', 0, 0).toDouble();
 }
 
 void tst_GalleryPointer::quit()

@@ -9,6 +9,8 @@
 #include "window.h"
 
 #include <KELCheckBox>
+#include <KELDialogBase>
+#include <KELNonModalDialog>
 #include <KELProcessBar>
 #include <KELPushButton>
 #include <KELRadioBox>
@@ -43,10 +45,32 @@ QStringList gestures(const QByteArray &log)
     return found;
 }
 
-template <typename Type>
-Type *find(const Window &window, const QString &name)
+// Where a widget has been.
+class PlaceRecorder : public QObject
 {
-    const QList<QGraphicsItem *> items = window.scene()->items();
+public:
+    explicit PlaceRecorder(QWidget *widget) : leftmost(widget->x()), rightmost(widget->x())
+    {
+        widget->installEventFilter(this);
+    }
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Move) {
+            const int x = static_cast<QMoveEvent *>(event)->pos().x();
+            leftmost = qMin(leftmost, x);
+            rightmost = qMax(rightmost, x);
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+    int leftmost;
+    int rightmost;
+};
+
+template <typename Type>
+Type *find(const KELContentView &view, const QString &name)
+{
+    const QList<QGraphicsItem *> items = view.scene()->items();
     for (QGraphicsItem *item : items) {
         auto *found = dynamic_cast<Type *>(item);
         if (found && found->objectName() == name)
@@ -80,6 +104,12 @@ private Q_SLOTS:
     void bindingStateTellsModeAndValues();
     void bindingKeepsModeAndLevel();
     void embeddedViewFollowsTheWindow();
+    void pressInsideThePanelFillsItsCountdown();
+    void dialogAndPanelsGoWithTheirPage();
+    void dialogAndPanelsFitIntoTheWindow_data();
+    void dialogAndPanelsFitIntoTheWindow();
+    void dialogShowsItsPicture();
+    void wrongPinMovesTheDialogForAMoment();
     void liveButtonsAreLargeEnough_data();
     void liveButtonsAreLargeEnough();
     void sixteenPagesCanBeReached_data();
@@ -371,6 +401,136 @@ void tst_GalleryWindow::embeddedViewFollowsTheWindow()
         QVERIFY(frame.contains(views.first()->geometry()));
         QVERIFY(views.first()->width() > frame.width() * 0.9);
     }
+}
+
+void tst_GalleryWindow::pressInsideThePanelFillsItsCountdown()
+{
+    EventLog log(nullptr);
+    Window window(QSize(800, 480), &log, &m_icons, galleryPageIndex("non-modal-dialog"));
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    tap(&window, "open-settings");
+    auto *panel = window.findChild<KELNonModalDialog *>("Settings panel");
+    QVERIFY(panel && panel->isVisible());
+    auto *bar = find<KELProcessBar>(*panel, "panel-countdown");
+    QVERIFY(bar && bar->value() > 85);
+    QTRY_VERIFY_WITH_TIMEOUT(bar->value() < 60, 5000);
+    QVERIFY(panel->isVisible());
+    const auto *slider = find<KELSlideControl>(*panel, "panel-slider");
+    QTest::mouseClick(panel->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      slider->sceneBoundingRect().center().toPoint());
+    QVERIFY(bar->value() > 85);
+    QVERIFY(panel->isVisible());
+    panel->hide();
+}
+
+void tst_GalleryWindow::dialogAndPanelsGoWithTheirPage()
+{
+    EventLog log(nullptr);
+    Window window(QSize(800, 480), &log, &m_icons, galleryPageIndex("dialog-base"));
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    tap(&window, "enter-pin");
+    QPointer<KELDialogBase> dialog = window.findChild<KELDialogBase *>();
+    QVERIFY(dialog && dialog->isVisible() && dialog->isModal());
+    window.showPage(galleryPageIndex("non-modal-dialog"));
+    QVERIFY(!dialog);
+    tap(&window, "open-steps");
+    QPointer<KELNonModalDialog> panel = KELNonModalDialog::activeDialog();
+    QVERIFY(panel);
+    window.resize(480, 800);
+    QCoreApplication::processEvents();
+    QVERIFY(!panel);
+    QVERIFY(!KELNonModalDialog::activeDialog());
+    window.showPage(galleryPageIndex("non-modal-helper"));
+    QCOMPARE(window.findChildren<KELNonModalDialog *>().size(), 0);
+    tap(&window, "open-popup");
+    QPointer<KELContentView> popup = window.viewport()->findChild<KELContentView *>();
+    QVERIFY(popup && popup->isVisible());
+    window.showPage(0);
+    QVERIFY(!popup);
+}
+
+void tst_GalleryWindow::dialogAndPanelsFitIntoTheWindow_data()
+{
+    liveButtonsAreLargeEnough_data();
+}
+
+void tst_GalleryWindow::dialogAndPanelsFitIntoTheWindow()
+{
+    QFETCH(QSize, size);
+    EventLog log(nullptr);
+    for (const char *page : {"dialog-base", "non-modal-dialog", "non-modal-helper"}) {
+        Window window(size, &log, &m_icons, galleryPageIndex(page));
+        window.move(10, 20);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        for (const char *opener : {"enter-pin", "open-settings", "open-steps", "open-popup"}) {
+            if (!window.geometryOf(opener).isNull())
+                tap(&window, opener);
+        }
+        int seen = 0;
+        const auto views = window.findChildren<KELContentView *>();
+        for (const KELContentView *view : views) {
+            const QRect place(window.mapFromGlobal(view->mapToGlobal(QPoint())), view->size());
+            QVERIFY2(window.rect().contains(place), page);
+            if (view->isVisible()) {
+                QCOMPARE(view->viewport()->size(), view->size());
+                QCOMPARE(view->viewportTransform(), QTransform());
+            }
+            const QList<QGraphicsItem *> items = view->scene()->items();
+            for (const QGraphicsItem *item : items) {
+                if (!dynamic_cast<const KELRoundRectControl *>(item)
+                    || item->acceptedMouseButtons() == Qt::NoButton)
+                    continue;
+                const QRectF rect = item->sceneBoundingRect();
+                QVERIFY(view->rect().contains(rect.toRect()));
+                QVERIFY(rect.width() >= 44 && rect.height() >= 44);
+                ++seen;
+            }
+        }
+        QVERIFY(seen > 0);
+    }
+}
+
+void tst_GalleryWindow::dialogShowsItsPicture()
+{
+    EventLog log(nullptr);
+    Window window(QSize(800, 480), &log, &m_icons, galleryPageIndex("dialog-base"));
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    const QImage picture(":res/ico/dialog.png");
+    QCOMPARE(picture.size(), QSize(400, 250));
+    tap(&window, "enter-pin");
+    auto *dialog = window.findChild<KELDialogBase *>();
+    QVERIFY(dialog && dialog->isVisible());
+    // To the very corners.
+    const QImage shown = dialog->grab().toImage();
+    QCOMPARE(shown.size(), picture.size());
+    for (const QPoint &pos : {QPoint(0, 0), QPoint(399, 0), QPoint(0, 249), QPoint(399, 249),
+                              QPoint(200, 57), QPoint(200, 246)})
+        QCOMPARE(shown.pixelColor(pos), picture.pixelColor(pos));
+}
+
+void tst_GalleryWindow::wrongPinMovesTheDialogForAMoment()
+{
+    EventLog log(nullptr);
+    Window window(QSize(800, 480), &log, &m_icons, galleryPageIndex("dialog-base"));
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    tap(&window, "enter-pin");
+    auto *dialog = window.findChild<KELDialogBase *>();
+    QVERIFY(dialog && dialog->isVisible());
+    const QPoint middle = dialog->pos();
+    PlaceRecorder places(dialog);
+    auto *key = find<KELPushButton>(*dialog->view(), "key-1");
+    for (int i = 0; i < 4; ++i)
+        Q_EMIT key->mouseClicked();
+    // A busy machine may skip one side.
+    QTRY_VERIFY(places.leftmost < middle.x() || places.rightmost > middle.x());
+    QTRY_COMPARE(dialog->pos(), middle);
+    QVERIFY(dialog->isVisible());
+    dialog->reject();
 }
 
 void tst_GalleryWindow::liveButtonsAreLargeEnough_data()
