@@ -12,10 +12,19 @@ QtMessageHandler previousHandler = nullptr;
 QStringList *debugLines = nullptr;
 QStringList *warnings = nullptr;
 
+// What Qt's platform plugins say about themselves.
+bool isAboutThePlatform(const QString &text)
+{
+    // Offscreen, whenever a popup opens.
+    return text.startsWith(QLatin1String("This plugin does not support "))
+        // X11, when a window is shown again before the server has told that it is hidden.
+        || text.contains(
+            QLatin1String("QXcbWindow::setNetWmStateOnUnmappedWindow() called on mapped"));
+}
+
 void recordMessage(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
-    // The offscreen platform says so whenever a popup opens.
-    if (text.startsWith(QLatin1String("This plugin does not support ")))
+    if (isAboutThePlatform(text))
         return;
     QStringList *const list = type == QtDebugMsg ? debugLines : warnings;
     if (type != QtFatalMsg && list)
