@@ -68,6 +68,7 @@ protected:
 /*!
  * \brief The converter that changes nothing. A binding with it is one without a converter.
  */
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): its base has none either
 class KELGDI_EXPORT KELDefaultValueConverter : public IKELValueConverter
 {
 public:

@@ -21,7 +21,7 @@ bool KELApplicationNotify::eventFilter(QObject *watched, QEvent *event)
     toNotify(watched, event);
     if (!target)
         return true;
-    return alive && QObject::eventFilter(watched, event);
+    return !alive.isNull() && QObject::eventFilter(watched, event);
 }
 
 void KELApplicationNotify::toNotify(QObject *watched, QEvent *event)

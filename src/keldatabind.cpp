@@ -10,6 +10,8 @@
 #include <QtCore/QPointer>
 #include <QtCore/QString>
 
+#include <array>
+
 namespace {
 
 // property() and setProperty() of one name, with the look-up kept for as long as it must give the same answer.
@@ -35,8 +37,8 @@ public:
         QVariant value(type, nullptr);
         void *const storage = value.data();
         int status = -1; // changed by a getter that has stored its result in value
-        void *arguments[] = {storage, &value, &status};
-        QMetaObject::metacall(object, QMetaObject::ReadProperty, m_index, arguments);
+        std::array<void *, 3> arguments = {storage, &value, &status};
+        QMetaObject::metacall(object, QMetaObject::ReadProperty, m_index, arguments.data());
         if (status == -1 && arguments[0] != storage)
             value = QVariant(type, arguments[0]);
         return value;
@@ -52,8 +54,8 @@ public:
         } else {
             int status = -1;
             int flags = 0;
-            void *arguments[] = {value->data(), value, &status, &flags};
-            QMetaObject::metacall(object, QMetaObject::WriteProperty, m_index, arguments);
+            std::array<void *, 4> arguments = {value->data(), value, &status, &flags};
+            QMetaObject::metacall(object, QMetaObject::WriteProperty, m_index, arguments.data());
         }
     }
 
@@ -146,7 +148,7 @@ public:
     using Conversion = QVariant (IKELValueConverter::*)(QObject *, const QVariant &);
 
     ~KELDataBindPrivate();
-    void endCalls();
+    void endCalls() const;
     void store(QObject *source, const QByteArray &sourceName, QObject *destination,
                const QByteArray &destinationName, IKELValueConverter *valueConverter);
     static bool connectNotify(KELDataBind *q, const QObject *object, const QMetaProperty &property,
@@ -182,7 +184,7 @@ KELDataBindPrivate::~KELDataBindPrivate()
         call->m_isBindGone = call->m_isOver = true;
 }
 
-void KELDataBindPrivate::endCalls()
+void KELDataBindPrivate::endCalls() const
 {
     for (Call *call = innermostCall; call; call = call->m_outer)
         call->m_isOver = true;
@@ -292,7 +294,7 @@ QVariant KELDefaultValueConverter::ConvertBack(QObject * /*object*/, const QVari
 
 KELDataBind::KELDataBind(QObject *parent) : QObject(parent), d(new KELDataBindPrivate)
 {
-    const QMetaObject *meta = metaObject();
+    const QMetaObject *const meta = &staticMetaObject;
     for (int i = 0; i < meta->methodCount() && !(d->srcSlot.isValid() && d->dstSlot.isValid());
          ++i) {
         const QMetaMethod method = meta->method(i);

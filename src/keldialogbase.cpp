@@ -76,11 +76,15 @@ void KELDialogBasePrivate::replaceBackground(const QPixmap &pixmap)
 {
     // Items on the old one go with it, and their slots may give another one or delete the dialog.
     const QPointer<KELDialogBase> alive(q);
-    while (alive && background) {
+    while (alive) {
+        Background *const old = background;
+        if (!old)
+            break;
         // Not in the scene while it dies: a slot may delete the scene.
-        if (background->scene())
-            background->scene()->removeItem(background);
-        delete background;
+        // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDelete): ~Background() clears the pointer
+        if (old->scene())
+            old->scene()->removeItem(old);
+        delete old;
     }
     if (!alive || !view || !view->scene())
         return;

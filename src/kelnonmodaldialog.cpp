@@ -17,7 +17,7 @@ private:
     Q_DISABLE_COPY(KELNonModalDialogPrivate)
 };
 
-QMutex KELNonModalDialog::g_modalLock;
+QMutex KELNonModalDialog::g_modalLock; // NOLINT(cert-err58-cpp)
 QList<QPointer<KELNonModalDialog>> KELNonModalDialog::g_nonModalDialogs;
 
 KELNonModalDialog::KELNonModalDialog(QWidget *parent) :

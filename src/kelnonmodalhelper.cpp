@@ -38,7 +38,7 @@ bool isInPopupOrWithoutFocus(const QWidget *widget)
     if (isPopupOrWithoutFocus(widget->windowFlags()))
         return true;
     const QWidget *const native = widget->nativeParentWidget();
-    if (native && native->windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus))
+    if (native != nullptr && native->windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus))
         return true;
     for (const QWidget *parent = widget->parentWidget(); parent; parent = parent->parentWidget()) {
         if (isPopup(parent->windowFlags()))
@@ -140,7 +140,7 @@ QPointer<KELNonModalhelper> KELNonModalhelperPrivate::shownHelper(const QWidget 
 {
     const auto found = std::find_if(NonModals.cbegin(), NonModals.cend(),
                                     [widget](const QPointer<KELNonModalhelper> &helper) {
-                                        return helper && helper->d->widget == widget;
+                                        return !helper.isNull() && helper->d->widget == widget;
                                     });
     return found == NonModals.cend() ? nullptr : *found;
 }
@@ -226,7 +226,7 @@ void KELNonModalhelper::show(QWidget *widget, TriggerSource source, bool enableT
     if (!widget)
         return;
     QPointer<KELNonModalhelper> helper = KELNonModalhelperPrivate::shownHelper(widget);
-    const bool isNew = !helper || widget->isHidden();
+    const bool isNew = helper.isNull() || widget->isHidden();
     if (isNew) {
         const QPointer<QWidget> aliveWidget(widget);
         delete helper;
