@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
-#include "keltest.h"
+#include "controltest.h"
 
 #include <kelcheckbox.h>
 
@@ -144,17 +144,7 @@ void tst_KELCheckBox::recordHasTheDefaultsOfACheckBox()
     QCOMPARE(style.borderWidth, 2.0F);
     QCOMPARE(style.xRadius, 15.0);
     QCOMPARE(style.yRadius, 15.0);
-    QVERIFY(style.text.isNull());
-    QCOMPARE(style.textFlags, 0x1084);
-    QVERIFY(style.trimText);
-    QCOMPARE(style.font, QFont());
-    QCOMPARE(style.contextMenu, nullptr);
-    QCOMPARE(style.margins, QMarginsF());
-    QVERIFY(style.pixmap.isNull());
-    QVERIFY(style.icon.isNull());
-    QCOMPARE(style.iconSize, 30);
-    QVERIFY(!style.isMouseDown);
-    QVERIFY(!style.isCheck);
+    ControlTest::hasTheOtherDefaultsOfTheBase(style);
     QCOMPARE(style.indicatorBrush, QBrush(QColor(0, 123, 185, 255)));
 }
 
@@ -167,23 +157,12 @@ void tst_KELCheckBox::recordStandsForTheBaseRecord()
 
 void tst_KELCheckBox::takesPointerInput()
 {
-    const KELCheckBox box;
-    QVERIFY(box.acceptHoverEvents());
-    QVERIFY(box.acceptTouchEvents());
-    QCOMPARE(box.acceptedMouseButtons(), Qt::LeftButton);
-    QCOMPARE(box.flags(), QGraphicsItem::ItemIsSelectable | QGraphicsItem::ItemIsPanel);
-    QCOMPARE(box.cacheMode(), QGraphicsItem::DeviceCoordinateCache);
-    QVERIFY(!box.isSelected());
-    QVERIFY(!box.isCheck());
+    ControlTest::takesPointerInput<KELCheckBox>();
 }
 
 void tst_KELCheckBox::hasAParentItem()
 {
-    KELRoundRectControl parent;
-    const auto *box = new KELCheckBox(&parent);
-    QCOMPARE(box->parentItem(), &parent);
-    QCOMPARE(KELCheckBox().parentItem(), nullptr);
-    QCOMPARE(KELCheckBox(nullptr).parentItem(), nullptr);
+    ControlTest::hasAParentItem<KELCheckBox>();
 }
 
 void tst_KELCheckBox::declaresItsInterface()

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
-#include "keltest.h"
+#include "controltest.h"
 
 #include <kellabel.h>
 #include <kelpushbutton.h>
@@ -348,42 +348,17 @@ void tst_KELLabel::recordHasTheDefaultsOfALabel()
     QCOMPARE(style.borderBrush, QBrush(Qt::black));
     QCOMPARE(style.xRadius, 0.0);
     QCOMPARE(style.yRadius, 0.0);
-    QVERIFY(style.text.isNull());
-    QCOMPARE(style.textFlags, 0x1084);
-    QVERIFY(style.trimText);
-    QCOMPARE(style.font, QFont());
-    QCOMPARE(style.contextMenu, nullptr);
-    QCOMPARE(style.margins, QMarginsF());
-    QVERIFY(style.pixmap.isNull());
-    QVERIFY(style.icon.isNull());
-    QCOMPARE(style.iconSize, 30);
-    QVERIFY(!style.isMouseDown);
-    QVERIFY(!style.isCheck);
+    ControlTest::hasTheOtherDefaultsOfTheBase(style);
 }
 
 void tst_KELLabel::inputSettingsAreThoseOfTheBase()
 {
-    const KELLabel label;
-    const KELRoundRectControl base;
-    QCOMPARE(label.flags(), base.flags());
-    QCOMPARE(label.flags(), QGraphicsItem::ItemIsPanel);
-    QCOMPARE(label.acceptedMouseButtons(), base.acceptedMouseButtons());
-    QCOMPARE(label.acceptHoverEvents(), base.acceptHoverEvents());
-    QVERIFY(!label.acceptHoverEvents());
-    QCOMPARE(label.acceptTouchEvents(), base.acceptTouchEvents());
-    QVERIFY(!label.acceptTouchEvents());
-    QCOMPARE(label.filtersChildEvents(), base.filtersChildEvents());
-    QCOMPARE(label.handlesChildEvents(), base.handlesChildEvents());
-    QCOMPARE(label.cacheMode(), QGraphicsItem::DeviceCoordinateCache);
+    ControlTest::hasInputSettingsOfTheBase<KELLabel>();
 }
 
 void tst_KELLabel::hasAParentItem()
 {
-    KELRoundRectControl parent;
-    const auto *label = new KELLabel(&parent);
-    QCOMPARE(label->parentItem(), &parent);
-    QCOMPARE(KELLabel().parentItem(), nullptr);
-    QCOMPARE(KELLabel(nullptr).parentItem(), nullptr);
+    ControlTest::hasAParentItem<KELLabel>();
 }
 
 void tst_KELLabel::declaresNoInterfaceOfItsOwn()

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
-#include "keltest.h"
+#include "controltest.h"
 
 #include <kellineitem.h>
 
@@ -194,40 +194,17 @@ void tst_KELLineItem::recordHasTheDefaultsOfTheBase()
     QCOMPARE(style.borderWidth, 0.5F);
     QCOMPARE(style.xRadius, 0.0);
     QCOMPARE(style.yRadius, 0.0);
-    QVERIFY(style.text.isNull());
-    QCOMPARE(style.textFlags, 0x1084);
-    QVERIFY(style.trimText);
-    QCOMPARE(style.font, QFont());
-    QCOMPARE(style.contextMenu, nullptr);
-    QCOMPARE(style.margins, QMarginsF());
-    QVERIFY(style.pixmap.isNull());
-    QVERIFY(style.icon.isNull());
-    QCOMPARE(style.iconSize, 30);
-    QVERIFY(!style.isMouseDown);
-    QVERIFY(!style.isCheck);
+    ControlTest::hasTheOtherDefaultsOfTheBase(style);
 }
 
 void tst_KELLineItem::inputSettingsAreThoseOfTheBase()
 {
-    const KELLineItem item;
-    const KELRoundRectControl base;
-    QCOMPARE(item.flags(), base.flags());
-    QCOMPARE(item.flags(), QGraphicsItem::ItemIsPanel);
-    QCOMPARE(item.acceptedMouseButtons(), base.acceptedMouseButtons());
-    QCOMPARE(item.acceptHoverEvents(), base.acceptHoverEvents());
-    QCOMPARE(item.acceptTouchEvents(), base.acceptTouchEvents());
-    QCOMPARE(item.filtersChildEvents(), base.filtersChildEvents());
-    QCOMPARE(item.handlesChildEvents(), base.handlesChildEvents());
-    QCOMPARE(item.cacheMode(), QGraphicsItem::DeviceCoordinateCache);
+    ControlTest::hasInputSettingsOfTheBase<KELLineItem>();
 }
 
 void tst_KELLineItem::hasAParentItem()
 {
-    KELRoundRectControl parent;
-    const auto *item = new KELLineItem(&parent);
-    QCOMPARE(item->parentItem(), &parent);
-    QCOMPARE(KELLineItem().parentItem(), nullptr);
-    QCOMPARE(KELLineItem(nullptr).parentItem(), nullptr);
+    ControlTest::hasAParentItem<KELLineItem>();
 }
 
 void tst_KELLineItem::declaresNoInterfaceOfItsOwn()

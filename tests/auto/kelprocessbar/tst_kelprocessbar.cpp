@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
-#include "keltest.h"
+#include "controltest.h"
 
 #include <kelprocessbar.h>
 
@@ -250,42 +250,17 @@ void tst_KELProcessBar::recordHasTheDefaultsOfABar()
     QCOMPARE(style.xRadius, 15.0);
     QCOMPARE(style.yRadius, 15.0);
     QCOMPARE(style.borderWidth, 0.5F);
-    QVERIFY(style.text.isNull());
-    QCOMPARE(style.textFlags, 0x1084);
-    QVERIFY(style.trimText);
-    QCOMPARE(style.font, QFont());
-    QCOMPARE(style.contextMenu, nullptr);
-    QCOMPARE(style.margins, QMarginsF());
-    QVERIFY(style.pixmap.isNull());
-    QVERIFY(style.icon.isNull());
-    QCOMPARE(style.iconSize, 30);
-    QVERIFY(!style.isMouseDown);
-    QVERIFY(!style.isCheck);
+    ControlTest::hasTheOtherDefaultsOfTheBase(style);
 }
 
 void tst_KELProcessBar::inputSettingsAreThoseOfTheBase()
 {
-    const KELProcessBar bar;
-    const KELRoundRectControl base;
-    QCOMPARE(bar.flags(), base.flags());
-    QCOMPARE(bar.flags(), QGraphicsItem::ItemIsPanel);
-    QCOMPARE(bar.acceptedMouseButtons(), base.acceptedMouseButtons());
-    QCOMPARE(bar.acceptHoverEvents(), base.acceptHoverEvents());
-    QVERIFY(!bar.acceptHoverEvents());
-    QCOMPARE(bar.acceptTouchEvents(), base.acceptTouchEvents());
-    QVERIFY(!bar.acceptTouchEvents());
-    QCOMPARE(bar.filtersChildEvents(), base.filtersChildEvents());
-    QCOMPARE(bar.handlesChildEvents(), base.handlesChildEvents());
-    QCOMPARE(bar.cacheMode(), QGraphicsItem::DeviceCoordinateCache);
+    ControlTest::hasInputSettingsOfTheBase<KELProcessBar>();
 }
 
 void tst_KELProcessBar::hasAParentItem()
 {
-    KELRoundRectControl parent;
-    const auto *bar = new KELProcessBar(&parent);
-    QCOMPARE(bar->parentItem(), &parent);
-    QCOMPARE(KELProcessBar().parentItem(), nullptr);
-    QCOMPARE(KELProcessBar(nullptr).parentItem(), nullptr);
+    ControlTest::hasAParentItem<KELProcessBar>();
 }
 
 void tst_KELProcessBar::declaresTwoSignalsASlotAndAProperty()

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
-#include "keltest.h"
+#include "controltest.h"
 
 #include <kelpushbutton.h>
 
@@ -116,17 +116,7 @@ void tst_KELPushButton::recordHasTheDefaultsOfAButton()
     QCOMPARE(style.borderWidth, 2.0F);
     QCOMPARE(style.xRadius, 0.0);
     QCOMPARE(style.yRadius, 0.0);
-    QVERIFY(style.text.isNull());
-    QCOMPARE(style.textFlags, 0x1084);
-    QVERIFY(style.trimText);
-    QCOMPARE(style.font, QFont());
-    QCOMPARE(style.contextMenu, nullptr);
-    QCOMPARE(style.margins, QMarginsF());
-    QVERIFY(style.pixmap.isNull());
-    QVERIFY(style.icon.isNull());
-    QCOMPARE(style.iconSize, 30);
-    QVERIFY(!style.isMouseDown);
-    QVERIFY(!style.isCheck);
+    ControlTest::hasTheOtherDefaultsOfTheBase(style);
     QCOMPARE(style.iconMargins, QMarginsF(5, 1, 5, 1));
 }
 
@@ -140,25 +130,14 @@ void tst_KELPushButton::recordStandsForTheBaseRecord()
 void tst_KELPushButton::takesPointerInput()
 {
     const KELPushButton button;
-    QVERIFY(button.acceptHoverEvents());
-    QVERIFY(button.acceptTouchEvents());
-    QCOMPARE(button.acceptedMouseButtons(), Qt::LeftButton);
     QVERIFY(button.filtersChildEvents());
     QVERIFY(button.handlesChildEvents());
-    QCOMPARE(button.flags(),
-             QGraphicsItem::ItemIsSelectable | QGraphicsItem::ItemClipsToShape
-                 | QGraphicsItem::ItemIsPanel);
-    QCOMPARE(button.cacheMode(), QGraphicsItem::DeviceCoordinateCache);
-    QVERIFY(!button.isSelected());
+    ControlTest::takesPointerInput<KELPushButton>(QGraphicsItem::ItemClipsToShape);
 }
 
 void tst_KELPushButton::hasAParentItem()
 {
-    KELRoundRectControl parent;
-    const auto *button = new KELPushButton(&parent);
-    QCOMPARE(button->parentItem(), &parent);
-    QCOMPARE(KELPushButton().parentItem(), nullptr);
-    QCOMPARE(KELPushButton(nullptr).parentItem(), nullptr);
+    ControlTest::hasAParentItem<KELPushButton>();
 }
 
 void tst_KELPushButton::declaresNoInterfaceOfItsOwn()

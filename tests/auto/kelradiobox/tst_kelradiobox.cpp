@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
-#include "keltest.h"
+#include "controltest.h"
 
 #include <kelradiobox.h>
 
@@ -131,23 +131,12 @@ void tst_KELRadioBox::recordHasTheDefaultsOfARadioBox()
 
 void tst_KELRadioBox::takesPointerInput()
 {
-    const KELRadioBox box;
-    QVERIFY(box.acceptHoverEvents());
-    QVERIFY(box.acceptTouchEvents());
-    QCOMPARE(box.acceptedMouseButtons(), Qt::LeftButton);
-    QCOMPARE(box.flags(), QGraphicsItem::ItemIsSelectable | QGraphicsItem::ItemIsPanel);
-    QCOMPARE(box.cacheMode(), QGraphicsItem::DeviceCoordinateCache);
-    QVERIFY(!box.isSelected());
-    QVERIFY(!box.isCheck());
+    ControlTest::takesPointerInput<KELRadioBox>();
 }
 
 void tst_KELRadioBox::hasAParentItem()
 {
-    KELRoundRectControl parent;
-    const auto *box = new KELRadioBox(&parent);
-    QCOMPARE(box->parentItem(), &parent);
-    QCOMPARE(KELRadioBox().parentItem(), nullptr);
-    QCOMPARE(KELRadioBox(nullptr).parentItem(), nullptr);
+    ControlTest::hasAParentItem<KELRadioBox>();
 }
 
 void tst_KELRadioBox::declaresItsInterface()

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
-#include "keltest.h"
+#include "controltest.h"
 
 #include <kelslidecontrol.h>
 
@@ -460,37 +460,17 @@ void tst_KELSlideControl::recordHasTheDefaultsOfASlider()
     QCOMPARE(style.borderWidth, 0.5F);
     QCOMPARE(style.xRadius, 0.0);
     QCOMPARE(style.yRadius, 0.0);
-    QVERIFY(style.text.isNull());
-    QCOMPARE(style.textFlags, 0x1084);
-    QVERIFY(style.trimText);
-    QCOMPARE(style.font, QFont());
-    QCOMPARE(style.contextMenu, nullptr);
-    QCOMPARE(style.margins, QMarginsF());
-    QVERIFY(style.pixmap.isNull());
-    QVERIFY(style.icon.isNull());
-    QCOMPARE(style.iconSize, 30);
-    QVERIFY(!style.isMouseDown);
-    QVERIFY(!style.isCheck);
+    ControlTest::hasTheOtherDefaultsOfTheBase(style);
 }
 
 void tst_KELSlideControl::takesPointerInput()
 {
-    const KELSlideControl slider;
-    QVERIFY(slider.acceptHoverEvents());
-    QVERIFY(slider.acceptTouchEvents());
-    QCOMPARE(slider.acceptedMouseButtons(), Qt::LeftButton);
-    QCOMPARE(slider.flags(), QGraphicsItem::ItemIsSelectable | QGraphicsItem::ItemIsPanel);
-    QCOMPARE(slider.cacheMode(), QGraphicsItem::DeviceCoordinateCache);
-    QVERIFY(!slider.isSelected());
+    ControlTest::takesPointerInput<KELSlideControl>();
 }
 
 void tst_KELSlideControl::hasAParentItem()
 {
-    KELRoundRectControl parent;
-    const auto *slider = new KELSlideControl(&parent);
-    QCOMPARE(slider->parentItem(), &parent);
-    QCOMPARE(KELSlideControl().parentItem(), nullptr);
-    QCOMPARE(KELSlideControl(nullptr).parentItem(), nullptr);
+    ControlTest::hasAParentItem<KELSlideControl>();
 }
 
 void tst_KELSlideControl::declaresItsInterface()

@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#ifndef CONTROLTEST_H
+#define CONTROLTEST_H
+
+#include "keltest.h"
+
+#include <kelroundrectcontrol.h>
+
+// What the tests of several controls check alike. Each is the last call of a test function.
+namespace ControlTest {
+
+// The constructor takes a parent item, also none.
+template <typename Control>
+void hasAParentItem()
+{
+    KELRoundRectControl parent;
+    const auto *control = new Control(&parent);
+    QCOMPARE(control->parentItem(), &parent);
+    QCOMPARE(Control().parentItem(), nullptr);
+    QCOMPARE(Control(nullptr).parentItem(), nullptr);
+}
+
+// For a control that is not meant to be tapped.
+template <typename Control>
+void hasInputSettingsOfTheBase()
+{
+    const Control control;
+    const KELRoundRectControl base;
+    QCOMPARE(control.flags(), base.flags());
+    QCOMPARE(control.flags(), QGraphicsItem::ItemIsPanel);
+    QCOMPARE(control.acceptedMouseButtons(), base.acceptedMouseButtons());
+    QVERIFY(!control.acceptHoverEvents());
+    QVERIFY(!control.acceptTouchEvents());
+    QCOMPARE(control.filtersChildEvents(), base.filtersChildEvents());
+    QCOMPARE(control.handlesChildEvents(), base.handlesChildEvents());
+    QCOMPARE(control.cacheMode(), QGraphicsItem::DeviceCoordinateCache);
+}
+
+// For one that is; flags besides those of all such controls.
+template <typename Control>
+void takesPointerInput(QGraphicsItem::GraphicsItemFlags flags = {})
+{
+    const Control control;
+    QVERIFY(control.acceptHoverEvents());
+    QVERIFY(control.acceptTouchEvents());
+    QCOMPARE(control.acceptedMouseButtons(), Qt::LeftButton);
+    QCOMPARE(control.flags(), QGraphicsItem::ItemIsSelectable | QGraphicsItem::ItemIsPanel | flags);
+    QCOMPARE(control.cacheMode(), QGraphicsItem::DeviceCoordinateCache);
+    QVERIFY(!control.isSelected());
+    QVERIFY(!control.isCheck());
+}
+
+// The fields of the record that no control gives another default.
+inline void hasTheOtherDefaultsOfTheBase(const KELRoundRectControlStyle &style)
+{
+    QVERIFY(style.text.isNull());
+    QCOMPARE(style.textFlags, 0x1084);
+    QVERIFY(style.trimText);
+    QCOMPARE(style.font, QFont());
+    QCOMPARE(style.contextMenu, nullptr);
+    QCOMPARE(style.margins, QMarginsF());
+    QVERIFY(style.pixmap.isNull());
+    QVERIFY(style.icon.isNull());
+    QCOMPARE(style.iconSize, 30);
+    QVERIFY(!style.isMouseDown);
+    QVERIFY(!style.isCheck);
+}
+
+} // namespace ControlTest
+
+#endif
