@@ -4,8 +4,8 @@
 #include "kelcontentview.h"
 
 #include "kelroundrectcontrol.h"
+#include "kelsceneview_p.h"
 
-#include <QtCore/QCoreApplication>
 #include <QtCore/QPointer>
 #include <QtCore/QVector>
 #include <QtWidgets/QGraphicsScene>
@@ -63,26 +63,13 @@ void KELContentViewPrivate::deleteSuperseded()
 KELContentView::KELContentView(QWidget *parent) :
     QGraphicsView(parent), d(new KELContentViewPrivate)
 {
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setStyleSheet(QStringLiteral("background: transparent;"));
-    setWindowFlags(Qt::FramelessWindowHint);
-    setAttribute(Qt::WA_TranslucentBackground);
-
-    d->scene = new QGraphicsScene(this);
-    // setboundRect() does not tell the scene: an index would keep the old rectangle.
-    d->scene->setItemIndexMethod(QGraphicsScene::NoIndex);
+    d->scene = KELSceneView::setUp(this);
     setScene(d->scene);
 }
 
 KELContentView::~KELContentView()
 {
-    // The scene would die with the other children, but its items have slots that may still call here.
-    QGraphicsScene *const scene = d->scene;
-    d->scene.clear();
-    // Without an application object Qt cannot take a scene out of a view: it goes with the other children.
-    if (scene && scene->parent() == this && QCoreApplication::instance())
-        delete scene;
+    KELSceneView::tearDown(this, &d->scene);
     delete d;
 }
 

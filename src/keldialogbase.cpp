@@ -4,6 +4,7 @@
 #include "keldialogbase.h"
 
 #include "kelcontentview.h"
+#include "kelpart_p.h"
 
 #include <QtCore/QEasingCurve>
 #include <QtCore/QPointer>
@@ -23,26 +24,6 @@ constexpr double shortMessageSize = 2.2;
 
 constexpr int shakeMs = 300;
 constexpr int shakeSteps = 10;
-
-// Clears the pointer to it when the scene or the application deletes it.
-class Background : public QGraphicsPixmapItem
-{
-public:
-    Background(const QPixmap &pixmap, Background **reference) :
-        QGraphicsPixmapItem(pixmap), m_reference(reference)
-    { }
-    ~Background() override
-    {
-        if (m_reference)
-            *m_reference = nullptr;
-    }
-    void leave() { m_reference = nullptr; }
-
-private:
-    Q_DISABLE_COPY(Background)
-
-    Background **m_reference;
-};
 
 void setLook(KELDialogBase *dialog)
 {
@@ -69,7 +50,7 @@ public:
 
     KELDialogBase *const q;
     QPointer<KELContentView> view;
-    Background *background = nullptr;
+    KELPart<QGraphicsPixmapItem> background;
 };
 
 void KELDialogBasePrivate::replaceBackground(const QPixmap &pixmap)
@@ -77,19 +58,17 @@ void KELDialogBasePrivate::replaceBackground(const QPixmap &pixmap)
     // Items on the old one go with it, and their slots may give another one or delete the dialog.
     const QPointer<KELDialogBase> alive(q);
     while (alive) {
-        Background *const old = background;
+        QGraphicsPixmapItem *const old = background.get();
         if (!old)
             break;
         // Not in the scene while it dies: a slot may delete the scene.
-        // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDelete): ~Background() clears the pointer
         if (old->scene())
             old->scene()->removeItem(old);
         delete old;
     }
     if (!alive || !view || !view->scene())
         return;
-    background = new Background(pixmap, &background);
-    view->scene()->addItem(background);
+    view->scene()->addItem(background.create(pixmap));
 }
 
 KELDialogBase::KELDialogBase(QWidget *parent) : QDialog(parent), d(new KELDialogBasePrivate(this))
@@ -122,8 +101,6 @@ KELDialogBase::~KELDialogBase()
     const QPointer<KELContentView> view = std::exchange(d->view, nullptr);
     if (view && view->parent() == this)
         delete view;
-    if (d->background)
-        d->background->leave();
     delete d;
 }
 

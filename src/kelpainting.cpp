@@ -101,25 +101,37 @@ void KELPainting::drawPixmap(QPainter *painter, const QRectF &rect, const QPixma
         painter->drawPixmap(roundedEach(rect), pixmap);
 }
 
-void KELPainting::drawGlyph(QPainter *painter, const KELRoundRectControlStyle &option,
-                            const QRectF &rect)
+void KELPainting::drawGlyph(QPainter *painter, KELIconFont glyph, int pixelSize,
+                            const QBrush &brush, int flags, const QRectF &rect)
 {
     if (!isPaintable(rect))
         return;
-    painter->setPen(captionPen(option.foregroundBrush));
-    KELIconFont glyph = option.icon;
-    glyph.setPixelSize(option.iconSize);
-    glyph.drawIcon(painter, rect, option.textFlags);
+    painter->setPen(captionPen(brush));
+    glyph.setPixelSize(pixelSize);
+    glyph.drawIcon(painter, rect, flags);
+}
+
+void KELPainting::drawText(QPainter *painter, const QFont &font, const QBrush &brush, int flags,
+                           const QRectF &rect, const QString &text)
+{
+    if (!isPaintable(rect))
+        return;
+    painter->setFont(font);
+    painter->setPen(captionPen(brush));
+    painter->drawText(rect, flags, text);
+}
+
+void KELPainting::drawGlyph(QPainter *painter, const KELRoundRectControlStyle &option,
+                            const QRectF &rect)
+{
+    drawGlyph(painter, option.icon, option.iconSize, option.foregroundBrush, option.textFlags,
+              rect);
 }
 
 void KELPainting::drawCaption(QPainter *painter, const KELRoundRectControlStyle &option,
                               const QRectF &rect, const QString &caption)
 {
-    if (!isPaintable(rect))
-        return;
-    painter->setFont(option.font);
-    painter->setPen(captionPen(option.foregroundBrush));
-    painter->drawText(rect, option.textFlags, caption);
+    drawText(painter, option.font, option.foregroundBrush, option.textFlags, rect, caption);
 }
 
 void KELPainting::drawContentCaption(QPainter *painter, const KELRoundRectControlStyle &option)

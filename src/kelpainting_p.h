@@ -9,6 +9,7 @@
 #include <QtGui/QPen>
 
 QT_BEGIN_NAMESPACE
+class QFont;
 class QPainter;
 class QPixmap;
 class QString;
@@ -52,6 +53,12 @@ void drawRounded(QPainter *painter, const QRectF &rect, qreal xRadius, qreal yRa
 void drawEllipse(QPainter *painter, const QRectF &rect);
 
 void drawPixmap(QPainter *painter, const QRectF &rect, const QPixmap &pixmap);
+
+// Set the painter's pen and font and draw the glyph or the text as it is given.
+void drawGlyph(QPainter *painter, KELIconFont glyph, int pixelSize, const QBrush &brush, int flags,
+               const QRectF &rect);
+void drawText(QPainter *painter, const QFont &font, const QBrush &brush, int flags,
+              const QRectF &rect, const QString &text);
 
 // Sets the painter's pen and font and draws the record's glyph.
 void drawGlyph(QPainter *painter, const KELRoundRectControlStyle &option, const QRectF &rect);

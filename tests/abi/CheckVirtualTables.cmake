@@ -128,6 +128,10 @@ expect_control(KELRadioBox OVERRIDES paint mousePressEvent onCheckedEvent)
 expect_control(KELProcessBar OVERRIDES paint initStyle)
 expect_control(KELSlideControl
     OVERRIDES timerEvent setboundRect paint mousePressEvent mouseMoveEvent initStyle)
+expect_control(KELComboBox OVERRIDES setboundRect paint initStyle)
+expect_derived(KELComboBoxItem KELPushButton setboundRect initStyle)
+expect_control(KELNavigationTable OVERRIDES paint mousePressEvent initStyle NEW sceneEventFilter)
+expect_control(KELNavigationTableItem OVERRIDES paint initStyle)
 expect_slots(IKELValueConverter __cxa_pure_virtual __cxa_pure_virtual)
 expect_slots(KELDefaultValueConverter
     KELDefaultValueConverter::Convert KELDefaultValueConverter::ConvertBack)
@@ -138,6 +142,7 @@ expect_derived(KELNonModalDialog KELContentView showEvent)
 expect_derived(KELNonModalhelper QObject timerEvent)
 expect_derived(KELApplicationNotify QObject eventFilter)
 expect_derived(KELDataBind QObject)
+expect_derived(KELSideMenu QGraphicsView resizeEvent)
 
 if(failed)
     message(FATAL_ERROR "the order of virtual functions has changed")

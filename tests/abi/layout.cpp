@@ -5,16 +5,19 @@
 
 #include "kelapplicationnotify.h"
 #include "kelcheckbox.h"
+#include "kelcombobox.h"
 #include "keldatabind.h"
 #include "keldialogbase.h"
 #include "kellabel.h"
 #include "kellineitem.h"
+#include "kelnavigationtable.h"
 #include "kelnonmodaldialog.h"
 #include "kelnonmodalhelper.h"
 #include "kelprocessbar.h"
 #include "kelpushbutton.h"
 #include "kelradiobox.h"
 #include "kelroundrectcontrol.h"
+#include "kelsidemenu.h"
 #include "kelslidecontrol.h"
 #include "keltextpixmap.h"
 
@@ -47,11 +50,29 @@ KEL_FOLLOWS(KELRoundRectControlStyle, iconSize, isMouseDown);
 KEL_FOLLOWS(KELRoundRectControlStyle, isMouseDown, isCheck);
 KEL_FOLLOWS(KELPushButtonStyle, isCheck, iconMargins);
 KEL_FOLLOWS(KELCheckBoxStyle, isCheck, indicatorBrush);
+KEL_FOLLOWS(KELNavigationTableStyle, isCheck, title);
+KEL_FOLLOWS(KELNavigationTableStyle, title, titleBackgroundBrush);
+KEL_FOLLOWS(KELNavigationTableStyle, titleBackgroundBrush, titleForegroundBrush);
+KEL_FOLLOWS(KELNavigationTableStyle, titleForegroundBrush, titleHeight);
+KEL_FOLLOWS(KELNavigationTableStyle, titleHeight, tabHeight);
+KEL_FOLLOWS(KELNavigationTableStyle, tabHeight, showTitle);
+KEL_FOLLOWS(KELNavigationTableItemStyle, isCheck, buttonBackground);
+KEL_FOLLOWS(KELNavigationTableItemStyle, buttonBackground, buttonForeground);
 
 static_assert(std::is_same_v<decltype(KELRoundRectControlStyle::borderWidth), float>,
               "borderWidth is single precision");
 static_assert(!std::is_polymorphic_v<KELRoundRectControlStyle>, "records are plain data");
 static_assert(!std::is_polymorphic_v<KELCheckBoxStyle>, "records are plain data");
+static_assert(!std::is_polymorphic_v<KELNavigationTableStyle>, "records are plain data");
+static_assert(!std::is_polymorphic_v<KELNavigationTableItemStyle>, "records are plain data");
+static_assert(std::is_same_v<decltype(KELNavigationTableStyle::titleHeight), float>,
+              "titleHeight is single precision");
+static_assert(std::is_same_v<decltype(KELNavigationTableStyle::tabHeight), float>,
+              "tabHeight is single precision");
+static_assert(std::is_base_of_v<KELRoundRectControlStyle, KELNavigationTableStyle>,
+              "a record starts with its base record");
+static_assert(std::is_base_of_v<KELRoundRectControlStyle, KELNavigationTableItemStyle>,
+              "a record starts with its base record");
 static_assert(!std::is_polymorphic_v<KELIconFont>, "glyphs are plain data");
 static_assert(std::is_base_of_v<KELRoundRectControlStyle, KELPushButtonStyle>,
               "a record starts with its base record");
@@ -64,9 +85,16 @@ constexpr bool addsOnlyAPointer = sizeof(Control) == sizeof(KELRoundRectControl)
 static_assert(sizeof(KELLabel) == sizeof(KELRoundRectControl), "a label adds no member");
 static_assert(addsOnlyAPointer<KELLineItem>, "a line keeps its members in one record");
 static_assert(addsOnlyAPointer<KELCheckBox>, "a check box keeps its members in one record");
+static_assert(addsOnlyAPointer<KELComboBox>, "a combo box keeps its members in one record");
+static_assert(sizeof(KELComboBoxItem) == sizeof(KELPushButton) + sizeof(void *),
+              "an entry keeps its members in one record");
 static_assert(addsOnlyAPointer<KELRadioBox>, "a radio box keeps its members in one record");
 static_assert(addsOnlyAPointer<KELProcessBar>, "a bar keeps its members in one record");
 static_assert(addsOnlyAPointer<KELSlideControl>, "a slider keeps its members in one record");
+static_assert(addsOnlyAPointer<KELNavigationTable>, "a table keeps its members in one record");
+static_assert(addsOnlyAPointer<KELNavigationTableItem>, "a page keeps its members in one record");
+static_assert(sizeof(KELSideMenu) == sizeof(QGraphicsView) + sizeof(void *),
+              "a side menu keeps its members in one record");
 static_assert(sizeof(KELRadioBoxGroup) == sizeof(QObject) + sizeof(void *),
               "a group keeps its members in one record");
 

@@ -4,7 +4,9 @@
 #include "keltest.h"
 
 #include <kelcheckbox.h>
+#include <kelcombobox.h>
 #include <kellabel.h>
+#include <kelnavigationtable.h>
 #include <kelprocessbar.h>
 #include <kelpushbutton.h>
 #include <kelradiobox.h>
@@ -43,7 +45,16 @@ KELRoundRectControl *makeAtHalf()
     return control;
 }
 
-// One line a class, or a layout of it. A line is not here: its place is not that of its rectangle.
+KELRoundRectControl *makeTable(bool pixmap, bool caption)
+{
+    KELRoundRectControl *table = make<KELNavigationTable>(pixmap, true, caption, true);
+    static_cast<KELNavigationTableStyle *>(table->style())->showTitle = caption;
+    return table;
+}
+
+// One line a class, or a layout of it. A line is not here: its place is not that of its rectangle. So it is
+// with the tabs of a navigation table.
+// A combo box paints nothing itself; its parts are of the classes here.
 struct ControlClass
 {
     const char *name;
@@ -83,6 +94,12 @@ const ControlClass controlClasses[] = {
     {"radio box", [] { return make<KELRadioBox>(true, true, true, true); }, false, false, 0, 13.5},
     {"progress bar", makeAtHalf<KELProcessBar>, false, false, 0, 15},
     {"slide control", makeAtHalf<KELSlideControl>, false, false, 1, 31},
+    {"combo box entry, pixmap above caption",
+     [] { return make<KELComboBoxItem>(true, false, true, true); }, true, true},
+    {"combo box entry, caption alone",
+     [] { return make<KELComboBoxItem>(false, false, true, true); }, false, true},
+    {"navigation table, pixmap", [] { return makeTable(true, false); }, true, false},
+    {"navigation table, title", [] { return makeTable(false, true); }, false, false, 0, 35},
 };
 
 struct State

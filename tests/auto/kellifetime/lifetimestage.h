@@ -7,7 +7,9 @@
 #include "keltest.h"
 
 #include <kelcheckbox.h>
+#include <kelcombobox.h>
 #include <kellabel.h>
+#include <kelnavigationtable.h>
 #include <kelprocessbar.h>
 #include <kelpushbutton.h>
 #include <kelradiobox.h>
@@ -26,7 +28,11 @@ enum class Kind {
     CheckBox,
     RadioBox,
     ProgressBar,
-    SlideControl
+    SlideControl,
+    NavigationTable,
+    NavigationTableItem,
+    ComboBox,
+    ComboBoxItem
 };
 enum class Signal { Press, Release, Clicked, SecondPress, DoubleClicked, LongPress, Enter, Leave };
 enum class Way { Delete, DeleteLater, ClearScene, DeleteParent };
@@ -61,6 +67,14 @@ inline KELRoundRectControl *newControl(Kind kind, QGraphicsObject *parent)
         return new KELProcessBar(parent);
     case Kind::SlideControl:
         return new KELSlideControl(parent);
+    case Kind::NavigationTable:
+        return new KELNavigationTable(parent);
+    case Kind::NavigationTableItem:
+        return new KELNavigationTableItem(parent);
+    case Kind::ComboBox:
+        return new KELComboBox(parent);
+    case Kind::ComboBoxItem:
+        return new KELComboBoxItem(parent);
     }
     return new KELRoundRectControl(parent);
 }
@@ -204,11 +218,18 @@ struct Named
     int value;
 };
 
-inline const Named kinds[] = {
-    {"plain base", int(Kind::PlainBase)},     {"selectable base", int(Kind::SelectableBase)},
-    {"push button", int(Kind::PushButton)},   {"label", int(Kind::Label)},
-    {"check box", int(Kind::CheckBox)},       {"radio box", int(Kind::RadioBox)},
-    {"progress bar", int(Kind::ProgressBar)}, {"slide control", int(Kind::SlideControl)}};
+inline const Named kinds[] = {{"plain base", int(Kind::PlainBase)},
+                              {"selectable base", int(Kind::SelectableBase)},
+                              {"push button", int(Kind::PushButton)},
+                              {"label", int(Kind::Label)},
+                              {"check box", int(Kind::CheckBox)},
+                              {"radio box", int(Kind::RadioBox)},
+                              {"progress bar", int(Kind::ProgressBar)},
+                              {"slide control", int(Kind::SlideControl)},
+                              {"navigation table", int(Kind::NavigationTable)},
+                              {"page of a navigation table", int(Kind::NavigationTableItem)},
+                              {"combo box", int(Kind::ComboBox)},
+                              {"entry of a combo box", int(Kind::ComboBoxItem)}};
 inline const Named ways[] = {{"delete", int(Way::Delete)},
                              {"deleteLater", int(Way::DeleteLater)},
                              {"scene cleared", int(Way::ClearScene)},

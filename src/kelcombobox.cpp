@@ -1,0 +1,504 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "kelcombobox.h"
+
+#include "kelapplicationnotify.h"
+#include "kellabel.h"
+#include "kelpainting_p.h"
+#include "kelpart_p.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QMetaEnum>
+#include <QtCore/QPointer>
+#include <QtGui/QMouseEvent>
+#include <QtGui/QTouchEvent>
+#include <QtGui/QWindow>
+#include <QtWidgets/QGraphicsProxyWidget>
+#include <QtWidgets/QGraphicsScene>
+#include <QtWidgets/QGraphicsSceneMouseEvent>
+#include <QtWidgets/QGraphicsView>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <utility>
+
+namespace {
+
+constexpr qreal entryHeightPx = 30;
+constexpr qreal entryInsetPx = 0.5;
+constexpr qreal emptyListHeightPx = 5;
+constexpr float minimumPartsWidthPx = 80;
+constexpr qreal minimumWidthPx = 60;
+constexpr qreal openZValue = 1;
+
+constexpr QEvent::Type watchedPresses[] = {QEvent::MouseButtonPress, QEvent::MouseButtonDblClick,
+                                           QEvent::TouchBegin};
+
+QString downArrow()
+{
+    return QString(QChar(0x25BC));
+}
+
+QString upArrow()
+{
+    return QString(QChar(0x25B2));
+}
+
+void showText(const KELPart<KELLabel> &label, const QString &text)
+{
+    if (label)
+        label->setText(text);
+}
+
+void removeFilter(QObject *filter)
+{
+    if (QCoreApplication *app = QCoreApplication::instance())
+        app->removeEventFilter(filter);
+}
+
+bool contains(const QGraphicsItem *item, const QPointF &scenePos)
+{
+    return item && item->boundingRect().contains(item->mapFromScene(scenePos));
+}
+
+// True when a press may come to the viewport by way of the receiver: an ignored one goes on to parents, and a view in
+// a proxy gets its presses from the views of the proxy.
+bool leadsTo(const QWidget *viewport, const QWidget *receiver)
+{
+    if (receiver == viewport || receiver->isAncestorOf(viewport)
+        || viewport->isAncestorOf(receiver))
+        return true;
+    const QGraphicsProxyWidget *const proxy = viewport->window()->graphicsProxyWidget();
+    if (!proxy || !proxy->scene())
+        return false;
+    const QList<QGraphicsView *> outerViews = proxy->scene()->views();
+    return std::any_of(
+        outerViews.cbegin(), outerViews.cend(),
+        [receiver](const QGraphicsView *view) { return leadsTo(view->viewport(), receiver); });
+}
+
+void updateWithChildren(QGraphicsItem *item)
+{
+    item->update();
+    const QList<QGraphicsItem *> children = item->childItems();
+    for (QGraphicsItem *child : children)
+        updateWithChildren(child);
+}
+
+QPoint globalPressPos(const QEvent *event)
+{
+    if (event->type() != QEvent::TouchBegin)
+        return static_cast<const QMouseEvent *>(event)->globalPos();
+    const auto &points = static_cast<const QTouchEvent *>(event)->touchPoints();
+    return points.isEmpty() ? QPoint() : points.first().screenPos().toPoint();
+}
+
+} // namespace
+
+class KELComboBoxItemPrivate
+{
+public:
+    KELPart<KELLabel> label;
+    QVariant value;
+    QString display;
+    KELComboBoxPrivate *box = nullptr; // of which it is an entry
+};
+
+class KELComboBoxPrivate
+{
+public:
+    explicit KELComboBoxPrivate(KELComboBox *comboBox) : q(comboBox) { }
+
+    void createParts();
+    void createWatches();
+    void placeParts(qreal width, qreal textWidth, qreal arrowX, qreal height);
+    void placeList();
+    void setListHeight(qreal height);
+    void toggle();
+    void open();
+    void close();
+    void dropWatches();
+    void handleScenePress(const QGraphicsSceneMouseEvent *event);
+    void handlePress(const QObject *receiver, const QEvent *event);
+    bool isOutside(const QWidget *receiver, const QPoint &globalPos) const;
+    bool isListShown() const { return q->isVisible() && panel && panel->isVisible(); }
+    void showEnabled();
+    void forget(KELComboBoxItem *item);
+
+    KELComboBox *const q;
+    KELPart<KELPushButton> button;
+    KELPart<KELLabel> text;
+    KELPart<KELLabel> arrow;
+    KELPart<KELLabel> panel;
+    QList<KELComboBoxItem *> items;
+    int selectIndex = -1;
+    bool expanded = false;
+    int savedZ = 0;
+    KELApplicationNotify *notify = nullptr;
+    // While open: these see what the scene does not tell notify, see handlePress().
+    std::array<std::unique_ptr<KELApplicationNotify>, std::size(watchedPresses)> watches;
+};
+
+KELComboBoxItem::KELComboBoxItem(QGraphicsObject *parent) :
+    KELPushButton(parent), d(new KELComboBoxItemPrivate)
+{
+    m_style = KELComboBoxItem::initStyle();
+    d->label.create(this);
+    d->label.place(rect());
+}
+
+KELComboBoxItem::~KELComboBoxItem()
+{
+    if (d->box)
+        d->box->forget(this);
+    delete d;
+}
+
+QString KELComboBoxItem::display() const
+{
+    return d->display;
+}
+
+void KELComboBoxItem::setDisplay(QString display) // clazy:exclude=function-args-by-ref
+{
+    d->display = std::move(display);
+    showText(d->label, d->display);
+}
+
+QVariant KELComboBoxItem::value() const
+{
+    return d->value;
+}
+
+void KELComboBoxItem::setValue(QVariant value) // clazy:exclude=function-args-by-ref
+{
+    d->value = std::move(value);
+}
+
+void KELComboBoxItem::setboundRect(const QRectF &rect)
+{
+    prepareGeometryChange();
+    KELPushButton::setboundRect(rect);
+    d->label.place(QRectF(0, 0, rect.width(), rect.height()));
+    update();
+}
+
+void KELComboBoxItem::setboundRect(qreal x, qreal y, qreal w, qreal h)
+{
+    prepareGeometryChange();
+    KELPushButton::setboundRect(x, y, w, h);
+    d->label.place(QRectF(0, 0, w, h));
+    update();
+}
+
+KELPushButtonStyle *KELComboBoxItem::initStyle()
+{
+    m_style->backgroundBrush = QBrush(Qt::NoBrush);
+    m_style->borderWidth = 0;
+    m_style->borderBrush = QBrush(Qt::NoBrush);
+    return static_cast<KELPushButtonStyle *>(m_style);
+}
+
+void KELComboBoxPrivate::createParts()
+{
+    KELRoundRectControlStyle *const buttonStyle = button.create(q)->style();
+    buttonStyle->backgroundBrush = QBrush(Qt::NoBrush);
+    buttonStyle->borderWidth = 1.5F;
+    buttonStyle->borderBrush = QColor(Qt::white);
+    text.create(button.get());
+    arrow.create(button.get())->style()->text = downArrow();
+
+    KELRoundRectControlStyle *const panelStyle = panel.create(q)->style();
+    panel->hide();
+    panelStyle->borderBrush = QColor(Qt::white);
+    panelStyle->borderWidth = 1.0F;
+    panelStyle->backgroundBrush = QColor(4, 4, 18, 240);
+    panelStyle->foregroundBrush = QColor(Qt::white);
+}
+
+void KELComboBoxPrivate::placeParts(qreal width, qreal textWidth, qreal arrowX, qreal height)
+{
+    button.place(QRectF(0, 0, width, height));
+    text.place(QRectF(0, 0, textWidth, height));
+    arrow.place(QRectF(arrowX, 0, 25, height));
+    const qreal listHeight = items.isEmpty() ? emptyListHeightPx : entryHeightPx * items.size();
+    panel.place(QRectF(0, height - 1, width, listHeight));
+}
+
+void KELComboBoxPrivate::setListHeight(qreal height)
+{
+    // kept: as wide as the control, which may be narrower than the other parts
+    const QRectF rect = q->rect();
+    panel.place(QRectF(0, rect.height() - 1, rect.width(), height));
+}
+
+void KELComboBoxPrivate::toggle()
+{
+    if (expanded)
+        close();
+    else
+        open();
+}
+
+// What is shown, hidden and raised emits signals of QGraphicsObject: a slot may close the list or delete the
+// control.
+void KELComboBoxPrivate::open()
+{
+    const QPointer<KELComboBox> alive(q);
+    expanded = true;
+    showText(arrow, upArrow());
+    createWatches();
+    if (panel)
+        panel->show();
+    if (!alive || !expanded)
+        return;
+    savedZ = KELPainting::truncatedPx(q->zValue());
+    q->setZValue(openZValue);
+}
+
+void KELComboBoxPrivate::close()
+{
+    const QPointer<KELComboBox> alive(q);
+    expanded = false;
+    showText(arrow, downArrow());
+    dropWatches();
+    if (panel)
+        panel->hide();
+    if (alive && !expanded)
+        q->setZValue(savedZ);
+}
+
+void KELComboBoxPrivate::createWatches()
+{
+    QCoreApplication *const app = QCoreApplication::instance();
+    app->installEventFilter(notify);
+    for (std::size_t i = 0; i < watches.size(); ++i) {
+        watches[i] = std::make_unique<KELApplicationNotify>(nullptr, watchedPresses[i]);
+        QObject::connect(
+            watches[i].get(), &KELApplicationNotify::notify, q,
+            [this](QObject *receiver, QEvent *event) { handlePress(receiver, event); },
+            Qt::DirectConnection);
+        app->installEventFilter(watches[i].get());
+    }
+}
+
+void KELComboBoxPrivate::dropWatches()
+{
+    removeFilter(notify);
+    for (std::unique_ptr<KELApplicationNotify> &watch : watches) {
+        if (watch)
+            removeFilter(watch.get());
+        watch.reset();
+    }
+}
+
+void KELComboBoxPrivate::handleScenePress(const QGraphicsSceneMouseEvent *event)
+{
+    if (!isListShown())
+        return;
+    // kept: the position in the item that is pressed is taken for one in the scene
+    const QPointF pos = event->pos();
+    if (button && button->sceneBoundingRect().contains(pos))
+        return;
+    if (panel->sceneBoundingRect().contains(pos))
+        return;
+    if (expanded)
+        close();
+}
+
+// A scene tells its filters of a press only once an enabled control takes it. This hears of all the others: on the
+// bare scene, on a plain item, on a disabled control, on another widget.
+void KELComboBoxPrivate::handlePress(const QObject *receiver, const QEvent *event)
+{
+    if (!isListShown() || !q->scene())
+        return;
+    bool outside = false;
+    if (receiver->isWidgetType())
+        outside = isOutside(static_cast<const QWidget *>(receiver), globalPressPos(event));
+    else if (receiver->isWindowType()) // that of a widget passes the press on to the widget
+        outside = !receiver->inherits("QWidgetWindow");
+    if (outside)
+        close();
+}
+
+bool KELComboBoxPrivate::isOutside(const QWidget *receiver, const QPoint &globalPos) const
+{
+    const QList<QGraphicsView *> views = q->scene()->views();
+    for (const QGraphicsView *view : views) {
+        const QWidget *const viewport = view->viewport();
+        const QPoint pos = viewport->mapFromGlobal(globalPos);
+        if (!leadsTo(viewport, receiver) || !viewport->rect().contains(pos))
+            continue;
+        const QPointF scenePos = view->mapToScene(pos);
+        if (contains(button.get(), scenePos) || contains(panel.get(), scenePos))
+            return false;
+    }
+    return true;
+}
+
+void KELComboBoxPrivate::showEnabled()
+{
+    const QBrush brush = q->isEnabled() ? QColor(Qt::white) : QColor(170, 170, 180, 200);
+    if (text)
+        text->style()->foregroundBrush = brush;
+    if (arrow)
+        arrow->style()->foregroundBrush = brush;
+}
+
+// Takes an entry out of the list; item may be in its destructor.
+void KELComboBoxPrivate::forget(KELComboBoxItem *item)
+{
+    const int index = items.indexOf(item);
+    if (index < 0)
+        return;
+    item->d->box = nullptr;
+    items.removeAt(index);
+    // kept: the entries behind it do not move up
+    setListHeight(entryHeightPx * items.size());
+    if (selectIndex > index) {
+        --selectIndex;
+    } else if (selectIndex == index) {
+        selectIndex = -1;
+        showText(text, QString());
+    }
+}
+
+KELComboBox::KELComboBox(QGraphicsObject *parent) :
+    KELRoundRectControl(parent), d(new KELComboBoxPrivate(this))
+{
+    m_style = KELComboBox::initStyle();
+    d->createParts();
+    const QRectF rect = boundingRect();
+    d->placeParts(rect.width(), rect.width() - 30, rect.width() - 25, rect.height());
+    d->savedZ = KELPainting::truncatedPx(zValue());
+    connect(d->button.get(), &KELRoundRectControl::mouseClicked, this, [this] { d->toggle(); });
+
+    d->notify = new KELApplicationNotify(this, QEvent::GraphicsSceneMousePress);
+    connect(
+        d->notify, &KELApplicationNotify::notify, this,
+        [this](QObject * /*receiver*/, QEvent *event) {
+            // An injected event may be of any type.
+            if (event->type() == QEvent::GraphicsSceneMousePress)
+                d->handleScenePress(static_cast<QGraphicsSceneMouseEvent *>(event));
+        },
+        Qt::DirectConnection);
+    connect(this, &QGraphicsObject::enabledChanged, this, [this] { d->showEnabled(); });
+}
+
+KELComboBox::~KELComboBox()
+{
+    d->dropWatches();
+    d->selectIndex = -1;
+    // Their slots may still call here.
+    while (!d->items.isEmpty()) {
+        KELComboBoxItem *const item = d->items.takeFirst();
+        item->d->box = nullptr;
+        delete item;
+    }
+    delete d;
+}
+
+void KELComboBox::addItem(QVariant value, QString display) // clazy:exclude=function-args-by-ref
+{
+    if (!d->panel)
+        return;
+    auto *const item = new KELComboBoxItem(d->panel.get());
+    if (display.isEmpty())
+        display = value.toString();
+    item->setValue(std::move(value));
+    item->setDisplay(std::move(display));
+    item->setboundRect(entryInsetPx, entryHeightPx * d->items.size(),
+                       boundingRect().width() - 2 * entryInsetPx, entryHeightPx);
+    item->d->box = d;
+    d->items.append(item);
+    d->setListHeight(entryHeightPx * d->items.size());
+    connect(item, &KELRoundRectControl::mouseClicked, this,
+            [this, item] { setSelectIndex(d->items.indexOf(item)); });
+}
+
+void KELComboBox::removeItem(KELComboBoxItem *item)
+{
+    d->forget(item);
+}
+
+void KELComboBox::clearItem()
+{
+    const QPointer<KELComboBox> alive(this);
+    for (int left = d->items.size(); alive && left > 0 && !d->items.isEmpty(); --left)
+        delete d->items.first();
+    if (alive && d->items.isEmpty())
+        d->setListHeight(emptyListHeightPx);
+}
+
+void KELComboBox::setSelectIndex(int index)
+{
+    if (index < 0 || index >= d->items.size())
+        return;
+    if (index == d->selectIndex) {
+        showText(d->text, d->items.at(index)->display());
+        return;
+    }
+    d->selectIndex = index;
+    if (d->expanded) {
+        const QPointer<KELComboBox> alive(this);
+        d->close();
+        if (!alive || d->selectIndex != index) // a slot has selected another one
+            return;
+    }
+    showText(d->text, d->items.at(index)->display());
+    Q_EMIT selectItemChanged();
+}
+
+int KELComboBox::selectIndex() const
+{
+    return d->selectIndex;
+}
+
+KELComboBoxItem *KELComboBox::selectedItem() const
+{
+    return d->items.value(d->selectIndex);
+}
+
+QList<KELComboBoxItem *> KELComboBox::items() const
+{
+    return d->items;
+}
+
+void KELComboBox::bindEnum(QMetaEnum e)
+{
+    for (int i = 0; i < e.keyCount(); ++i)
+        addItem(QString::fromUtf8(e.key(i)), QString());
+}
+
+void KELComboBox::setboundRect(const QRectF &rect)
+{
+    prepareGeometryChange();
+    KELRoundRectControl::setboundRect(rect);
+    // kept: wider than a narrow control, and computed in single precision
+    const float width = qMax(minimumPartsWidthPx, float(rect.width()));
+    d->placeParts(qreal(width), qreal(width - 30.0F), qreal(width - 25.0F), rect.height());
+    updateWithChildren(this);
+}
+
+void KELComboBox::setboundRect(qreal x, qreal y, qreal w, qreal h)
+{
+    prepareGeometryChange();
+    const qreal width = qMax(minimumWidthPx, w);
+    KELRoundRectControl::setboundRect(x, y, width, h);
+    d->placeParts(width, width - 30, width - 25, h);
+    updateWithChildren(this);
+}
+
+void KELComboBox::paint(QPainter * /*painter*/, const QStyleOptionGraphicsItem * /*styleOption*/,
+                        QWidget * /*widget*/)
+{ }
+
+KELRoundRectControlStyle *KELComboBox::initStyle()
+{
+    m_style->backgroundBrush = QBrush(Qt::NoBrush);
+    m_style->borderBrush = QBrush(Qt::NoBrush);
+    m_style->borderWidth = 0;
+    return m_style;
+}

@@ -1,0 +1,411 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "kelnavigationtable.h"
+
+#include "kelpainting_p.h"
+
+#include <QtCore/QList>
+#include <QtCore/QPointer>
+#include <QtGui/QFontMetrics>
+#include <QtGui/QPainter>
+#include <QtWidgets/QGraphicsScene>
+#include <QtWidgets/QGraphicsSceneMouseEvent>
+
+#include <cmath>
+
+namespace {
+
+constexpr qreal titleOverhangPx = 30;
+
+const KELNavigationTableItemStyle &styleOf(const KELNavigationTableItem *page)
+{
+    return *static_cast<const KELNavigationTableItemStyle *>(page->style());
+}
+
+// Each number for itself. Unlike qRound(), which takes negative halves up.
+QRect roundedAwayFromZero(const QRectF &rect)
+{
+    const auto rounded = [](qreal value) { return KELPainting::truncatedPx(std::round(value)); };
+    return {rounded(rect.x()), rounded(rect.y()), rounded(rect.width()), rounded(rect.height())};
+}
+
+void fill(QPainter *painter, const QRectF &rect, const QBrush &brush)
+{
+    if (brush.style() == Qt::NoBrush)
+        return;
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(brush);
+    KELPainting::drawRounded(painter, rect, 0, 0);
+}
+
+void drawTitle(QPainter *painter, const KELNavigationTableStyle &option, const QRectF &title)
+{
+    if (option.titleForegroundBrush.style() == Qt::NoBrush)
+        return;
+    const QString text = option.trimText
+        ? option.getTrimmingText(option.title, title.width() - 2 * titleOverhangPx, option.font)
+        : option.title;
+    KELPainting::drawText(painter, option.font, option.titleForegroundBrush, option.textFlags,
+                          title.adjusted(-titleOverhangPx, 0, titleOverhangPx, 0), text);
+}
+
+// The caption below the glyph, strip high.
+QRectF captionRect(const QRectF &tab, const QMarginsF &margins, qreal strip)
+{
+    return {tab.x() + margins.left(), tab.y() + tab.height() - strip + margins.top(),
+            tab.width() - margins.right() - margins.left(),
+            tab.height() - margins.bottom() - (tab.height() - strip + margins.top())};
+}
+
+// Glyph and caption of a tab. Font and flags are those of the table.
+void drawTab(QPainter *painter, const KELNavigationTableStyle &option,
+             const KELNavigationTableItemStyle &page, const QRectF &tab)
+{
+    if (page.buttonForeground.style() == Qt::NoBrush)
+        return;
+    QRectF caption = KELPainting::contentRect(tab, page.margins);
+    if (!page.icon.isNull()) {
+        // kept: measured in the font of the page, drawn in that of the table
+        const qreal lineHeight = QFontMetrics(page.font).height();
+        qreal strip = lineHeight;
+        if (!page.text.isEmpty()) {
+            strip = lineHeight + page.margins.top() + page.margins.bottom();
+            caption = captionRect(tab, page.margins, strip);
+        }
+        KELPainting::drawGlyph(painter, page.icon, page.iconSize, page.buttonForeground,
+                               option.textFlags, tab.adjusted(0, 0, 0, -strip));
+    }
+    if (page.text.isEmpty())
+        return;
+    // kept: trimmed to the whole tab, margins included
+    KELPainting::drawText(painter, option.font, page.buttonForeground, option.textFlags, caption,
+                          page.getTrimmingText(page.text, tab.width(), option.font));
+}
+
+} // namespace
+
+class KELNavigationTableItemPrivate
+{
+public:
+    QRectF tab; // in the table
+    KELNavigationTablePrivate *table = nullptr; // of which it is a page
+    bool hasPageStyle = false; // from the end of the first initStyle() on
+};
+
+class KELNavigationTablePrivate
+{
+public:
+    explicit KELNavigationTablePrivate(KELNavigationTable *table) : q(table) { }
+
+    const KELNavigationTableStyle &style() const
+    {
+        return *static_cast<const KELNavigationTableStyle *>(q->style());
+    }
+    void show(int index);
+    void place(KELNavigationTableItem *page);
+    void layTabs();
+    void forget(KELNavigationTableItem *page);
+
+    KELNavigationTable *const q;
+    QList<KELNavigationTableItem *> items;
+    KELNavigationTableItem *current = nullptr;
+    int selectIndex = -1;
+    bool hasTableStyle = false; // from the end of the first initStyle() on
+};
+
+KELNavigationTableItem::KELNavigationTableItem(QGraphicsObject *parent) :
+    KELRoundRectControl(parent), d(new KELNavigationTableItemPrivate)
+{
+    m_style = KELNavigationTableItem::initStyle();
+}
+
+KELNavigationTableItem::~KELNavigationTableItem()
+{
+    if (d->table)
+        d->table->forget(this);
+    // The base deletes the record as its own type, which does not destroy these fields.
+    setButtonBackground(QBrush());
+    setButtonForeground(QBrush());
+    delete d;
+}
+
+void KELNavigationTableItem::setButtonBackground(const QBrush &brush)
+{
+    static_cast<KELNavigationTableItemStyle *>(m_style)->buttonBackground = brush;
+}
+
+void KELNavigationTableItem::setButtonForeground(const QBrush &brush)
+{
+    static_cast<KELNavigationTableItemStyle *>(m_style)->buttonForeground = brush;
+}
+
+void KELNavigationTableItem::paint(QPainter * /*painter*/,
+                                   const QStyleOptionGraphicsItem * /*styleOption*/,
+                                   QWidget * /*widget*/)
+{ }
+
+KELRoundRectControlStyle *KELNavigationTableItem::initStyle()
+{
+    auto *const pageStyle = new KELNavigationTableItemStyle();
+    m_style->copy(pageStyle);
+    if (d->hasPageStyle)
+        delete static_cast<KELNavigationTableItemStyle *>(m_style);
+    else
+        delete m_style;
+    m_style = pageStyle;
+    d->hasPageStyle = true;
+    pageStyle->buttonBackground = QColor(0, 0, 0, 210);
+    pageStyle->buttonForeground = QColor(Qt::white);
+    pageStyle->backgroundBrush = QBrush(Qt::NoBrush);
+    pageStyle->borderWidth = 0;
+    pageStyle->margins = QMarginsF(3, 3, 3, 3);
+    return pageStyle;
+}
+
+// Hiding and showing pages emits signals of QGraphicsObject: a slot may select another page, delete pages or
+// the table.
+void KELNavigationTablePrivate::show(int index)
+{
+    const QPointer<KELNavigationTable> alive(q);
+    const QPointer<KELNavigationTableItem> page(items.at(index));
+    KELNavigationTableItem *const previous = current;
+    if (previous)
+        previous->hide();
+    if (!alive || !page || page->d->table != this)
+        return;
+    if (current && current != previous) // selected by a slot
+        return;
+    current = page;
+    selectIndex = items.indexOf(page);
+    page->show();
+    if (alive)
+        q->update();
+}
+
+void KELNavigationTablePrivate::place(KELNavigationTableItem *page)
+{
+    const KELNavigationTableStyle &table = style();
+    const auto border = qreal(page->style()->borderWidth);
+    const auto top = qreal(table.showTitle ? table.titleHeight : 0);
+    page->prepareGeometryChange();
+    // kept: only the left and the top edge go inwards
+    page->setboundRect(border, top + border, table.boundRect.width() - border,
+                       table.boundRect.height() - top - qreal(table.tabHeight) - border);
+}
+
+void KELNavigationTablePrivate::layTabs()
+{
+    const KELNavigationTableStyle &table = style();
+    const int count = items.size();
+    const auto width = float(table.boundRect.width() / qMax(1, count));
+    for (int i = 0; i < count; ++i) {
+        // kept: not moved by the corner of the table's rectangle
+        items.at(i)->d->tab = QRectF(qreal(float(i) * width),
+                                     table.boundRect.height() - qreal(table.tabHeight),
+                                     qreal(width), qreal(table.tabHeight));
+    }
+}
+
+// Takes a page out; it may be in its destructor.
+void KELNavigationTablePrivate::forget(KELNavigationTableItem *page)
+{
+    const int index = items.indexOf(page);
+    page->d->table = nullptr;
+    items.removeAt(index);
+    if (page == current) {
+        current = nullptr;
+        selectIndex = -1;
+    } else if (index < selectIndex) {
+        --selectIndex;
+    }
+    layTabs();
+    q->update();
+}
+
+KELNavigationTable::KELNavigationTable(QGraphicsObject *parent) :
+    KELRoundRectControl(parent), d(new KELNavigationTablePrivate(this))
+{
+    m_style = KELNavigationTable::initStyle();
+    setAcceptHoverEvents(true);
+    setAcceptTouchEvents(true);
+    setFlag(ItemIsSelectable, true);
+    setAcceptedMouseButtons(Qt::LeftButton);
+}
+
+KELNavigationTable::~KELNavigationTable()
+{
+    // They die with the other child items, later than this record.
+    for (KELNavigationTableItem *page : qAsConst(d->items))
+        page->d->table = nullptr;
+    // The base deletes the record as its own type, which does not destroy these fields.
+    auto *const tableStyle = static_cast<KELNavigationTableStyle *>(m_style);
+    tableStyle->title = QString();
+    tableStyle->titleBackgroundBrush = QBrush();
+    tableStyle->titleForegroundBrush = QBrush();
+    delete d;
+}
+
+void KELNavigationTable::addItem(KELNavigationTableItem *item)
+{
+    if (!item || item->d->table == d || item->isAncestorOf(this))
+        return;
+    // What follows emits signals of QGraphicsObject, and slots may do anything to page and table.
+    const QPointer<KELNavigationTable> alive(this);
+    const QPointer<KELNavigationTableItem> page(item);
+    const auto isPage = [&] { return alive && page && page->d->table == d; };
+
+    if (item->d->table)
+        item->d->table->forget(item);
+    d->items.append(item);
+    item->d->table = d;
+    // Qt cannot give an item a parent in another scene.
+    if (item->scene() && item->scene() != scene())
+        item->scene()->removeItem(item);
+    if (isPage())
+        item->setParentItem(this);
+    if (isPage())
+        item->hide();
+    if (isPage() && !d->current)
+        d->show(d->items.indexOf(item));
+    if (isPage())
+        d->place(item);
+    if (!alive)
+        return;
+    d->layTabs();
+    update();
+}
+
+void KELNavigationTable::setSelectIndex(int index)
+{
+    if (index >= 0 && index < d->items.size() && index != d->selectIndex)
+        d->show(index);
+}
+
+KELNavigationTableItem *KELNavigationTable::selectItem() const
+{
+    return d->current;
+}
+
+int KELNavigationTable::selectIndex() const
+{
+    return d->selectIndex;
+}
+
+void KELNavigationTable::initStyleOption(KELNavigationTableStyle *option,
+                                         const QStyleOptionGraphicsItem * /*styleOption*/) const
+{
+    const KELNavigationTableStyle &own = d->style();
+    option->boundRect = boundingRect();
+    option->font = own.font;
+    option->textFlags = own.textFlags;
+    option->trimText = own.trimText;
+    option->showTitle = own.showTitle;
+    option->titleHeight = own.showTitle ? own.titleHeight : 0;
+    option->tabHeight = d->items.size() > 1 ? own.tabHeight : 0;
+    option->pixmap = own.pixmap;
+    option->icon = own.icon;
+    option->iconSize = own.iconSize;
+    // These fields have no initialiser: written always, so that no picture depends on chance.
+    option->borderWidth = 0;
+    option->contextMenu = nullptr;
+
+    if (own.backgroundBrush.style() != Qt::NoBrush)
+        option->backgroundBrush = own.backgroundBrush;
+    if (own.foregroundBrush.style() != Qt::NoBrush)
+        option->foregroundBrush = own.foregroundBrush;
+    if (own.borderBrush.style() != Qt::NoBrush && own.borderWidth > 0) {
+        option->borderBrush = own.borderBrush;
+        option->borderWidth = own.borderWidth;
+    }
+    if (!own.text.isEmpty())
+        option->text = own.text;
+    if (!own.title.isEmpty())
+        option->title = own.title;
+    if (!own.showTitle)
+        return;
+    if (own.titleBackgroundBrush.style() != Qt::NoBrush)
+        option->titleBackgroundBrush = own.titleBackgroundBrush;
+    if (own.titleForegroundBrush.style() != Qt::NoBrush)
+        option->titleForegroundBrush = own.titleForegroundBrush;
+}
+
+void KELNavigationTable::paint(QPainter *painter, const QStyleOptionGraphicsItem *styleOption,
+                               QWidget * /*widget*/)
+{
+    KELNavigationTableStyle option = KELNavigationTableStyle();
+    initStyleOption(&option, styleOption);
+    const QRectF &rect = option.boundRect;
+    if (!KELPainting::isPaintable(rect))
+        return;
+    const QRectF title(rect.x(), rect.y(), rect.width(), qreal(option.titleHeight));
+    const QRectF content(rect.x(), rect.y() + title.height(), rect.width(),
+                         rect.height() - title.height() - qreal(option.tabHeight));
+
+    painter->setBrushOrigin(rect.topLeft());
+    fill(painter, title, option.titleBackgroundBrush);
+    fill(painter, content, option.backgroundBrush);
+    painter->setBrush(Qt::NoBrush);
+    drawTitle(painter, option, title);
+    if (!option.pixmap.isNull() && KELPainting::isPaintable(content))
+        painter->drawPixmap(roundedAwayFromZero(content), option.pixmap);
+
+    if (d->items.size() < 2)
+        return;
+    for (int i = 0; i < d->items.size(); ++i) {
+        const KELNavigationTableItemStyle &page = styleOf(d->items.at(i));
+        const QRectF &tab = d->items.at(i)->d->tab;
+        painter->setBrushOrigin(tab.topLeft());
+        fill(painter, tab, i == d->selectIndex ? page.buttonBackground : page.backgroundBrush);
+        drawTab(painter, option, page, tab);
+    }
+}
+
+KELRoundRectControlStyle *KELNavigationTable::initStyle()
+{
+    auto *const tableStyle = new KELNavigationTableStyle();
+    m_style->copy(tableStyle);
+    if (d->hasTableStyle)
+        delete static_cast<KELNavigationTableStyle *>(m_style);
+    else
+        delete m_style;
+    m_style = tableStyle;
+    d->hasTableStyle = true;
+    tableStyle->backgroundBrush = QColor(20, 15, 55, 200);
+    tableStyle->borderWidth = 2.0F;
+    // kept: the title is the name of another class
+    tableStyle->title = QStringLiteral("KELRoundRectControlStyle");
+    tableStyle->titleBackgroundBrush = QColor(40, 40, 40, 160);
+    tableStyle->titleForegroundBrush = QColor(Qt::white);
+    tableStyle->boundRect = QRectF(0, 0, 440, 310);
+    tableStyle->xRadius = 0;
+    tableStyle->yRadius = 0;
+    tableStyle->showTitle = false;
+    tableStyle->titleHeight = 35.0F;
+    tableStyle->tabHeight = 80.0F;
+    return tableStyle;
+}
+
+void KELNavigationTable::mousePressEvent(QGraphicsSceneMouseEvent *event)
+{
+    // kept: the base does not hear of the press
+    for (int i = 0; i < d->items.size(); ++i) {
+        if (!d->items.at(i)->d->tab.contains(event->pos()))
+            continue;
+        if (i != d->selectIndex)
+            d->show(i);
+        return;
+    }
+}
+
+bool KELNavigationTable::sceneEventFilter(QGraphicsItem * /*watched*/, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::GraphicsSceneMousePress:
+    case QEvent::GraphicsSceneMouseRelease:
+    case QEvent::GraphicsSceneMouseDoubleClick:
+        return static_cast<QGraphicsSceneMouseEvent *>(event)->button() != Qt::LeftButton;
+    default:
+        return false;
+    }
+}

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#ifndef KELSCENEVIEW_P_H
+#define KELSCENEVIEW_P_H
+
+#include <QtCore/QPointer>
+
+QT_BEGIN_NAMESPACE
+class QGraphicsScene;
+class QGraphicsView;
+QT_END_NAMESPACE
+
+// What the frameless, transparent views with a scene of their own have in common.
+namespace KELSceneView {
+
+// Gives the view its look and a scene, which it owns and returns.
+QGraphicsScene *setUp(QGraphicsView *view);
+
+// Deletes the scene, for the destructor of the view, while the view can still answer the slots of its items. The
+// pointer is null meanwhile.
+void tearDown(const QGraphicsView *view, QPointer<QGraphicsScene> *scene);
+
+} // namespace KELSceneView
+
+#endif

@@ -1,0 +1,736 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "../kelnavigationtable/tablestage.h"
+
+#include <kelpushbutton.h>
+
+#include <QtCore/QPointer>
+
+#include <functional>
+#include <memory>
+
+namespace {
+
+enum class Way { SetSelectIndex, Mouse, Touch };
+
+const QList<QPair<Way, const char *>> ways = {
+    {Way::SetSelectIndex, "by index"}, {Way::Mouse, "by mouse"}, {Way::Touch, "by touch"}};
+
+// A shown table whose pages may go away.
+class PageStage
+{
+public:
+    explicit PageStage(int count) : view(QSize(500, 400)), table(new OpenTable(nullptr))
+    {
+        for (KELNavigationTableItem *page : addPages(table, count))
+            pages.append(page);
+        view.ownScene.addItem(table);
+    }
+
+    bool show()
+    {
+        if (!view.showAndWait())
+            return false;
+        // A tap elsewhere: the next one must not be the second of a double tap that began in an
+        // earlier test.
+        view.touchPress(QPoint(480, 390));
+        view.touchRelease(QPoint(480, 390));
+        return true;
+    }
+
+    void select(Way way, int index)
+    {
+        const QPoint pos(qRound((index + 0.5) * 440 / pages.size()), 270);
+        if (way == Way::SetSelectIndex) {
+            table->setSelectIndex(index);
+        } else if (way == Way::Mouse) {
+            view.click(pos);
+        } else {
+            view.touchPress(pos);
+            view.touchRelease(pos);
+        }
+    }
+
+    // Calls slot when the page is hidden or shown for the first time from now on.
+    void once(KELNavigationTableItem *page, const std::function<void()> &slot)
+    {
+        auto called = std::make_shared<bool>(false);
+        QObject::connect(page, &QGraphicsObject::visibleChanged, &view, [slot, called, this] {
+            if (std::exchange(*called, true))
+                return;
+            ++calls;
+            const auto copy = slot; // the page may die
+            copy();
+        });
+    }
+
+    // The pages that are alive, in their order.
+    QList<KELNavigationTableItem *> alivePages() const
+    {
+        QList<KELNavigationTableItem *> alive;
+        for (const auto &page : pages) {
+            if (page)
+                alive.append(page);
+        }
+        return alive;
+    }
+
+    // Empty when the table shows this one of the living pages and everything works on.
+    QString whatIsWrong(int index)
+    {
+        const auto alive = alivePages();
+        QString wrong = whatIsNotShown(table, alive, index);
+        if (!wrong.isEmpty())
+            return wrong;
+        view.grab();
+        // Tabs in equal widths, each for its page.
+        for (int i = 0; i < alive.size(); ++i) {
+            table->pressAt(QPointF((i + 0.01) * 440 / alive.size() + 0.01, 270));
+            wrong = whatIsNotShown(table, alive, i);
+            if (!wrong.isEmpty())
+                return QStringLiteral("tab %1: ").arg(i) + wrong;
+            table->pressAt(QPointF((i + 0.99) * 440 / alive.size(), 270));
+            wrong = whatIsNotShown(table, alive, i);
+            if (!wrong.isEmpty())
+                return QStringLiteral("end of tab %1: ").arg(i) + wrong;
+        }
+        table->setSelectIndex(alive.size());
+        return whatIsNotShown(table, alive, alive.size() - 1);
+    }
+
+    KelTestView view;
+    QPointer<OpenTable> table;
+    QList<QPointer<KELNavigationTableItem>> pages;
+    int calls = 0;
+};
+
+void addWays()
+{
+    QTest::addColumn<int>("way");
+    for (const auto &way : ways)
+        QTest::newRow(way.second) << int(way.first);
+}
+
+} // namespace
+
+class tst_KELNavigationTableLifetime : public KelTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void pageDeleted_data();
+    void pageDeleted();
+    void allPagesDeleted_data();
+    void allPagesDeleted();
+    void selectAfterTheCurrentPageWasDeleted();
+    void addAfterTheCurrentPageWasDeleted();
+    void pressOnTheOnlyPageLeft();
+    void deletionRepaints();
+    void unrelatedChildDeleted();
+
+    void switchedTo_data();
+    void switchedTo();
+    void pageDeletedDuringASwitch_data();
+    void pageDeletedDuringASwitch();
+    void tableDeletedDuringASwitch_data();
+    void tableDeletedDuringASwitch();
+    void tableDeletedDuringASwitchToAPageElsewhere();
+    void sceneClearedDuringASwitch_data();
+    void sceneClearedDuringASwitch();
+    void nestedSelection_data();
+    void nestedSelection();
+    void pageAddedDuringASwitch_data();
+    void pageAddedDuringASwitch();
+    void pageMovedAwayDuringASwitch();
+    void deletedWhileAdded_data();
+    void deletedWhileAdded();
+
+    void pageOfAnotherTable_data();
+    void pageOfAnotherTable();
+    void pageOfAnotherScene();
+    void pageBetweenScenesAndTables();
+    void tableInAPage();
+
+    void tableDestroyedWithPages();
+    void pageOutlivesItsTable();
+    void parentDestroyed();
+    void sceneCleared();
+    void recordsAreFreed();
+};
+
+void tst_KELNavigationTableLifetime::pageDeleted_data()
+{
+    QTest::addColumn<int>("selected");
+    QTest::addColumn<int>("deleted");
+    QTest::addColumn<int>("selectedThen");
+
+    QTest::newRow("the current one, first") << 0 << 0 << -1;
+    QTest::newRow("the current one, in the middle") << 1 << 1 << -1;
+    QTest::newRow("the current one, last") << 3 << 3 << -1;
+    QTest::newRow("one before the current one") << 2 << 0 << 1;
+    QTest::newRow("the one right before") << 2 << 1 << 1;
+    QTest::newRow("one behind the current one") << 1 << 3 << 1;
+    QTest::newRow("the first, with the last selected") << 3 << 0 << 2;
+}
+
+void tst_KELNavigationTableLifetime::pageDeleted()
+{
+    QFETCH(int, selected);
+    QFETCH(int, deleted);
+    QFETCH(int, selectedThen);
+    for (const bool later : {false, true}) {
+        PageStage stage(4);
+        stage.table->setSelectIndex(selected);
+        QVERIFY(stage.show());
+        if (later) {
+            stage.pages.at(deleted)->deleteLater();
+            QCOMPARE(stage.table->selectIndex(), selected);
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        } else {
+            delete stage.pages.at(deleted);
+        }
+        QCOMPARE(stage.whatIsWrong(selectedThen), QString());
+    }
+}
+
+void tst_KELNavigationTableLifetime::allPagesDeleted_data()
+{
+    QTest::addColumn<bool>("fromTheEnd");
+    QTest::newRow("from the first on") << false;
+    QTest::newRow("from the last on") << true;
+}
+
+void tst_KELNavigationTableLifetime::allPagesDeleted()
+{
+    QFETCH(bool, fromTheEnd);
+    PageStage stage(3);
+    stage.table->setSelectIndex(1);
+    QVERIFY(stage.show());
+    for (int i = 0; i < 3; ++i)
+        delete stage.pages.at(fromTheEnd ? 2 - i : i);
+    QVERIFY(!stage.table->selectItem());
+    QCOMPARE(stage.table->selectIndex(), -1);
+    stage.view.click(QPoint(220, 270));
+    stage.table->setSelectIndex(0);
+    stage.table->setSelectIndex(-1);
+    QCOMPARE(stage.table->selectIndex(), -1);
+    stage.view.grab();
+    stage.pages = {new KELNavigationTableItem(nullptr)};
+    stage.table->addItem(stage.pages.first());
+    QCOMPARE(stage.whatIsWrong(0), QString());
+}
+
+void tst_KELNavigationTableLifetime::selectAfterTheCurrentPageWasDeleted()
+{
+    for (int index = 0; index < 2; ++index) {
+        PageStage stage(3);
+        QVERIFY(stage.show());
+        delete stage.pages.first();
+        stage.table->setSelectIndex(-1);
+        QCOMPARE(stage.table->selectIndex(), -1);
+        stage.table->setSelectIndex(index);
+        QCOMPARE(stage.whatIsWrong(index), QString());
+    }
+}
+
+void tst_KELNavigationTableLifetime::addAfterTheCurrentPageWasDeleted()
+{
+    PageStage stage(3);
+    QVERIFY(stage.show());
+    delete stage.pages.first();
+    stage.pages.append(new KELNavigationTableItem(nullptr));
+    stage.table->addItem(stage.pages.last());
+    QCOMPARE(stage.whatIsWrong(2), QString());
+}
+
+void tst_KELNavigationTableLifetime::pressOnTheOnlyPageLeft()
+{
+    PageStage stage(2);
+    QVERIFY(stage.show());
+    delete stage.pages.first();
+    // One page has no tab to be seen, but there is room for it.
+    stage.view.click(QPoint(100, 270));
+    QCOMPARE(stage.whatIsWrong(0), QString());
+}
+
+void tst_KELNavigationTableLifetime::deletionRepaints()
+{
+    PageStage stage(3);
+    QVERIFY(stage.show());
+    for (int i = 2; i >= 0; --i) {
+        QCoreApplication::processEvents();
+        stage.view.grab();
+        stage.table->paints = 0;
+        delete stage.pages.at(i);
+        QCoreApplication::processEvents();
+        QVERIFY(stage.table->paints > 0);
+    }
+}
+
+void tst_KELNavigationTableLifetime::unrelatedChildDeleted()
+{
+    PageStage stage(2);
+    auto *other = new KELNavigationTableItem(stage.table);
+    delete new KELNavigationTableItem(nullptr);
+    QVERIFY(stage.show());
+    delete other;
+    QCOMPARE(stage.whatIsWrong(0), QString());
+}
+
+void tst_KELNavigationTableLifetime::switchedTo_data()
+{
+    addWays();
+}
+
+void tst_KELNavigationTableLifetime::switchedTo()
+{
+    QFETCH(int, way);
+    PageStage stage(3);
+    QVERIFY(stage.show());
+    // What a slot sees: first the old page goes, then the new one comes.
+    QStringList seen;
+    for (const int i : {0, 2}) {
+        stage.once(stage.pages.at(i), [&stage, &seen, i] {
+            seen.append(QStringLiteral("page %1, visible %2, index %3")
+                            .arg(i)
+                            .arg(stage.pages.at(i)->isVisible())
+                            .arg(stage.table->selectIndex()));
+        });
+    }
+    stage.select(Way(way), 2);
+    QCOMPARE(seen,
+             QStringList({QStringLiteral("page 0, visible 0, index 0"),
+                          QStringLiteral("page 2, visible 1, index 2")}));
+    QCOMPARE(stage.whatIsWrong(2), QString());
+}
+
+void tst_KELNavigationTableLifetime::pageDeletedDuringASwitch_data()
+{
+    QTest::addColumn<int>("way");
+    QTest::addColumn<int>("sender");
+    QTest::addColumn<int>("deleted");
+    QTest::addColumn<int>("selectedThen");
+
+    for (const auto &way : ways) {
+        const auto add = [&way](const char *name, int sender, int deleted, int then) {
+            QTest::addRow("%s, %s", name, way.second)
+                << int(way.first) << sender << deleted << then;
+        };
+        // Pages 1 and 2 of four: from the first to the second.
+        add("the new one, when the old one goes", 1, 2, 1);
+        add("the old one, when it goes", 1, 1, 1);
+        add("one before, when the old one goes", 1, 0, 1);
+        add("one behind, when the old one goes", 1, 3, 2);
+        add("the new one, when it comes", 2, 2, -1);
+        add("the old one, when the new one comes", 2, 1, 1);
+        add("one before, when the new one comes", 2, 0, 1);
+        add("one behind, when the new one comes", 2, 3, 2);
+    }
+}
+
+void tst_KELNavigationTableLifetime::pageDeletedDuringASwitch()
+{
+    QFETCH(int, way);
+    QFETCH(int, sender);
+    QFETCH(int, deleted);
+    QFETCH(int, selectedThen);
+    PageStage stage(4);
+    stage.table->setSelectIndex(1);
+    QVERIFY(stage.show());
+    stage.once(stage.pages.at(sender), [&] { delete stage.pages.at(deleted); });
+    stage.select(Way(way), 2);
+    QCOMPARE(stage.calls, 1);
+    QVERIFY(!stage.pages.at(deleted));
+    if (sender == 1 && deleted == 2) {
+        // There is nothing to switch to any more; the old page is gone from sight all the same.
+        QCOMPARE(stage.table->selectIndex(), selectedThen);
+        QCOMPARE(stage.table->selectItem(), stage.pages.at(1).data());
+        return;
+    }
+    QCOMPARE(stage.whatIsWrong(selectedThen), QString());
+}
+
+void tst_KELNavigationTableLifetime::tableDeletedDuringASwitch_data()
+{
+    QTest::addColumn<int>("way");
+    QTest::addColumn<int>("sender");
+
+    for (const auto &way : ways) {
+        QTest::addRow("when the old page goes, %s", way.second) << int(way.first) << 0;
+        QTest::addRow("when the new page comes, %s", way.second) << int(way.first) << 1;
+    }
+}
+
+void tst_KELNavigationTableLifetime::tableDeletedDuringASwitch()
+{
+    QFETCH(int, way);
+    QFETCH(int, sender);
+    PageStage stage(2);
+    QVERIFY(stage.show());
+    stage.once(stage.pages.at(sender), [&] { delete stage.table; });
+    stage.select(Way(way), 1);
+    QCOMPARE(stage.calls, 1);
+    QVERIFY(!stage.table);
+    QVERIFY(stage.alivePages().isEmpty());
+    QCoreApplication::processEvents();
+    auto *button = new KELPushButton(nullptr);
+    button->setboundRect(0, 0, 440, 310);
+    stage.view.ownScene.addItem(button);
+    const QSignalSpy clicked(button, &KELPushButton::mouseClicked);
+    stage.view.click(QPoint(100, 100));
+    QCOMPARE(clicked.count(), 1);
+}
+
+void tst_KELNavigationTableLifetime::tableDeletedDuringASwitchToAPageElsewhere()
+{
+    PageStage stage(2);
+    QVERIFY(stage.show());
+    stage.pages.at(1)->setParentItem(nullptr);
+    stage.once(stage.pages.at(0), [&] { delete stage.table; });
+    stage.table->setSelectIndex(1);
+    QCOMPARE(stage.calls, 1);
+    QVERIFY(!stage.table);
+    QVERIFY(stage.pages.at(1));
+    QVERIFY(!stage.pages.at(1)->isVisible());
+    stage.view.grab();
+}
+
+void tst_KELNavigationTableLifetime::sceneClearedDuringASwitch_data()
+{
+    tableDeletedDuringASwitch_data();
+}
+
+void tst_KELNavigationTableLifetime::sceneClearedDuringASwitch()
+{
+    QFETCH(int, way);
+    QFETCH(int, sender);
+    PageStage stage(2);
+    QVERIFY(stage.show());
+    stage.once(stage.pages.at(sender), [&] { stage.view.ownScene.clear(); });
+    stage.select(Way(way), 1);
+    QCOMPARE(stage.calls, 1);
+    QVERIFY(!stage.table);
+    QVERIFY(stage.alivePages().isEmpty());
+    stage.view.grab();
+}
+
+void tst_KELNavigationTableLifetime::nestedSelection_data()
+{
+    QTest::addColumn<int>("way");
+    QTest::addColumn<int>("sender");
+    QTest::addColumn<int>("nested");
+    QTest::addColumn<int>("selectedThen");
+
+    for (const auto &way : ways) {
+        const auto add = [&way](const char *name, int sender, int nested, int then) {
+            QTest::addRow("%s, %s", name, way.second) << int(way.first) << sender << nested << then;
+        };
+        // From page 0 to page 1.
+        add("another page, when the old one goes", 0, 2, 2);
+        add("the new page, when the old one goes", 0, 1, 1);
+        add("the old page, when it goes", 0, 0, 1);
+        add("another page, when the new one comes", 1, 2, 2);
+        add("the old page, when the new one comes", 1, 0, 0);
+        add("the new page, when it comes", 1, 1, 1);
+    }
+}
+
+void tst_KELNavigationTableLifetime::nestedSelection()
+{
+    QFETCH(int, way);
+    QFETCH(int, sender);
+    QFETCH(int, nested);
+    QFETCH(int, selectedThen);
+    PageStage stage(3);
+    QVERIFY(stage.show());
+    stage.once(stage.pages.at(sender), [&] { stage.table->setSelectIndex(nested); });
+    stage.select(Way(way), 1);
+    QCOMPARE(stage.calls, 1);
+    QCOMPARE(stage.whatIsWrong(selectedThen), QString());
+}
+
+void tst_KELNavigationTableLifetime::pageAddedDuringASwitch_data()
+{
+    QTest::addColumn<int>("sender");
+    QTest::newRow("when the old page goes") << 0;
+    QTest::newRow("when the new page comes") << 1;
+}
+
+void tst_KELNavigationTableLifetime::pageAddedDuringASwitch()
+{
+    QFETCH(int, sender);
+    PageStage stage(2);
+    QVERIFY(stage.show());
+    stage.once(stage.pages.at(sender), [&] {
+        for (KELNavigationTableItem *page : addPages(stage.table, 9))
+            stage.pages.append(page);
+    });
+    stage.table->setSelectIndex(1);
+    QCOMPARE(stage.calls, 1);
+    QCOMPARE(stage.whatIsWrong(1), QString());
+}
+
+void tst_KELNavigationTableLifetime::pageMovedAwayDuringASwitch()
+{
+    PageStage stage(3);
+    QVERIFY(stage.show());
+    KELNavigationTable other(nullptr);
+    stage.once(stage.pages.at(0), [&] { other.addItem(stage.pages.at(1)); });
+    stage.table->setSelectIndex(1);
+    QCOMPARE(stage.calls, 1);
+    QCOMPARE(other.selectItem(), stage.pages.at(1).data());
+    QVERIFY(stage.pages.at(1)->isVisible());
+    QCOMPARE(stage.table->selectItem(), stage.pages.at(0).data());
+    QCOMPARE(stage.table->selectIndex(), 0);
+}
+
+void tst_KELNavigationTableLifetime::deletedWhileAdded_data()
+{
+    QTest::addColumn<int>("signal");
+    QTest::addColumn<int>("what");
+
+    const char *const signalNames[] = {"gets its parent", "is hidden", "is shown again"};
+    for (int i = 0; i < 3; ++i) {
+        QTest::addRow("the page, when it %s", signalNames[i]) << i << 0;
+        QTest::addRow("the table, when the page %s", signalNames[i]) << i << 1;
+        QTest::addRow("the page is taken by another table, when it %s", signalNames[i]) << i << 2;
+    }
+}
+
+void tst_KELNavigationTableLifetime::deletedWhileAdded()
+{
+    QFETCH(int, signal);
+    QFETCH(int, what);
+    PageStage stage(0);
+    QVERIFY(stage.show());
+    auto *other = new OpenTable(nullptr);
+    stage.view.ownScene.addItem(other);
+    const QPointer<KELNavigationTableItem> page(new KELNavigationTableItem(nullptr));
+    int calls = 0;
+    const auto act = [&] {
+        ++calls;
+        if (what == 0)
+            delete page;
+        else if (what == 1)
+            delete stage.table;
+        else
+            other->addItem(page);
+    };
+    if (signal == 0) {
+        connect(page, &QGraphicsObject::parentChanged, &stage.view, [&] {
+            if (calls == 0)
+                act();
+        });
+    } else {
+        int changes = 0;
+        connect(page, &QGraphicsObject::visibleChanged, &stage.view, [&, changes]() mutable {
+            if (++changes == signal && calls == 0)
+                act();
+        });
+    }
+    stage.table->addItem(page);
+    QCOMPARE(calls, 1);
+    QCOMPARE(page.isNull(), what != 2);
+    QCOMPARE(stage.table.isNull(), what == 1);
+    if (what == 2) {
+        QCOMPARE(page->parentItem(), other);
+        QCOMPARE(other->selectItem(), page.data());
+        QVERIFY(page->isVisible());
+    }
+    if (stage.table) {
+        QCOMPARE(stage.table->selectIndex(), -1);
+        QVERIFY(!stage.table->selectItem());
+        stage.pages = {new KELNavigationTableItem(nullptr)};
+        stage.table->addItem(stage.pages.first());
+        QCOMPARE(stage.whatIsWrong(0), QString());
+    }
+    stage.view.grab();
+}
+
+void tst_KELNavigationTableLifetime::pageOfAnotherTable_data()
+{
+    QTest::addColumn<int>("moved");
+    QTest::addColumn<int>("leftIndex");
+
+    QTest::newRow("its current page") << 1 << -1;
+    QTest::newRow("a page before") << 0 << 0;
+    QTest::newRow("a page behind") << 2 << 1;
+}
+
+void tst_KELNavigationTableLifetime::pageOfAnotherTable()
+{
+    QFETCH(int, moved);
+    QFETCH(int, leftIndex);
+    for (const int existing : {0, 1}) {
+        PageStage stage(3);
+        stage.table->setSelectIndex(1);
+        auto *other = new OpenTable(nullptr);
+        other->setPos(0, 320);
+        auto otherPages = addPages(other, existing);
+        stage.view.ownScene.addItem(other);
+        QVERIFY(stage.show());
+        KELNavigationTableItem *page = stage.pages.takeAt(moved);
+        other->addItem(page);
+        otherPages.append(page);
+        QCOMPARE(page->parentItem(), other);
+        QCOMPARE(whatIsNotShown(other, otherPages, 0), QString());
+        QCOMPARE(stage.whatIsWrong(leftIndex), QString());
+        // It is a page of the other table alone.
+        delete page;
+        QCOMPARE(other->selectIndex(), existing == 0 ? -1 : 0);
+        QCOMPARE(stage.whatIsWrong(1), QString());
+    }
+}
+
+void tst_KELNavigationTableLifetime::pageOfAnotherScene()
+{
+    KelTestView elsewhere;
+    const QPointer<KELNavigationTableItem> page(new KELNavigationTableItem(nullptr));
+    auto *button = new KELPushButton(page);
+    button->setboundRect(50, 50, 100, 40);
+    elsewhere.ownScene.addItem(page);
+    QVERIFY(elsewhere.showAndWait());
+    elsewhere.press(QPoint(200, 180)); // on the button
+    PageStage stage(1);
+    QVERIFY(stage.show());
+    stage.table->addItem(page);
+    stage.pages.append(page);
+    QCOMPARE(page->scene(), &stage.view.ownScene);
+    QVERIFY(elsewhere.ownScene.items().isEmpty());
+    elsewhere.release(QPoint(200, 180));
+    elsewhere.grab();
+    stage.table->setSelectIndex(1);
+    stage.view.grab();
+    const QSignalSpy clicked(button, &KELPushButton::mouseClicked);
+    stage.view.click(QPoint(100, 70));
+    QCOMPARE(clicked.count(), 1);
+    QCOMPARE(stage.whatIsWrong(1), QString());
+}
+
+void tst_KELNavigationTableLifetime::pageBetweenScenesAndTables()
+{
+    PageStage first(2);
+    PageStage second(1);
+    QVERIFY(first.show());
+    QVERIFY(second.show());
+    second.pages.append(first.pages.takeFirst());
+    second.table->addItem(second.pages.last());
+    QCOMPARE(second.pages.last()->scene(), &second.view.ownScene);
+    QCOMPARE(first.whatIsWrong(-1), QString());
+    QCOMPARE(second.whatIsWrong(0), QString());
+    // To a table that is in no scene.
+    KELNavigationTable homeless(nullptr);
+    homeless.addItem(second.pages.takeFirst());
+    QVERIFY(!homeless.selectItem()->scene());
+    QCOMPARE(second.whatIsWrong(0), QString());
+}
+
+void tst_KELNavigationTableLifetime::tableInAPage()
+{
+    PageStage outer(2);
+    auto *inner = new OpenTable(outer.pages.at(0));
+    const auto innerPages = addPages(inner, 2);
+    QVERIFY(outer.show());
+    inner->addItem(outer.pages.at(0));
+    QCOMPARE(outer.pages.at(0)->parentItem(), outer.table);
+    QCOMPARE(whatIsNotShown(inner, innerPages, 0), QString());
+    inner->addItem(outer.pages.at(1));
+    QCOMPARE(outer.pages.at(1)->parentItem(), inner);
+    outer.pages.removeAt(1);
+    QCOMPARE(whatIsNotShown(inner, innerPages, 0), QString());
+    QCOMPARE(outer.whatIsWrong(0), QString());
+}
+
+void tst_KELNavigationTableLifetime::tableDestroyedWithPages()
+{
+    for (const int selected : {0, 2}) {
+        PageStage stage(3);
+        stage.table->setSelectIndex(selected);
+        QVERIFY(stage.show());
+        const QSignalSpy destroyed(stage.pages.at(0), &QObject::destroyed);
+        delete stage.table;
+        QCOMPARE(destroyed.count(), 1);
+        QVERIFY(stage.alivePages().isEmpty());
+        QVERIFY(stage.view.ownScene.items().isEmpty());
+        stage.view.grab();
+    }
+}
+
+void tst_KELNavigationTableLifetime::pageOutlivesItsTable()
+{
+    for (const bool inScene : {false, true}) {
+        PageStage stage(3);
+        QVERIFY(stage.show());
+        KELRoundRectControl parent(nullptr);
+        KELNavigationTableItem *page = stage.pages.at(0);
+        if (inScene)
+            page->setParentItem(nullptr);
+        else
+            page->setParentItem(&parent);
+        delete stage.table;
+        QVERIFY(stage.pages.at(0));
+        QVERIFY(!stage.pages.at(1));
+        stage.view.grab();
+        // It can be a page again.
+        KELNavigationTable next(nullptr);
+        next.addItem(page);
+        QCOMPARE(next.selectItem(), page);
+        delete page;
+        QCOMPARE(next.selectIndex(), -1);
+    }
+    // Or just die.
+    auto *table = new KELNavigationTable(nullptr);
+    const std::unique_ptr<KELNavigationTableItem> page(new KELNavigationTableItem(nullptr));
+    table->addItem(page.get());
+    page->setParentItem(nullptr);
+    delete table;
+    QVERIFY(page);
+}
+
+void tst_KELNavigationTableLifetime::parentDestroyed()
+{
+    auto *parent = new KELRoundRectControl(nullptr);
+    auto *table = new KELNavigationTable(parent);
+    const QPointer<KELNavigationTableItem> page(addPages(table, 3).first());
+    delete parent;
+    QVERIFY(!page);
+}
+
+void tst_KELNavigationTableLifetime::sceneCleared()
+{
+    PageStage stage(3);
+    auto *other = new OpenTable(nullptr);
+    addPages(other, 2);
+    stage.view.ownScene.addItem(other);
+    // A page that left the table for the scene is cleared for itself, before the table or after.
+    stage.pages.at(0)->setParentItem(nullptr);
+    QVERIFY(stage.show());
+    stage.view.ownScene.clear();
+    QVERIFY(!stage.table);
+    QVERIFY(stage.alivePages().isEmpty());
+    stage.view.grab();
+}
+
+void tst_KELNavigationTableLifetime::recordsAreFreed()
+{
+    // The leak check of the sanitizers watches this one.
+    KELNavigationTable table(nullptr);
+    auto *style = static_cast<KELNavigationTableStyle *>(table.style());
+    style->title = QString(300, QLatin1Char('t'));
+    style->titleBackgroundBrush = QBrush(QPixmap(20, 20));
+    style->titleForegroundBrush = QBrush(QPixmap(20, 20));
+    auto *page = new KELNavigationTableItem(nullptr);
+    page->setButtonBackground(QBrush(QPixmap(20, 20)));
+    page->setButtonForeground(QBrush(QPixmap(20, 20)));
+    page->initStyle();
+    page->setButtonBackground(QBrush(QPixmap(20, 20)));
+    table.addItem(page);
+    table.initStyle();
+    style = static_cast<KELNavigationTableStyle *>(table.style());
+    style->title = QString(300, QLatin1Char('u'));
+    QCOMPARE(table.selectItem(), page);
+}
+
+KEL_TEST_MAIN(tst_KELNavigationTableLifetime)
+#include "tst_kelnavigationtablelifetime.moc"

@@ -1,0 +1,375 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "../kelnavigationtable/tablestage.h"
+
+#include <kelpushbutton.h>
+
+#include <QtCore/QAbstractEventDispatcher>
+
+#include <memory>
+
+namespace {
+
+void addInputs()
+{
+    QTest::addColumn<Input>("input");
+    QTest::newRow("mouse") << Input::Mouse;
+    QTest::newRow("touch") << Input::Touch;
+}
+
+} // namespace
+
+class tst_KELNavigationTablePointer : public KelTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QApplication::setDoubleClickInterval(5000); }
+
+    void tabsDoNotFollowTheRectangle();
+    void tabsFollowThePosition_data() { addInputs(); }
+    void tabsFollowThePosition();
+    void pressOnATab_data() { addInputs(); }
+    void pressOnATab();
+    void pressIsNotReported_data() { addInputs(); }
+    void pressIsNotReported();
+    void pressOnTheSelectedTab_data() { addInputs(); }
+    void pressOnTheSelectedTab();
+    void pressElsewhere_data();
+    void pressElsewhere();
+    void pressOnTheOnlyPage_data() { addInputs(); }
+    void pressOnTheOnlyPage();
+    void pressBetweenTwoTabs();
+    void otherMouseButtons_data();
+    void otherMouseButtons();
+    void doubleClickSwitches_data() { addInputs(); }
+    void doubleClickSwitches();
+    void disabledTable_data() { addInputs(); }
+    void disabledTable();
+    void scaledView_data() { addInputs(); }
+    void scaledView();
+    void onlyTheShownPageHasControls_data() { addInputs(); }
+    void onlyTheShownPageHasControls();
+    void pageAddedWhileShown_data();
+    void pageAddedWhileShown();
+    void filterOnAChild();
+};
+
+void tst_KELNavigationTablePointer::tabsDoNotFollowTheRectangle()
+{
+    Stage stage(0);
+    stage.table->setPos(0, 0);
+    stage.table->setboundRect(50, 40, 400, 300);
+    stage.pages = addPages(stage.table, 2);
+    QVERIFY(stage.show());
+    // The tabs are at (0, 220) and (200, 220), of which the table shows what is in its rectangle.
+    stage.view.click(QPoint(210, 290));
+    QCOMPARE(stage.table->selectIndex(), 1);
+    stage.view.click(QPoint(190, 290));
+    QCOMPARE(stage.table->selectIndex(), 0);
+    stage.view.click(QPoint(430, 320));
+    QCOMPARE(stage.table->selectIndex(), 0);
+    stage.table->setSelectIndex(1);
+    stage.view.click(QPoint(30, 290));
+    QCOMPARE(stage.table->selectIndex(), 1);
+}
+
+void tst_KELNavigationTablePointer::tabsFollowThePosition()
+{
+    QFETCH(Input, input);
+    Stage stage(2);
+    QVERIFY(stage.show());
+    stage.table->setPos(50, 80);
+    stage.tap(input, QPoint(50 + 230, 80 + 235));
+    QCOMPARE(stage.whatIsNotShown(1), QString());
+    stage.tap(input, QPoint(50 + 210, 80 + 305));
+    QCOMPARE(stage.whatIsNotShown(0), QString());
+    stage.tap(input, QPoint(50 + 230, 80 + 225));
+    QCOMPARE(stage.whatIsNotShown(0), QString());
+}
+
+void tst_KELNavigationTablePointer::pressOnATab()
+{
+    QFETCH(Input, input);
+    Stage stage(3);
+    QVERIFY(stage.show());
+    for (const int index : {2, 1, 0}) {
+        stage.settle();
+        stage.press(input, stage.tab(index));
+        QCOMPARE(stage.whatIsNotShown(index), QString());
+        QCoreApplication::processEvents();
+        QVERIFY(stage.table->paints > 0);
+        stage.release(input, stage.tab(index));
+        QCOMPARE(stage.whatIsNotShown(index), QString());
+    }
+}
+
+void tst_KELNavigationTablePointer::pressIsNotReported()
+{
+    QFETCH(Input, input);
+    Stage stage(2);
+    QVERIFY(stage.show());
+    const SignalCount reported(stage.table);
+    stage.press(input, stage.tab(1));
+    QVERIFY(!stage.table->isMouseDown());
+    QVERIFY(QAbstractEventDispatcher::instance()->registeredTimers(stage.table).isEmpty());
+    QCoreApplication::processEvents();
+    stage.release(input, stage.tab(1));
+    QString names = reported.all();
+    names.remove(QStringLiteral("enter "));
+    QCOMPARE(names, QStringLiteral("release"));
+}
+
+void tst_KELNavigationTablePointer::pressOnTheSelectedTab()
+{
+    QFETCH(Input, input);
+    Stage stage(3);
+    stage.table->setSelectIndex(1);
+    QVERIFY(stage.show());
+    const QSignalSpy visibility(stage.pages.at(1), &QGraphicsObject::visibleChanged);
+    stage.table->pressAt(QPointF(220, 270));
+    QCoreApplication::processEvents();
+    QCOMPARE(stage.table->paints, 0);
+    stage.tap(input, stage.tab(1));
+    QCOMPARE(stage.whatIsNotShown(1), QString());
+    QCOMPARE(visibility.count(), 0);
+}
+
+void tst_KELNavigationTablePointer::pressElsewhere_data()
+{
+    QTest::addColumn<Input>("input");
+    QTest::addColumn<QPoint>("pos");
+
+    const QPair<Input, const char *> inputs[] = {{Input::Mouse, "mouse"}, {Input::Touch, "touch"}};
+    for (const auto &input : inputs) {
+        QTest::addRow("content, %s", input.second) << input.first << QPoint(300, 150);
+        QTest::addRow("last line of the content, %s", input.second)
+            << input.first << QPoint(300, 229);
+        QTest::addRow("title, %s", input.second) << input.first << QPoint(300, 15);
+        QTest::addRow("left of the table, %s", input.second) << input.first << QPoint(-5, 270);
+        QTest::addRow("right of the table, %s", input.second) << input.first << QPoint(445, 270);
+        QTest::addRow("below the table, %s", input.second) << input.first << QPoint(300, 315);
+    }
+}
+
+void tst_KELNavigationTablePointer::pressElsewhere()
+{
+    QFETCH(Input, input);
+    QFETCH(QPoint, pos);
+    Stage stage(0);
+    styleOf(stage.table)->showTitle = true;
+    stage.pages = addPages(stage.table, 2);
+    QVERIFY(stage.show());
+    const QSignalSpy visibility(stage.pages.at(0), &QGraphicsObject::visibleChanged);
+    stage.tap(input, QPoint(20, 30) + pos);
+    QCOMPARE(stage.whatIsNotShown(0), QString());
+    QCOMPARE(visibility.count(), 0);
+    stage.table->pressAt(pos);
+    QCOMPARE(stage.whatIsNotShown(0), QString());
+}
+
+void tst_KELNavigationTablePointer::pressOnTheOnlyPage()
+{
+    QFETCH(Input, input);
+    Stage stage(1);
+    QVERIFY(stage.show());
+    const QSignalSpy visibility(stage.pages.at(0), &QGraphicsObject::visibleChanged);
+    stage.tap(input, stage.tab(0));
+    stage.tap(input, stage.view.at(stage.table, QPointF(220, 100)));
+    QCOMPARE(stage.whatIsNotShown(0), QString());
+    QCOMPARE(visibility.count(), 0);
+}
+
+void tst_KELNavigationTablePointer::pressBetweenTwoTabs()
+{
+    Stage stage(2);
+    QVERIFY(stage.show());
+    stage.table->setSelectIndex(1);
+    stage.view.click(QPoint(20 + 220, 30 + 270));
+    QCOMPARE(stage.whatIsNotShown(0), QString());
+    stage.view.click(QPoint(20 + 221, 30 + 270));
+    QCOMPARE(stage.whatIsNotShown(1), QString());
+}
+
+void tst_KELNavigationTablePointer::otherMouseButtons_data()
+{
+    QTest::addColumn<int>("button");
+
+    QTest::newRow("right") << int(Qt::RightButton);
+    QTest::newRow("middle") << int(Qt::MiddleButton);
+    QTest::newRow("back") << int(Qt::BackButton);
+}
+
+void tst_KELNavigationTablePointer::otherMouseButtons()
+{
+    QFETCH(int, button);
+    Stage stage(2);
+    QVERIFY(stage.show());
+    const SignalCount reported(stage.table);
+    stage.view.press(stage.tab(1), Qt::MouseButton(button));
+    stage.view.release(stage.tab(1), Qt::MouseButton(button));
+    QTest::mouseDClick(stage.view.viewport(), Qt::MouseButton(button), Qt::NoModifier,
+                       stage.tab(1));
+    QCOMPARE(stage.whatIsNotShown(0), QString());
+    QVERIFY(!reported.all().contains(QLatin1String("release")));
+    // An application that lets another button through gets it.
+    stage.table->pressAt(QPointF(300, 270), Qt::MouseButton(button));
+    QCOMPARE(stage.whatIsNotShown(1), QString());
+}
+
+void tst_KELNavigationTablePointer::doubleClickSwitches()
+{
+    QFETCH(Input, input);
+    Stage stage(3);
+    QVERIFY(stage.show());
+    SignalCount reported(stage.table);
+    stage.tap(input, stage.tab(1));
+    QCOMPARE(stage.whatIsNotShown(1), QString());
+    // The window system makes a second fast press of a mouse a double click.
+    if (input == Input::Mouse)
+        stage.view.doubleClickPress(stage.tab(2));
+    else
+        stage.press(input, stage.tab(2));
+    QCOMPARE(stage.whatIsNotShown(2), QString());
+    stage.release(input, stage.tab(2));
+    QString names = reported.all();
+    names.remove(QStringLiteral("enter "));
+    // Two fingers' taps that far apart are no double tap.
+    QCOMPARE(names,
+             input == Input::Mouse ? QStringLiteral("release double release")
+                                   : QStringLiteral("release release"));
+}
+
+void tst_KELNavigationTablePointer::disabledTable()
+{
+    QFETCH(Input, input);
+    Stage stage(2);
+    stage.table->setEnabled(false);
+    QVERIFY(stage.show());
+    stage.tap(input, stage.tab(1));
+    QCOMPARE(stage.whatIsNotShown(0), QString());
+    stage.table->setSelectIndex(1);
+    QCOMPARE(stage.whatIsNotShown(1), QString());
+}
+
+void tst_KELNavigationTablePointer::scaledView()
+{
+    QFETCH(Input, input);
+    Stage stage(3);
+    QVERIFY(stage.show());
+    stage.view.scale(0.5, 0.5);
+    for (const int index : {1, 2, 0}) {
+        stage.tap(input, stage.tab(index));
+        QCOMPARE(stage.whatIsNotShown(index), QString());
+    }
+}
+
+void tst_KELNavigationTablePointer::onlyTheShownPageHasControls()
+{
+    QFETCH(Input, input);
+    Stage stage(3);
+    QList<KELPushButton *> buttons;
+    QList<QSignalSpy *> clicks;
+    for (KELNavigationTableItem *page : qAsConst(stage.pages)) {
+        buttons.append(new KELPushButton(page));
+        buttons.last()->setboundRect(100, 60, 120, 50);
+        clicks.append(new QSignalSpy(buttons.last(), &KELPushButton::mouseClicked));
+    }
+    QVERIFY(stage.show());
+    const QPoint onTheButton = QPoint(20, 30) + QPoint(150, 80);
+    QList<int> expected = {0, 0, 0};
+    for (const int index : {0, 2, 1, 0}) {
+        stage.tap(input, stage.tab(index));
+        for (int i = 0; i < 3; ++i)
+            QCOMPARE(buttons.at(i)->isVisible(), i == index);
+        stage.tap(input, onTheButton);
+        ++expected[index];
+        for (int i = 0; i < 3; ++i)
+            QCOMPARE(clicks.at(i)->count(), expected.at(i));
+    }
+    qDeleteAll(clicks);
+}
+
+void tst_KELNavigationTablePointer::pageAddedWhileShown_data()
+{
+    QTest::addColumn<int>("index");
+    QTest::addColumn<bool>("isFirst");
+    QTest::addColumn<bool>("childFirst");
+
+    for (const bool isFirst : {true, false}) {
+        for (const bool childFirst : {true, false}) {
+            QTest::addRow("no index, %s page, control added %s", isFirst ? "first" : "second",
+                          childFirst ? "before" : "after")
+                << int(QGraphicsScene::NoIndex) << isFirst << childFirst;
+            QTest::addRow("tree, %s page, control added %s", isFirst ? "first" : "second",
+                          childFirst ? "before" : "after")
+                << int(QGraphicsScene::BspTreeIndex) << isFirst << childFirst;
+        }
+    }
+}
+
+void tst_KELNavigationTablePointer::pageAddedWhileShown()
+{
+    QFETCH(int, index);
+    QFETCH(bool, isFirst);
+    QFETCH(bool, childFirst);
+    Stage stage(isFirst ? 0 : 1);
+    stage.view.ownScene.setItemIndexMethod(QGraphicsScene::ItemIndexMethod(index));
+    // With so few items the tree would be one leaf.
+    if (index == QGraphicsScene::BspTreeIndex)
+        stage.view.ownScene.setBspTreeDepth(8);
+    styleOf(stage.table)->showTitle = true;
+    QVERIFY(stage.show());
+    auto *page = new KELNavigationTableItem(nullptr);
+    // Was somewhere else in the scene, where the index has it.
+    page->setboundRect(300, 300, 10, 10);
+    std::unique_ptr<KELPushButton> button(new KELPushButton(nullptr));
+    button->setboundRect(10, 20, 100, 40);
+    if (childFirst)
+        button->setParentItem(page);
+    stage.view.ownScene.addItem(page);
+    // A search brings the index up to date, also halfway through.
+    const auto search = [&stage] { stage.view.ownScene.items(QPointF(1, 1)); };
+    connect(page, &QGraphicsObject::visibleChanged, &stage.view, search);
+    search();
+    stage.table->addItem(page);
+    stage.pages.append(page);
+    if (!childFirst)
+        button->setParentItem(page);
+    KELPushButton *const child = button.release();
+    stage.table->setSelectIndex(stage.pages.size() - 1);
+    stage.settle();
+
+    const QSignalSpy clicked(child, &KELPushButton::mouseClicked);
+    stage.view.click(QPoint(20 + 60, 30 + 35 + 40));
+    QCOMPARE(clicked.count(), 1);
+    const QSignalSpy pressed(page, &KELNavigationTableItem::mousePress);
+    stage.view.click(QPoint(20 + 430, 30 + 200));
+    QCOMPARE(pressed.count(), 1);
+    QVERIFY(!stage.view.ownScene.items(QPointF(20 + 305, 30 + 305)).contains(page));
+}
+
+void tst_KELNavigationTablePointer::filterOnAChild()
+{
+    Stage stage(2);
+    auto *child = new KELRoundRectControl(stage.pages.first());
+    child->setboundRect(100, 60, 120, 50);
+    child->setFlag(QGraphicsItem::ItemIsSelectable);
+    QVERIFY(stage.show());
+    const SignalCount reported(child);
+    const QPoint pos = stage.view.centreOf(child);
+    // The table filters for none that did not ask for it.
+    stage.view.press(pos, Qt::RightButton);
+    stage.view.release(pos, Qt::RightButton);
+    QCOMPARE(reported.all(), QStringLiteral("press"));
+    child->installSceneEventFilter(stage.table);
+    stage.view.press(pos, Qt::RightButton);
+    stage.view.release(pos, Qt::RightButton);
+    QCOMPARE(reported.all(), QStringLiteral("press"));
+    stage.view.click(pos);
+    QCOMPARE(reported.all(), QStringLiteral("press press release click"));
+}
+
+KEL_TEST_MAIN(tst_KELNavigationTablePointer)
+#include "tst_kelnavigationtablepointer.moc"

@@ -1,0 +1,404 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "../kelsidemenu/menustage.h"
+
+#include <kelpushbutton.h>
+
+#include <QtCore/QPointer>
+#include <QtGui/QPainter>
+
+#include <memory>
+
+namespace {
+
+// Two controls and a separator of 4 px.
+void fillForPicture(OpenMenu *menu)
+{
+    menu->setSpace(4);
+    for (const QColor &colour : {QColor(200, 40, 30), QColor(20, 90, 160)}) {
+        KELRoundRectControl *control = makeControl({60, 50});
+        control->style()->backgroundBrush = colour;
+        menu->addItem(control);
+    }
+    for (QGraphicsItem *item : menu->scene()->items())
+        item->setCacheMode(QGraphicsItem::NoCache);
+}
+
+void drawByHand(QPainter *painter, int orientation)
+{
+    const auto drawControl = [painter](const QPointF &corner, const QColor &colour) {
+        painter->setRenderHint(QPainter::Antialiasing, true);
+        painter->setPen(QPen(Qt::black, 2, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
+        painter->setBrush(colour);
+        painter->drawRect(QRectF(corner + QPointF(1, 1), QSizeF(58, 48)));
+    };
+    drawControl(QPointF(0, 0), QColor(200, 40, 30));
+    painter->setRenderHint(QPainter::Antialiasing, false);
+    painter->setPen(QPen(Qt::white, 4, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
+    painter->drawLine(orientation == 0 ? QLineF(60, 0, 60, 54) : QLineF(0, 50, 64, 50));
+    drawControl(orientation == 0 ? QPointF(64, 0) : QPointF(0, 54), QColor(20, 90, 160));
+}
+
+} // namespace
+
+class tst_KELSideMenuView : public KelTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void resizeFitsTheScene_data();
+    void resizeFitsTheScene();
+    void resizeEventGivesTheSceneItsSize();
+    void addItemInAShownMenu();
+    void controlsInAShownMenuAreClicked();
+    void picture_data() { addOrientations(); }
+    void picture();
+    void pictureOnTheScreen();
+    void separatorIsSeenOnTheScreen();
+    void addItemIgnores_data();
+    void addItemIgnores();
+    void controlOfAnotherScene();
+    void controlOfAParent();
+    void separatorDeleted();
+    void controlDeleted();
+    void destroyedWithEverything();
+    void slotOfDestroyedCallsTheMenu_data();
+    void slotOfDestroyedCallsTheMenu();
+    void sceneDeletedOrReplaced();
+};
+
+void tst_KELSideMenuView::resizeFitsTheScene_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("wide") << QSize(400, 100);
+    QTest::newRow("high") << QSize(90, 300);
+    QTest::newRow("square") << QSize(200, 200);
+}
+
+void tst_KELSideMenuView::resizeFitsTheScene()
+{
+    QFETCH(QSize, size);
+    KELSideMenu menu(nullptr);
+    add(&menu);
+    menu.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&menu));
+    menu.resize(size);
+    const QSizeF port = menu.viewport()->size();
+    QCOMPARE(menu.scene()->sceneRect(), QRectF(QPointF(), port));
+    // QGraphicsView leaves 2 px on each side.
+    const qreal scale = qMin((port.width() - 4) / port.width(),
+                             (port.height() - 4) / port.height());
+    QCOMPARE(menu.transform().m11(), scale);
+    QCOMPARE(menu.transform().m22(), scale);
+    QCOMPARE(menu.size(), size);
+}
+
+void tst_KELSideMenuView::resizeEventGivesTheSceneItsSize()
+{
+    OpenMenu menu(nullptr);
+    menu.resize(200, 100);
+    menu.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&menu));
+    const QSizeF port = menu.viewport()->size();
+    QResizeEvent event(QSize(800, 50), QSize(1, 1));
+    menu.resizeEvent(&event);
+    QCOMPARE(menu.scene()->sceneRect(), QRectF(0, 0, 800, 50));
+    const qreal scale = qMin((port.width() - 4) / 800, (port.height() - 4) / 50);
+    QCOMPARE(menu.transform().m11(), scale);
+    QCOMPARE(menu.transform().m22(), scale);
+}
+
+void tst_KELSideMenuView::addItemInAShownMenu()
+{
+    KELSideMenu menu(nullptr);
+    menu.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&menu));
+    add(&menu);
+    QCOMPARE(menu.size(), QSize(102, 44));
+    const KELRoundRectControl *second = add(&menu);
+    QCOMPARE(menu.size(), QSize(204, 44));
+    QCOMPARE(menu.scene()->sceneRect().size(), QSizeF(menu.viewport()->size()));
+    QVERIFY(
+        menu.viewport()->rect().contains(menu.mapFromScene(second->boundingRect()).boundingRect()));
+}
+
+void tst_KELSideMenuView::controlsInAShownMenuAreClicked()
+{
+    for (const auto orientation : {KELSideMenu::Horizontal, KELSideMenu::Vertical}) {
+        KELSideMenu menu(nullptr);
+        menu.setOrientation(orientation);
+        menu.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&menu));
+        menu.setSpace(20);
+        QList<KELPushButton *> buttons;
+        for (int i = 0; i < 3; ++i) {
+            buttons.append(new KELPushButton(nullptr));
+            buttons.last()->setboundRect(0, 0, 100, 60);
+            menu.addItem(buttons.last());
+        }
+        for (KELPushButton *button : qAsConst(buttons)) {
+            const QSignalSpy clicked(button, &KELPushButton::mouseClicked);
+            QTest::mouseClick(menu.viewport(), Qt::LeftButton, Qt::NoModifier,
+                              menu.mapFromScene(button->boundingRect().center()));
+            QCOMPARE(clicked.count(), 1);
+        }
+    }
+}
+
+void tst_KELSideMenuView::picture()
+{
+    QFETCH(int, orientation);
+    OpenMenu menu(nullptr);
+    menu.setOrientationValue(orientation);
+    fillForPicture(&menu);
+    const QSize canvas(140, 140);
+    for (const qreal scale : {0.5, 1.0, 1.5, 2.0}) {
+        const QImage actual = KelImage::draw(canvas, scale, [&](QPainter *painter) {
+            const QRectF all(QPointF(), canvas);
+            menu.scene()->render(painter, all, all);
+        });
+        const QImage byHand = KelImage::draw(
+            canvas, scale, [&](QPainter *painter) { drawByHand(painter, orientation); });
+        QCOMPARE(KelImage::difference(actual, byHand), QString());
+    }
+}
+
+void tst_KELSideMenuView::pictureOnTheScreen()
+{
+    OpenMenu menu(nullptr);
+    menu.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&menu));
+    fillForPicture(&menu);
+    const QImage actual = menu.viewport()->grab().toImage().convertToFormat(
+        QImage::Format_ARGB32_Premultiplied);
+    QImage byHand(actual.size(), actual.format());
+    byHand.fill(Qt::transparent);
+    {
+        QPainter painter(&byHand);
+        painter.setTransform(menu.viewportTransform());
+        drawByHand(&painter, 0);
+    }
+    QCOMPARE(KelImage::difference(actual, byHand), QString());
+}
+
+void tst_KELSideMenuView::separatorIsSeenOnTheScreen()
+{
+    for (const auto orientation : {KELSideMenu::Horizontal, KELSideMenu::Vertical}) {
+        KELSideMenu menu(nullptr);
+        menu.setOrientation(orientation);
+        menu.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&menu));
+        menu.setSpace(2);
+        for (int i = 0; i < 2; ++i)
+            add(&menu)->style()->backgroundBrush = QBrush(Qt::black);
+        const QImage image = menu.viewport()->grab().toImage();
+        int whitePixels = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                whitePixels += image.pixelColor(x, y) == QColor(Qt::white) ? 1 : 0;
+        }
+        QVERIFY(whitePixels >= (orientation == KELSideMenu::Horizontal ? 30 : 80));
+    }
+}
+
+void tst_KELSideMenuView::addItemIgnores_data()
+{
+    QTest::addColumn<int>("which");
+    QTest::newRow("null") << 0;
+    QTest::newRow("the first control") << 1;
+    QTest::newRow("the last control") << 2;
+    QTest::newRow("a child of a control") << 3;
+    QTest::newRow("a separator") << 4;
+}
+
+void tst_KELSideMenuView::addItemIgnores()
+{
+    QFETCH(int, which);
+    KELSideMenu menu(nullptr);
+    KELRoundRectControl *first = add(&menu);
+    auto *child = new KELRoundRectControl(first);
+    KELRoundRectControl *last = add(&menu);
+    KELLineItem *separator = separatorsOf(menu).first();
+    const QSize size = menu.size();
+    menu.setBorderWidth(9);
+    KELRoundRectControl *const controls[] = {nullptr, first, last, child, separator};
+    const auto rects = [&] {
+        QList<QRectF> all;
+        for (const KELRoundRectControl *control : {first, child, last})
+            all.append(control->boundingRect());
+        return all << separator->boundingRect();
+    };
+    const auto before = rects();
+    menu.addItem(controls[which]);
+    QCOMPARE(rects(), before);
+    QCOMPARE(menu.size(), size);
+    QCOMPARE(menu.scene()->items().size(), 4);
+    QCOMPARE(first->style()->borderWidth, 2.0F);
+    QCOMPARE(last->style()->borderWidth, 2.0F);
+    QCOMPARE(child->parentItem(), first);
+    KELSideMenu empty(nullptr);
+    empty.addItem(nullptr);
+    QVERIFY(empty.scene()->items().isEmpty());
+}
+
+void tst_KELSideMenuView::controlOfAnotherScene()
+{
+    KelTestView view;
+    KELSideMenu other(nullptr);
+    KELSideMenu menu(nullptr);
+    add(&menu);
+    KELRoundRectControl *fromView = makeControl({50, 20});
+    view.ownScene.addItem(fromView);
+    QVERIFY(view.showAndWait());
+    KELRoundRectControl *fromMenu = add(&other, {60, 30});
+    menu.addItem(fromView);
+    menu.addItem(fromMenu);
+    QVERIFY(view.ownScene.items().isEmpty());
+    QVERIFY(other.scene()->items().isEmpty());
+    QCOMPARE(fromView->scene(), menu.scene());
+    QCOMPARE(fromView->style()->boundRect, QRectF(100.5, 0, 50, 20));
+    QCOMPARE(fromMenu->style()->boundRect, QRectF(151.5, 0, 60, 30));
+    view.grab();
+    // The other menu is as at the beginning.
+    QCOMPARE(add(&other)->style()->boundRect, QRectF(0, 0, 100, 40));
+}
+
+void tst_KELSideMenuView::controlOfAParent()
+{
+    KELRoundRectControl parent(nullptr);
+    parent.setboundRect(40, 40, 300, 300);
+    auto *control = new KELRoundRectControl(&parent);
+    control->setboundRect(5, 5, 50, 20);
+    KELSideMenu menu(nullptr);
+    menu.addItem(control);
+    QVERIFY(!control->parentItem());
+    QVERIFY(parent.childItems().isEmpty());
+    QCOMPARE(control->boundingRect(), QRectF(0, 0, 50, 20));
+    QCOMPARE(menu.size(), QSize(52, 24));
+}
+
+void tst_KELSideMenuView::separatorDeleted()
+{
+    KELSideMenu menu(nullptr);
+    for (int i = 0; i < 4; ++i)
+        add(&menu);
+    const auto separators = separatorsOf(menu);
+    delete separators.at(1);
+    // Six items are left: 400 and five spaces, then the space.
+    QCOMPARE(add(&menu)->style()->boundRect, QRectF(403, 0, 100, 40));
+    delete separators.at(0);
+    menu.setSpace(1);
+    QCOMPARE(menu.width(), 508);
+}
+
+void tst_KELSideMenuView::controlDeleted()
+{
+    KELSideMenu menu(nullptr);
+    KELRoundRectControl *first = add(&menu);
+    add(&menu, {70, 40});
+    delete first;
+    // The separator and 70, one space between them and one before the next.
+    QCOMPARE(add(&menu)->style()->boundRect, QRectF(71, 0, 100, 40));
+    menu.scene()->clear();
+    QCOMPARE(add(&menu)->style()->boundRect, QRectF(0, 0, 100, 40));
+    QCOMPARE(menu.size(), QSize(102, 44));
+    QCOMPARE(add(&menu)->style()->boundRect, QRectF(100.5, 0, 100, 40));
+}
+
+void tst_KELSideMenuView::destroyedWithEverything()
+{
+    auto *menu = new KELSideMenu(nullptr);
+    QList<QPointer<QObject>> objects;
+    for (int i = 0; i < 3; ++i)
+        objects.append(add(menu));
+    for (KELLineItem *line : separatorsOf(*menu))
+        objects.append(line);
+    QCOMPARE(objects.size(), 5);
+    menu->show();
+    QVERIFY(QTest::qWaitForWindowExposed(menu));
+    delete menu;
+    for (const auto &object : qAsConst(objects))
+        QVERIFY(!object);
+}
+
+void tst_KELSideMenuView::slotOfDestroyedCallsTheMenu_data()
+{
+    QTest::addColumn<bool>("ofASeparator");
+    QTest::addColumn<bool>("shown");
+
+    QTest::newRow("control") << false << false;
+    QTest::newRow("control, shown") << false << true;
+    QTest::newRow("separator") << true << false;
+    QTest::newRow("separator, shown") << true << true;
+}
+
+void tst_KELSideMenuView::slotOfDestroyedCallsTheMenu()
+{
+    QFETCH(bool, ofASeparator);
+    QFETCH(bool, shown);
+    auto *menu = new KELSideMenu(nullptr);
+    KELRoundRectControl *first = add(menu);
+    add(menu);
+    add(menu);
+    if (shown) {
+        menu->show();
+        QVERIFY(QTest::qWaitForWindowExposed(menu));
+    }
+    QObject context;
+    int calls = 0;
+    const QPointer<KELRoundRectControl> late(makeControl({30, 30}));
+    const auto callEverything = [&] {
+        ++calls;
+        menu->addItem(late);
+        menu->addItem(nullptr);
+        menu->setSpace(3);
+        menu->setBorderWidth(4);
+        menu->setOrientation(KELSideMenu::Vertical);
+        menu->resize(77, 88);
+        QCOMPARE(menu->space(), 3.0F);
+        QCOMPARE(menu->borderWidth(), 4.0F);
+        QCOMPARE(menu->orientation(), KELSideMenu::Vertical);
+    };
+    if (ofASeparator)
+        connect(separatorsOf(*menu).first(), &QObject::destroyed, &context, callEverything);
+    else
+        connect(first, &QObject::destroyed, &context, callEverything);
+    delete menu;
+    QCOMPARE(calls, 1);
+    // Taken by the scene while there was one, otherwise still ours.
+    if (late && !late->scene())
+        delete late;
+    QVERIFY(!late);
+}
+
+void tst_KELSideMenuView::sceneDeletedOrReplaced()
+{
+    KELSideMenu menu(nullptr);
+    add(&menu);
+    add(&menu);
+    QGraphicsScene own;
+    QGraphicsScene *const scene = menu.scene();
+    menu.setScene(&own);
+    // The menu goes on with its own scene.
+    const KELRoundRectControl *third = add(&menu);
+    QCOMPARE(third->scene(), scene);
+    QCOMPARE(third->style()->boundRect.x(), 201.5);
+    QVERIFY(own.items().isEmpty());
+    delete scene;
+    const std::unique_ptr<KELRoundRectControl> homeless(makeControl({10, 10}));
+    menu.addItem(homeless.get());
+    QVERIFY(!homeless->scene());
+    QCOMPARE(homeless->style()->borderWidth, 0.5F);
+    const QSize size = menu.size();
+    menu.setSpace(8);
+    QCOMPARE(menu.space(), 8.0F);
+    QCOMPARE(menu.size(), size);
+    menu.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&menu));
+    menu.resize(300, 200);
+    QCoreApplication::processEvents();
+}
+
+KEL_TEST_MAIN(tst_KELSideMenuView)
+#include "tst_kelsidemenuview.moc"
