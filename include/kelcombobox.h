@@ -65,6 +65,8 @@ private:
 /*!
  * \brief A drop-down list: shows the selected entry; a tap opens the list below it, another one picks an entry.
  *
+ * \image html combo-box.png
+ *
  * \code
  * auto *speed = new KELComboBox;
  * speed->setboundRect(20, 20, 160, 40);

@@ -88,6 +88,8 @@ private:
 /*!
  * \brief Pages of which one is shown, with a strip of tabs at the bottom and, if wanted, a title bar on top.
  *
+ * \image html navigation-table.png
+ *
  * \code
  * auto *table = new KELNavigationTable;
  * table->setboundRect(0, 0, 800, 480);

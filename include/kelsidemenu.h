@@ -15,6 +15,8 @@ class KELSideMenuPrivate;
  * \brief A frameless, transparent view that lines up controls in a row or a column, with a thin line
  * between them.
  *
+ * \image html side-menu.png
+ *
  * \code
  * auto *menu = new KELSideMenu(window);
  * menu->setOrientation(KELSideMenu::Vertical);

@@ -4,6 +4,7 @@
 #include "eventlog.h"
 
 #include <KELCheckBox>
+#include <KELComboBox>
 #include <KELProcessBar>
 #include <KELRadioBox>
 #include <KELSlideControl>
@@ -87,6 +88,13 @@ void EventLog::watch(KELSlideControl *slider, const QString &name)
     watch(static_cast<KELRoundRectControl *>(slider), name);
     connect(slider, &KELSlideControl::valueChanged, this,
             [=] { add(name, QStringLiteral("valueChanged %1").arg(double(slider->value()))); });
+}
+
+void EventLog::watch(KELComboBox *box, const QString &name)
+{
+    watch(static_cast<KELRoundRectControl *>(box), name);
+    connect(box, &KELComboBox::selectItemChanged, this,
+            [=] { add(name, QStringLiteral("selectItemChanged %1").arg(box->selectIndex())); });
 }
 
 void EventLog::watch(KELRadioBoxGroup *group, const QString &name)

@@ -12,6 +12,7 @@ QT_BEGIN_NAMESPACE
 class QIODevice;
 QT_END_NAMESPACE
 class KELCheckBox;
+class KELComboBox;
 class KELProcessBar;
 class KELRadioBox;
 class KELRadioBoxGroup;
@@ -38,6 +39,7 @@ public:
     void watch(KELRadioBox *box, const QString &name);
     void watch(KELProcessBar *bar, const QString &name);
     void watch(KELSlideControl *slider, const QString &name);
+    void watch(KELComboBox *box, const QString &name);
     void watch(KELRadioBoxGroup *group, const QString &name);
 
     // The newest lines, oldest first, at most count of them.

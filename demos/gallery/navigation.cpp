@@ -7,6 +7,9 @@
 #include "pageregistry.h"
 #include "parts.h"
 
+#include <KELSideMenu>
+#include <QtWidgets/QScrollBar>
+
 namespace {
 
 constexpr qreal rowSlotPx = 84; // wide enough for the caption below the glyph
@@ -35,10 +38,37 @@ void dressForBar(KELPushButton *button)
         [](KELPushButtonStyle &look) { look.foregroundBrush = QColor(Theme::barPressed); });
 }
 
+// A side menu that is drawn at the scale of the gallery instead of being fitted into itself.
+class ScaledMenu : public KELSideMenu
+{
+public:
+    ScaledMenu(qreal scale, QWidget *parent) : KELSideMenu(parent), m_scale(scale)
+    {
+        setFrameShape(NoFrame);
+        setAlignment(Qt::AlignLeft | Qt::AlignTop);
+        setTransform(QTransform::fromScale(scale, scale));
+    }
+
+protected:
+    void resizeEvent(QResizeEvent *event) override
+    {
+        KELSideMenu::resizeEvent(event);
+        setSceneRect(QRectF(QPointF(), QSizeF(size()) / m_scale));
+        setTransform(QTransform::fromScale(m_scale, m_scale));
+        horizontalScrollBar()->setValue(0);
+        verticalScrollBar()->setValue(0);
+    }
+
+private:
+    Q_DISABLE_COPY(ScaledMenu)
+
+    const qreal m_scale;
+};
+
 } // namespace
 
 Navigation::Navigation(const IconSet *icons, const std::vector<PageEntry> &pages,
-                       const QRectF &area, QGraphicsObject *parent) :
+                       const QRectF &area, QGraphicsObject *parent, QWidget *view) :
     KELRoundRectControl(parent), m_icons(icons), m_pages(pages)
 {
     setboundRect(area);
@@ -57,9 +87,15 @@ Navigation::Navigation(const IconSet *icons, const std::vector<PageEntry> &pages
         m_perLeaf = pageCount;
     if (turns)
         addTurnButtons();
-    for (int page = 0; page < pageCount; ++page)
-        addPageButton(page, slotRect(page % m_perLeaf));
+    for (int page = 0; page < pageCount; page += m_perLeaf)
+        addMenu(page, view);
     turnTo(0);
+}
+
+Navigation::~Navigation()
+{
+    for (const QPointer<KELSideMenu> &menu : qAsConst(m_menus))
+        delete menu;
 }
 
 void Navigation::setCurrent(int page)
@@ -85,40 +121,82 @@ int Navigation::slotsIn(qreal length) const
     return qMax(1, int((length - Theme::gap) / pitch));
 }
 
-QRectF Navigation::slotRect(int slot) const
+// Relative to the bar.
+QVector<QRectF> Navigation::slotRects() const
 {
     const qreal width = rect().width();
     const qreal height = rect().height();
     if (!isRow()) {
-        return {Theme::gap, Theme::gap + slot * (Theme::touch + Theme::gap), width - 2 * Theme::gap,
-                Theme::touch};
+        QVector<QRectF> cells;
+        for (int slot = 0; slot < m_perLeaf; ++slot) {
+            cells.append({Theme::gap, Theme::gap + slot * (Theme::touch + Theme::gap),
+                          width - 2 * Theme::gap, Theme::touch});
+        }
+        return cells;
     }
     const qreal left = m_back ? turnPx + Theme::gap : 0;
     const QRectF room(left + Theme::gap, Theme::gap, width - 2 * left - 2 * Theme::gap,
                       height - 2 * Theme::gap);
-    return Parts::grid(room, m_perLeaf, 1, rowGapPx).at(slot);
+    return Parts::grid(room, m_perLeaf, 1, rowGapPx);
 }
 
-void Navigation::addPageButton(int page, const QRectF &rect)
+// The menu lines up its entries without a gap, as one of its own would be a line: each is added as long as its slot
+// and the gap behind it, and cut to the slot afterwards. Then come the glyphs, which would push other entries on.
+void Navigation::addMenu(int firstPage, QWidget *view)
+{
+    const QVector<QRectF> cells = slotRects();
+    const QSizeF gap = isRow() ? QSizeF(rowGapPx, 0) : QSizeF(0, Theme::gap);
+    const QRectF room = cells.first().united(cells.last()).translated(boundingRect().topLeft());
+    const QRectF place = mapRectToScene(room);
+    auto *menu = new ScaledMenu(place.height() / room.height(), view);
+    menu->setOrientation(isRow() ? KELSideMenu::Horizontal : KELSideMenu::Vertical);
+    menu->setBorderWidth(0);
+    menu->setSpace(0);
+    const int end = qMin(firstPage + m_perLeaf, int(m_pages.size()));
+    for (int page = firstPage; page < end; ++page) {
+        const QSizeF size = cells.at(page - firstPage).size();
+        m_buttons.append(makePageButton(page, size + gap));
+        menu->addItem(m_buttons.last());
+    }
+    for (int page = firstPage; page < end; ++page) {
+        KELPushButton *button = m_buttons.at(page);
+        button->setboundRect({button->boundingRect().topLeft(), cells.at(page - firstPage).size()});
+        addGlyph(page);
+    }
+    menu->setGeometry(place.toRect());
+    m_menus.append(menu);
+}
+
+KELPushButton *Navigation::makePageButton(int page, const QSizeF &size)
 {
     const PageEntry &entry = m_pages.at(size_t(page));
-    KELPushButton *button = Parts::addButton(this, rect, QLatin1String(entry.title));
+    KELPushButton *button = Parts::addButton(nullptr, {QPointF(), size},
+                                             QLatin1String(entry.title));
     dressForBar(button);
     button->setObjectName(QStringLiteral("nav-") + QLatin1String(entry.name));
-    KELRoundRectControl *glyph = nullptr;
     if (isRow()) {
         button->style()->icon = m_icons->glyph(entry.icon);
         button->style()->margins = QMarginsF(0, 2, 0, 2);
     } else {
         button->style()->textFlags = Qt::AlignLeft | Qt::AlignVCenter;
         button->style()->margins.setLeft(m_icons->isInstalled() ? glyphColumnPx : Theme::gap);
-        glyph = Parts::addLabel(button, {0, 0, glyphColumnPx, rect.height()}, QString(),
-                                Theme::font(Theme::smallPx), Theme::barText, Qt::AlignCenter);
-        glyph->style()->icon = m_icons->glyph(entry.icon);
-        glyph->style()->iconSize = 18;
     }
     connect(button, &KELPushButton::mouseClicked, this, [this, page] { Q_EMIT chosen(page); });
-    m_buttons.append(button);
+    return button;
+}
+
+void Navigation::addGlyph(int page)
+{
+    if (isRow()) {
+        m_glyphs.append(nullptr);
+        return;
+    }
+    KELPushButton *button = m_buttons.at(page);
+    KELRoundRectControl *glyph = Parts::addLabel(
+        button, {0, 0, glyphColumnPx, button->rect().height()}, QString(),
+        Theme::font(Theme::smallPx), Theme::barText, Qt::AlignCenter);
+    glyph->style()->icon = m_icons->glyph(m_pages.at(size_t(page)).icon);
+    glyph->style()->iconSize = 18;
     m_glyphs.append(glyph);
 }
 
@@ -159,6 +237,8 @@ void Navigation::turnTo(int leaf)
     m_leaf = qBound(0, leaf, lastLeaf);
     for (int i = 0; i < m_buttons.size(); ++i)
         m_buttons.at(i)->setVisible(i / m_perLeaf == m_leaf);
+    for (int i = 0; i < m_menus.size(); ++i)
+        m_menus.at(i)->setVisible(i == m_leaf);
     if (m_back) {
         m_back->setEnabled(m_leaf > 0);
         m_forth->setEnabled(m_leaf < lastLeaf);

@@ -5,18 +5,21 @@
 
 #include "iconset.h"
 #include "pages/checkboxpage.h"
+#include "pages/comboboxpage.h"
 #include "pages/contentviewpage.h"
 #include "pages/databindpage.h"
 #include "pages/dialogbasepage.h"
 #include "pages/iconfontpage.h"
 #include "pages/labelpage.h"
 #include "pages/lineitempage.h"
+#include "pages/navigationtablepage.h"
 #include "pages/nonmodaldialogpage.h"
 #include "pages/nonmodalhelperpage.h"
 #include "pages/progressbarpage.h"
 #include "pages/pushbuttonpage.h"
 #include "pages/radioboxpage.h"
 #include "pages/roundrectpage.h"
+#include "pages/sidemenupage.h"
 #include "pages/slidecontrolpage.h"
 #include "pages/textpixmappage.h"
 
@@ -45,6 +48,9 @@ const std::vector<PageEntry> &galleryPages()
         {"dialog-base", "Dialog base", Icon::lock, create<DialogBasePage>},
         {"non-modal-dialog", "Panels", Icon::clone, create<NonModalDialogPage>},
         {"non-modal-helper", "Popup", Icon::comment, create<NonModalHelperPage>},
+        {"combo-box", "Combo box", Icon::openBelow, create<ComboBoxPage>},
+        {"navigation-table", "Nav. table", Icon::columns, create<NavigationTablePage>},
+        {"side-menu", "Side menu", Icon::bars, create<SideMenuPage>},
         {"icon-font", "Icon font", Icon::flag, create<IconFontPage>},
         {"content-view", "Content view", Icon::window, create<ContentViewPage>},
         {"text-pixmap", "Text pixmap", Icon::font, create<TextPixmapPage>},

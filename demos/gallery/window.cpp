@@ -29,7 +29,7 @@ qreal scaleFor(const QSize &size)
     return shortSide / qBound(minShortSidePx, shortSide, maxShortSidePx);
 }
 
-const QGraphicsItem *visibleItem(const KELContentView &view, const QString &name)
+const QGraphicsItem *visibleItem(const QGraphicsView &view, const QString &name)
 {
     const QList<QGraphicsItem *> items = view.scene()->items();
     for (const QGraphicsItem *item : items) {
@@ -76,12 +76,14 @@ QRect Window::geometryOf(const QString &name) const
 {
     if (const QGraphicsItem *item = visibleItem(*this, name))
         return mapFromScene(item->sceneBoundingRect()).boundingRect();
-    const auto views = findChildren<KELContentView *>();
-    for (const KELContentView *view : views) {
+    const auto views = findChildren<QGraphicsView *>();
+    for (const QGraphicsView *view : views) {
         // Not with mapFromScene(): a view that is not shown yet has no layout.
         if (const QGraphicsItem *item = visibleItem(*view, name)) {
-            return item->sceneBoundingRect().toRect().translated(
-                mapFromGlobal(view->mapToGlobal(QPoint())));
+            return view->transform()
+                .mapRect(item->sceneBoundingRect())
+                .toRect()
+                .translated(mapFromGlobal(view->mapToGlobal(QPoint())));
         }
     }
     return QRect();
@@ -142,6 +144,6 @@ void Window::fillStage()
         m_pageArea = QRectF(bar.right(), 0, log.width(), log.top());
     }
     new LogStrip(m_host.log, log, m_stage);
-    m_navigation = new Navigation(m_host.icons, galleryPages(), bar, m_stage);
+    m_navigation = new Navigation(m_host.icons, galleryPages(), bar, m_stage, this);
     connect(m_navigation, &Navigation::chosen, this, &Window::showPage);
 }

@@ -23,8 +23,8 @@ public:
 
     void showPage(int page);
 
-    // Where the control of that object name is, in window pixels; null when there is none. The views of the
-    // page, its dialogs and panels, are searched, too, shown or not.
+    // Where the control of that object name is, in window pixels; null when there is none. The other views,
+    // menus, dialogs and panels, are searched, too, shown or not.
     QRect geometryOf(const QString &name) const;
 
 protected:
@@ -41,7 +41,7 @@ private:
     int m_page;
     QSize m_builtSize;
     QRectF m_pageArea;
-    KELRoundRectControl *m_stage = nullptr; // scaled; everything visible is on it
+    KELRoundRectControl *m_stage = nullptr; // scaled; the controls are on it
     Navigation *m_navigation = nullptr;
     QPointer<Page> m_shownPage;
 };

@@ -17,6 +17,8 @@ constexpr int holdMs = 600; // the long press comes after 500
 
 constexpr int dragSteps = 16;
 
+constexpr int entryPx = 30; // the height of an entry of a combo box
+
 const char *const title = "KELGdiControl Gallery";
 
 // The values that control reported, in order.
@@ -105,6 +107,14 @@ private Q_SLOTS:
     void openerClosesThePopupForGood();
     void popupClosesAfterTheChosenTime_data();
     void popupClosesAfterTheChosenTime();
+    void comboBoxEntryIsPicked();
+    void pressOutsideClosesTheList_data();
+    void pressOutsideClosesTheList();
+    void disabledComboBoxStaysClosed();
+    void longListReachesTheEndOfTheWindow();
+    void tabShowsItsPage_data();
+    void tabShowsItsPage();
+    void menuEntriesAreTapped();
 
 private:
     QString logPath() const;
@@ -125,6 +135,10 @@ private:
     // Taps the slider of the data bind page where its value is 0 or 100.
     bool tapBoundSlider(int value);
     bool tapKeys(const QStringList &keys);
+    // Taps where the open list of a combo box has its entry.
+    bool tapEntry(const QString &box, int index);
+    // Taps a tab of a navigation table with three.
+    bool tapTab(const QString &table, int index);
     // Taps where nothing is: in the log.
     bool tapNothing();
     // The titles of the windows on the screen that contain name.
@@ -939,6 +953,134 @@ void tst_GalleryPointer::popupClosesAfterTheChosenTime()
     quit();
 }
 
+void tst_GalleryPointer::comboBoxEntryIsPicked()
+{
+    startGallery("combo-box", logPath());
+    QVERIFY(tap("combo-box", "combo-programme") && tapEntry("combo-programme", 2));
+    QStringList expected{"Programme: selectItemChanged 2"};
+    QTRY_COMPARE_WITH_TIMEOUT(gestures(), expected, patienceMs);
+    // The same one again closes nothing and reports nothing.
+    QVERIFY(tap("combo-box", "combo-programme") && tapEntry("combo-programme", 2));
+    QVERIFY(tapEntry("combo-programme", 4));
+    expected += "Programme: selectItemChanged 4";
+    QTRY_COMPARE_WITH_TIMEOUT(gestures(), expected, patienceMs);
+    quit();
+    QCOMPARE(gestures(), expected);
+}
+
+void tst_GalleryPointer::pressOutsideClosesTheList_data()
+{
+    QTest::addColumn<QString>("where");
+    QTest::newRow("where nothing is") << QString();
+    QTest::newRow("on the box itself") << "combo-programme";
+    QTest::newRow("on a disabled box") << "combo-disabled";
+}
+
+void tst_GalleryPointer::pressOutsideClosesTheList()
+{
+    QFETCH(QString, where);
+    startGallery("combo-box", logPath());
+    QVERIFY(tap("combo-box", "combo-programme") && tapEntry("combo-programme", 2));
+    QStringList expected{"Programme: selectItemChanged 2"};
+    QTRY_COMPARE_WITH_TIMEOUT(gestures(), expected, patienceMs);
+    QVERIFY(tap("combo-box", "combo-programme"));
+    QVERIFY(where.isEmpty() ? tapNothing() : tap("combo-box", where));
+    // Below the closed list is a button, where the open one has its second entry.
+    QVERIFY(tapEntry("combo-programme", 1));
+    expected += QStringList{"Next: mousePress", "Next: mouseRelease", "Next: mouseClicked",
+                            "Programme: selectItemChanged 3"};
+    QTRY_COMPARE_WITH_TIMEOUT(gestures(), expected, patienceMs);
+    QVERIFY(tap("combo-box", "combo-programme") && tapEntry("combo-programme", 1));
+    expected += "Programme: selectItemChanged 1";
+    QTRY_COMPARE_WITH_TIMEOUT(gestures(), expected, patienceMs);
+    quit();
+    QCOMPARE(gestures(), expected);
+}
+
+void tst_GalleryPointer::disabledComboBoxStaysClosed()
+{
+    startGallery("combo-box", logPath());
+    QVERIFY(tap("combo-box", "combo-disabled") && tapEntry("combo-disabled", 1));
+    QStringList expected{"Enable: mousePress", "Enable: mouseRelease", "Enable: mouseClicked"};
+    QTRY_COMPARE_WITH_TIMEOUT(gestures(), expected, patienceMs);
+    QVERIFY(tap("combo-box", "combo-disabled") && tapEntry("combo-disabled", 1));
+    expected += "Disabled: selectItemChanged 1";
+    QTRY_COMPARE_WITH_TIMEOUT(gestures(), expected, patienceMs);
+    quit();
+    QCOMPARE(gestures(), expected);
+}
+
+void tst_GalleryPointer::longListReachesTheEndOfTheWindow()
+{
+    startGallery("combo-box", logPath());
+    const QRect box = geometryOf("combo-box", "combo-many");
+    const int last = 478;
+    QVERIFY(tap(box.center()) && tap({box.center().x(), last}));
+    const QString expected = QString("Entries: selectItemChanged %1")
+                                 .arg((last - box.bottom()) / entryPx);
+    QTRY_COMPARE_WITH_TIMEOUT(gestures(), QStringList{expected}, patienceMs);
+    // An entry no finger gets to.
+    QVERIFY(tap("combo-box", "select-last"));
+    QTRY_COMPARE_WITH_TIMEOUT(changes(), QStringList({expected, "Entries: selectItemChanged 999"}),
+                              patienceMs);
+    quit();
+}
+
+void tst_GalleryPointer::tabShowsItsPage_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("below a title") << "Titled";
+    QTest::newRow("without a title") << "Plain";
+}
+
+void tst_GalleryPointer::tabShowsItsPage()
+{
+    QFETCH(QString, name);
+    const QString table = "table-" + name.toLower();
+    startGallery("navigation-table", logPath());
+    QVERIFY(tapTab(table, 2));
+    QStringList expected{name + ": page Alarm", name + ": mouseRelease"};
+    QTRY_COMPARE_WITH_TIMEOUT(gestures(), expected, patienceMs);
+    // The page has a button in the row where the first one has a switch.
+    const QPoint row = geometryOf("navigation-table", table + "-desk").center();
+    QVERIFY(tap(row));
+    expected += QStringList{"Ring now: mousePress", "Ring now: mouseRelease",
+                            "Ring now: mouseClicked"};
+    QTRY_COMPARE_WITH_TIMEOUT(gestures(), expected, patienceMs);
+    QVERIFY(tapTab(table, 2)); // is shown already
+    QVERIFY(tapTab(table, 1));
+    expected += QStringList{name + ": mouseRelease", name + ": page Sound",
+                            name + ": mouseRelease"};
+    QTRY_COMPARE_WITH_TIMEOUT(gestures(), expected, patienceMs);
+    QVERIFY(tapTab(table, 0) && tap(row));
+    QTRY_COMPARE_WITH_TIMEOUT(
+        changes(),
+        QStringList({name + ": page Alarm", name + ": page Sound", name + ": page Light",
+                     "Desk: checked", "Desk: checkChanged"}),
+        patienceMs);
+    quit();
+}
+
+void tst_GalleryPointer::menuEntriesAreTapped()
+{
+    startGallery("side-menu", logPath());
+    QVERIFY(tap("side-menu", "column-alarms"));
+    QStringList expected{"Column Alarms: mousePress", "Column Alarms: mouseRelease",
+                         "Column Alarms: mouseClicked"};
+    QTRY_COMPARE_WITH_TIMEOUT(gestures(), expected, patienceMs);
+    QVERIFY(tap("side-menu", "row-locks"));
+    expected += QStringList{"Row Locks: mousePress", "Row Locks: mouseRelease",
+                            "Row Locks: mouseClicked"};
+    QTRY_COMPARE_WITH_TIMEOUT(gestures(), expected, patienceMs);
+    // The menus go with their page.
+    QVERIFY(tap("side-menu", "nav-content-view"));
+    const QPoint sizeButton = geometryOf("content-view", "cycle-size").center();
+    const auto answers = [&] { return tap(sizeButton) && gestures().size() > expected.size(); };
+    QTRY_VERIFY_WITH_TIMEOUT(answers(), patienceMs);
+    QVERIFY(gestures().at(expected.size()).startsWith("Content view: Size"));
+    quit();
+}
+
 QString tst_GalleryPointer::logPath() const
 {
     return m_directory.filePath("gallery.log");
@@ -1009,6 +1151,18 @@ bool tst_GalleryPointer::tapKeys(const QStringList &keys)
 {
     return std::all_of(keys.cbegin(), keys.cend(),
                        [this](const QString &key) { return tap("dialog-base", "key-" + key); });
+}
+
+bool tst_GalleryPointer::tapEntry(const QString &box, int index)
+{
+    const QRect rect = geometryOf("combo-box", box);
+    return tap({rect.center().x(), rect.bottom() + entryPx * index + entryPx / 2});
+}
+
+bool tst_GalleryPointer::tapTab(const QString &table, int index)
+{
+    const QRect rect = geometryOf("navigation-table", table);
+    return tap({rect.left() + rect.width() * (2 * index + 1) / 6, rect.bottom() - 40});
 }
 
 bool tst_GalleryPointer::tapNothing()

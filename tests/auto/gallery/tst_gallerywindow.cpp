@@ -9,11 +9,14 @@
 #include "window.h"
 
 #include <KELCheckBox>
+#include <KELComboBox>
 #include <KELDialogBase>
+#include <KELNavigationTable>
 #include <KELNonModalDialog>
 #include <KELProcessBar>
 #include <KELPushButton>
 #include <KELRadioBox>
+#include <KELSideMenu>
 #include <KELSlideControl>
 #include <QtCore/QBuffer>
 
@@ -67,10 +70,20 @@ public:
     int rightmost;
 };
 
+// The items of the view and of the views inside it.
+QList<QGraphicsItem *> itemsOf(const QGraphicsView &view)
+{
+    QList<QGraphicsItem *> items = view.scene()->items();
+    const auto inner = view.findChildren<QGraphicsView *>();
+    for (const QGraphicsView *child : inner)
+        items += child->scene()->items();
+    return items;
+}
+
 template <typename Type>
 Type *find(const KELContentView &view, const QString &name)
 {
-    const QList<QGraphicsItem *> items = view.scene()->items();
+    const QList<QGraphicsItem *> items = itemsOf(view);
     for (QGraphicsItem *item : items) {
         auto *found = dynamic_cast<Type *>(item);
         if (found && found->objectName() == name)
@@ -110,11 +123,19 @@ private Q_SLOTS:
     void dialogAndPanelsFitIntoTheWindow();
     void dialogShowsItsPicture();
     void wrongPinMovesTheDialogForAMoment();
+    void comboBoxWorksAtEveryScale_data();
+    void comboBoxWorksAtEveryScale();
+    void compositesKeepTheirSelection();
+    void menusGoWithTheirPage();
+    void menusFitTheirFrames_data();
+    void menusFitTheirFrames();
     void liveButtonsAreLargeEnough_data();
     void liveButtonsAreLargeEnough();
     void sixteenPagesCanBeReached_data();
     void sixteenPagesCanBeReached();
     void wholeNavigationNeedsNoTurning();
+    void navigationWorksAtEveryScale_data();
+    void navigationWorksAtEveryScale();
     void glyphsShownExist();
 
 private:
@@ -533,6 +554,114 @@ void tst_GalleryWindow::wrongPinMovesTheDialogForAMoment()
     dialog->reject();
 }
 
+void tst_GalleryWindow::comboBoxWorksAtEveryScale_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("half") << QSize(400, 240);
+    QTest::newRow("one") << QSize(800, 480);
+    QTest::newRow("twice") << QSize(2560, 1600);
+}
+
+void tst_GalleryWindow::comboBoxWorksAtEveryScale()
+{
+    QFETCH(QSize, size);
+    EventLog log(nullptr);
+    Window window(size, &log, &m_icons, galleryPageIndex("combo-box"));
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    const auto *box = find<KELComboBox>(window, "combo-programme");
+    const KELComboBoxItem *entry = box->items().at(2);
+    const QPoint place = window.mapFromScene(entry->sceneBoundingRect().center());
+    // Not with a finger: that cannot leave the screen, which the largest window does.
+    const auto clickAt = [&](const QPoint &pos) {
+        QTest::mouseClick(window.viewport(), Qt::LeftButton, Qt::NoModifier, pos);
+    };
+    const auto click = [&](const char *name) { clickAt(window.geometryOf(name).center()); };
+    click("combo-programme");
+    QVERIFY(entry->isVisible());
+    clickAt(place);
+    QCOMPARE(box->selectIndex(), 2);
+    QVERIFY(!entry->isVisible());
+    click("combo-programme");
+    QVERIFY(entry->isVisible());
+    click("combo-programme");
+    QVERIFY(!entry->isVisible());
+    click("combo-programme");
+    click("toggle-enabled");
+    QVERIFY(find<KELComboBox>(window, "combo-disabled")->isEnabled());
+    QVERIFY(!entry->isVisible());
+    click("combo-programme");
+    click("nav-back");
+    QVERIFY(!entry->isVisible());
+}
+
+void tst_GalleryWindow::compositesKeepTheirSelection()
+{
+    EventLog log(nullptr);
+    Window window(QSize(800, 480), &log, &m_icons, galleryPageIndex("combo-box"));
+    window.show();
+    find<KELComboBox>(window, "combo-programme")->setSelectIndex(3);
+    find<KELComboBox>(window, "combo-many")->setSelectIndex(999);
+    window.showPage(galleryPageIndex("navigation-table"));
+    QVERIFY(!find<KELComboBox>(window, "combo-many"));
+    find<KELNavigationTable>(window, "table-plain")->setSelectIndex(2);
+    window.resize(480, 800);
+    QCoreApplication::processEvents();
+    QCOMPARE(find<KELNavigationTable>(window, "table-titled")->selectIndex(), 0);
+    QCOMPARE(find<KELNavigationTable>(window, "table-plain")->selectIndex(), 2);
+    window.showPage(galleryPageIndex("combo-box"));
+    QCOMPARE(find<KELComboBox>(window, "combo-programme")->selectedItem()->display(), "Boost");
+    QCOMPARE(find<KELComboBox>(window, "combo-many")->selectedItem()->display(), "Entry 1000");
+    QCOMPARE(find<KELComboBox>(window, "combo-many")->items().size(), 1000);
+}
+
+void tst_GalleryWindow::menusGoWithTheirPage()
+{
+    EventLog log(nullptr);
+    Window window(QSize(800, 480), &log, &m_icons, galleryPageIndex("side-menu"));
+    window.show();
+    const auto menus = [&] {
+        return window.findChildren<KELSideMenu *>(QRegularExpression("\\A(Column|Row)\\z"));
+    };
+    QCOMPARE(menus().size(), 2);
+    window.resize(480, 800);
+    QCoreApplication::processEvents();
+    QCOMPARE(menus().size(), 2);
+    window.showPage(0);
+    QCOMPARE(menus().size(), 0);
+}
+
+void tst_GalleryWindow::menusFitTheirFrames_data()
+{
+    liveButtonsAreLargeEnough_data();
+    QTest::newRow("1920x1080") << QSize(1920, 1080);
+}
+
+void tst_GalleryWindow::menusFitTheirFrames()
+{
+    QFETCH(QSize, size);
+    EventLog log(nullptr);
+    Window window(size, &log, &m_icons, galleryPageIndex("side-menu"));
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    for (const char *name : {"Column", "Row"}) {
+        const auto *menu = window.findChild<KELSideMenu *>(name);
+        const QString frame = QString("frame-") + name;
+        QVERIFY(window.geometryOf(frame.toLower()).contains(menu->geometry()));
+        int entries = 0;
+        const QList<QGraphicsItem *> items = menu->scene()->items();
+        for (QGraphicsItem *item : items) {
+            if (!dynamic_cast<KELPushButton *>(item))
+                continue;
+            const QRectF rect = item->sceneBoundingRect();
+            QVERIFY(QRectF(menu->rect()).contains(rect));
+            QVERIFY(rect.width() >= 44 && rect.height() >= 44);
+            ++entries;
+        }
+        QCOMPARE(entries, 4);
+    }
+}
+
 void tst_GalleryWindow::liveButtonsAreLargeEnough_data()
 {
     QTest::addColumn<QSize>("size");
@@ -551,6 +680,9 @@ void tst_GalleryWindow::liveButtonsAreLargeEnough()
         const QList<QGraphicsItem *> items = window.scene()->items();
         for (const QGraphicsItem *item : items) {
             if (item->acceptedMouseButtons() == Qt::NoButton || !item->isVisible())
+                continue;
+            // What lies on a button is pressed with it.
+            if (item->parentItem() && item->parentItem()->handlesChildEvents())
                 continue;
             const QRectF rect = item->sceneBoundingRect();
             const QString name = item->toGraphicsObject()->objectName();
@@ -575,10 +707,10 @@ void tst_GalleryWindow::sixteenPagesCanBeReached()
     QFETCH(int, turns);
     const std::vector<PageEntry> pages(16, PageEntry{"page", "Page", 0, nullptr});
     KELRoundRectControl root;
-    Navigation bar(&m_icons, pages, area, &root);
+    QWidget view;
     root.setboundRect(0, 0, 0, 0);
+    Navigation bar(&m_icons, pages, area, &root, &view);
 
-    QVector<KELPushButton *> buttons;
     KELPushButton *forth = nullptr;
     const QList<QGraphicsItem *> children = bar.childItems();
     for (QGraphicsItem *child : children) {
@@ -587,8 +719,23 @@ void tst_GalleryWindow::sixteenPagesCanBeReached()
         QVERIFY(button->rect().width() >= 44 && button->rect().height() >= 44);
         if (button->objectName() == "nav-forth")
             forth = button;
-        else if (button->objectName() == "nav-page")
+    }
+    QVector<KELPushButton *> buttons;
+    const auto menus = view.findChildren<KELSideMenu *>();
+    for (const KELSideMenu *menu : menus) {
+        QVERIFY(area.contains(menu->geometry()));
+        const QList<QGraphicsItem *> items = menu->scene()->items(Qt::AscendingOrder);
+        for (QGraphicsItem *item : items) {
+            auto *button = dynamic_cast<KELPushButton *>(item);
+            if (!button)
+                continue;
+            const QRectF rect = button->boundingRect().translated(menu->pos());
+            QVERIFY(area.contains(rect));
+            QVERIFY(rect.width() >= 44 && rect.height() >= 44);
+            for (const QGraphicsItem *child : children)
+                QVERIFY(!child->boundingRect().intersects(rect));
             buttons.append(button);
+        }
     }
     QCOMPARE(buttons.size(), 16);
     QVERIFY(forth);
@@ -596,7 +743,7 @@ void tst_GalleryWindow::sixteenPagesCanBeReached()
     int turned = 0;
     for (; turned < 16; ++turned) {
         for (KELPushButton *button : qAsConst(buttons)) {
-            if (button->isVisible())
+            if (button->isVisible() && button->scene()->views().first()->isVisibleTo(&view))
                 seen.insert(button);
         }
         if (!forth->isEnabled())
@@ -615,8 +762,38 @@ void tst_GalleryWindow::wholeNavigationNeedsNoTurning()
 {
     const std::vector<PageEntry> pages(8, PageEntry{"page", "Page", 0, nullptr});
     KELRoundRectControl root;
-    Navigation bar(&m_icons, pages, QRectF(0, 0, 152, 480), &root);
-    QCOMPARE(bar.childItems().size(), 8);
+    QWidget view;
+    root.setboundRect(0, 0, 0, 0);
+    Navigation bar(&m_icons, pages, QRectF(0, 0, 152, 480), &root, &view);
+    QCOMPARE(bar.childItems().size(), 0);
+    QCOMPARE(view.findChildren<KELSideMenu *>().size(), 1);
+}
+
+void tst_GalleryWindow::navigationWorksAtEveryScale_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<QRectF>("place"); // of the second button
+    QTest::newRow("half") << QSize(400, 240) << QRectF(4, 32, 68, 24);
+    QTest::newRow("one") << QSize(800, 480) << QRectF(8, 64, 136, 48);
+    QTest::newRow("twice") << QSize(2560, 1600) << QRectF(16, 128, 272, 96);
+    QTest::newRow("twice, upright") << QSize(1600, 2560) << QRectF(316, 2432, 186, 112);
+}
+
+void tst_GalleryWindow::navigationWorksAtEveryScale()
+{
+    QFETCH(QSize, size);
+    QFETCH(QRectF, place);
+    EventLog log(nullptr);
+    Window window(size, &log, &m_icons, 0);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QCOMPARE(window.geometryOf("nav-push-button"), place.toRect());
+    auto *menu = window.findChild<KELSideMenu *>();
+    const KELPushButton *button = find<KELPushButton>(window, "nav-push-button");
+    const QPoint centre = menu->mapFromScene(button->sceneBoundingRect().center());
+    QVERIFY((centre + menu->pos() - place.center().toPoint()).manhattanLength() <= 2);
+    QTest::mouseClick(menu->viewport(), Qt::LeftButton, Qt::NoModifier, centre);
+    QVERIFY(find<KELPushButton>(window, "press-me"));
 }
 
 void tst_GalleryWindow::glyphsShownExist()
