@@ -114,7 +114,7 @@ public:
     void createParts();
     void createWatches();
     void placeParts(qreal width, qreal textWidth, qreal arrowX, qreal height);
-    void placeList();
+    qreal listHeight() const;
     void setListHeight(qreal height);
     void toggle();
     void open();
@@ -135,6 +135,7 @@ public:
     QList<KELComboBoxItem *> items;
     int selectIndex = -1;
     bool expanded = false;
+    bool isClearing = false;
     int savedZ = 0;
     KELApplicationNotify *notify = nullptr;
     // While open: these see what the scene does not tell notify, see handlePress().
@@ -223,8 +224,12 @@ void KELComboBoxPrivate::placeParts(qreal width, qreal textWidth, qreal arrowX, 
     button.place(QRectF(0, 0, width, height));
     text.place(QRectF(0, 0, textWidth, height));
     arrow.place(QRectF(arrowX, 0, 25, height));
-    const qreal listHeight = items.isEmpty() ? emptyListHeightPx : entryHeightPx * items.size();
-    panel.place(QRectF(0, height - 1, width, listHeight));
+    panel.place(QRectF(0, height - 1, width, listHeight()));
+}
+
+qreal KELComboBoxPrivate::listHeight() const
+{
+    return items.isEmpty() ? emptyListHeightPx : entryHeightPx * items.size();
 }
 
 void KELComboBoxPrivate::setListHeight(qreal height)
@@ -356,7 +361,8 @@ void KELComboBoxPrivate::forget(KELComboBoxItem *item)
     item->d->box = nullptr;
     items.removeAt(index);
     // kept: the entries behind it do not move up
-    setListHeight(entryHeightPx * items.size());
+    if (!isClearing)
+        setListHeight(entryHeightPx * items.size());
     if (selectIndex > index) {
         --selectIndex;
     } else if (selectIndex == index) {
@@ -426,10 +432,14 @@ void KELComboBox::removeItem(KELComboBoxItem *item)
 void KELComboBox::clearItem()
 {
     const QPointer<KELComboBox> alive(this);
+    // A shown list looks at all its entries when its rectangle changes: once, not for each one.
+    const bool wasClearing = std::exchange(d->isClearing, true);
     for (int left = d->items.size(); alive && left > 0 && !d->items.isEmpty(); --left)
         delete d->items.first();
-    if (alive && d->items.isEmpty())
-        d->setListHeight(emptyListHeightPx);
+    if (!alive)
+        return;
+    d->isClearing = wasClearing;
+    d->setListHeight(d->listHeight());
 }
 
 void KELComboBox::setSelectIndex(int index)

@@ -61,6 +61,24 @@ inline int repetitions(int argc, char *argv[], int usual)
     return usual;
 }
 
+// Measures run(), which does something repetitions times.
+template <typename Run>
+void measureOnce(const QByteArray &scenario, const QByteArray &contender, Role role,
+                 int repetitions, Run run)
+{
+    const QByteArray name = scenario + '\t' + contender;
+    const auto start = std::chrono::steady_clock::now();
+    CALLGRIND_ZERO_STATS;
+    CALLGRIND_TOGGLE_COLLECT;
+    run();
+    CALLGRIND_TOGGLE_COLLECT;
+    CALLGRIND_DUMP_STATS_AT(name.constData());
+    const std::chrono::nanoseconds time = std::chrono::steady_clock::now() - start;
+    std::printf("%s\t%s\t%d\t%lld\n", name.constData(), nameOf(role), repetitions,
+                static_cast<long long>(time.count()));
+    std::fflush(stdout);
+}
+
 // Calls run(first, last), which repeats what is measured for each number from first to before last.
 template <typename Run>
 void measure(const QByteArray &scenario, const QByteArray &contender, Role role, int repetitions,
@@ -68,17 +86,8 @@ void measure(const QByteArray &scenario, const QByteArray &contender, Role role,
 {
     constexpr int warmUp = 100; // caches are filled and symbols are bound afterwards
     run(0, warmUp);
-    const QByteArray name = scenario + '\t' + contender;
-    const auto start = std::chrono::steady_clock::now();
-    CALLGRIND_ZERO_STATS;
-    CALLGRIND_TOGGLE_COLLECT;
-    run(warmUp, warmUp + repetitions);
-    CALLGRIND_TOGGLE_COLLECT;
-    CALLGRIND_DUMP_STATS_AT(name.constData());
-    const std::chrono::nanoseconds time = std::chrono::steady_clock::now() - start;
-    std::printf("%s\t%s\t%d\t%lld\n", name.constData(), nameOf(role), repetitions,
-                static_cast<long long>(time.count()));
-    std::fflush(stdout);
+    measureOnce(scenario, contender, role, repetitions,
+                [&run, repetitions] { run(warmUp, warmUp + repetitions); });
 }
 
 // A line for a contender that cannot run here.
