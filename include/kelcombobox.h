@@ -81,18 +81,20 @@ private:
  * px high, for each entry. All are child items, which may be styled, but not deleted.
  *
  * \section comboboxopen Opening and closing
- * A click on the button opens the list and puts the control above its neighbours, at z-value 1. It closes,
- * and gets its earlier z-value back, cut to a whole number, by a click on the button, when an entry is
- * selected, and by a press outside button and list: in the scene, in another one, on any widget or window
- * of the application, by mouse or touch. While the list is open the combo box filters the events of the
- * application object.
+ * A click on the button opens the list and puts the control at z-value 1, also when it was higher: leave its
+ * neighbours below 1. It closes, and gets its earlier z-value back, cut to a whole number, by a click on the
+ * button, when an entry is selected, and by a press outside button and list: in the scene, in another one, on
+ * any widget or window of the application, by mouse or touch. While the list is open the combo box filters the
+ * events of the application object.
  *
  * The list is neither kept inside the scene nor inside the view: give it room below the control.
  *
- * Place a combo box with setboundRect() and leave its pos() at (0, 0). A press that reaches a control in
- * the scene is compared with the list by its position within that control; after setPos(), of the combo box
- * or of the other control, that is another place than in the scene, and then the list may close on a press
- * on the button, which opens it again. The same holds for combo boxes inside an item that was moved by
+ * While the control is hidden no press closes the list.
+ *
+ * Place a combo box with setboundRect(), leave its pos() at (0, 0) and do not turn or scale it. A press that
+ * reaches a control in the scene is compared with the list by its position within that control; after setPos(),
+ * of the combo box or of the other control, that is another place than in the scene, and then the list may close
+ * on a press on the button, which opens it again. The same holds for combo boxes inside an item that was moved by
  * setPos().
  *
  * \section comboboxentries Entries
@@ -102,8 +104,10 @@ private:
  *
  * \section comboboxlife Lifetime
  * The combo box owns its entries. It and its entries may be deleted in any slot of their signals, an entry
- * also in its own mouseClicked(). An entry that was taken out with removeItem() belongs to the list's item
- * until it is given another parent item.
+ * also in its own mouseClicked(). The one exception is Qt's: in visibleChanged() of a child item, sent while the
+ * list is shown or hidden, no item of the combo box may be deleted; use deleteLater() there. An entry that was taken
+ * out with removeItem() belongs to the list's item until it is given another parent item; it can still be clicked,
+ * but selects nothing.
  *
  * GUI thread only.
  */
@@ -131,7 +135,8 @@ public:
      */
     void removeItem(KELComboBoxItem *item);
 
-    //! Deletes all entries; what a slot adds meanwhile stays. selectItemChanged() is not emitted.
+    //! Deletes all entries; what a slot adds meanwhile stays. selectItemChanged() is not emitted. The list gets its
+    //! new size at the end.
     void clearItem();
 
     /*!

@@ -111,10 +111,18 @@ private:
  * A page is as high as what title bar and tabs leave, and as wide as the table; an outline width of the page
  * moves its left and top edge inwards.
  *
+ * \section tablelook Look
+ * Background (RGBA 20, 15, 55, 200) and pixmap fill the content; outline, corner radii, \c text and \c icon of the
+ * table are not drawn. Title and tabs are drawn in the \c font and with the \c textFlags of the table; of a page count
+ * \c icon, \c iconSize, \c text and \c margins, and its \c font for the height of the caption's line. The captions
+ * of tabs are always elided, \c trimText of the table is for the title.
+ *
  * \section tablelife Lifetime
- * The table owns its pages, which are its child items. A page that is deleted by somebody else leaves the
- * table: the tabs are laid out anew, and when it was the one shown none is shown, until another is selected
- * or added. The table and its pages may be deleted in any slot.
+ * The table owns its pages, which are its child items. A page that is deleted by somebody else, gets another
+ * parent item or is taken out of the scene leaves the table: the tabs are laid out anew, and when it was the one
+ * shown none is shown, until another is selected or added. The table and its pages may be deleted in any slot, with
+ * the one exception that is Qt's: not in visibleChanged() of an item on a page, sent while the page is shown or
+ * hidden; use deleteLater() there.
  *
  * GUI thread only.
  */

@@ -29,14 +29,15 @@ class KELSideMenuPrivate;
  * what has been added is never moved.
  *
  * \section sidemenulayout Layout
- * Along the menu a control begins where everything before it ends: that is the sum of the extents (width or
- * height of the boundingRect()) of all items in the scene and a space for each of them but one. All items
- * count, child items of controls and the separators too: a control with child items, such as a KELComboBox,
- * pushes the next ones further by the extents of its child items. The scene belongs to the menu; an item
- * that the application adds to it counts as well.
+ * Along the menu a control begins one space behind everything before it: that is at the sum of the extents (width or
+ * height of the boundingRect()) of all items in the scene and one space for each of them.
+ * All items count, child items of controls and the separators too: a control with child items, such as a
+ * KELComboBox, pushes the next ones further by the extents of its child items. The scene belongs to the menu; an
+ * item that the application adds to it counts as well.
  *
- * Across the menu every control begins at 0. The menu is as thick as its thickest control and two border
- * widths.
+ * Across the menu every control begins at 0. The first control makes the menu as thick as itself and two border
+ * widths; a later one that leaves less than one border width of room does so, too. The menu never becomes thinner
+ * by itself.
  *
  * A view without a parent is a frameless window, a view with a parent an ordinary child widget. When it is
  * resized, the scene is fitted into it as a whole; QGraphicsView::fitInView() leaves 2 px on each side. The

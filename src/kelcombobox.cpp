@@ -11,7 +11,9 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QMetaEnum>
 #include <QtCore/QPointer>
+#include <QtCore/QVector>
 #include <QtGui/QMouseEvent>
+#include <QtGui/QPolygonF>
 #include <QtGui/QTouchEvent>
 #include <QtGui/QWindow>
 #include <QtWidgets/QGraphicsProxyWidget>
@@ -19,7 +21,6 @@
 #include <QtWidgets/QGraphicsSceneMouseEvent>
 #include <QtWidgets/QGraphicsView>
 
-#include <algorithm>
 #include <array>
 #include <memory>
 #include <utility>
@@ -58,25 +59,38 @@ void removeFilter(QObject *filter)
         app->removeEventFilter(filter);
 }
 
-bool contains(const QGraphicsItem *item, const QPointF &scenePos)
+// Where a press on the receiver may come to the viewport: an ignored one goes on to parents, and a view in a proxy
+// gets its presses from the views of the proxy.
+QVector<QPoint> positionsOn(const QWidget *viewport, const QWidget *receiver, const QPoint &pos)
 {
-    return item && item->boundingRect().contains(item->mapFromScene(scenePos));
+    QWidget *const window = viewport->window();
+    if (receiver->window() == window) {
+        const bool related = receiver == viewport || receiver->isAncestorOf(viewport)
+            || viewport->isAncestorOf(receiver);
+        return related ? QVector<QPoint>{viewport->mapFrom(window, receiver->mapTo(window, pos))}
+                       : QVector<QPoint>();
+    }
+    QVector<QPoint> positions;
+    const QGraphicsProxyWidget *const proxy = window->graphicsProxyWidget();
+    if (!proxy || !proxy->scene())
+        return positions;
+    const QList<QGraphicsView *> outerViews = proxy->scene()->views();
+    for (const QGraphicsView *outer : outerViews) {
+        if (outer->viewport() == viewport)
+            continue;
+        const QVector<QPoint> outerPositions = positionsOn(outer->viewport(), receiver, pos);
+        for (const QPoint &outerPos : outerPositions) {
+            const QPointF inProxy = proxy->mapFromScene(outer->mapToScene(outerPos));
+            positions.append(viewport->mapFrom(window, inProxy.toPoint()));
+        }
+    }
+    return positions;
 }
 
-// True when a press may come to the viewport by way of the receiver: an ignored one goes on to parents, and a view in
-// a proxy gets its presses from the views of the proxy.
-bool leadsTo(const QWidget *viewport, const QWidget *receiver)
+// True when the pixel, in the scene, is on the item, as a scene finds the item that is pressed.
+bool isOn(const QGraphicsItem *item, const QPolygonF &pixel)
 {
-    if (receiver == viewport || receiver->isAncestorOf(viewport)
-        || viewport->isAncestorOf(receiver))
-        return true;
-    const QGraphicsProxyWidget *const proxy = viewport->window()->graphicsProxyWidget();
-    if (!proxy || !proxy->scene())
-        return false;
-    const QList<QGraphicsView *> outerViews = proxy->scene()->views();
-    return std::any_of(
-        outerViews.cbegin(), outerViews.cend(),
-        [receiver](const QGraphicsView *view) { return leadsTo(view->viewport(), receiver); });
+    return item && item->mapFromScene(pixel).boundingRect().intersects(item->boundingRect());
 }
 
 void updateWithChildren(QGraphicsItem *item)
@@ -87,12 +101,13 @@ void updateWithChildren(QGraphicsItem *item)
         updateWithChildren(child);
 }
 
-QPoint globalPressPos(const QEvent *event)
+// In the widget that gets the press.
+QPoint pressPos(const QEvent *event)
 {
     if (event->type() != QEvent::TouchBegin)
-        return static_cast<const QMouseEvent *>(event)->globalPos();
+        return static_cast<const QMouseEvent *>(event)->pos();
     const auto &points = static_cast<const QTouchEvent *>(event)->touchPoints();
-    return points.isEmpty() ? QPoint() : points.first().screenPos().toPoint();
+    return points.isEmpty() ? QPoint() : points.first().pos().toPoint();
 }
 
 } // namespace
@@ -122,7 +137,7 @@ public:
     void dropWatches();
     void handleScenePress(const QGraphicsSceneMouseEvent *event);
     void handlePress(const QObject *receiver, const QEvent *event);
-    bool isOutside(const QWidget *receiver, const QPoint &globalPos) const;
+    bool isOutside(const QWidget *receiver, const QPoint &pos) const;
     bool isListShown() const { return q->isVisible() && panel && panel->isVisible(); }
     void showEnabled();
     void forget(KELComboBoxItem *item);
@@ -136,8 +151,11 @@ public:
     int selectIndex = -1;
     bool expanded = false;
     bool isClearing = false;
+    bool isRaised = false; // the z-value is that of an open list
+    int turns = 0; // how often the list was opened or closed
+    int selections = 0;
     int savedZ = 0;
-    KELApplicationNotify *notify = nullptr;
+    QPointer<KELApplicationNotify> notify;
     // While open: these see what the scene does not tell notify, see handlePress().
     std::array<std::unique_ptr<KELApplicationNotify>, std::size(watchedPresses)> watches;
 };
@@ -247,38 +265,46 @@ void KELComboBoxPrivate::toggle()
         open();
 }
 
-// What is shown, hidden and raised emits signals of QGraphicsObject: a slot may close the list or delete the
-// control.
+// What is shown, hidden and raised emits signals of QGraphicsObject: a slot may open or close the list or delete
+// the control.
 void KELComboBoxPrivate::open()
 {
     const QPointer<KELComboBox> alive(q);
+    const int turn = ++turns;
     expanded = true;
     showText(arrow, upArrow());
     createWatches();
     if (panel)
         panel->show();
-    if (!alive || !expanded)
+    if (!alive || turn != turns)
         return;
-    savedZ = KELPainting::truncatedPx(q->zValue());
+    // kept: cut to a whole number, and lowered to 1 when it was higher
+    if (!isRaised)
+        savedZ = KELPainting::truncatedPx(q->zValue());
+    isRaised = true;
     q->setZValue(openZValue);
 }
 
 void KELComboBoxPrivate::close()
 {
     const QPointer<KELComboBox> alive(q);
+    const int turn = ++turns;
     expanded = false;
     showText(arrow, downArrow());
     dropWatches();
     if (panel)
         panel->hide();
-    if (alive && !expanded)
+    if (alive && turn == turns && isRaised) {
+        isRaised = false;
         q->setZValue(savedZ);
+    }
 }
 
 void KELComboBoxPrivate::createWatches()
 {
     QCoreApplication *const app = QCoreApplication::instance();
-    app->installEventFilter(notify);
+    if (notify)
+        app->installEventFilter(notify);
     for (std::size_t i = 0; i < watches.size(); ++i) {
         watches[i] = std::make_unique<KELApplicationNotify>(nullptr, watchedPresses[i]);
         QObject::connect(
@@ -321,24 +347,24 @@ void KELComboBoxPrivate::handlePress(const QObject *receiver, const QEvent *even
         return;
     bool outside = false;
     if (receiver->isWidgetType())
-        outside = isOutside(static_cast<const QWidget *>(receiver), globalPressPos(event));
+        outside = isOutside(static_cast<const QWidget *>(receiver), pressPos(event));
     else if (receiver->isWindowType()) // that of a widget passes the press on to the widget
         outside = !receiver->inherits("QWidgetWindow");
     if (outside)
         close();
 }
 
-bool KELComboBoxPrivate::isOutside(const QWidget *receiver, const QPoint &globalPos) const
+bool KELComboBoxPrivate::isOutside(const QWidget *receiver, const QPoint &pos) const
 {
     const QList<QGraphicsView *> views = q->scene()->views();
     for (const QGraphicsView *view : views) {
-        const QWidget *const viewport = view->viewport();
-        const QPoint pos = viewport->mapFromGlobal(globalPos);
-        if (!leadsTo(viewport, receiver) || !viewport->rect().contains(pos))
-            continue;
-        const QPointF scenePos = view->mapToScene(pos);
-        if (contains(button.get(), scenePos) || contains(panel.get(), scenePos))
-            return false;
+        const QVector<QPoint> positions = positionsOn(view->viewport(), receiver, pos);
+        for (const QPoint &viewPos : positions) {
+            const QPolygonF pixel = view->mapToScene(QRect(viewPos, QSize(1, 1)));
+            if (view->viewport()->rect().contains(viewPos)
+                && (isOn(button.get(), pixel) || isOn(panel.get(), pixel)))
+                return false;
+        }
     }
     return true;
 }
@@ -396,13 +422,17 @@ KELComboBox::KELComboBox(QGraphicsObject *parent) :
 KELComboBox::~KELComboBox()
 {
     d->dropWatches();
+    if (d->button)
+        d->button->disconnect(this);
     d->selectIndex = -1;
-    // Their slots may still call here.
+    // Slots of what dies here may still call the combo box.
     while (!d->items.isEmpty()) {
         KELComboBoxItem *const item = d->items.takeFirst();
         item->d->box = nullptr;
         delete item;
     }
+    delete d->panel.get();
+    delete d->button.get();
     delete d;
 }
 
@@ -432,12 +462,18 @@ void KELComboBox::removeItem(KELComboBoxItem *item)
 void KELComboBox::clearItem()
 {
     const QPointer<KELComboBox> alive(this);
+    QVector<QPointer<KELComboBoxItem>> entries;
+    entries.reserve(d->items.size());
+    for (KELComboBoxItem *item : qAsConst(d->items))
+        entries.append(item);
     // A shown list looks at all its entries when its rectangle changes: once, not for each one.
     const bool wasClearing = std::exchange(d->isClearing, true);
-    for (int left = d->items.size(); alive && left > 0 && !d->items.isEmpty(); --left)
-        delete d->items.first();
-    if (!alive)
-        return;
+    for (const QPointer<KELComboBoxItem> &entry : qAsConst(entries)) {
+        if (entry && entry->d->box == d)
+            delete entry.data();
+        if (!alive)
+            return;
+    }
     d->isClearing = wasClearing;
     d->setListHeight(d->listHeight());
 }
@@ -450,14 +486,16 @@ void KELComboBox::setSelectIndex(int index)
         showText(d->text, d->items.at(index)->display());
         return;
     }
+    const int selection = ++d->selections;
     d->selectIndex = index;
     if (d->expanded) {
         const QPointer<KELComboBox> alive(this);
         d->close();
-        if (!alive || d->selectIndex != index) // a slot has selected another one
+        // A slot may have selected another one, or taken this one out.
+        if (!alive || d->selections != selection || d->selectIndex < 0)
             return;
     }
-    showText(d->text, d->items.at(index)->display());
+    showText(d->text, selectedItem()->display());
     Q_EMIT selectItemChanged();
 }
 
@@ -478,6 +516,7 @@ QList<KELComboBoxItem *> KELComboBox::items() const
 
 void KELComboBox::bindEnum(QMetaEnum e)
 {
+    // kept: the names are the values, not the numbers
     for (int i = 0; i < e.keyCount(); ++i)
         addItem(QString::fromUtf8(e.key(i)), QString());
 }

@@ -172,10 +172,13 @@ void KELNavigationTablePrivate::show(int index)
     KELNavigationTableItem *const previous = current;
     if (previous)
         previous->hide();
-    if (!alive || !page || page->d->table != this)
+    if (!alive || (current && current != previous)) // selected by a slot
         return;
-    if (current && current != previous) // selected by a slot
+    if (!page || page->d->table != this) {
+        if (current)
+            current->show();
         return;
+    }
     current = page;
     selectIndex = items.indexOf(page);
     page->show();
@@ -189,7 +192,7 @@ void KELNavigationTablePrivate::place(KELNavigationTableItem *page)
     const auto border = qreal(page->style()->borderWidth);
     const auto top = qreal(table.showTitle ? table.titleHeight : 0);
     page->prepareGeometryChange();
-    // kept: only the left and the top edge go inwards
+    // kept: only the left and the top edge go inwards, and the tabs get their room also when a single page has none
     page->setboundRect(border, top + border, table.boundRect.width() - border,
                        table.boundRect.height() - top - qreal(table.tabHeight) - border);
 }
@@ -212,6 +215,7 @@ void KELNavigationTablePrivate::forget(KELNavigationTableItem *page)
 {
     const int index = items.indexOf(page);
     page->d->table = nullptr;
+    QObject::disconnect(page, &QGraphicsObject::parentChanged, q, nullptr);
     items.removeAt(index);
     if (page == current) {
         current = nullptr;
@@ -235,9 +239,14 @@ KELNavigationTable::KELNavigationTable(QGraphicsObject *parent) :
 
 KELNavigationTable::~KELNavigationTable()
 {
-    // They die with the other child items, later than this record.
-    for (KELNavigationTableItem *page : qAsConst(d->items))
+    // Now, not with the other child items: slots of what dies may still call the table.
+    d->current = nullptr;
+    d->selectIndex = -1;
+    while (!d->items.isEmpty()) {
+        KELNavigationTableItem *const page = d->items.takeFirst();
         page->d->table = nullptr;
+        delete page;
+    }
     // The base deletes the record as its own type, which does not destroy these fields.
     auto *const tableStyle = static_cast<KELNavigationTableStyle *>(m_style);
     tableStyle->title = QString();
@@ -262,9 +271,14 @@ void KELNavigationTable::addItem(KELNavigationTableItem *item)
     // Qt cannot give an item a parent in another scene.
     if (item->scene() && item->scene() != scene())
         item->scene()->removeItem(item);
-    if (isPage())
+    if (isPage()) {
+        connect(item, &QGraphicsObject::parentChanged, this, [this, item] {
+            if (d->items.contains(item) && item->parentItem() != this)
+                d->forget(item);
+        });
         item->setParentItem(this);
-    if (isPage())
+    }
+    if (isPage() && d->current != item) // unless a slot has selected it
         item->hide();
     if (isPage() && !d->current)
         d->show(d->items.indexOf(item));

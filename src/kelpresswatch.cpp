@@ -55,9 +55,10 @@ bool serves(const QWidget *viewport, const QGraphicsScene *scene)
     if (!proxy->isVisible() || !proxy->isEnabled() || !proxy->scene())
         return false;
     const QList<QGraphicsView *> outerViews = proxy->scene()->views();
-    return std::any_of(outerViews.begin(), outerViews.end(), [proxy](const QGraphicsView *outer) {
-        return serves(outer->viewport(), proxy->scene());
-    });
+    return std::any_of(
+        outerViews.begin(), outerViews.end(), [proxy, viewport](const QGraphicsView *outer) {
+            return outer->viewport() != viewport && serves(outer->viewport(), proxy->scene());
+        });
 }
 
 } // namespace

@@ -12,6 +12,8 @@
 #include <QtGui/QResizeEvent>
 #include <QtWidgets/QGraphicsScene>
 
+#include <algorithm>
+
 namespace {
 
 int wholePx(qreal value)
@@ -28,6 +30,7 @@ public:
     float lengthOfItems(float space) const;
     void addSeparator(float position, const QSize &view);
     void place(KELRoundRectControl *control, const QSizeF &size, float position) const;
+    QSize firstSize(const QSizeF &control) const;
     QSize grownSize(const QSize &view, const QSizeF &control, float position) const;
 
     QPointer<QGraphicsScene> scene;
@@ -40,11 +43,13 @@ public:
 // In single precision, from the topmost item down.
 float KELSideMenuPrivate::lengthOfItems(float itemSpace) const
 {
-    const QList<QGraphicsItem *> items
-        = scene->items(); // without an index the topmost is the last one
+    QList<QGraphicsItem *> items = scene->items();
+    // Without an index Qt lists them the other way round, whatever order is asked for.
+    if (scene->itemIndexMethod() == QGraphicsScene::NoIndex)
+        std::reverse(items.begin(), items.end());
     float length = 0;
-    for (auto item = items.crbegin(); item != items.crend(); ++item) {
-        const QRectF rect = (*item)->boundingRect();
+    for (const QGraphicsItem *item : qAsConst(items)) {
+        const QRectF rect = item->boundingRect();
         length = float(qreal(length) + (isHorizontal() ? rect.width() : rect.height()));
     }
     // kept: child items and separators count like controls
@@ -72,6 +77,16 @@ void KELSideMenuPrivate::place(KELRoundRectControl *control, const QSizeF &size,
         control->setboundRect(qreal(position), 0, size.width(), size.height());
     else
         control->setboundRect(0, qreal(position), size.width(), size.height());
+}
+
+QSize KELSideMenuPrivate::firstSize(const QSizeF &control) const
+{
+    // kept: the border only once along the menu
+    const auto once = qreal(borderWidth);
+    const qreal twice = 2 * once;
+    return isHorizontal()
+        ? QSize(wholePx(control.width() + once), wholePx(control.height() + twice))
+        : QSize(wholePx(control.width() + twice), wholePx(control.height() + once));
 }
 
 // The size of the view for one more control, before which everything ends at position.
@@ -146,14 +161,12 @@ void KELSideMenu::addItem(KELRoundRectControl *control)
         return;
     control->style()->borderWidth = d->borderWidth;
     const QSizeF size = control->boundingRect().size();
-    const auto border = qreal(d->borderWidth);
+    // The scene emits signals when the view is resized, and so do new items.
+    const QPointer<KELSideMenu> alive(this);
+    const QPointer<KELRoundRectControl> added(control);
     if (d->scene->items().isEmpty()) {
         control->setboundRect(0, 0, size.width(), size.height());
-        // kept: the border only once along the menu
-        if (d->isHorizontal())
-            resize(wholePx(size.width() + border), wholePx(size.height() + 2 * border));
-        else
-            resize(wholePx(size.width() + 2 * border), wholePx(size.height() + border));
+        resize(d->firstSize(size));
     } else {
         const float begin = d->lengthOfItems(d->space);
         if (d->space > 0)
@@ -161,14 +174,17 @@ void KELSideMenu::addItem(KELRoundRectControl *control)
         d->place(control, size, begin + d->space);
         resize(d->grownSize(QWidget::size(), size, begin));
     }
-    d->scene->addItem(control);
+    if (alive && added && d->scene)
+        d->scene->addItem(control);
 }
 
 void KELSideMenu::resizeEvent(QResizeEvent *event)
 {
+    const QPointer<KELSideMenu> alive(this);
     QGraphicsView::resizeEvent(event);
-    if (!d->scene)
+    if (!alive || !d->scene)
         return;
     d->scene->setSceneRect(0, 0, event->size().width(), event->size().height());
-    fitInView(sceneRect(), Qt::KeepAspectRatio);
+    if (alive)
+        fitInView(sceneRect(), Qt::KeepAspectRatio);
 }

@@ -135,7 +135,10 @@ private Q_SLOTS:
     void pageDeletedDuringASwitch();
     void tableDeletedDuringASwitch_data();
     void tableDeletedDuringASwitch();
-    void tableDeletedDuringASwitchToAPageElsewhere();
+    void pageGivenAwayLeavesTheTable_data();
+    void pageGivenAwayLeavesTheTable();
+    void pageGivenAwayComesBack();
+    void dyingPageStillSeesTheTable();
     void sceneClearedDuringASwitch_data();
     void sceneClearedDuringASwitch();
     void nestedSelection_data();
@@ -342,12 +345,6 @@ void tst_KELNavigationTableLifetime::pageDeletedDuringASwitch()
     stage.select(Way(way), 2);
     QCOMPARE(stage.calls, 1);
     QVERIFY(!stage.pages.at(deleted));
-    if (sender == 1 && deleted == 2) {
-        // There is nothing to switch to any more; the old page is gone from sight all the same.
-        QCOMPARE(stage.table->selectIndex(), selectedThen);
-        QCOMPARE(stage.table->selectItem(), stage.pages.at(1).data());
-        return;
-    }
     QCOMPARE(stage.whatIsWrong(selectedThen), QString());
 }
 
@@ -382,18 +379,67 @@ void tst_KELNavigationTableLifetime::tableDeletedDuringASwitch()
     QCOMPARE(clicked.count(), 1);
 }
 
-void tst_KELNavigationTableLifetime::tableDeletedDuringASwitchToAPageElsewhere()
+void tst_KELNavigationTableLifetime::pageGivenAwayLeavesTheTable_data()
+{
+    QTest::addColumn<int>("way");
+    QTest::newRow("without parent") << 0;
+    QTest::newRow("out of the scene") << 1;
+    QTest::newRow("to another table") << 2;
+}
+
+void tst_KELNavigationTableLifetime::pageGivenAwayLeavesTheTable()
+{
+    QFETCH(int, way);
+    PageStage stage(3);
+    QVERIFY(stage.show());
+    stage.table->setSelectIndex(1);
+    KELNavigationTableItem *const given = stage.pages.at(1);
+    auto *const other = new KELNavigationTable;
+    stage.view.ownScene.addItem(other);
+    if (way == 0)
+        given->setParentItem(nullptr);
+    else if (way == 1)
+        stage.view.ownScene.removeItem(given);
+    else
+        other->addItem(given);
+    QCOMPARE(stage.table->selectIndex(), -1);
+    QVERIFY(!stage.table->selectItem());
+    stage.table->setSelectIndex(1);
+    QCOMPARE(stage.table->selectItem(), stage.pages.at(2).data());
+    delete stage.table;
+    QVERIFY(stage.pages.at(1));
+    QCOMPARE(other->selectItem(), way == 2 ? given : nullptr);
+    if (way == 1)
+        delete given;
+    stage.view.grab();
+}
+
+void tst_KELNavigationTableLifetime::pageGivenAwayComesBack()
 {
     PageStage stage(2);
     QVERIFY(stage.show());
-    stage.pages.at(1)->setParentItem(nullptr);
-    stage.once(stage.pages.at(0), [&] { delete stage.table; });
-    stage.table->setSelectIndex(1);
-    QCOMPARE(stage.calls, 1);
-    QVERIFY(!stage.table);
-    QVERIFY(stage.pages.at(1));
-    QVERIFY(!stage.pages.at(1)->isVisible());
-    stage.view.grab();
+    stage.pages.at(0)->setParentItem(nullptr);
+    stage.table->addItem(stage.pages.at(0));
+    QCOMPARE(stage.pages.at(0)->parentItem(), stage.table.data());
+    QCOMPARE(stage.table->selectItem(), stage.pages.at(0).data());
+    stage.table->setSelectIndex(0);
+    QCOMPARE(stage.table->selectItem(), stage.pages.at(1).data());
+}
+
+void tst_KELNavigationTableLifetime::dyingPageStillSeesTheTable()
+{
+    PageStage stage(2);
+    QVERIFY(stage.show());
+    KELNavigationTable *const table = stage.table;
+    QList<int> indexes;
+    for (const QPointer<KELNavigationTableItem> &page : qAsConst(stage.pages)) {
+        connect(page, &QObject::destroyed, table, [table, &indexes] {
+            table->setSelectIndex(0);
+            indexes.append(table->selectIndex());
+        });
+    }
+    delete table;
+    QCOMPARE(indexes.size(), 2);
 }
 
 void tst_KELNavigationTableLifetime::sceneClearedDuringASwitch_data()
