@@ -318,7 +318,15 @@ protected:
 
 private:
     Q_DISABLE_COPY(KELRoundRectControl)
+    friend class KELCheckBox;
+    friend class KELControlPrivate;
+    friend class KELNavigationTable;
+    friend class KELNavigationTableItem;
     friend class KELPressScope;
+    friend class KELPushButton;
+
+    // For classes with a record of their own, which is made once then.
+    Q_DECL_HIDDEN KELRoundRectControl(QGraphicsObject *parent, KELRoundRectControlStyle *newStyle);
 
     Q_DECL_HIDDEN void settlePress();
     Q_DECL_HIDDEN bool dropLostPress();

@@ -17,6 +17,24 @@ constexpr qreal maxTrackWidthPx = 80;
 constexpr qreal knobSizePx = 24;
 constexpr qreal knobRightOffsetPx = 27; // from the right end of the track to the knob's left side
 
+void setDefaults(KELCheckBoxStyle *style)
+{
+    style->backgroundBrush = KELPainting::solidBrush<qRgb(200, 200, 200)>();
+    style->borderWidth = 2.0F;
+    style->indicatorBrush = KELPainting::solidBrush<qRgb(0, 123, 185)>();
+    style->borderBrush = KELPainting::solidBrush<qRgb(255, 255, 255)>();
+    style->xRadius = 15.0;
+    style->yRadius = 15.0;
+}
+
+KELCheckBoxStyle *newStyle()
+{
+    auto *const style = new KELCheckBoxStyle();
+    KELControlPrivate::setDefaults(style);
+    setDefaults(style);
+    return style;
+}
+
 // kept: components are not limited; outside 0 to 255 Qt warns and makes the colour invalid
 QColor shifted(const QColor &colour, int rgbShift, int alpha)
 {
@@ -90,9 +108,8 @@ void drawBar(QPainter *painter, const KELCheckBoxStyle &option)
 } // namespace
 
 KELCheckBox::KELCheckBox(QGraphicsObject *parent) :
-    KELRoundRectControl(parent), d(new KELCheckBoxPrivate)
+    KELRoundRectControl(parent, newStyle()), d(new KELCheckBoxPrivate)
 {
-    m_style = KELCheckBox::initStyle();
     setAcceptHoverEvents(true);
     setAcceptTouchEvents(true);
     setFlag(ItemIsSelectable, true);
@@ -188,17 +205,8 @@ KELRoundRectControlStyle *KELCheckBox::initStyle()
 {
     auto *checkBoxStyle = new KELCheckBoxStyle();
     m_style->copy(checkBoxStyle);
-    if (d->hasCheckBoxStyle)
-        delete static_cast<KELCheckBoxStyle *>(m_style);
-    else
-        delete m_style;
+    delete static_cast<KELCheckBoxStyle *>(m_style);
     m_style = checkBoxStyle;
-    d->hasCheckBoxStyle = true;
-    checkBoxStyle->backgroundBrush = QColor(200, 200, 200);
-    checkBoxStyle->borderWidth = 2.0F;
-    checkBoxStyle->indicatorBrush = QColor(0, 123, 185);
-    checkBoxStyle->borderBrush = QColor(Qt::white);
-    checkBoxStyle->xRadius = 15.0;
-    checkBoxStyle->yRadius = 15.0;
+    setDefaults(checkBoxStyle);
     return checkBoxStyle;
 }

@@ -9,7 +9,6 @@ class KELCheckBoxPrivate
 public:
     // kept: no function of the class sets it, only the tests do
     int layoutMode = 0;
-    bool hasCheckBoxStyle = false; // from the end of the first initStyle() on
 };
 
 #endif

@@ -225,16 +225,16 @@ void KELComboBoxPrivate::createParts()
     KELRoundRectControlStyle *const buttonStyle = button.create(q)->style();
     buttonStyle->backgroundBrush = QBrush(Qt::NoBrush);
     buttonStyle->borderWidth = 1.5F;
-    buttonStyle->borderBrush = QColor(Qt::white);
+    buttonStyle->borderBrush = KELPainting::solidBrush<qRgb(255, 255, 255)>();
     text.create(button.get());
     arrow.create(button.get())->style()->text = downArrow();
 
     KELRoundRectControlStyle *const panelStyle = panel.create(q)->style();
     panel->hide();
-    panelStyle->borderBrush = QColor(Qt::white);
+    panelStyle->borderBrush = KELPainting::solidBrush<qRgb(255, 255, 255)>();
     panelStyle->borderWidth = 1.0F;
-    panelStyle->backgroundBrush = QColor(4, 4, 18, 240);
-    panelStyle->foregroundBrush = QColor(Qt::white);
+    panelStyle->backgroundBrush = KELPainting::solidBrush<qRgba(4, 4, 18, 240)>();
+    panelStyle->foregroundBrush = KELPainting::solidBrush<qRgb(255, 255, 255)>();
 }
 
 void KELComboBoxPrivate::placeParts(qreal width, qreal textWidth, qreal arrowX, qreal height)
@@ -371,7 +371,8 @@ bool KELComboBoxPrivate::isOutside(const QWidget *receiver, const QPoint &pos) c
 
 void KELComboBoxPrivate::showEnabled()
 {
-    const QBrush brush = q->isEnabled() ? QColor(Qt::white) : QColor(170, 170, 180, 200);
+    const QBrush brush = q->isEnabled() ? KELPainting::solidBrush<qRgb(255, 255, 255)>()
+                                        : KELPainting::solidBrush<qRgba(170, 170, 180, 200)>();
     if (text)
         text->style()->foregroundBrush = brush;
     if (arrow)

@@ -5,7 +5,11 @@
 
 #include <QtCore/QDebug>
 #include <QtGui/QFontDatabase>
+#include <QtGui/QGuiApplication>
 #include <QtGui/QPainter>
+#include <QtGui/QScreen>
+
+#include <functional>
 
 QString KELIconFont::g_fontFamily;
 
@@ -51,7 +55,19 @@ void KELIconFont::drawIcon(QPainter *painter, const QRectF &rect, int flags) con
 
 QFont KELIconFont::iconFont()
 {
-    return {g_fontFamily, -1, -1, false};
+    // Shared by all glyphs: each new font costs an allocation. Fonts take the resolution of the screen when they
+    // are made.
+    static QFont font;
+    static QString family;
+    static qreal dpi = -1;
+    const QScreen *const screen = QGuiApplication::primaryScreen();
+    const qreal screenDpi = screen ? screen->logicalDotsPerInchY() : 0;
+    if (family != g_fontFamily || !std::equal_to<qreal>()(dpi, screenDpi)) {
+        font = QFont(g_fontFamily, -1, -1, false);
+        family = g_fontFamily;
+        dpi = screenDpi;
+    }
+    return font;
 }
 
 QString KELIconFont::fontFamily()

@@ -3,6 +3,8 @@
 
 #include "kellabel.h"
 
+#include "kelpainting_p.h"
+
 KELLabel::KELLabel(QGraphicsObject *parent) : KELRoundRectControl(parent)
 {
     m_style = KELLabel::initStyle();
@@ -18,7 +20,7 @@ void KELLabel::paint(QPainter *painter, const QStyleOptionGraphicsItem *styleOpt
 
 KELRoundRectControlStyle *KELLabel::initStyle()
 {
-    m_style->foregroundBrush = QColor(Qt::white);
+    m_style->foregroundBrush = KELPainting::solidBrush<qRgb(255, 255, 255)>();
     m_style->backgroundBrush = QBrush(Qt::NoBrush);
     m_style->borderWidth = 0;
     return m_style;

@@ -4,6 +4,7 @@
 #include "kelnavigationtable.h"
 
 #include "kelpainting_p.h"
+#include "kelroundrectcontrol_p.h"
 
 #include <QtCore/QList>
 #include <QtCore/QPointer>
@@ -83,6 +84,40 @@ void drawTab(QPainter *painter, const KELNavigationTableStyle &option,
                           page.getTrimmingText(page.text, tab.width(), option.font));
 }
 
+void setDefaults(KELNavigationTableItemStyle *style)
+{
+    style->buttonBackground = KELPainting::solidBrush<qRgba(0, 0, 0, 210)>();
+    style->buttonForeground = KELPainting::solidBrush<qRgb(255, 255, 255)>();
+    style->backgroundBrush = QBrush(Qt::NoBrush);
+    style->borderWidth = 0;
+    style->margins = QMarginsF(3, 3, 3, 3);
+}
+
+void setDefaults(KELNavigationTableStyle *style)
+{
+    style->backgroundBrush = KELPainting::solidBrush<qRgba(20, 15, 55, 200)>();
+    style->borderWidth = 2.0F;
+    // kept: the title is the name of another class
+    style->title = QStringLiteral("KELRoundRectControlStyle");
+    style->titleBackgroundBrush = KELPainting::solidBrush<qRgba(40, 40, 40, 160)>();
+    style->titleForegroundBrush = KELPainting::solidBrush<qRgb(255, 255, 255)>();
+    style->boundRect = QRectF(0, 0, 440, 310);
+    style->xRadius = 0;
+    style->yRadius = 0;
+    style->showTitle = false;
+    style->titleHeight = 35.0F;
+    style->tabHeight = 80.0F;
+}
+
+template <class Style>
+Style *newStyle()
+{
+    auto *const style = new Style();
+    KELControlPrivate::setDefaults(style);
+    setDefaults(style);
+    return style;
+}
+
 } // namespace
 
 class KELNavigationTableItemPrivate
@@ -90,7 +125,6 @@ class KELNavigationTableItemPrivate
 public:
     QRectF tab; // in the table
     KELNavigationTablePrivate *table = nullptr; // of which it is a page
-    bool hasPageStyle = false; // from the end of the first initStyle() on
 };
 
 class KELNavigationTablePrivate
@@ -111,14 +145,12 @@ public:
     QList<KELNavigationTableItem *> items;
     KELNavigationTableItem *current = nullptr;
     int selectIndex = -1;
-    bool hasTableStyle = false; // from the end of the first initStyle() on
 };
 
 KELNavigationTableItem::KELNavigationTableItem(QGraphicsObject *parent) :
-    KELRoundRectControl(parent), d(new KELNavigationTableItemPrivate)
-{
-    m_style = KELNavigationTableItem::initStyle();
-}
+    KELRoundRectControl(parent, newStyle<KELNavigationTableItemStyle>()),
+    d(new KELNavigationTableItemPrivate)
+{ }
 
 KELNavigationTableItem::~KELNavigationTableItem()
 {
@@ -149,17 +181,9 @@ KELRoundRectControlStyle *KELNavigationTableItem::initStyle()
 {
     auto *const pageStyle = new KELNavigationTableItemStyle();
     m_style->copy(pageStyle);
-    if (d->hasPageStyle)
-        delete static_cast<KELNavigationTableItemStyle *>(m_style);
-    else
-        delete m_style;
+    delete static_cast<KELNavigationTableItemStyle *>(m_style);
     m_style = pageStyle;
-    d->hasPageStyle = true;
-    pageStyle->buttonBackground = QColor(0, 0, 0, 210);
-    pageStyle->buttonForeground = QColor(Qt::white);
-    pageStyle->backgroundBrush = QBrush(Qt::NoBrush);
-    pageStyle->borderWidth = 0;
-    pageStyle->margins = QMarginsF(3, 3, 3, 3);
+    setDefaults(pageStyle);
     return pageStyle;
 }
 
@@ -228,9 +252,9 @@ void KELNavigationTablePrivate::forget(KELNavigationTableItem *page)
 }
 
 KELNavigationTable::KELNavigationTable(QGraphicsObject *parent) :
-    KELRoundRectControl(parent), d(new KELNavigationTablePrivate(this))
+    KELRoundRectControl(parent, newStyle<KELNavigationTableStyle>()),
+    d(new KELNavigationTablePrivate(this))
 {
-    m_style = KELNavigationTable::initStyle();
     setAcceptHoverEvents(true);
     setAcceptTouchEvents(true);
     setFlag(ItemIsSelectable, true);
@@ -379,24 +403,9 @@ KELRoundRectControlStyle *KELNavigationTable::initStyle()
 {
     auto *const tableStyle = new KELNavigationTableStyle();
     m_style->copy(tableStyle);
-    if (d->hasTableStyle)
-        delete static_cast<KELNavigationTableStyle *>(m_style);
-    else
-        delete m_style;
+    delete static_cast<KELNavigationTableStyle *>(m_style);
     m_style = tableStyle;
-    d->hasTableStyle = true;
-    tableStyle->backgroundBrush = QColor(20, 15, 55, 200);
-    tableStyle->borderWidth = 2.0F;
-    // kept: the title is the name of another class
-    tableStyle->title = QStringLiteral("KELRoundRectControlStyle");
-    tableStyle->titleBackgroundBrush = QColor(40, 40, 40, 160);
-    tableStyle->titleForegroundBrush = QColor(Qt::white);
-    tableStyle->boundRect = QRectF(0, 0, 440, 310);
-    tableStyle->xRadius = 0;
-    tableStyle->yRadius = 0;
-    tableStyle->showTitle = false;
-    tableStyle->titleHeight = 35.0F;
-    tableStyle->tabHeight = 80.0F;
+    setDefaults(tableStyle);
     return tableStyle;
 }
 

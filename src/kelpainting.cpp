@@ -3,6 +3,7 @@
 
 #include "kelpainting_p.h"
 
+#include "kelcaption_p.h"
 #include "kelroundrectcontrol.h"
 
 #include <QtGui/QPainter>
@@ -128,18 +129,23 @@ void KELPainting::drawGlyph(QPainter *painter, const KELRoundRectControlStyle &o
               rect);
 }
 
-void KELPainting::drawCaption(QPainter *painter, const KELRoundRectControlStyle &option,
-                              const QRectF &rect, const QString &caption)
+void KELPainting::drawCaption(QPainter *painter, KELCaption *caption,
+                              const KELRoundRectControlStyle &option, const QRectF &rect,
+                              const QString &text)
 {
-    drawText(painter, option.font, option.foregroundBrush, option.textFlags, rect, caption);
+    if (!isPaintable(rect))
+        return;
+    painter->setFont(option.font);
+    painter->setPen(captionPen(option.foregroundBrush));
+    caption->draw(painter, rect, option.textFlags, text);
 }
 
-void KELPainting::drawContentCaption(QPainter *painter, const KELRoundRectControlStyle &option)
+void KELPainting::drawContentCaption(QPainter *painter, KELCaption *caption,
+                                     const KELRoundRectControlStyle &option)
 {
     if (option.foregroundBrush.style() == Qt::NoBrush)
         return;
     const QRectF rect = contentRect(option.boundRect, option.margins);
-    drawCaption(painter, option, rect,
-                option.trimText ? option.getTrimmingText(option.text, rect.width(), option.font)
-                                : option.text);
+    drawCaption(painter, caption, option, rect,
+                option.trimText ? caption->trimmed(option, rect.width()) : option.text);
 }

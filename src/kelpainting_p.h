@@ -6,6 +6,8 @@
 
 #include <QtCore/QMarginsF>
 #include <QtCore/QRectF>
+#include <QtGui/QBrush>
+#include <QtGui/QColor>
 #include <QtGui/QPen>
 
 QT_BEGIN_NAMESPACE
@@ -15,6 +17,7 @@ class QPixmap;
 class QString;
 QT_END_NAMESPACE
 
+class KELCaption;
 class KELIconFont;
 struct KELRoundRectControlStyle;
 
@@ -22,6 +25,14 @@ struct KELRoundRectControlStyle;
 namespace KELPainting {
 
 constexpr int centredWordWrap = 0x1084; // Qt::AlignCenter | Qt::TextWordWrap
+
+// A brush that is made once: each new one costs an allocation.
+template <QRgb rgba>
+const QBrush &solidBrush()
+{
+    static const QBrush brush(QColor::fromRgba(rgba));
+    return brush;
+}
 
 // True when all four values are finite: only such a rectangle can be painted.
 bool isPaintable(const QRectF &rect);
@@ -63,13 +74,14 @@ void drawText(QPainter *painter, const QFont &font, const QBrush &brush, int fla
 // Sets the painter's pen and font and draws the record's glyph.
 void drawGlyph(QPainter *painter, const KELRoundRectControlStyle &option, const QRectF &rect);
 
-// Sets the painter's pen and font and draws the caption as it is given.
-void drawCaption(QPainter *painter, const KELRoundRectControlStyle &option, const QRectF &rect,
-                 const QString &caption);
+// Sets the painter's pen and font and draws text as the caption of the record.
+void drawCaption(QPainter *painter, KELCaption *caption, const KELRoundRectControlStyle &option,
+                 const QRectF &rect, const QString &text);
 
 // Draws the record's caption into its content rectangle, elided if the record asks for it. Draws
 // nothing without a foreground brush.
-void drawContentCaption(QPainter *painter, const KELRoundRectControlStyle &option);
+void drawContentCaption(QPainter *painter, KELCaption *caption,
+                        const KELRoundRectControlStyle &option);
 
 } // namespace KELPainting
 

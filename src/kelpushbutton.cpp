@@ -4,6 +4,7 @@
 #include "kelpushbutton.h"
 
 #include "kelpainting_p.h"
+#include "kelroundrectcontrol_p.h"
 
 #include <QtGui/QFontMetrics>
 #include <QtGui/QPainter>
@@ -11,15 +12,30 @@
 
 namespace {
 
+void setDefaults(KELPushButtonStyle *style)
+{
+    style->backgroundBrush = KELPainting::solidBrush<qRgba(0, 0, 0, 20)>();
+    style->iconMargins = QMarginsF(5, 1, 5, 1);
+    style->borderWidth = 2.0F;
+}
+
+KELPushButtonStyle *newStyle()
+{
+    auto *const style = new KELPushButtonStyle();
+    KELControlPrivate::setDefaults(style);
+    setDefaults(style);
+    return style;
+}
+
 void applyPressedLook(KELPushButtonStyle &option)
 {
-    option.backgroundBrush = QColor(50, 70, 100, 200);
+    option.backgroundBrush = KELPainting::solidBrush<qRgba(50, 70, 100, 200)>();
 }
 
 void applyDisabledLook(KELPushButtonStyle &option)
 {
-    option.foregroundBrush = QColor(150, 150, 150, 100);
-    option.borderBrush = QColor(150, 150, 150, 100);
+    option.foregroundBrush = KELPainting::solidBrush<qRgba(150, 150, 150, 100)>();
+    option.borderBrush = KELPainting::solidBrush<qRgba(150, 150, 150, 100)>();
 }
 
 // Height of the caption strip below a picture.
@@ -41,7 +57,8 @@ QRectF pictureRect(const KELPushButtonStyle &option, float strip)
             rect.height() - qreal(strip) - margins.bottom() - margins.top()};
 }
 
-void drawCaptionStrip(QPainter *painter, const KELPushButtonStyle &option, float strip)
+void drawCaptionStrip(QPainter *painter, KELCaption *caption, const KELPushButtonStyle &option,
+                      float strip)
 {
     const QRectF &rect = option.boundRect;
     const QMarginsF &margins = option.margins;
@@ -50,11 +67,11 @@ void drawCaptionStrip(QPainter *painter, const KELPushButtonStyle &option, float
                              rect.width() - margins.right() - margins.left(),
                              qreal(strip) - margins.top() - margins.bottom());
     // kept: trimmed to the width of the whole button, and always, whatever trimText says
-    KELPainting::drawCaption(painter, option, captionRect,
-                             option.getTrimmingText(option.text, rect.width(), option.font));
+    KELPainting::drawCaption(painter, caption, option, captionRect,
+                             caption->trimmed(option, rect.width()));
 }
 
-void drawPixmapButton(QPainter *painter, const KELPushButtonStyle &option)
+void drawPixmapButton(QPainter *painter, KELCaption *caption, const KELPushButtonStyle &option)
 {
     if (option.foregroundBrush.style() == Qt::NoBrush) {
         KELPainting::drawPixmap(painter, option.boundRect, option.pixmap);
@@ -62,10 +79,10 @@ void drawPixmapButton(QPainter *painter, const KELPushButtonStyle &option)
     }
     const float strip = stripHeight(option);
     KELPainting::drawPixmap(painter, pictureRect(option, strip), option.pixmap);
-    drawCaptionStrip(painter, option, strip);
+    drawCaptionStrip(painter, caption, option, strip);
 }
 
-void drawGlyphButton(QPainter *painter, const KELPushButtonStyle &option)
+void drawGlyphButton(QPainter *painter, KELCaption *caption, const KELPushButtonStyle &option)
 {
     if (option.text.isEmpty()) {
         KELPainting::drawGlyph(painter, option, pictureRect(option, 0));
@@ -73,24 +90,22 @@ void drawGlyphButton(QPainter *painter, const KELPushButtonStyle &option)
     }
     const float strip = stripHeight(option);
     KELPainting::drawGlyph(painter, option, pictureRect(option, strip));
-    drawCaptionStrip(painter, option, strip);
+    drawCaptionStrip(painter, caption, option, strip);
 }
 
 } // namespace
 
 KELPushButton::KELPushButton(QGraphicsObject *parent) :
-    KELRoundRectControl(parent),
+    KELRoundRectControl(parent, newStyle()),
     isMouseDownTemplate(applyPressedLook),
     isDisableTemplate(applyDisabledLook)
 {
-    m_style = KELPushButton::initStyle();
     setAcceptHoverEvents(true);
     setAcceptTouchEvents(true);
-    setFlag(ItemIsSelectable, true);
     setAcceptedMouseButtons(Qt::LeftButton);
     setFiltersChildEvents(true);
     setHandlesChildEvents(true);
-    setFlag(ItemClipsToShape, true);
+    setFlags(flags() | ItemIsSelectable | ItemClipsToShape);
 }
 
 KELPushButton::~KELPushButton() = default;
@@ -148,12 +163,13 @@ void KELPushButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *sty
     painter->setBrush(Qt::NoBrush);
     KELPainting::drawRoundRect(painter, option);
 
+    KELCaption *const caption = KELControlPrivate::captionOf(this);
     if (!option.pixmap.isNull())
-        drawPixmapButton(painter, option);
+        drawPixmapButton(painter, caption, option);
     else if (!option.icon.isNull())
-        drawGlyphButton(painter, option);
+        drawGlyphButton(painter, caption, option);
     else
-        KELPainting::drawContentCaption(painter, option);
+        KELPainting::drawContentCaption(painter, caption, option);
 }
 
 KELPushButtonStyle *KELPushButton::initStyle()
@@ -162,9 +178,7 @@ KELPushButtonStyle *KELPushButton::initStyle()
     m_style->copy(buttonStyle);
     delete m_style;
     m_style = buttonStyle;
-    buttonStyle->backgroundBrush = QColor(0, 0, 0, 20);
-    buttonStyle->iconMargins = QMarginsF(5, 1, 5, 1);
-    buttonStyle->borderWidth = 2.0F;
+    setDefaults(buttonStyle);
     return buttonStyle;
 }
 

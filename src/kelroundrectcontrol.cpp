@@ -51,6 +51,19 @@ QString KELRoundRectControlStyle::getTrimmingText(const QString &source, double 
     return lines.join(QLatin1Char('\n'));
 }
 
+void KELControlPrivate::setDefaults(KELRoundRectControlStyle *newStyle)
+{
+    newStyle->boundRect = QRectF(100, 100, 100, 30);
+    newStyle->backgroundBrush = KELPainting::solidBrush<qRgba(0, 0, 0, 20)>();
+    newStyle->foregroundBrush = KELPainting::solidBrush<qRgb(0, 0, 0)>();
+    newStyle->borderBrush = KELPainting::solidBrush<qRgb(0, 0, 0)>();
+    newStyle->borderWidth = 0.5F;
+    newStyle->contextMenu = nullptr;
+    newStyle->textFlags = KELPainting::centredWordWrap;
+    newStyle->trimText = true;
+    newStyle->iconSize = 30;
+}
+
 KELPressScope::KELPressScope(KELRoundRectControl *control, QGraphicsSceneMouseEvent *event) :
     m_control(control), m_event(event), m_grabbed(KELPressWatch::holdsGrab(control))
 { }
@@ -75,7 +88,12 @@ bool KELPressScope::hasLostPointer(const KELRoundRectControl *control)
 }
 
 KELRoundRectControl::KELRoundRectControl(QGraphicsObject *parent) :
-    QGraphicsObject(parent), m_style(KELRoundRectControl::initStyle()), d(new KELControlPrivate)
+    KELRoundRectControl(parent, KELRoundRectControl::initStyle())
+{ }
+
+KELRoundRectControl::KELRoundRectControl(QGraphicsObject *parent,
+                                         KELRoundRectControlStyle *newStyle) :
+    QGraphicsObject(parent), m_style(newStyle), d(new KELControlPrivate)
 {
     setCacheMode(DeviceCoordinateCache);
     setFlag(ItemIsPanel, true);
@@ -184,7 +202,7 @@ void KELRoundRectControl::paint(QPainter *painter, const QStyleOptionGraphicsIte
         KELPainting::drawPixmap(painter, content, option.pixmap);
     if (!option.icon.isNull())
         KELPainting::drawGlyph(painter, option, content);
-    KELPainting::drawContentCaption(painter, option);
+    KELPainting::drawContentCaption(painter, &d->caption, option);
 }
 
 void KELRoundRectControl::setCheck(bool check)
@@ -315,15 +333,7 @@ void KELRoundRectControl::onCheckedEvent(bool /*check*/) { }
 KELRoundRectControlStyle *KELRoundRectControl::initStyle()
 {
     auto *controlStyle = new KELRoundRectControlStyle();
-    controlStyle->boundRect = QRectF(100, 100, 100, 30);
-    controlStyle->backgroundBrush = QColor(0, 0, 0, 20);
-    controlStyle->foregroundBrush = QColor(Qt::black);
-    controlStyle->borderBrush = QColor(Qt::black);
-    controlStyle->borderWidth = 0.5F;
-    controlStyle->contextMenu = nullptr;
-    controlStyle->textFlags = KELPainting::centredWordWrap;
-    controlStyle->trimText = true;
-    controlStyle->iconSize = 30;
+    KELControlPrivate::setDefaults(controlStyle);
     return controlStyle;
 }
 

@@ -4,6 +4,7 @@
 #ifndef KELROUNDRECTCONTROL_P_H
 #define KELROUNDRECTCONTROL_P_H
 
+#include "kelcaption_p.h"
 #include "kelpresswatch_p.h"
 #include "kelroundrectcontrol.h"
 
@@ -16,12 +17,18 @@
 class KELControlPrivate
 {
 public:
+    // What the base's initStyle() makes of a new record.
+    static void setDefaults(KELRoundRectControlStyle *newStyle);
+
+    static KELCaption *captionOf(KELRoundRectControl *control) { return &control->d->caption; }
+
     // True once the pointer went elsewhere, although moves may still arrive.
     bool hasLostPointer() const { return hasStaleGrab || (watch && watch->isLost()); }
 
     QBasicTimer longPressTimer; // while it runs, the press may still become a click
     QPointF pressPos;
     std::unique_ptr<KELPressWatch> watch; // while pressed
+    KELCaption caption;
     bool hasStaleGrab = false; // the pointer was lost, but the scene still sends it here
     bool hasHandedOnPress = false; // the last press was not for this control
 };

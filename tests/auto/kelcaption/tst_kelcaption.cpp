@@ -1,0 +1,366 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "keltest.h"
+
+#include <kellabel.h>
+#include <kelpushbutton.h>
+
+#include <QtGui/QFontDatabase>
+#include <QtGui/QFontMetrics>
+#include <QtGui/QPainter>
+
+#include <functional>
+
+// A caption that was painted before may be painted from what was kept of it: nobody must see that.
+
+namespace {
+
+constexpr int inchPx = 39; // dots per metre of one dot per inch
+
+// Everything that a caption may depend on.
+struct Scene
+{
+    QString text = QStringLiteral("A caption & more");
+    QFont font = QFont(QStringLiteral("DejaVu Sans"), 11);
+    QRectF rect = QRectF(7, 5, 120, 40);
+    QMarginsF margins = QMarginsF(2, 1, 4, 3);
+    int flags = Qt::AlignCenter | Qt::TextWordWrap;
+    bool trimText = true;
+    QBrush brush = QColor(20, 30, 160);
+    QFont painterFont = QFont(QStringLiteral("DejaVu Serif"), 15);
+    Qt::LayoutDirection direction = Qt::LayoutDirectionAuto;
+    int dotsPerInch = 96;
+    qreal scale = 1;
+    qreal angle = 0;
+};
+
+using Change = std::function<void(Scene &)>;
+
+QImage picture(const Scene &scene, const std::function<void(QPainter *)> &draw)
+{
+    QImage image(300, 200, QImage::Format_ARGB32_Premultiplied);
+    image.setDotsPerMeterX(scene.dotsPerInch * inchPx);
+    image.setDotsPerMeterY(scene.dotsPerInch * inchPx);
+    image.fill(QColor(240, 240, 230));
+    QPainter painter(&image);
+    painter.setFont(scene.painterFont);
+    painter.setLayoutDirection(scene.direction);
+    painter.translate(20, 10);
+    painter.rotate(scene.angle);
+    painter.scale(scene.scale, scene.scale);
+    draw(&painter);
+    return image;
+}
+
+QString elided(const Scene &scene, qreal width)
+{
+    QStringList lines = scene.text.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    for (QString &line : lines) {
+        line = QFontMetrics(scene.font)
+                   .elidedText(line, Qt::ElideRight, int(width), Qt::TextShowMnemonic);
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+QImage drawnByHand(const Scene &scene)
+{
+    return picture(scene, [&scene](QPainter *painter) {
+        const QRectF content(scene.rect.x() + scene.margins.left(),
+                             scene.rect.y() + scene.margins.top(),
+                             scene.rect.width() - scene.margins.left() - scene.margins.right(),
+                             scene.rect.height() - scene.margins.top() - scene.margins.bottom());
+        painter->setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing
+                                | QPainter::SmoothPixmapTransform);
+        painter->setFont(scene.font);
+        painter->setPen(QPen(scene.brush, 1, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
+        painter->drawText(content, scene.flags,
+                          scene.trimText ? elided(scene, content.width()) : scene.text);
+    });
+}
+
+void apply(const Scene &scene, KELLabel *label)
+{
+    KELRoundRectControlStyle *const style = label->style();
+    style->text = scene.text;
+    style->font = scene.font;
+    style->margins = scene.margins;
+    style->textFlags = scene.flags;
+    style->trimText = scene.trimText;
+    style->foregroundBrush = scene.brush;
+    label->setboundRect(scene.rect);
+}
+
+QImage painted(const Scene &scene, KELLabel *label)
+{
+    return picture(scene, [label](QPainter *painter) { label->paint(painter, nullptr, nullptr); });
+}
+
+// What the changes begin with.
+const char *const beginnings[] = {"short", "wrapped", "right to left"};
+
+Scene beginning(int index)
+{
+    Scene scene;
+    if (index == 1) {
+        scene.text = QStringLiteral(
+            "A text that takes some lines, and of them more than there is room for");
+        scene.trimText = false;
+    } else if (index == 2) {
+        scene.text = QString::fromUtf8("\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D, abc (1)!");
+    }
+    return scene;
+}
+
+struct NamedChange
+{
+    const char *name;
+    Change change;
+};
+
+const NamedChange changes[] = {
+    {"nothing", [](Scene & /*scene*/) {}},
+    {"another text", [](Scene &s) { s.text = QStringLiteral("Another text"); }},
+    {"a text of the same length", [](Scene &s) { s.text = QStringLiteral("B caption & more"); }},
+    {"no text", [](Scene &s) { s.text.clear(); }},
+    {"a long line above a short one",
+     [](Scene &s) {
+         s.text = QStringLiteral("A line that is much too long for this\nshort");
+         s.trimText = false;
+         s.flags = Qt::AlignCenter;
+     }},
+    {"two lines", [](Scene &s) { s.text = QStringLiteral("First\nsecond line"); }},
+    {"empty lines", [](Scene &s) { s.text = QStringLiteral("\n\nFirst\n\nsecond\n"); }},
+    {"a long text",
+     [](Scene &s) { s.text = QStringLiteral("A text that is much too long for this"); }},
+    {"a long text, not elided",
+     [](Scene &s) {
+         s.text = QStringLiteral("A text that is much too long for this rectangle");
+         s.trimText = false;
+     }},
+    {"a long text on one line, not elided",
+     [](Scene &s) {
+         s.text = QStringLiteral("A text that is much too long for this rectangle");
+         s.trimText = false;
+         s.flags = Qt::AlignCenter;
+     }},
+    {"a tab", [](Scene &s) { s.text = QStringLiteral("one\ttwo"); }},
+    {"a tab that is expanded",
+     [](Scene &s) {
+         s.text = QStringLiteral("one\ttwo");
+         s.flags = Qt::AlignLeft | Qt::TextExpandTabs;
+     }},
+    {"a carriage return", [](Scene &s) { s.text = QStringLiteral("one\rtwo"); }},
+    {"a text in two lengths",
+     [](Scene &s) {
+         s.text = QStringLiteral("A very long variant of it") + QChar(0x9C) + QLatin1Char('s');
+     }},
+    {"a text in two lengths, not elided",
+     [](Scene &s) {
+         s.text = QStringLiteral("A very long variant of it") + QChar(0x9C) + QLatin1Char('s');
+         s.trimText = false;
+     }},
+    {"text from right to left",
+     [](Scene &s) { s.text = QString::fromUtf8("\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D a1"); }},
+    {"text from right to left, at the left",
+     [](Scene &s) {
+         s.text = QString::fromUtf8("\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D a1  ");
+         s.flags = Qt::AlignLeft;
+     }},
+    {"a combining accent",
+     [](Scene &s) { s.text = QString::fromUtf8("Cafe\xCC\x81 \xE2\x96\xBC"); }},
+    {"trailing blanks", [](Scene &s) { s.text = QStringLiteral("blanks    "); }},
+    {"leading blanks", [](Scene &s) { s.text = QStringLiteral("    blanks"); }},
+    {"larger", [](Scene &s) { s.font.setPointSize(14); }},
+    {"in pixels", [](Scene &s) { s.font.setPixelSize(13); }},
+    {"bold", [](Scene &s) { s.font.setBold(true); }},
+    {"another family", [](Scene &s) { s.font.setFamily(QStringLiteral("DejaVu Sans Mono")); }},
+    {"underlined", [](Scene &s) { s.font.setUnderline(true); }},
+    {"struck out", [](Scene &s) { s.font.setStrikeOut(true); }},
+    {"overlined", [](Scene &s) { s.font.setOverline(true); }},
+    {"spaced letters", [](Scene &s) { s.font.setLetterSpacing(QFont::AbsoluteSpacing, 2); }},
+    {"the painter's own font", [](Scene &s) { s.font = QFont(); }},
+    {"another font of the painter",
+     [](Scene &s) {
+         s.font = QFont();
+         s.painterFont.setPointSize(9);
+     }},
+    {"a font that the painter completes",
+     [](Scene &s) {
+         s.font = QFont();
+         s.font.setBold(true);
+         s.painterFont.setItalic(true);
+     }},
+    {"a finer device", [](Scene &s) { s.dotsPerInch = 150; }},
+    {"wider", [](Scene &s) { s.rect.setWidth(180); }},
+    {"wider by a little", [](Scene &s) { s.rect.setWidth(120.4); }},
+    {"too narrow", [](Scene &s) { s.rect.setWidth(35); }},
+    {"too low", [](Scene &s) { s.rect.setHeight(9); }},
+    {"too low, not clipped",
+     [](Scene &s) {
+         s.rect.setHeight(9);
+         s.flags |= Qt::TextDontClip;
+     }},
+    {"higher", [](Scene &s) { s.rect.setHeight(61); }},
+    {"without size", [](Scene &s) { s.rect = QRectF(5, 5, 0, 0); }},
+    {"elsewhere", [](Scene &s) { s.rect.moveTopLeft(QPointF(30.25, 40.75)); }},
+    {"other margins", [](Scene &s) { s.margins = QMarginsF(20, 9, 3, 0); }},
+    {"margins that leave nothing", [](Scene &s) { s.margins = QMarginsF(90, 30, 90, 30); }},
+    {"at the left", [](Scene &s) { s.flags = Qt::AlignLeft; }},
+    {"at the right", [](Scene &s) { s.flags = Qt::AlignRight | Qt::TextWordWrap; }},
+    {"at the top", [](Scene &s) { s.flags = Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap; }},
+    {"at the bottom", [](Scene &s) { s.flags = Qt::AlignHCenter | Qt::AlignBottom; }},
+    {"justified", [](Scene &s) { s.flags = Qt::AlignJustify | Qt::TextWordWrap; }},
+    {"on one line", [](Scene &s) { s.flags = Qt::AlignCenter | Qt::TextSingleLine; }},
+    {"wrapped anywhere",
+     [](Scene &s) {
+         s.flags = Qt::AlignCenter | Qt::TextWrapAnywhere;
+         s.trimText = false;
+     }},
+    {"with a mnemonic", [](Scene &s) { s.flags |= Qt::TextShowMnemonic; }},
+    {"with a hidden mnemonic", [](Scene &s) { s.flags |= Qt::TextHideMnemonic; }},
+    {"no flags", [](Scene &s) { s.flags = 0; }},
+    {"another colour", [](Scene &s) { s.brush = QColor(200, 30, 30, 128); }},
+    {"painter from right to left", [](Scene &s) { s.direction = Qt::RightToLeft; }},
+    {"painter from right to left, at the left",
+     [](Scene &s) {
+         s.direction = Qt::RightToLeft;
+         s.flags = Qt::AlignLeft;
+     }},
+    {"painter from left to right", [](Scene &s) { s.direction = Qt::LeftToRight; }},
+    {"scaled", [](Scene &s) { s.scale = 1.5; }},
+    {"turned", [](Scene &s) { s.angle = 30; }},
+};
+
+} // namespace
+
+class tst_KELCaption : public KelTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void changeIsSeenAtOnce_data();
+    void changeIsSeenAtOnce();
+    void fontIsChangedInPlace();
+    void removedFontIsSeenAtOnce_data();
+    void removedFontIsSeenAtOnce();
+    void captionStripIsSeenAtOnce();
+    void painterIsLeftAsByTheFirstPaint();
+};
+
+void tst_KELCaption::changeIsSeenAtOnce_data()
+{
+    QTest::addColumn<int>("begin");
+    QTest::addColumn<int>("index");
+    for (int begin = 0; begin < int(std::size(beginnings)); ++begin) {
+        for (int i = 0; i < int(std::size(changes)); ++i)
+            QTest::addRow("%s, %s", beginnings[begin], changes[i].name) << begin << i;
+    }
+}
+
+void tst_KELCaption::changeIsSeenAtOnce()
+{
+    QFETCH(int, begin);
+    QFETCH(int, index);
+    const Scene before = beginning(begin);
+    Scene after = before;
+    changes[index].change(after);
+    KELLabel label;
+    // The first time, when a layout is made, and from what is kept; then back again.
+    for (const Scene &scene :
+         {before, before, before, after, after, after, before, before, before}) {
+        apply(scene, &label);
+        QCOMPARE(KelImage::difference(painted(scene, &label), drawnByHand(scene)), QString());
+    }
+}
+
+void tst_KELCaption::fontIsChangedInPlace()
+{
+    Scene scene;
+    scene.text = QStringLiteral("A caption that is cut off");
+    KELLabel label;
+    apply(scene, &label);
+    for (const int pointSize : {11, 11, 11, 8, 8, 8, 13}) {
+        label.style()->font.setPointSize(pointSize);
+        scene.font.setPointSize(pointSize);
+        QCOMPARE(KelImage::difference(painted(scene, &label), drawnByHand(scene)), QString());
+    }
+}
+
+void tst_KELCaption::removedFontIsSeenAtOnce_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("fits") << QString(QChar(0xE001));
+    QTest::newRow("is cut off") << QString(40, QChar(0xE001));
+}
+
+void tst_KELCaption::removedFontIsSeenAtOnce()
+{
+    QFETCH(QString, text);
+    const int id = QFontDatabase::addApplicationFont(
+        QStringLiteral(KEL_TEST_DATA "/../keliconfont/icons.ttf"));
+    QVERIFY(id >= 0);
+    Scene scene;
+    scene.text = text;
+    scene.font = QFont(QFontDatabase::applicationFontFamilies(id).constFirst(), 16);
+    KELLabel label;
+    apply(scene, &label);
+    const auto isAsByHand = [&] {
+        for (int i = 0; i < 3; ++i) {
+            const QString difference = KelImage::difference(painted(scene, &label),
+                                                            drawnByHand(scene));
+            if (!difference.isEmpty())
+                return difference;
+        }
+        return QString();
+    };
+    QCOMPARE(isAsByHand(), QString());
+    const QImage before = drawnByHand(scene);
+    QVERIFY(QFontDatabase::removeApplicationFont(id));
+    QVERIFY(drawnByHand(scene) != before);
+    QCOMPARE(isAsByHand(), QString());
+}
+
+void tst_KELCaption::captionStripIsSeenAtOnce()
+{
+    const auto fill = [](KELPushButton *button, const QString &text, qreal width) {
+        QPixmap pixmap(20, 20);
+        pixmap.fill(Qt::green);
+        button->style()->pixmap = pixmap;
+        button->style()->text = text;
+        button->setboundRect(0, 0, width, 70);
+    };
+    KELPushButton button;
+    for (const QString &text : {QStringLiteral("One"), QStringLiteral("A long caption below")}) {
+        for (const qreal width : {100.0, 60.0, 140.0}) {
+            for (int i = 0; i < 3; ++i) {
+                KELPushButton fresh;
+                fill(&fresh, text, width);
+                fill(&button, text, width);
+                QCOMPARE(KelImage::difference(KelImage::paint(&button, QSize(160, 90)),
+                                              KelImage::paint(&fresh, QSize(160, 90))),
+                         QString());
+            }
+        }
+    }
+}
+
+void tst_KELCaption::painterIsLeftAsByTheFirstPaint()
+{
+    Scene scene;
+    scene.rect.setHeight(9); // is clipped
+    KELLabel label;
+    apply(scene, &label);
+    for (int i = 0; i < 3; ++i) {
+        picture(scene, [&](QPainter *painter) {
+            label.paint(painter, nullptr, nullptr);
+            QVERIFY(!painter->hasClipping());
+            QCOMPARE(painter->pen().color(), QColor(20, 30, 160));
+            QCOMPARE(painter->font().pointSize(), 11);
+        });
+    }
+}
+
+KEL_TEST_MAIN(tst_KELCaption)
+
+#include "tst_kelcaption.moc"
