@@ -10,13 +10,17 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 usage() {
     cat <<'TEXT'
-Usage: scripts/benchmark.sh [--clock-only]
+Usage: scripts/benchmark.sh [--clock-only | --quick | --record]
 
-  (nothing)      counts the instructions of every benchmark under valgrind; fails when a limit in
-                 tests/benchmarks/limits.json is exceeded
-  --clock-only   measures the time only: needs no valgrind, and checks no limits
+  (nothing)      counts the instructions of every benchmark under valgrind, and takes the time; fails when a
+                 limit in tests/benchmarks/limits.json is exceeded
+  --clock-only   takes the time only: needs no valgrind, and checks no limits
+  --quick        counts only paint, construction and binding; fails when one is worse by more than 3 % than
+                 tests/benchmarks/recorded.json says
+  --record       as --quick, but writes recorded.json
 
-Rows of Qt Quick are filled where qtdeclarative5-dev is installed.
+Rows of Qt Quick are filled where qtdeclarative5-dev, qml-module-qtquick2 and qml-module-qtquick-controls2 are
+installed.
 TEXT
 }
 
@@ -25,7 +29,7 @@ case ${1-} in
     usage
     exit 0
     ;;
-'') need "${build_packages[@]}" "${benchmark_packages[@]}" ;;
+'' | --quick | --record) need "${build_packages[@]}" "${benchmark_packages[@]}" ;;
 --clock-only) need "${build_packages[@]}" python3 ;;
 *)
     echo "benchmark.sh: unknown option '$1' (see scripts/benchmark.sh --help)" >&2

@@ -7,7 +7,7 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QMetaProperty>
 #include <QtCore/QString>
-#ifdef KEL_HAVE_QML
+#ifdef KEL_HAVE_QUICK
 #  include <QtQml/QQmlComponent>
 #  include <QtQml/QQmlContext>
 #  include <QtQml/QQmlEngine>
@@ -150,9 +150,8 @@ template <typename Property>
 class Scenario
 {
 public:
-    Scenario(bool isTwoWay, int repetitions) :
+    explicit Scenario(bool isTwoWay) :
         m_isTwoWay(isTwoWay),
-        m_repetitions(repetitions),
         m_name(QByteArray(isTwoWay ? "two-way, " : "one-way, ") + Property::type)
     { }
 
@@ -160,9 +159,11 @@ public:
     {
         runTyped();
         runCopier<MetaPropertyCopier>("meta-property looked up once", Benchmark::Role::Reference);
-        runCopier<NameCopier>("property(name), setProperty(name)", Benchmark::Role::Other);
         runDataBind();
-        runQml();
+        if (Benchmark::isWanted(Benchmark::Role::Other)) {
+            runCopier<NameCopier>("property(name), setProperty(name)", Benchmark::Role::Other);
+            runQml();
+        }
     }
 
 private:
@@ -202,10 +203,10 @@ private:
         KELDataBind binding;
         binding.setBind(&src, Property::name, &dst, Property::name,
                         m_isTwoWay ? KELDataBind::TwoWay : KELDataBind::OneWay);
-        measure("KELDataBind", Benchmark::Role::Other, &src, dst);
+        measure("KELDataBind", Benchmark::Role::Library, &src, dst);
     }
 
-#ifdef KEL_HAVE_QML
+#ifdef KEL_HAVE_QUICK
     void runQml() const
     {
         Model src;
@@ -232,7 +233,8 @@ private:
 
     void measure(const char *contender, Benchmark::Role role, Model *src, const Model &dst) const
     {
-        Benchmark::measure(m_name, contender, role, m_repetitions, [src](int first, int last) {
+        constexpr int usual = 100000;
+        Benchmark::measure(m_name, contender, role, usual, [src](int first, int last) {
             for (int i = first; i < last; ++i)
                 Property::write(src, Property::valueAt(i));
         });
@@ -242,7 +244,6 @@ private:
     }
 
     const bool m_isTwoWay;
-    const int m_repetitions;
     const QByteArray m_name;
 };
 
@@ -251,14 +252,14 @@ private:
 int main(int argc, char *argv[])
 {
     const QCoreApplication app(argc, argv);
-#ifdef KEL_HAVE_QML
+#ifdef KEL_HAVE_QUICK
     qmlRegisterType<Model>("KelBenchmark", 1, 0, "Model");
 #endif
-    const int repetitions = Benchmark::repetitions(argc, argv, 100000);
+    Benchmark::readArguments(argc, argv);
     for (const bool isTwoWay : {false, true}) {
-        Scenario<Number>(isTwoWay, repetitions).run();
-        Scenario<Level>(isTwoWay, repetitions).run();
-        Scenario<Text>(isTwoWay, repetitions).run();
+        Scenario<Number>(isTwoWay).run();
+        Scenario<Level>(isTwoWay).run();
+        Scenario<Text>(isTwoWay).run();
     }
     return 0;
 }

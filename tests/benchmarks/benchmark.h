@@ -6,14 +6,16 @@
 
 #include <QtCore/QByteArray>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
+#include <ctime>
 
 #ifdef KEL_HAVE_CALLGRIND
 #  include <valgrind/callgrind.h>
 #else
+#  define RUNNING_ON_VALGRIND 0
 #  define CALLGRIND_ZERO_STATS
 #  define CALLGRIND_TOGGLE_COLLECT
 #  define CALLGRIND_DUMP_STATS_AT(name) static_cast<void>(name)
@@ -24,19 +26,18 @@
  *
  * A scenario is something that several contenders do, each in its own way. A contender is measured between client
  * requests to callgrind, which leaves one dump a contender, and by the clock, which counts only outside
- * callgrind. For each one the program prints a line of five fields with tabs between them, which the script
- * "benchmarks" reads:
+ * callgrind. The programs print lines of fields with tabs between them, which the script "benchmarks" reads:
  *
- *     scenario, contender, role, number of repetitions, nanoseconds of all of them
+ *     measured, scenario, contender, role, number of repetitions, nanoseconds of all of them
+ *     value, scenario, contender, name, value
+ *     left out, scenario, contender, reason
  *
- * or, instead of the last two fields, the reason why there is nothing to measure.
- *
- * Instruction counts are linear in the number of repetitions: few are enough.
+ * A program whose name starts with start_ is one contender as a whole, from its first instruction on.
  */
 namespace Benchmark {
 
-// What the other contenders of a scenario are compared with.
-enum class Role { Floor, Reference, Other };
+// What the other contenders of a scenario are compared with, the library, and the others.
+enum class Role { Floor, Reference, Library, Other };
 
 inline const char *nameOf(Role role)
 {
@@ -45,56 +46,121 @@ inline const char *nameOf(Role role)
         return "floor";
     case Role::Reference:
         return "reference";
+    case Role::Library:
+        return "library";
     case Role::Other:
         break;
     }
     return "other";
 }
 
-// The number after --repetitions, or usual.
-inline int repetitions(int argc, char *argv[], int usual)
+// With --quick only the library is measured, and what it is compared with.
+inline bool isQuick = false;
+
+inline void readArguments(int argc, char *argv[])
 {
-    for (int i = 1; i + 1 < argc; ++i) {
-        if (std::strcmp(argv[i], "--repetitions") == 0)
-            return std::atoi(argv[i + 1]);
-    }
-    return usual;
+    isQuick = argc > 1 && std::strcmp(argv[1], "--quick") == 0;
 }
+
+inline bool isWanted(Role role)
+{
+    return !isQuick || role != Role::Other;
+}
+
+// usual by the clock; instruction counts are linear in the number of repetitions, so that few are enough.
+inline int repetitions(int usual)
+{
+    constexpr int fewer = 100;
+    return RUNNING_ON_VALGRIND ? std::max(1, usual / fewer) : usual;
+}
+
+inline void print(const char *kind, const QByteArray &scenario, const QByteArray &contender,
+                  const QByteArray &rest)
+{
+    std::printf("%s\t%s\t%s\t%s\n", kind, scenario.constData(), contender.constData(),
+                rest.constData());
+    std::fflush(stdout);
+}
+
+inline void printMeasured(const QByteArray &scenario, const QByteArray &contender, Role role,
+                          int repetitions, std::chrono::nanoseconds time)
+{
+    CALLGRIND_DUMP_STATS_AT((scenario + '\t' + contender).constData());
+    print("measured", scenario, contender,
+          nameOf(role) + ('\t' + QByteArray::number(repetitions)) + '\t'
+              + QByteArray::number(qint64(time.count())));
+}
+
+// Something about a contender that is no amount of work: bytes, a number of things, yes or no.
+inline void printValue(const QByteArray &scenario, const QByteArray &contender,
+                       const QByteArray &name, const QByteArray &value)
+{
+    print("value", scenario, contender, name + '\t' + value);
+}
+
+// A line for a contender that cannot run here.
+inline void leaveOut(const QByteArray &scenario, const QByteArray &contender,
+                     const QByteArray &reason)
+{
+    if (isWanted(Role::Other))
+        print("left out", scenario, contender, reason);
+}
+
+// Counts, while it lives, what is measured. Nothing else is counted.
+class Meter
+{
+public:
+    Meter() { CALLGRIND_ZERO_STATS; }
+
+    template <typename Run>
+    void measure(Run run)
+    {
+        const auto start = std::chrono::steady_clock::now();
+        CALLGRIND_TOGGLE_COLLECT;
+        run();
+        CALLGRIND_TOGGLE_COLLECT;
+        m_time += std::chrono::steady_clock::now() - start;
+    }
+
+    void report(const QByteArray &scenario, const QByteArray &contender, Role role,
+                int repetitions) const
+    {
+        printMeasured(scenario, contender, role, repetitions, m_time);
+    }
+
+private:
+    Q_DISABLE_COPY(Meter)
+
+    std::chrono::nanoseconds m_time{0};
+};
 
 // Measures run(), which does something repetitions times.
 template <typename Run>
 void measureOnce(const QByteArray &scenario, const QByteArray &contender, Role role,
                  int repetitions, Run run)
 {
-    const QByteArray name = scenario + '\t' + contender;
-    const auto start = std::chrono::steady_clock::now();
-    CALLGRIND_ZERO_STATS;
-    CALLGRIND_TOGGLE_COLLECT;
-    run();
-    CALLGRIND_TOGGLE_COLLECT;
-    CALLGRIND_DUMP_STATS_AT(name.constData());
-    const std::chrono::nanoseconds time = std::chrono::steady_clock::now() - start;
-    std::printf("%s\t%s\t%d\t%lld\n", name.constData(), nameOf(role), repetitions,
-                static_cast<long long>(time.count()));
-    std::fflush(stdout);
+    Meter meter;
+    meter.measure(run);
+    meter.report(scenario, contender, role, repetitions);
 }
 
 // Calls run(first, last), which repeats what is measured for each number from first to before last.
 template <typename Run>
-void measure(const QByteArray &scenario, const QByteArray &contender, Role role, int repetitions,
-             Run run)
+void measure(const QByteArray &scenario, const QByteArray &contender, Role role, int usual, Run run)
 {
-    constexpr int warmUp = 100; // caches are filled and symbols are bound afterwards
+    constexpr int warmUp = 10; // caches are filled and symbols are bound afterwards
+    const int count = repetitions(usual);
     run(0, warmUp);
-    measureOnce(scenario, contender, role, repetitions,
-                [&run, repetitions] { run(warmUp, warmUp + repetitions); });
+    measureOnce(scenario, contender, role, count, [&run, count] { run(warmUp, warmUp + count); });
 }
 
-// A line for a contender that cannot run here.
-inline void leaveOut(const QByteArray &scenario, const QByteArray &contender, const char *reason)
+// What the process has done since its first instruction.
+inline void reportProcess(const QByteArray &scenario, const QByteArray &contender, Role role)
 {
-    std::printf("%s\t%s\t%s\t%s\n", scenario.constData(), contender.constData(),
-                nameOf(Role::Other), reason);
+    timespec used{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &used);
+    printMeasured(scenario, contender, role, 1,
+                  std::chrono::seconds(used.tv_sec) + std::chrono::nanoseconds(used.tv_nsec));
 }
 
 } // namespace Benchmark

@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#ifndef QUICKWINDOW_H
+#define QUICKWINDOW_H
+
+#include <QtCore/QByteArray>
+#include <QtCore/QSize>
+
+#include <memory>
+
+// A window of Qt Quick, never shown, with one item of Qt Quick Controls 2 that fills it, and the software renderer.
+// Without Qt Quick it is never ready.
+class QuickWindow
+{
+public:
+    // Before there is any window.
+    static void chooseSoftware();
+
+    QuickWindow(const QSize &size, const QByteArray &item);
+    ~QuickWindow();
+
+    bool isReady() const;
+    QByteArray reason() const { return m_reason; } // why it is not ready
+
+    // Paints the whole window into a new picture.
+    void paint();
+
+private:
+    Q_DISABLE_COPY(QuickWindow)
+
+    class Parts;
+    std::unique_ptr<Parts> m_parts;
+    QByteArray m_reason;
+};
+
+#endif
