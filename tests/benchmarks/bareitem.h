@@ -35,16 +35,27 @@ public:
         return item;
     }
 
-    QRectF boundingRect() const override { return rect; }
+    QRectF boundingRect() const override { return m_rect; }
     void paint(QPainter * /*painter*/, const QStyleOptionGraphicsItem * /*option*/,
                QWidget * /*widget*/) override
     { }
 
-    QRectF rect;
-    QString text;
+    void setRect(const QRectF &rect)
+    {
+        prepareGeometryChange();
+        m_rect = rect;
+    }
+    void setText(const QString &text)
+    {
+        m_text = text;
+        update();
+    }
 
 private:
     Q_DISABLE_COPY(BareItem)
+
+    QRectF m_rect;
+    QString m_text;
 };
 
 #endif

@@ -1,0 +1,355 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "benchmark.h"
+#include "handdrawing.h"
+#include "quickwindow.h"
+
+#include <KELPushButton>
+#include <QtGui/QImage>
+#include <QtGui/QMouseEvent>
+#include <QtGui/QPixmapCache>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QGraphicsProxyWidget>
+#include <QtWidgets/QGraphicsScene>
+#include <QtWidgets/QGraphicsView>
+#include <QtWidgets/QPushButton>
+
+#include <cmath>
+#include <memory>
+#include <vector>
+
+namespace {
+
+const QString caption = QStringLiteral("Settings");
+constexpr QSize buttonSize(100, 30);
+constexpr int qtCacheLimitKb = 10240;
+constexpr int roomyCacheLimitKb = 1024 * 1024;
+
+int columnsFor(int count)
+{
+    return int(std::ceil(std::sqrt(double(count))));
+}
+
+QRect placeOf(int index, int count, const QSize &size = buttonSize)
+{
+    const int columns = columnsFor(count);
+    return {QPoint(index % columns * size.width(), index / columns * size.height()), size};
+}
+
+QSize areaOf(int count, const QSize &size = buttonSize)
+{
+    const int columns = columnsFor(count);
+    return {columns * size.width(), (count + columns - 1) / columns * size.height()};
+}
+
+class Button : public KELPushButton
+{
+public:
+    explicit Button(const QRectF &rect)
+    {
+        setboundRect(rect);
+        style()->text = caption;
+        style()->xRadius = style()->yRadius = HandDrawing::cornerPx;
+    }
+
+    void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override
+    {
+        painted.push_back(this);
+        KELPushButton::paint(painter, option, widget);
+    }
+
+    static inline std::vector<const Button *> painted;
+
+private:
+    Q_DISABLE_COPY(Button)
+};
+
+// A shown view, as large as its scene.
+class View : public QGraphicsView
+{
+public:
+    explicit View(const QSize &size)
+    {
+        m_scene.setSceneRect(QRect(QPoint(), size));
+        setScene(&m_scene);
+        setFrameStyle(QFrame::NoFrame);
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        resize(size);
+    }
+    // Before the scene.
+    ~View() override { hide(); }
+
+    // Serves no timers: one drops a quarter of the pixmap cache every half minute.
+    static void paintPending() { QCoreApplication::sendPostedEvents(); }
+
+    void open()
+    {
+        show();
+        QCoreApplication::processEvents();
+    }
+
+    void paintAgain()
+    {
+        viewport()->update();
+        paintPending();
+    }
+
+    template <typename Items>
+    static void paintChanged(const Items &items)
+    {
+        for (QGraphicsItem *item : items)
+            item->update();
+        paintPending();
+    }
+
+private:
+    Q_DISABLE_COPY(View)
+
+    QGraphicsScene m_scene;
+};
+
+class Screen
+{
+public:
+    explicit Screen(int count, const QSize &size = buttonSize) : view(areaOf(count, size))
+    {
+        buttons.reserve(std::size_t(count));
+        for (int i = 0; i < count; ++i) {
+            buttons.push_back(new Button(placeOf(i, count, size)));
+            view.scene()->addItem(buttons.back());
+        }
+        view.open();
+    }
+
+    View view;
+    std::vector<Button *> buttons;
+};
+
+QByteArray numberPainted()
+{
+    return QByteArray::number(qulonglong(Button::painted.size()));
+}
+
+class Repaint
+{
+public:
+    explicit Repaint(int count) :
+        m_count(count), m_name("repaint, " + QByteArray::number(count) + " push buttons")
+    { }
+
+    void run() const
+    {
+        runFloor();
+        runLibrary();
+        if (m_count > 1000) // takes minutes to build
+            return;
+        runLibraryInLittleRoom();
+        runWidgets();
+        runProxies();
+        runQuick();
+    }
+
+private:
+    template <typename Run>
+    void measure(const char *contender, Benchmark::Role role, Run run) const
+    {
+        const int repetitions = Benchmark::repetitions(3);
+        run();
+        Benchmark::measureOnce(m_name, contender, role, repetitions, [&run, repetitions] {
+            for (int i = 0; i < repetitions; ++i)
+                run();
+        });
+    }
+
+    template <typename Run>
+    void measureLibrary(const char *contender, Benchmark::Role role, Run run) const
+    {
+        measure(contender, role, [&run] {
+            Button::painted.clear();
+            run();
+        });
+        Benchmark::printValue(m_name, contender, "painted", numberPainted());
+    }
+
+    void runFloor() const
+    {
+        std::vector<HandDrawing::PushButton> drawings;
+        drawings.reserve(std::size_t(m_count));
+        for (int i = 0; i < m_count; ++i)
+            drawings.emplace_back(placeOf(i, m_count), caption);
+        QImage image(areaOf(m_count), QImage::Format_ARGB32_Premultiplied);
+        measure("QPainter", Benchmark::Role::Floor, [&] {
+            QPainter painter(&image);
+            painter.fillRect(image.rect(), Qt::white);
+            for (const HandDrawing::PushButton &drawing : drawings)
+                drawing.draw(&painter);
+        });
+    }
+
+    void runLibrary() const
+    {
+        Screen screen(m_count);
+        measureLibrary("KELGdiControl, all changed", Benchmark::Role::Library,
+                       [&] { View::paintChanged(screen.buttons); });
+        measureLibrary("KELGdiControl, none changed", Benchmark::Role::Library,
+                       [&] { screen.view.paintAgain(); });
+    }
+
+    void runLibraryInLittleRoom() const
+    {
+        QPixmapCache::setCacheLimit(qtCacheLimitKb);
+        Screen screen(m_count);
+        measureLibrary("KELGdiControl, none changed, 10 MB", Benchmark::Role::Library,
+                       [&] { screen.view.paintAgain(); });
+        QPixmapCache::setCacheLimit(roomyCacheLimitKb);
+    }
+
+    void runWidgets() const
+    {
+        QWidget window;
+        window.resize(areaOf(m_count));
+        std::vector<QWidget *> buttons;
+        for (int i = 0; i < m_count; ++i) {
+            buttons.push_back(new QPushButton(caption, &window));
+            buttons.back()->setGeometry(placeOf(i, m_count));
+        }
+        window.show();
+        QCoreApplication::processEvents();
+        measure("Qt Widgets, all changed", Benchmark::Role::Other, [&] {
+            for (QWidget *button : buttons)
+                button->update();
+            View::paintPending();
+        });
+    }
+
+    void runProxies() const
+    {
+        View view(areaOf(m_count));
+        std::vector<QGraphicsItem *> proxies;
+        for (int i = 0; i < m_count; ++i) {
+            auto *const button = new QPushButton(caption);
+            button->setGeometry(placeOf(i, m_count));
+            proxies.push_back(view.scene()->addWidget(button));
+        }
+        view.open();
+        measure("QGraphicsProxyWidget, all changed", Benchmark::Role::Other,
+                [&] { View::paintChanged(proxies); });
+        measure("QGraphicsProxyWidget, none changed", Benchmark::Role::Other,
+                [&] { view.paintAgain(); });
+    }
+
+    void runQuick() const
+    {
+        static const QByteArray contender = "Qt Quick Controls 2, all changed";
+        QByteArray item
+            = "Grid { columns: COLUMNS; Repeater { model: COUNT; Button { width: 100; height: 30; "
+              "text: 'Settings' } } }";
+        item.replace("COLUMNS", QByteArray::number(columnsFor(m_count)));
+        item.replace("COUNT", QByteArray::number(m_count));
+        QuickWindow window(areaOf(m_count), item);
+        if (window.isReady())
+            measure(contender, Benchmark::Role::Other, [&] { window.paint(); });
+        else
+            Benchmark::leaveOut(m_name, contender, window.reason());
+    }
+
+    const int m_count;
+    const QByteArray m_name;
+};
+
+// How many controls find room in Qt's own cache: with one more, all are painted for every frame.
+bool findsRoom(int count, const QSize &size)
+{
+    QPixmapCache::clear();
+    Screen screen(count, size);
+    screen.view.paintAgain();
+    Button::painted.clear();
+    screen.view.paintAgain();
+    return Button::painted.empty();
+}
+
+void findRoom(const QSize &size)
+{
+    QPixmapCache::setCacheLimit(qtCacheLimitKb);
+    int some = 1;
+    int tooMany = 2000;
+    while (tooMany - some > 1) {
+        const int middle = (some + tooMany) / 2;
+        (findsRoom(middle, size) ? some : tooMany) = middle;
+    }
+    QPixmapCache::setCacheLimit(roomyCacheLimitKb);
+    Benchmark::printValue("room in Qt's own pixmap cache of 10 MB",
+                          QByteArray::number(size.width()) + " x "
+                              + QByteArray::number(size.height()),
+                          "controls", QByteArray::number(some));
+}
+
+void sendMouse(const QGraphicsView &view, QEvent::Type type, const Button *button)
+{
+    const QPointF pos = button->sceneBoundingRect().center();
+    QMouseEvent event(type, pos, view.viewport()->mapToGlobal(pos.toPoint()), Qt::LeftButton,
+                      type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
+                      Qt::NoModifier);
+    QCoreApplication::sendEvent(view.viewport(), &event);
+}
+
+// Until the press is painted.
+void measurePress(int count)
+{
+    Screen screen(count);
+    const auto press = [&screen](const Button *button) {
+        sendMouse(screen.view, QEvent::MouseButtonPress, button);
+        View::paintPending();
+    };
+    const auto release = [&screen](const Button *button) {
+        sendMouse(screen.view, QEvent::MouseButtonRelease, button);
+        View::paintPending();
+    };
+    const QByteArray contender = QByteArray::number(count) + " push buttons";
+    const int repetitions = Benchmark::repetitions(1000);
+    Benchmark::Meter meter;
+    bool areTheTwo = true;
+    for (int i = -2; i < repetitions; ++i) {
+        const Button *const selected = screen.buttons.at(std::size_t((i + 2) % count));
+        const Button *const pressed = screen.buttons.at(std::size_t((i + 3) % count));
+        if (i == -2) {
+            press(selected);
+            release(selected);
+        }
+        Button::painted.clear();
+        if (i < 0)
+            press(pressed);
+        else
+            meter.measure([&] { press(pressed); });
+        const auto &painted = Button::painted;
+        areTheTwo = areTheTwo && painted.size() == 2
+            && std::count(painted.begin(), painted.end(), selected) == 1
+            && std::count(painted.begin(), painted.end(), pressed) == 1;
+        release(pressed);
+    }
+    meter.report("press", contender,
+                 count == 100 ? Benchmark::Role::Reference : Benchmark::Role::Library, repetitions);
+    Benchmark::printValue("press", contender,
+                          "painted are the pressed one and the one selected before",
+                          areTheTwo ? "yes" : "no");
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QuickWindow::chooseSoftware();
+    const QApplication app(argc, argv);
+    QPixmapCache::setCacheLimit(roomyCacheLimitKb);
+    for (const int count : {100, 1000, 10000}) {
+        Repaint(count).run();
+        measurePress(count);
+    }
+    if (!RUNNING_ON_VALGRIND) {
+        for (const QSize &size : {QSize(100, 30), QSize(200, 60), QSize(400, 240), QSize(800, 480)})
+            findRoom(size);
+    }
+    return 0;
+}
