@@ -2,130 +2,21 @@
 // SPDX-License-Identifier: MIT
 
 #include "benchmark.h"
-#include "handdrawing.h"
 #include "quickwindow.h"
+#include "screen.h"
 
-#include <KELPushButton>
 #include <QtGui/QImage>
-#include <QtGui/QMouseEvent>
 #include <QtGui/QPixmapCache>
-#include <QtWidgets/QApplication>
 #include <QtWidgets/QGraphicsProxyWidget>
-#include <QtWidgets/QGraphicsScene>
-#include <QtWidgets/QGraphicsView>
 #include <QtWidgets/QPushButton>
 
-#include <cmath>
-#include <memory>
+#include <algorithm>
 #include <vector>
 
 namespace {
 
-const QString caption = QStringLiteral("Settings");
-constexpr QSize buttonSize(100, 30);
 constexpr int qtCacheLimitKb = 10240;
 constexpr int roomyCacheLimitKb = 1024 * 1024;
-
-int columnsFor(int count)
-{
-    return int(std::ceil(std::sqrt(double(count))));
-}
-
-QRect placeOf(int index, int count, const QSize &size = buttonSize)
-{
-    const int columns = columnsFor(count);
-    return {QPoint(index % columns * size.width(), index / columns * size.height()), size};
-}
-
-QSize areaOf(int count, const QSize &size = buttonSize)
-{
-    const int columns = columnsFor(count);
-    return {columns * size.width(), (count + columns - 1) / columns * size.height()};
-}
-
-class Button : public KELPushButton
-{
-public:
-    explicit Button(const QRectF &rect)
-    {
-        setboundRect(rect);
-        style()->text = caption;
-        style()->xRadius = style()->yRadius = HandDrawing::cornerPx;
-    }
-
-    void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override
-    {
-        painted.push_back(this);
-        KELPushButton::paint(painter, option, widget);
-    }
-
-    static inline std::vector<const Button *> painted;
-
-private:
-    Q_DISABLE_COPY(Button)
-};
-
-// A shown view, as large as its scene.
-class View : public QGraphicsView
-{
-public:
-    explicit View(const QSize &size)
-    {
-        m_scene.setSceneRect(QRect(QPoint(), size));
-        setScene(&m_scene);
-        setFrameStyle(QFrame::NoFrame);
-        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-        setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-        resize(size);
-    }
-    // Before the scene.
-    ~View() override { hide(); }
-
-    // Serves no timers: one drops a quarter of the pixmap cache every half minute.
-    static void paintPending() { QCoreApplication::sendPostedEvents(); }
-
-    void open()
-    {
-        show();
-        QCoreApplication::processEvents();
-    }
-
-    void paintAgain()
-    {
-        viewport()->update();
-        paintPending();
-    }
-
-    template <typename Items>
-    static void paintChanged(const Items &items)
-    {
-        for (QGraphicsItem *item : items)
-            item->update();
-        paintPending();
-    }
-
-private:
-    Q_DISABLE_COPY(View)
-
-    QGraphicsScene m_scene;
-};
-
-class Screen
-{
-public:
-    explicit Screen(int count, const QSize &size = buttonSize) : view(areaOf(count, size))
-    {
-        buttons.reserve(std::size_t(count));
-        for (int i = 0; i < count; ++i) {
-            buttons.push_back(new Button(placeOf(i, count, size)));
-            view.scene()->addItem(buttons.back());
-        }
-        view.open();
-    }
-
-    View view;
-    std::vector<Button *> buttons;
-};
 
 QByteArray numberPainted()
 {
@@ -286,48 +177,30 @@ void findRoom(const QSize &size)
                           "controls", QByteArray::number(some));
 }
 
-void sendMouse(const QGraphicsView &view, QEvent::Type type, const Button *button)
-{
-    const QPointF pos = button->sceneBoundingRect().center();
-    QMouseEvent event(type, pos, view.viewport()->mapToGlobal(pos.toPoint()), Qt::LeftButton,
-                      type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
-                      Qt::NoModifier);
-    QCoreApplication::sendEvent(view.viewport(), &event);
-}
-
-// Until the press is painted.
 void measurePress(int count)
 {
-    Screen screen(count);
-    const auto press = [&screen](const Button *button) {
-        sendMouse(screen.view, QEvent::MouseButtonPress, button);
-        View::paintPending();
-    };
-    const auto release = [&screen](const Button *button) {
-        sendMouse(screen.view, QEvent::MouseButtonRelease, button);
-        View::paintPending();
-    };
+    const Screen screen(count);
     const QByteArray contender = QByteArray::number(count) + " push buttons";
     const int repetitions = Benchmark::repetitions(1000);
+    screen.press(0);
+    screen.release(0);
+    screen.press(1); // warm-up
+    screen.release(1);
     Benchmark::Meter meter;
     bool areTheTwo = true;
-    for (int i = -2; i < repetitions; ++i) {
-        const Button *const selected = screen.buttons.at(std::size_t((i + 2) % count));
-        const Button *const pressed = screen.buttons.at(std::size_t((i + 3) % count));
-        if (i == -2) {
-            press(selected);
-            release(selected);
-        }
+    for (int i = 0; i < repetitions; ++i) {
+        const int selected = (i + 1) % count;
+        const int pressed = (i + 2) % count;
         Button::painted.clear();
-        if (i < 0)
-            press(pressed);
-        else
-            meter.measure([&] { press(pressed); });
-        const auto &painted = Button::painted;
-        areTheTwo = areTheTwo && painted.size() == 2
-            && std::count(painted.begin(), painted.end(), selected) == 1
-            && std::count(painted.begin(), painted.end(), pressed) == 1;
-        release(pressed);
+        meter.measure([&] { screen.press(pressed); });
+        const auto isPainted = [&screen](int index) {
+            return std::count(Button::painted.begin(), Button::painted.end(),
+                              screen.buttons.at(std::size_t(index)))
+                == 1;
+        };
+        areTheTwo = areTheTwo && Button::painted.size() == 2 && isPainted(selected)
+            && isPainted(pressed);
+        screen.release(pressed);
     }
     meter.report("press", contender,
                  count == 100 ? Benchmark::Role::Reference : Benchmark::Role::Library, repetitions);
