@@ -29,7 +29,7 @@ constexpr qreal unlimitedWidthPx = 0x01000000;
 // Exactly, unlike QSizeF compares; a value that is not a number is never the same.
 bool isSame(qreal a, qreal b)
 {
-    return std::equal_to<qreal>()(a, b);
+    return std::equal_to<>()(a, b);
 }
 
 // Counts how often the fonts that are installed have changed.
@@ -94,6 +94,7 @@ public:
 private:
     Q_DISABLE_COPY(Layout)
 
+    bool has(int flag) const { return (m_flags & flag) != 0; }
     void breakLines(const Drawn &drawn);
     void drawLines(QPainter *painter, const QRectF &rect, qreal top) const;
 
@@ -119,7 +120,7 @@ Layout::Layout(const Drawn &drawn) :
 // Lines start on whole pixels, and those that a clip hides anyway are left out.
 void Layout::breakLines(const Drawn &drawn)
 {
-    const bool wordWrap = m_flags & Qt::TextWordWrap;
+    const bool wordWrap = has(Qt::TextWordWrap);
     const qreal lineWidth = wordWrap ? qMax<qreal>(0, drawn.size.width()) : unlimitedWidthPx;
     const qreal leading = QFontMetricsF(drawn.font).leading();
     m_height = -leading;
@@ -129,7 +130,7 @@ void Layout::breakLines(const Drawn &drawn)
         line.setPosition(QPointF(0, m_height));
         m_height += line.ascent() + line.descent();
         m_width = qMax(m_width, line.naturalTextWidth());
-        if (!(m_flags & Qt::TextDontClip) && m_height >= drawn.size.height())
+        if (!has(Qt::TextDontClip) && m_height >= drawn.size.height())
             break;
     }
 }
@@ -137,14 +138,14 @@ void Layout::breakLines(const Drawn &drawn)
 void Layout::draw(QPainter *painter, const QRectF &rect) const
 {
     qreal top = 0;
-    if (m_flags & Qt::AlignBottom)
+    if (has(Qt::AlignBottom))
         top = rect.height() - m_height;
-    else if (m_flags & Qt::AlignVCenter)
+    else if (has(Qt::AlignVCenter))
         top = (rect.height() - m_height) / 2;
-    const qreal left = m_flags & Qt::AlignHCenter ? (rect.width() - m_width) / 2 : 0;
+    const qreal left = has(Qt::AlignHCenter) ? (rect.width() - m_width) / 2 : 0;
 
     const QRectF bounds(rect.x() + left, rect.y() + top, m_width, m_height);
-    if (m_flags & Qt::TextDontClip || rect.contains(bounds)) {
+    if (has(Qt::TextDontClip) || rect.contains(bounds)) {
         drawLines(painter, rect, top);
         return;
     }
@@ -158,9 +159,8 @@ void Layout::drawLines(QPainter *painter, const QRectF &rect, qreal top) const
 {
     for (int i = 0; i < m_layout.lineCount(); ++i) {
         const QTextLine line = m_layout.lineAt(i);
-        const qreal left = m_flags & Qt::AlignHCenter
-            ? (rect.width() - line.horizontalAdvance()) / 2
-            : 0;
+        const qreal left = has(Qt::AlignHCenter) ? (rect.width() - line.horizontalAdvance()) / 2
+                                                 : 0;
         line.draw(painter, QPointF(rect.x() + left, rect.y() + top));
     }
 }

@@ -34,17 +34,17 @@ constexpr float minimumPartsWidthPx = 80;
 constexpr qreal minimumWidthPx = 60;
 constexpr qreal openZValue = 1;
 
-constexpr QEvent::Type watchedPresses[] = {QEvent::MouseButtonPress, QEvent::MouseButtonDblClick,
-                                           QEvent::TouchBegin};
+constexpr std::array<QEvent::Type, 3> watchedPresses = {
+    QEvent::MouseButtonPress, QEvent::MouseButtonDblClick, QEvent::TouchBegin};
 
 QString downArrow()
 {
-    return QString(QChar(0x25BC));
+    return {QChar(0x25BC)};
 }
 
 QString upArrow()
 {
-    return QString(QChar(0x25B2));
+    return {QChar(0x25B2)};
 }
 
 void showText(const KELPart<KELLabel> &label, const QString &text)
@@ -90,7 +90,8 @@ QVector<QPoint> positionsOn(const QWidget *viewport, const QWidget *receiver, co
 // True when the pixel, in the scene, is on the item, as a scene finds the item that is pressed.
 bool isOn(const QGraphicsItem *item, const QPolygonF &pixel)
 {
-    return item && item->mapFromScene(pixel).boundingRect().intersects(item->boundingRect());
+    return item != nullptr
+        && item->mapFromScene(pixel).boundingRect().intersects(item->boundingRect());
 }
 
 void updateWithChildren(QGraphicsItem *item)
@@ -139,7 +140,7 @@ public:
     void handlePress(const QObject *receiver, const QEvent *event);
     bool isOutside(const QWidget *receiver, const QPoint &pos) const;
     bool isListShown() const { return q->isVisible() && panel && panel->isVisible(); }
-    void showEnabled();
+    void showEnabled() const;
     void forget(KELComboBoxItem *item);
 
     KELComboBox *const q;
@@ -157,7 +158,7 @@ public:
     int savedZ = 0;
     QPointer<KELApplicationNotify> notify;
     // While open: these see what the scene does not tell notify, see handlePress().
-    std::array<std::unique_ptr<KELApplicationNotify>, std::size(watchedPresses)> watches;
+    std::array<std::unique_ptr<KELApplicationNotify>, watchedPresses.size()> watches;
 };
 
 KELComboBoxItem::KELComboBoxItem(QGraphicsObject *parent) :
@@ -306,12 +307,13 @@ void KELComboBoxPrivate::createWatches()
     if (notify)
         app->installEventFilter(notify);
     for (std::size_t i = 0; i < watches.size(); ++i) {
-        watches[i] = std::make_unique<KELApplicationNotify>(nullptr, watchedPresses[i]);
+        auto watch = std::make_unique<KELApplicationNotify>(nullptr, watchedPresses.at(i));
         QObject::connect(
-            watches[i].get(), &KELApplicationNotify::notify, q,
+            watch.get(), &KELApplicationNotify::notify, q,
             [this](QObject *receiver, QEvent *event) { handlePress(receiver, event); },
             Qt::DirectConnection);
-        app->installEventFilter(watches[i].get());
+        app->installEventFilter(watch.get());
+        watches.at(i) = std::move(watch);
     }
 }
 
@@ -369,7 +371,7 @@ bool KELComboBoxPrivate::isOutside(const QWidget *receiver, const QPoint &pos) c
     return true;
 }
 
-void KELComboBoxPrivate::showEnabled()
+void KELComboBoxPrivate::showEnabled() const
 {
     const QBrush brush = q->isEnabled() ? KELPainting::solidBrush<qRgb(255, 255, 255)>()
                                         : KELPainting::solidBrush<qRgba(170, 170, 180, 200)>();

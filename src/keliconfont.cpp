@@ -62,7 +62,7 @@ QFont KELIconFont::iconFont()
     static qreal dpi = -1;
     const QScreen *const screen = QGuiApplication::primaryScreen();
     const qreal screenDpi = screen ? screen->logicalDotsPerInchY() : 0;
-    if (family != g_fontFamily || !std::equal_to<qreal>()(dpi, screenDpi)) {
+    if (family != g_fontFamily || !std::equal_to<>()(dpi, screenDpi)) {
         font = QFont(g_fontFamily, -1, -1, false);
         family = g_fontFamily;
         dpi = screenDpi;

@@ -137,8 +137,8 @@ public:
         return *static_cast<const KELNavigationTableStyle *>(q->style());
     }
     void show(int index);
-    void place(KELNavigationTableItem *page);
-    void layTabs();
+    void place(KELNavigationTableItem *page) const;
+    void layTabs() const;
     void forget(KELNavigationTableItem *page);
 
     KELNavigationTable *const q;
@@ -210,7 +210,7 @@ void KELNavigationTablePrivate::show(int index)
         q->update();
 }
 
-void KELNavigationTablePrivate::place(KELNavigationTableItem *page)
+void KELNavigationTablePrivate::place(KELNavigationTableItem *page) const
 {
     const KELNavigationTableStyle &table = style();
     const auto border = qreal(page->style()->borderWidth);
@@ -221,7 +221,7 @@ void KELNavigationTablePrivate::place(KELNavigationTableItem *page)
                        table.boundRect.height() - top - qreal(table.tabHeight) - border);
 }
 
-void KELNavigationTablePrivate::layTabs()
+void KELNavigationTablePrivate::layTabs() const
 {
     const KELNavigationTableStyle &table = style();
     const int count = items.size();
@@ -286,7 +286,7 @@ void KELNavigationTable::addItem(KELNavigationTableItem *item)
     // What follows emits signals of QGraphicsObject, and slots may do anything to page and table.
     const QPointer<KELNavigationTable> alive(this);
     const QPointer<KELNavigationTableItem> page(item);
-    const auto isPage = [&] { return alive && page && page->d->table == d; };
+    const auto isPage = [&] { return !alive.isNull() && !page.isNull() && page->d->table == d; };
 
     if (item->d->table)
         item->d->table->forget(item);

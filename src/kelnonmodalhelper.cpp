@@ -113,10 +113,7 @@ void KELNonModalhelperPrivate::scheduleHide(KELNonModalhelper *q)
 {
     // One press is seen at the native window and again at the widget.
     pending = true;
-    QTimer::singleShot(hideDelayMs, Qt::PreciseTimer, [alive = QPointer<KELNonModalhelper>(q)] {
-        if (alive)
-            alive->d->hide(alive);
-    });
+    QTimer::singleShot(hideDelayMs, Qt::PreciseTimer, q, [q] { q->d->hide(q); });
 }
 
 void KELNonModalhelperPrivate::hide(KELNonModalhelper *q)

@@ -36,6 +36,7 @@ public:
             m_item->place(rect);
     }
 
+    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDelete): ~Tracked() clears the pointer
     Item *get() const { return m_item; }
     Item *operator->() const { return m_item; }
     explicit operator bool() const { return m_item; }

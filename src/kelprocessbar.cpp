@@ -75,7 +75,7 @@ void KELProcessBar::paint(QPainter *painter, const QStyleOptionGraphicsItem * /*
     // kept: in the painter's font, not in the record's
     painter->setPen(KELPainting::captionPen(m_style->foregroundBrush));
     painter->setBrush(Qt::NoBrush);
-    painter->drawText(bar, Qt::AlignCenter, QStringLiteral("%1%").arg(d->value));
+    painter->drawText(bar, Qt::AlignCenter, QString::number(d->value) + QLatin1Char('%'));
 }
 
 KELRoundRectControlStyle *KELProcessBar::initStyle()
