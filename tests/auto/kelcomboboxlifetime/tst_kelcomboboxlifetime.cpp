@@ -3,6 +3,7 @@
 
 #include "../kelcombobox/combostage.h"
 
+#include <cmath>
 #include <functional>
 #include <memory>
 
@@ -88,8 +89,10 @@ private Q_SLOTS:
     void destroyedWithOpenList_data();
     void destroyedWithOpenList();
     void destroyedBoxEmitsNothing();
+    void dyingBoxIsNotOpenedAgain();
     void entriesDieWithTheBox();
     void removedEntryDiesWithTheBox();
+    void dyingRemovedEntryStillSeesTheBox();
     void removedEntryOutlivesTheBox();
     void entryWithAnotherParentDiesWithTheBox();
     void entryDeletedFromOutside_data();
@@ -97,6 +100,8 @@ private Q_SLOTS:
     void removedEntryDeletedLater();
     void partDeletedFromOutside_data();
     void partDeletedFromOutside();
+    void notifierDeletedFromOutside_data();
+    void notifierDeletedFromOutside();
 
     void slotOfDestroyedAdds_data();
     void slotOfDestroyedAdds();
@@ -104,16 +109,25 @@ private Q_SLOTS:
     void slotOfDestroyedRemoves();
     void slotOfDestroyedClears_data();
     void slotOfDestroyedClears();
+    void slotOfDestroyedFillsAnew_data();
+    void slotOfDestroyedFillsAnew();
     void slotOfDestroyedDeletesTheBox();
     void slotOfDestroyedSelects();
     void slotOfSelectionClears();
 
     void nestedSelectionWins_data();
     void nestedSelectionWins();
+    void repeatedNestedSelectionIsToldOnce();
+    void entryGoneWhileClosing_data();
+    void entryGoneWhileClosing();
     void reopenedWhileClosing_data();
     void reopenedWhileClosing();
     void closedWhileOpening_data();
     void closedWhileOpening();
+    void closedByAnEntryThatIsShown_data();
+    void closedByAnEntryThatIsShown();
+    void reopenedWhileOpening_data();
+    void reopenedWhileOpening();
     void nestedSelectionInTheSignal();
 };
 
@@ -427,6 +441,30 @@ void tst_KELComboBoxLifetime::destroyedBoxEmitsNothing()
     QCOMPARE(raised.count(), 0);
 }
 
+// A press that comes while the parts die must not reach the box either.
+void tst_KELComboBoxLifetime::dyingBoxIsNotOpenedAgain()
+{
+    const NotifierCensus census;
+    BareStage stage;
+    const ComboParts parts(*stage.box);
+    QStringList seen;
+    connect(stage.box->items().first(), &QObject::destroyed, this, [&] {
+        Q_EMIT parts.button->mouseClicked();
+        seen.append(parts.panel->isVisible() ? QStringLiteral("open") : QStringLiteral("closed"));
+        seen.append(parts.arrow->text());
+    });
+    connect(parts.button, &QObject::destroyed, this, [&] {
+        seen.append(QString::number(census.listening()));
+        QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
+        press.setPos(QPointF(390, 290));
+        QObject target;
+        QCoreApplication::sendEvent(&target, &press);
+    });
+    delete stage.box;
+    QCOMPARE(seen, QStringList({QStringLiteral("closed"), downArrow, QStringLiteral("0")}));
+    QCOMPARE(census.all().size(), 0);
+}
+
 void tst_KELComboBoxLifetime::entriesDieWithTheBox()
 {
     BareStage stage;
@@ -451,6 +489,26 @@ void tst_KELComboBoxLifetime::removedEntryDiesWithTheBox()
     stage.box->removeItem(entry);
     delete stage.box;
     QVERIFY(!entry);
+}
+
+// A slot that is called with the box asks it as a combo box, not as what is left of one.
+void tst_KELComboBoxLifetime::dyingRemovedEntryStillSeesTheBox()
+{
+    BareStage stage;
+    KELComboBox *const box = stage.box;
+    const QPointer<KELComboBoxItem> entry(box->items().at(1));
+    box->setSelectIndex(2);
+    box->removeItem(entry);
+    QStringList seen;
+    connect(entry, &QObject::destroyed, box, [box, &seen] {
+        const QString type = QString::fromLatin1(box->metaObject()->className());
+        if (type == QLatin1String("KELComboBox"))
+            seen.append(textsOf(*box) << QString::number(box->selectIndex()));
+        seen.append(type);
+    });
+    delete box;
+    QVERIFY(!entry);
+    QCOMPARE(seen, QStringList({QStringLiteral("-1"), QStringLiteral("KELComboBox")}));
 }
 
 void tst_KELComboBoxLifetime::removedEntryOutlivesTheBox()
@@ -590,6 +648,39 @@ void tst_KELComboBoxLifetime::partDeletedFromOutside()
     QVERIFY(nextBoxWorks(&stage, Input::Mouse));
 }
 
+void tst_KELComboBoxLifetime::notifierDeletedFromOutside_data()
+{
+    QTest::addColumn<bool>("whileOpen");
+    QTest::newRow("closed") << false;
+    QTest::newRow("open") << true;
+}
+
+// The list still opens and closes; only what the scene alone tells is not heard of any more.
+void tst_KELComboBoxLifetime::notifierDeletedFromOutside()
+{
+    QFETCH(bool, whileOpen);
+    const NotifierCensus census;
+    ComboStage stage;
+    QVERIFY(stage.show());
+    if (whileOpen)
+        stage.open();
+    delete ComboParts(*stage.box).notify;
+    if (!whileOpen)
+        stage.open();
+    QVERIFY(stage.isOpen());
+    stage.tap(Input::Mouse, farAway);
+    QVERIFY(!stage.isOpen());
+    QCOMPARE(stage.box->zValue(), 0.0);
+    QCOMPARE(census.all().size(), 0);
+    stage.open();
+    stage.tap(Input::Mouse, stage.entryCentre(1));
+    QCOMPARE(stage.box->selectIndex(), 1);
+    stage.open();
+    delete stage.box;
+    QCOMPARE(census.all().size(), 0);
+    QVERIFY(nextBoxWorks(&stage, Input::Mouse));
+}
+
 namespace {
 
 enum class End { Clear, DestroyBox, DeleteOne };
@@ -684,6 +775,54 @@ void tst_KELComboBoxLifetime::slotOfDestroyedClears()
     QCOMPARE(ComboParts(*box).panel->rect().height(), 5.0);
 }
 
+void tst_KELComboBoxLifetime::slotOfDestroyedFillsAnew_data()
+{
+    QTest::addColumn<int>("before");
+    QTest::addColumn<bool>("whileOpen");
+    const Named ways[] = {{"others deleted first", 0}, {"cleared first", 1}, {"one of each", 2}};
+    for (const Named &way : ways) {
+        QTest::addRow("%s, closed", way.name) << way.value << false;
+        QTest::addRow("%s, open", way.name) << way.value << true;
+    }
+}
+
+void tst_KELComboBoxLifetime::slotOfDestroyedFillsAnew()
+{
+    QFETCH(int, before);
+    QFETCH(bool, whileOpen);
+    BareStage stage;
+    KELComboBox *const box = stage.box;
+    if (whileOpen)
+        clickButton(*box);
+    const QPointer<KELComboBoxItem> second(box->items().at(1));
+    const QPointer<KELComboBoxItem> third(box->items().at(2));
+    int calls = 0;
+    connect(box->items().at(0), &QObject::destroyed, this, [&] {
+        ++calls;
+        addEntries(box, {QStringLiteral("too early")});
+        KELComboBoxItem *const early = box->items().last();
+        if (before == 0) {
+            delete second;
+            delete third;
+            delete early;
+        } else if (before == 1) {
+            box->clearItem();
+        } else {
+            box->removeItem(early);
+            delete third;
+        }
+        addEntries(box, {QStringLiteral("new"), QStringLiteral("newer")});
+        box->setSelectIndex(box->items().size() - 1);
+    });
+    box->clearItem();
+    QCOMPARE(calls, 1);
+    QVERIFY(!second && !third);
+    QCOMPARE(textsOf(*box).join(QLatin1Char(' ')), QStringLiteral("new newer"));
+    QCOMPARE(ComboParts(*box).panel->rect().height(), 60.0);
+    QCOMPARE(box->selectIndex(), 1);
+    QCOMPARE(ComboParts(*box).text->text(), QStringLiteral("newer"));
+}
+
 void tst_KELComboBoxLifetime::slotOfDestroyedDeletesTheBox()
 {
     BareStage stage;
@@ -776,19 +915,108 @@ void tst_KELComboBoxLifetime::nestedSelectionWins()
     QCOMPARE(census.listening(), 0);
 }
 
+void tst_KELComboBoxLifetime::repeatedNestedSelectionIsToldOnce()
+{
+    BareStage stage;
+    KELComboBox *const box = stage.box;
+    clickButton(*box);
+    QList<int> told;
+    connect(box, &KELComboBox::selectItemChanged, this, [&] { told.append(box->selectIndex()); });
+    connect(ComboParts(*box).panel, &QGraphicsObject::visibleChanged, this, [box] {
+        box->setSelectIndex(0);
+        box->setSelectIndex(2);
+    });
+    box->setSelectIndex(2);
+    QCOMPARE(told, QList<int>({0, 2}));
+    QCOMPARE(box->selectIndex(), 2);
+    QCOMPARE(ComboParts(*box).text->text(), QStringLiteral("three"));
+    QCOMPARE(listState(*box), QStringLiteral("closed"));
+}
+
+void tst_KELComboBoxLifetime::entryGoneWhileClosing_data()
+{
+    QTest::addColumn<bool>("byHeight");
+    QTest::addColumn<bool>("byRemoval");
+    QTest::addColumn<QList<int>>("gone");
+    QTest::addColumn<int>("selected");
+    const QPair<const char *, QList<int>> rows[] = {{"an earlier one", {0}},
+                                                    {"both earlier ones", {0, 1}},
+                                                    {"a later one", {3}},
+                                                    {"the chosen one", {2}},
+                                                    {"the chosen one and an earlier one", {2, 0}},
+                                                    {"all", {3, 2, 1, 0}}};
+    for (const bool byHeight : {false, true}) {
+        for (const bool byRemoval : {false, true}) {
+            for (const auto &row : rows) {
+                const int earlier = row.second.count(0) + row.second.count(1);
+                QTest::addRow("%s %s when %s", row.first, byRemoval ? "removed" : "deleted",
+                              byHeight ? "lowered" : "hidden")
+                    << byHeight << byRemoval << row.second
+                    << (row.second.contains(2) ? -1 : 2 - earlier);
+            }
+        }
+    }
+}
+
+void tst_KELComboBoxLifetime::entryGoneWhileClosing()
+{
+    QFETCH(bool, byHeight);
+    QFETCH(bool, byRemoval);
+    QFETCH(QList<int>, gone);
+    QFETCH(int, selected);
+    BareStage stage;
+    KELComboBox *const box = stage.box;
+    addEntries(box, {QStringLiteral("four")});
+    box->setSelectIndex(1);
+    clickButton(*box);
+    QStringList told;
+    connect(box, &KELComboBox::selectItemChanged, this,
+            [&] { told.append(box->selectedItem()->display()); });
+    const QList<KELComboBoxItem *> items = box->items();
+    int calls = 0;
+    const auto take = [&] {
+        if (calls++ > 0)
+            return;
+        for (const int place : gone) {
+            if (byRemoval)
+                box->removeItem(items.at(place));
+            else
+                delete items.at(place);
+        }
+    };
+    if (byHeight)
+        connect(box, &QGraphicsObject::zChanged, this, take);
+    else
+        connect(ComboParts(*box).panel, &QGraphicsObject::visibleChanged, this, take);
+    box->setSelectIndex(2);
+    QCOMPARE(calls, 1);
+    const QString text = selected < 0 ? QString() : threeTexts.at(2);
+    QCOMPARE(box->selectIndex(), selected);
+    QCOMPARE(box->items().size(), 4 - gone.size());
+    QCOMPARE(box->selectedItem(), selected < 0 ? nullptr : items.at(2));
+    QCOMPARE(ComboParts(*box).text->text(), text);
+    QCOMPARE(told, selected < 0 ? QStringList() : QStringList(text));
+    QCOMPARE(listState(*box), QStringLiteral("closed"));
+}
+
 void tst_KELComboBoxLifetime::reopenedWhileClosing_data()
 {
     QTest::addColumn<int>("way");
+    QTest::addColumn<qreal>("z");
     const Named ways[] = {{"by the button", 0}, {"by a selection", 1}, {"by a press", 2}};
-    for (const Named &way : ways)
-        QTest::newRow(way.name) << way.value;
+    for (const Named &way : ways) {
+        for (const qreal z : {0.0, 5.0, 5.7})
+            QTest::addRow("%s, z %g", way.name, z) << way.value << z;
+    }
 }
 
 void tst_KELComboBoxLifetime::reopenedWhileClosing()
 {
     QFETCH(int, way);
+    QFETCH(qreal, z);
     const NotifierCensus census;
     ComboStage stage;
+    stage.box->setZValue(z);
     QVERIFY(stage.show());
     KELComboBox *const box = stage.box;
     stage.open();
@@ -809,6 +1037,7 @@ void tst_KELComboBoxLifetime::reopenedWhileClosing()
     disconnect(reopen);
     clickButton(*box);
     QCOMPARE(listState(*box), QStringLiteral("closed"));
+    QCOMPARE(box->zValue(), std::trunc(z));
     QCOMPARE(census.all().size(), 1);
 }
 
@@ -816,10 +1045,13 @@ void tst_KELComboBoxLifetime::closedWhileOpening_data()
 {
     QTest::addColumn<bool>("byHeight");
     QTest::addColumn<bool>("bySelection");
+    QTest::addColumn<qreal>("z");
     for (const bool bySelection : {false, true}) {
         const char *way = bySelection ? "selection" : "button";
-        QTest::addRow("list shown, %s", way) << false << bySelection;
-        QTest::addRow("raised, %s", way) << true << bySelection;
+        for (const qreal z : {0.0, 5.0, 5.7}) {
+            QTest::addRow("list shown, %s, z %g", way, z) << false << bySelection << z;
+            QTest::addRow("raised, %s, z %g", way, z) << true << bySelection << z;
+        }
     }
 }
 
@@ -827,9 +1059,11 @@ void tst_KELComboBoxLifetime::closedWhileOpening()
 {
     QFETCH(bool, byHeight);
     QFETCH(bool, bySelection);
+    QFETCH(qreal, z);
     const NotifierCensus census;
     BareStage stage;
     KELComboBox *const box = stage.box;
+    box->setZValue(z);
     KELLabel *const panel = ComboParts(*box).panel;
     const auto close = [&] {
         if (!panel->isVisible() || (byHeight && box->zValue() != 1))
@@ -845,10 +1079,78 @@ void tst_KELComboBoxLifetime::closedWhileOpening()
         connect(panel, &QGraphicsObject::visibleChanged, this, close);
     clickButton(*box);
     QCOMPARE(listState(*box), QStringLiteral("closed"));
-    QCOMPARE(box->zValue(), 0.0);
+    // A list that was not raised yet leaves the z-value as it is, with its fraction.
+    QCOMPARE(box->zValue(), byHeight ? std::trunc(z) : z);
     QCOMPARE(box->selectIndex(), bySelection ? 1 : -1);
     QCOMPARE(census.all().size(), 1);
     QCOMPARE(census.listening(), 0);
+}
+
+void tst_KELComboBoxLifetime::closedByAnEntryThatIsShown_data()
+{
+    QTest::addColumn<qreal>("z");
+    for (const qreal z : {0.0, 5.0, 5.7})
+        QTest::addRow("z %g", z) << z;
+}
+
+// An entry is shown before the list that it is in.
+void tst_KELComboBoxLifetime::closedByAnEntryThatIsShown()
+{
+    QFETCH(qreal, z);
+    const NotifierCensus census;
+    BareStage stage;
+    KELComboBox *const box = stage.box;
+    box->setZValue(z);
+    const auto select = connect(box->items().at(0), &QGraphicsObject::visibleChanged, this,
+                                [box] { box->setSelectIndex(0); });
+    clickButton(*box);
+    QCOMPARE(listState(*box), QStringLiteral("closed"));
+    QCOMPARE(box->zValue(), z);
+    QCOMPARE(box->selectIndex(), 0);
+    QCOMPARE(census.all().size(), 1);
+    disconnect(select);
+    clickButton(*box);
+    QCOMPARE(listState(*box), QStringLiteral("open"));
+    clickButton(*box);
+    QCOMPARE(box->zValue(), std::trunc(z));
+}
+
+void tst_KELComboBoxLifetime::reopenedWhileOpening_data()
+{
+    QTest::addColumn<bool>("byHeight");
+    QTest::addColumn<qreal>("z");
+    for (const qreal z : {0.0, 5.0, 5.7}) {
+        QTest::addRow("list shown, z %g", z) << false << z;
+        QTest::addRow("raised, z %g", z) << true << z;
+    }
+}
+
+void tst_KELComboBoxLifetime::reopenedWhileOpening()
+{
+    QFETCH(bool, byHeight);
+    QFETCH(qreal, z);
+    const NotifierCensus census;
+    BareStage stage;
+    KELComboBox *const box = stage.box;
+    box->setZValue(z);
+    int calls = 0;
+    const auto closeAndOpen = [&] {
+        if (calls++ > 0)
+            return;
+        clickButton(*box);
+        clickButton(*box);
+    };
+    if (byHeight)
+        connect(box, &QGraphicsObject::zChanged, this, closeAndOpen);
+    else
+        connect(ComboParts(*box).panel, &QGraphicsObject::visibleChanged, this, closeAndOpen);
+    clickButton(*box);
+    QVERIFY(calls > 0);
+    QCOMPARE(listState(*box), QStringLiteral("open"));
+    clickButton(*box);
+    QCOMPARE(listState(*box), QStringLiteral("closed"));
+    QCOMPARE(box->zValue(), std::trunc(z));
+    QCOMPARE(census.all().size(), 1);
 }
 
 void tst_KELComboBoxLifetime::nestedSelectionInTheSignal()

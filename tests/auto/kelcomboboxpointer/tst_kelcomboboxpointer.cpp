@@ -3,6 +3,27 @@
 
 #include "../kelcombobox/combostage.h"
 
+#include <memory>
+
+namespace {
+
+void moveTo(KELRoundRectControl *control, const QRectF &rect, bool byRectangle)
+{
+    if (byRectangle)
+        control->setboundRect(rect);
+    else
+        control->setboundRect(rect.x(), rect.y(), rect.width(), rect.height());
+}
+
+// So deep a tree that few items share a leaf.
+void makeTreeDeep(QGraphicsScene *scene)
+{
+    scene->setItemIndexMethod(QGraphicsScene::BspTreeIndex);
+    scene->setBspTreeDepth(8);
+}
+
+} // namespace
+
 class tst_KELComboBoxPointer : public KelTest
 {
     Q_OBJECT
@@ -34,6 +55,12 @@ private Q_SLOTS:
     void boxMovedWhileShown();
     void boxMovedByAFractionIsPaintedAnew_data();
     void boxMovedByAFractionIsPaintedAnew();
+    void entryMovedByAFractionIsPaintedAnew_data();
+    void entryMovedByAFractionIsPaintedAnew();
+    void loneEntryMovedWhileShown_data();
+    void loneEntryMovedWhileShown();
+    void movedItemLeavesTheTree_data();
+    void movedItemLeavesTheTree();
     void textsArePaintedAtOnce_data();
     void textsArePaintedAtOnce();
     void transformedView_data();
@@ -250,10 +277,7 @@ void tst_KELComboBoxPointer::boxMovedWhileShown()
     stage.open();
     QCOMPARE(staleParts(stage.view), QString());
     const QImage before = shownPicture(stage.view);
-    if (byRectangle)
-        stage.box->setboundRect(QRectF(200, 120, 170, 50));
-    else
-        stage.box->setboundRect(200, 120, 170, 50);
+    moveTo(stage.box, QRectF(200, 120, 170, 50), byRectangle);
     const QImage after = shownPicture(stage.view);
     QVERIFY(after != before);
     QCOMPARE(after.pixelColor(30, 100), after.pixelColor(5, 5));
@@ -293,6 +317,117 @@ void tst_KELComboBoxPointer::boxMovedByAFractionIsPaintedAnew()
     stage.box->setboundRect(20 + shift, 20 + shift, 160, 40);
     QVERIFY(shownPicture(stage.view) != before);
     QCOMPARE(staleParts(stage.view), QString());
+}
+
+void tst_KELComboBoxPointer::entryMovedByAFractionIsPaintedAnew_data()
+{
+    QTest::addColumn<int>("indexMethod");
+    QTest::addColumn<bool>("byRectangle");
+    for (const Named &method : indexMethods) {
+        QTest::addRow("%s, rectangle", method.name) << method.value << true;
+        QTest::addRow("%s, numbers", method.name) << method.value << false;
+    }
+}
+
+// As many pixels as before, so that only what is said to have changed is painted anew.
+void tst_KELComboBoxPointer::entryMovedByAFractionIsPaintedAnew()
+{
+    QFETCH(int, indexMethod);
+    QFETCH(bool, byRectangle);
+    ComboStage stage(indexMethod);
+    KELComboBoxItem *const entry = stage.box->items().at(1);
+    entry->style()->borderBrush = QColor(Qt::red);
+    entry->style()->borderWidth = 2;
+    QVERIFY(stage.show());
+    stage.open();
+    QCOMPARE(staleParts(stage.view), QString());
+    const QImage before = shownPicture(stage.view);
+    moveTo(entry, QRectF(0.75, 30, 159, 30), byRectangle);
+    QVERIFY(shownPicture(stage.view) != before);
+    QCOMPARE(staleParts(stage.view), QString());
+}
+
+void tst_KELComboBoxPointer::loneEntryMovedWhileShown_data()
+{
+    boxMovedWhileShown_data();
+}
+
+// Without its label, which would tell the scene where to look.
+void tst_KELComboBoxPointer::loneEntryMovedWhileShown()
+{
+    QFETCH(int, input);
+    QFETCH(int, indexMethod);
+    QFETCH(bool, byRectangle);
+    KelTestView view;
+    if (indexMethod == QGraphicsScene::BspTreeIndex)
+        makeTreeDeep(&view.ownScene);
+    else
+        view.ownScene.setItemIndexMethod(QGraphicsScene::NoIndex);
+    auto *const entry = new KELComboBoxItem;
+    delete labelOf(entry);
+    entry->style()->backgroundBrush = QColor(Qt::darkGreen);
+    entry->setboundRect(20, 20, 100, 30);
+    view.ownScene.addItem(entry);
+    QVERIFY(view.showAndWait());
+    const QSignalSpy clicked(entry, &KELComboBoxItem::mouseClicked);
+    const auto tap = [&](const QPoint &pos) {
+        if (Input(input) == Input::Touch) {
+            view.touchPress(pos);
+            view.touchRelease(pos);
+        } else {
+            view.click(pos);
+        }
+    };
+    tap(farAway);
+    QCOMPARE(staleParts(view), QString());
+    const QColor bare = shownPicture(view).pixelColor(5, 5);
+    moveTo(entry, QRectF(250, 200, 130, 50), byRectangle);
+    const QImage after = shownPicture(view);
+    QCOMPARE(after.pixelColor(70, 35), bare);
+    QCOMPARE(after.pixelColor(315, 225), QColor(Qt::darkGreen));
+    QCOMPARE(staleParts(view), QString());
+    tap(QPoint(70, 35));
+    QCOMPARE(clicked.count(), 0);
+    tap(QPoint(315, 225));
+    QCOMPARE(clicked.count(), 1);
+}
+
+void tst_KELComboBoxPointer::movedItemLeavesTheTree_data()
+{
+    QTest::addColumn<bool>("isBox");
+    QTest::addColumn<bool>("byRectangle");
+    QTest::newRow("combo box, rectangle") << true << true;
+    QTest::newRow("combo box, numbers") << true << false;
+    QTest::newRow("entry, rectangle") << false << true;
+    QTest::newRow("entry, numbers") << false << false;
+}
+
+// A tree that was not told of the move goes on to find at the old place what is no longer in the scene.
+void tst_KELComboBoxPointer::movedItemLeavesTheTree()
+{
+    QFETCH(bool, isBox);
+    QFETCH(bool, byRectangle);
+    QGraphicsScene scene(0, 0, 400, 300);
+    makeTreeDeep(&scene);
+    std::unique_ptr<KELRoundRectControl> item;
+    if (isBox) {
+        auto box = std::make_unique<KELComboBox>();
+        addEntries(box.get(), threeTexts);
+        clickButton(*box);
+        item = std::move(box);
+    } else {
+        item = std::make_unique<KELComboBoxItem>();
+    }
+    const QRectF oldRect(20, 20, 100, 30);
+    item->setboundRect(oldRect);
+    scene.addItem(item.get());
+    QVERIFY(scene.items(oldRect).contains(item.get()));
+    moveTo(item.get(), QRectF(250, 150, 100, 30), byRectangle);
+    QVERIFY(scene.items(oldRect).isEmpty());
+    QVERIFY(scene.items(QRectF(250, 150, 100, 30)).contains(item.get()));
+    scene.removeItem(item.get());
+    item->setboundRect(oldRect); // where the tree had it
+    QVERIFY(scene.items(oldRect).isEmpty());
 }
 
 void tst_KELComboBoxPointer::textsArePaintedAtOnce_data()

@@ -99,6 +99,7 @@ private Q_SLOTS:
     void clickWorksThroughAProxy();
     void hiddenOrDisabledProxyLosesThePress_data();
     void hiddenOrDisabledProxyLosesThePress();
+    void viewInsideTheSceneItShows();
     void windowModalDialogOfASiblingWindowCounts();
     void eventsWithoutAViewStillClick();
 };
@@ -307,6 +308,30 @@ void tst_KELPressWatch::hiddenOrDisabledProxyLosesThePress()
     QCOMPARE(spies.longPress.count(), 0);
     if (!proxy->scene())
         delete proxy;
+}
+
+// It is never painted, which Qt would do for ever. The other view serves nobody, so that no view ends the search.
+void tst_KELPressWatch::viewInsideTheSceneItShows()
+{
+    KelTestView outer;
+    outer.setInteractive(false);
+    auto *button = placed<KELPushButton>(&outer, leftRect);
+    auto *inner = new QGraphicsView(&outer.ownScene);
+    inner->setUpdatesEnabled(false);
+    inner->setFrameShape(QFrame::NoFrame);
+    inner->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    inner->resize(150, 100);
+    QGraphicsProxyWidget *const proxy = outer.ownScene.addWidget(inner);
+    proxy->setFlag(QGraphicsItem::ItemHasNoContents);
+    proxy->setPos(200, 150);
+    QVERIFY(outer.showAndWait());
+    Spies spies(button);
+    const QPoint pos = inner->mapFromScene(leftRect.center());
+    QTest::mousePress(inner->viewport(), Qt::LeftButton, Qt::NoModifier, pos);
+    QCoreApplication::processEvents();
+    QVERIFY(button->isMouseDown());
+    QTest::mouseRelease(inner->viewport(), Qt::LeftButton, Qt::NoModifier, pos);
+    QCOMPARE(spies.clicked.count(), 1);
 }
 
 void tst_KELPressWatch::windowModalDialogOfASiblingWindowCounts()
