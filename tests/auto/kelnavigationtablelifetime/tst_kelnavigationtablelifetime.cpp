@@ -146,6 +146,10 @@ private Q_SLOTS:
     void pageAddedDuringASwitch_data();
     void pageAddedDuringASwitch();
     void pageMovedAwayDuringASwitch();
+    void pageGoneWhenTheOldOneIsHidden_data();
+    void pageGoneWhenTheOldOneIsHidden();
+    void selectedWhileAdded_data();
+    void selectedWhileAdded();
     void deletedWhileAdded_data();
     void deletedWhileAdded();
 
@@ -529,6 +533,73 @@ void tst_KELNavigationTableLifetime::pageMovedAwayDuringASwitch()
     QVERIFY(stage.pages.at(1)->isVisible());
     QCOMPARE(stage.table->selectItem(), stage.pages.at(0).data());
     QCOMPARE(stage.table->selectIndex(), 0);
+}
+
+void tst_KELNavigationTableLifetime::pageGoneWhenTheOldOneIsHidden_data()
+{
+    QTest::addColumn<int>("way");
+    QTest::addColumn<int>("end");
+    for (const auto &way : ways) {
+        QTest::addRow("deleted, %s", way.second) << int(way.first) << 0;
+        QTest::addRow("without parent, %s", way.second) << int(way.first) << 1;
+        QTest::addRow("out of the scene, %s", way.second) << int(way.first) << 2;
+    }
+}
+
+void tst_KELNavigationTableLifetime::pageGoneWhenTheOldOneIsHidden()
+{
+    QFETCH(int, way);
+    QFETCH(int, end);
+    PageStage stage(2);
+    QVERIFY(stage.show());
+    std::unique_ptr<KELNavigationTableItem> homeless;
+    stage.once(stage.pages.at(0), [&] {
+        if (end == 0) {
+            delete stage.pages.at(1);
+        } else if (end == 1) {
+            stage.pages.at(1)->setParentItem(nullptr);
+        } else {
+            stage.view.ownScene.removeItem(stage.pages.at(1));
+            homeless.reset(stage.pages.at(1));
+        }
+    });
+    stage.select(Way(way), 1);
+    QCOMPARE(stage.calls, 1);
+    stage.pages.removeAt(1);
+    QCOMPARE(stage.whatIsWrong(0), QString());
+}
+
+void tst_KELNavigationTableLifetime::selectedWhileAdded_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::addColumn<int>("signal");
+    for (const int count : {0, 1, 3}) {
+        QTest::addRow("when it gets its parent, %d before", count) << count << 0;
+        QTest::addRow("when it is hidden, %d before", count) << count << 1;
+    }
+}
+
+void tst_KELNavigationTableLifetime::selectedWhileAdded()
+{
+    QFETCH(int, count);
+    QFETCH(int, signal);
+    PageStage stage(count);
+    QVERIFY(stage.show());
+    auto *const page = new KELNavigationTableItem;
+    int calls = 0;
+    const auto select = [&] {
+        if (calls++ == 0)
+            stage.table->setSelectIndex(count);
+    };
+    if (signal == 0)
+        connect(page, &QGraphicsObject::parentChanged, &stage.view, select);
+    else
+        connect(page, &QGraphicsObject::visibleChanged, &stage.view, select);
+    stage.table->addItem(page);
+    stage.pages.append(page);
+    QVERIFY(calls > 0);
+    QCOMPARE(page->boundingRect(), QRectF(0, 0, 440, 230));
+    QCOMPARE(stage.whatIsWrong(count), QString());
 }
 
 void tst_KELNavigationTableLifetime::deletedWhileAdded_data()

@@ -53,6 +53,8 @@ private Q_SLOTS:
     void onlyTheShownPageHasControls();
     void pageAddedWhileShown_data();
     void pageAddedWhileShown();
+    void controlBesideTheTableIsFound_data();
+    void controlBesideTheTableIsFound();
     void filterOnAChild();
 };
 
@@ -348,6 +350,50 @@ void tst_KELNavigationTablePointer::pageAddedWhileShown()
     stage.view.click(QPoint(20 + 430, 30 + 200));
     QCOMPARE(pressed.count(), 1);
     QVERIFY(!stage.view.ownScene.items(QPointF(20 + 305, 30 + 305)).contains(page));
+}
+
+void tst_KELNavigationTablePointer::controlBesideTheTableIsFound_data()
+{
+    QTest::addColumn<int>("index");
+    QTest::addColumn<bool>("isFirst");
+    for (const bool isFirst : {true, false}) {
+        const char *page = isFirst ? "first" : "second";
+        QTest::addRow("no index, %s page", page) << int(QGraphicsScene::NoIndex) << isFirst;
+        QTest::addRow("tree, %s page", page) << int(QGraphicsScene::BspTreeIndex) << isFirst;
+    }
+}
+
+// A control that sticks out of the table moves when its page is placed. Where the table is, a tree always looks.
+void tst_KELNavigationTablePointer::controlBesideTheTableIsFound()
+{
+    QFETCH(int, index);
+    QFETCH(bool, isFirst);
+    KelTestView view(QSize(800, 500));
+    view.ownScene.setItemIndexMethod(QGraphicsScene::ItemIndexMethod(index));
+    if (index == QGraphicsScene::BspTreeIndex)
+        view.ownScene.setBspTreeDepth(8);
+    auto *table = new KELNavigationTable;
+    addPages(table, isFirst ? 0 : 1);
+    view.ownScene.addItem(table);
+    auto *page = new KELNavigationTableItem;
+    page->setboundRect(0, 350, 10, 10);
+    auto *button = new KELPushButton(page);
+    button->setboundRect(600, 100, 60, 40);
+    view.ownScene.addItem(page);
+    QVERIFY(view.showAndWait());
+    const QPoint before(630, 470);
+    const QPoint after(630, 120);
+    QVERIFY(view.items(before).contains(button));
+    // A search brings the tree up to date, also halfway through.
+    connect(page, &QGraphicsObject::visibleChanged, &view,
+            [&view] { view.ownScene.items(QPointF(1, 1)); });
+    table->addItem(page);
+    table->setSelectIndex(isFirst ? 0 : 1);
+    QVERIFY(view.items(before).isEmpty());
+    QVERIFY(view.items(after).contains(button));
+    const QSignalSpy clicked(button, &KELPushButton::mouseClicked);
+    view.click(after);
+    QCOMPARE(clicked.count(), 1);
 }
 
 void tst_KELNavigationTablePointer::filterOnAChild()
