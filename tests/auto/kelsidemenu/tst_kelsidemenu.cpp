@@ -6,6 +6,7 @@
 #include <kelcombobox.h>
 
 #include <QtCore/QPointer>
+#include <QtCore/QtMath>
 #include <QtGui/QPainter>
 
 #include <limits>
@@ -123,6 +124,7 @@ private Q_SLOTS:
     void layout_data() { addLayouts(); }
     void layout();
     void lengthIsSummedInSinglePrecision();
+    void lengthIsSummedFromTheTopmostItemDown_data();
     void lengthIsSummedFromTheTopmostItemDown();
     void layoutAfterItsFieldsChanged();
     void controlKeepsItsSize();
@@ -366,17 +368,52 @@ void tst_KELSideMenu::lengthIsSummedInSinglePrecision()
     QVERIFY(third != 200.0 + 3 * double(space));
 }
 
+void tst_KELSideMenu::lengthIsSummedFromTheTopmostItemDown_data()
+{
+    QTest::addColumn<int>("orientation");
+    QTest::addColumn<int>("indexMethod");
+    QTest::addColumn<bool>("isFirstOnTop");
+    for (const int orientation : {0, vertically}) {
+        QTest::addRow("%d, no index", orientation)
+            << orientation << int(QGraphicsScene::NoIndex) << false;
+        QTest::addRow("%d, tree", orientation)
+            << orientation << int(QGraphicsScene::BspTreeIndex) << false;
+        QTest::addRow("%d, tree, the first on top", orientation)
+            << orientation << int(QGraphicsScene::BspTreeIndex) << true;
+    }
+}
+
 void tst_KELSideMenu::lengthIsSummedFromTheTopmostItemDown()
 {
-    constexpr float widths[] = {1000.1F, 0.1F, 0.3F};
+    QFETCH(int, orientation);
+    QFETCH(int, indexMethod);
+    QFETCH(bool, isFirstOnTop);
+    constexpr float sizes[] = {1000.1F, 0.1F, 0.3F};
+    const float downwards = isFirstOnTop ? (sizes[0] + sizes[2]) + sizes[1]
+                                         : (sizes[2] + sizes[1]) + sizes[0];
+    const float upwards = isFirstOnTop ? (sizes[1] + sizes[2]) + sizes[0]
+                                       : (sizes[0] + sizes[1]) + sizes[2];
     // Otherwise this would say nothing.
-    QVERIFY((widths[0] + widths[1]) + widths[2] != (widths[2] + widths[1]) + widths[0]);
-    KELSideMenu menu(nullptr);
+    QVERIFY(downwards != upwards);
+    OpenMenu menu(nullptr);
+    menu.setOrientationValue(orientation);
+    menu.scene()->setItemIndexMethod(QGraphicsScene::ItemIndexMethod(indexMethod));
     menu.setSpace(0);
-    for (const float width : widths)
-        add(&menu, QSizeF(double(width), 40));
-    const double fourth = add(&menu)->boundingRect().x();
-    QVERIFY(fourth == double((widths[2] + widths[1]) + widths[0]));
+    QList<KELRoundRectControl *> controls;
+    for (const float size : sizes)
+        controls.append(add(&menu, QSizeF(double(size), double(size))));
+    if (isFirstOnTop)
+        controls.first()->setZValue(1);
+    // Two spaces and 2 px, just enough for one more whole pixel in one of the two orders.
+    const int whole = qCeil(qMin(downwards, upwards));
+    const float space = (float(whole) - qMax(downwards, upwards)) / 2;
+    menu.setSpace(space);
+    QCOMPARE(orientation == 0 ? menu.width() : menu.height(),
+             int(double(downwards + 2 * space) + 2));
+    QVERIFY(int(double(downwards + 2 * space)) != int(double(upwards + 2 * space)));
+    menu.setSpace(0);
+    const QPointF fourth = add(&menu)->boundingRect().topLeft();
+    QVERIFY((orientation == 0 ? fourth.x() : fourth.y()) == double(downwards));
 }
 
 void tst_KELSideMenu::layoutAfterItsFieldsChanged()

@@ -66,6 +66,12 @@ private Q_SLOTS:
     void slotOfDestroyedCallsTheMenu_data();
     void slotOfDestroyedCallsTheMenu();
     void sceneDeletedOrReplaced();
+    void repeatedControlOfAReplacedScene();
+    void separatorTakenOutDiesWithTheMenu();
+    void controlDeletedWhileAdded();
+    void sceneDeletedWhileAdded_data();
+    void sceneDeletedWhileAdded();
+    void menuDeletedInASlotOfItsScene();
 };
 
 void tst_KELSideMenuView::resizeFitsTheScene_data()
@@ -398,6 +404,120 @@ void tst_KELSideMenuView::sceneDeletedOrReplaced()
     QVERIFY(QTest::qWaitForWindowExposed(&menu));
     menu.resize(300, 200);
     QCoreApplication::processEvents();
+}
+
+void tst_KELSideMenuView::repeatedControlOfAReplacedScene()
+{
+    KELSideMenu menu(nullptr);
+    KELRoundRectControl *const first = add(&menu);
+    QGraphicsScene own;
+    menu.setScene(&own);
+    menu.addItem(first); // is in the menu already
+    QCOMPARE(first->style()->boundRect, QRectF(0, 0, 100, 40));
+    KELRoundRectControl *const shown = makeControl({50, 20});
+    own.addItem(shown); // is not
+    menu.addItem(shown);
+    QCOMPARE(shown->scene(), first->scene());
+    QCOMPARE(shown->style()->boundRect, QRectF(100.5, 0, 50, 20));
+    QVERIFY(own.items().isEmpty());
+}
+
+void tst_KELSideMenuView::separatorTakenOutDiesWithTheMenu()
+{
+    auto *menu = new KELSideMenu(nullptr);
+    for (int i = 0; i < 3; ++i)
+        add(menu);
+    const QPointer<KELLineItem> separator(separatorsOf(*menu).first());
+    menu->scene()->removeItem(separator);
+    const QPointer<KELLineItem> elsewhere(separatorsOf(*menu).first());
+    QGraphicsScene other;
+    other.addItem(elsewhere);
+    delete menu;
+    QVERIFY(!separator);
+    QVERIFY(!elsewhere);
+    QVERIFY(other.items().isEmpty());
+}
+
+void tst_KELSideMenuView::controlDeletedWhileAdded()
+{
+    KELSideMenu menu(nullptr);
+    add(&menu);
+    menu.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&menu));
+    QPointer<KELRoundRectControl> control(makeControl({100, 40}));
+    const auto connection = connect(menu.scene(), &QGraphicsScene::sceneRectChanged, &menu,
+                                    [&control] { delete control; });
+    menu.addItem(control);
+    disconnect(connection);
+    QVERIFY(!control);
+    // The separator was there before: 100 and one space, then the space.
+    QCOMPARE(menu.scene()->items().size(), 2);
+    QCOMPARE(add(&menu)->style()->boundRect, QRectF(101, 0, 100, 40));
+}
+
+void tst_KELSideMenuView::sceneDeletedWhileAdded_data()
+{
+    QTest::addColumn<bool>("isFirst");
+    QTest::addColumn<bool>("inItsSignal");
+    for (const bool isFirst : {true, false}) {
+        const char *name = isFirst ? "first" : "second";
+        QTest::addRow("%s control, in a signal of the scene", name) << isFirst << true;
+        QTest::addRow("%s control, before the menu knows its size", name) << isFirst << false;
+    }
+}
+
+void tst_KELSideMenuView::sceneDeletedWhileAdded()
+{
+    class SceneKiller : public QObject
+    {
+    public:
+        explicit SceneKiller(KELSideMenu *menu) : m_menu(menu) { }
+
+    protected:
+        bool eventFilter(QObject * /*watched*/, QEvent *event) override
+        {
+            if (event->type() == QEvent::Resize)
+                delete m_menu->scene();
+            return false;
+        }
+
+    private:
+        KELSideMenu *const m_menu;
+    };
+    QFETCH(bool, isFirst);
+    QFETCH(bool, inItsSignal);
+    KELSideMenu menu(nullptr);
+    if (!isFirst)
+        add(&menu);
+    menu.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&menu));
+    SceneKiller killer(&menu);
+    if (inItsSignal)
+        connect(menu.scene(), &QGraphicsScene::sceneRectChanged, &menu,
+                [&menu] { delete menu.scene(); });
+    else
+        menu.viewport()->installEventFilter(&killer);
+    const std::unique_ptr<KELRoundRectControl> control(makeControl({100, 40}));
+    menu.addItem(control.get());
+    QVERIFY(!menu.scene());
+    QVERIFY(!control->scene());
+    menu.addItem(control.get());
+    menu.resize(200, 100);
+    QVERIFY(!control->scene());
+}
+
+// Qt itself does not survive this while it resizes a widget, but it does when the event comes from elsewhere.
+void tst_KELSideMenuView::menuDeletedInASlotOfItsScene()
+{
+    const QPointer<OpenMenu> menu(new OpenMenu(nullptr));
+    add(menu);
+    menu->show();
+    QVERIFY(QTest::qWaitForWindowExposed(menu));
+    QObject context;
+    connect(menu->scene(), &QGraphicsScene::sceneRectChanged, &context, [&menu] { delete menu; });
+    QResizeEvent event(QSize(800, 50), QSize(1, 1));
+    menu->resizeEvent(&event);
+    QVERIFY(!menu);
 }
 
 KEL_TEST_MAIN(tst_KELSideMenuView)
