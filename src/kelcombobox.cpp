@@ -61,7 +61,9 @@ void removeFilter(QObject *filter)
 
 // Where a press on the receiver may come to the viewport: an ignored one goes on to parents, and a view in a proxy
 // gets its presses from the views of the proxy.
-QVector<QPoint> positionsOn(const QWidget *viewport, const QWidget *receiver, const QPoint &pos)
+// Views may show each other: those on the way here are left out.
+QVector<QPoint> positionsOn(const QWidget *viewport, const QWidget *receiver, const QPoint &pos,
+                            QVector<const QWidget *> way = {})
 {
     QWidget *const window = viewport->window();
     if (receiver->window() == window) {
@@ -74,11 +76,12 @@ QVector<QPoint> positionsOn(const QWidget *viewport, const QWidget *receiver, co
     const QGraphicsProxyWidget *const proxy = window->graphicsProxyWidget();
     if (!proxy || !proxy->scene())
         return positions;
+    way.append(viewport);
     const QList<QGraphicsView *> outerViews = proxy->scene()->views();
     for (const QGraphicsView *outer : outerViews) {
-        if (outer->viewport() == viewport)
+        if (way.contains(outer->viewport()))
             continue;
-        const QVector<QPoint> outerPositions = positionsOn(outer->viewport(), receiver, pos);
+        const QVector<QPoint> outerPositions = positionsOn(outer->viewport(), receiver, pos, way);
         for (const QPoint &outerPos : outerPositions) {
             const QPointF inProxy = proxy->mapFromScene(outer->mapToScene(outerPos));
             positions.append(viewport->mapFrom(window, inProxy.toPoint()));

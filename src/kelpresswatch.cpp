@@ -4,6 +4,7 @@
 #include "kelpresswatch_p.h"
 
 #include <QtCore/QAbstractEventDispatcher>
+#include <QtCore/QVector>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QGraphicsObject>
 #include <QtWidgets/QGraphicsProxyWidget>
@@ -40,8 +41,9 @@ bool blocks(const QWidget *modal, const QWidget *widget)
         || outermostParent(modal) == outermostParent(widget);
 }
 
-// True when a pointer over this viewport reaches the items of scene.
-bool serves(const QWidget *viewport, const QGraphicsScene *scene)
+// True when a pointer over this viewport reaches the items of scene. Views may show each other: those on the way
+// here are left out.
+bool serves(const QWidget *viewport, const QGraphicsScene *scene, QVector<const QWidget *> way = {})
 {
     if (!viewport || !viewport->isVisible() || !viewport->isEnabled())
         return false;
@@ -54,11 +56,13 @@ bool serves(const QWidget *viewport, const QGraphicsScene *scene)
         return true;
     if (!proxy->isVisible() || !proxy->isEnabled() || !proxy->scene())
         return false;
+    way.append(viewport);
     const QList<QGraphicsView *> outerViews = proxy->scene()->views();
-    return std::any_of(
-        outerViews.begin(), outerViews.end(), [proxy, viewport](const QGraphicsView *outer) {
-            return outer->viewport() != viewport && serves(outer->viewport(), proxy->scene());
-        });
+    return std::any_of(outerViews.begin(), outerViews.end(),
+                       [proxy, &way](const QGraphicsView *outer) {
+                           return !way.contains(outer->viewport())
+                               && serves(outer->viewport(), proxy->scene(), way);
+                       });
 }
 
 } // namespace

@@ -107,6 +107,7 @@ private Q_SLOTS:
     void viewInsideAnotherScene();
     void viewInsideASceneWithTwoViews_data();
     void viewInsideASceneWithTwoViews();
+    void viewInsideTheSceneItShows_data();
     void viewInsideTheSceneItShows();
     void scenePressComparesItemPositions_data() { addInputs(); }
     void scenePressComparesItemPositions();
@@ -659,16 +660,26 @@ void tst_KELComboBoxOutside::viewInsideASceneWithTwoViews()
     QCOMPARE(listState(*stage.box), QStringLiteral("closed"));
 }
 
+void tst_KELComboBoxOutside::viewInsideTheSceneItShows_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::newRow("one view") << 1;
+    QTest::newRow("two views") << 2;
+}
+
 // It is never painted, which Qt would do for ever.
 void tst_KELComboBoxOutside::viewInsideTheSceneItShows()
 {
+    QFETCH(int, count);
     ComboStage stage;
-    auto *inner = new QGraphicsView(&stage.view.ownScene);
-    inner->setUpdatesEnabled(false);
-    inner->resize(50, 50);
-    QGraphicsProxyWidget *const proxy = stage.view.ownScene.addWidget(inner);
-    proxy->setFlag(QGraphicsItem::ItemHasNoContents);
-    proxy->setPos(250, 200);
+    for (int i = 0; i < count; ++i) {
+        auto *inner = new QGraphicsView(&stage.view.ownScene);
+        inner->setUpdatesEnabled(false);
+        inner->resize(50, 50);
+        QGraphicsProxyWidget *const proxy = stage.view.ownScene.addWidget(inner);
+        proxy->setFlag(QGraphicsItem::ItemHasNoContents);
+        proxy->setPos(250 + 60 * i, 200);
+    }
     clickButton(*stage.box);
     QCOMPARE(listState(*stage.box), QStringLiteral("open"));
     QWidget other;
