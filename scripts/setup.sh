@@ -6,7 +6,7 @@
 export LC_ALL=C.UTF-8
 
 build_packages=(g++ cmake ninja-build qtbase5-dev fonts-dejavu-core fonts-font-awesome)
-check_packages=(make pkgconf qt5-qmake xvfb xdotool reuse doxygen)
+check_packages=(make pkgconf qt5-qmake xvfb xdotool reuse doxygen python3 abigail-tools)
 arm64_packages=(g++-aarch64-linux-gnu qemu-user-static qtbase5-dev:arm64)
 lint_packages=(clang-format clang-tidy clazy)
 coverage_packages=(gcovr)
