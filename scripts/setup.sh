@@ -6,8 +6,13 @@
 export LC_ALL=C.UTF-8
 
 build_packages=(g++ cmake ninja-build qtbase5-dev fonts-dejavu-core fonts-font-awesome)
-check_packages=(make pkgconf qt5-qmake xvfb xdotool reuse doxygen python3 abigail-tools)
+check_packages=(dpkg-dev make pkgconf qt5-qmake xvfb xdotool reuse doxygen python3 abigail-tools)
 arm64_packages=(g++-aarch64-linux-gnu qemu-user-static qtbase5-dev:arm64)
+# The tools, and what packaging/debian/control says for builds without tests.
+package_packages=(build-essential debhelper dpkg-dev lintian cmake ninja-build qtbase5-dev doxygen qhelpgenerator-qt5)
+package_arm64_packages=(crossbuild-essential-arm64 qtbase5-dev:arm64)
+try_packages=(debootstrap)
+try_arm64_packages=(binfmt-support qemu-user-static)
 lint_packages=(clang-format clang-tidy clazy)
 coverage_packages=(gcovr)
 benchmark_packages=(python3 valgrind)

@@ -5,11 +5,15 @@
 # consume.sh WAY PREFIX LIBDIR DIRECTORY CXX
 #
 # Builds the consumer project of WAY (cmake, pkgconfig, qmake) against the library installed in PREFIX,
-# in DIRECTORY, and runs it.
+# in DIRECTORY, and runs it. A library in /usr must be found without being told where.
 
 set -euo pipefail
 way=$1 prefix=$2 libdir=$3 directory=$4
-export CXX=$5 QT_QPA_PLATFORM=offscreen LD_LIBRARY_PATH=$prefix/$libdir
+export CXX=$5 QT_QPA_PLATFORM=offscreen
+if [ "$prefix" != /usr ]; then
+    export LD_LIBRARY_PATH=$prefix/$libdir CMAKE_PREFIX_PATH=$prefix \
+        PKG_CONFIG_PATH=$prefix/$libdir/pkgconfig QMAKEFEATURES=$prefix/$libdir/qt5/mkspecs/features
+fi
 source=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 
 rm -rf "$directory"
@@ -17,15 +21,14 @@ mkdir -p "$directory"
 cd "$directory"
 case $way in
 cmake)
-    cmake -S "$source/cmake" -B . -G Ninja -DCMAKE_PREFIX_PATH="$prefix"
+    cmake -S "$source/cmake" -B . -G Ninja
     cmake --build .
     ;;
 pkgconfig)
-    export PKG_CONFIG_PATH=$prefix/$libdir/pkgconfig
     make -f "$source/pkgconfig/Makefile" SOURCE="$source/main.cpp"
     ;;
 qmake)
-    QMAKEFEATURES=$prefix/$libdir/qt5/mkspecs/features qmake -qt=qt5 "$source/qmake/consumer.pro" \
+    qmake -qt=qt5 "$source/qmake/consumer.pro" \
         QMAKE_CXX="$CXX" QMAKE_LINK="$CXX"
     make
     ;;
@@ -34,6 +37,7 @@ qmake)
     exit 2
     ;;
 esac
-ldd ./consumer | grep -F "$prefix/$libdir/libKELGdiControl.so.1"
+linked=$(ldd ./consumer | sed -n 's/.*libKELGdiControl\.so\.1 => \([^ ]*\).*/\1/p')
+[ "$linked" -ef "$prefix/$libdir/libKELGdiControl.so.1" ] || { echo "linked with '$linked'" >&2; exit 1; }
 ./consumer
 echo "$way: the button is drawn"

@@ -63,6 +63,11 @@ QStringList KelTest::takeWarnings()
     return warnings ? std::exchange(*warnings, QStringList()) : QStringList();
 }
 
+QString KelTest::besideProgram(const QString &name)
+{
+    return QCoreApplication::applicationDirPath() + QLatin1Char('/') + name;
+}
+
 void KelTest::init()
 {
     debugLines = new QStringList;

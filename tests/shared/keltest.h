@@ -29,6 +29,9 @@ public:
     static QStringList takeDebugLines();
     static QStringList takeWarnings();
 
+    // The path of a file that lies in the folder of the test program, built or installed.
+    static QString besideProgram(const QString &name);
+
 private Q_SLOTS:
     void init();
     void cleanup();

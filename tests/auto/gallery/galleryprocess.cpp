@@ -9,6 +9,11 @@ constexpr int patienceMs = 120000;
 
 } // namespace
 
+QString Gallery::program()
+{
+    return qEnvironmentVariable("KEL_GALLERY", QStringLiteral("kelgdi-gallery"));
+}
+
 QProcessEnvironment Gallery::environment(const QString &runtimeDir)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -25,7 +30,7 @@ Gallery::Result Gallery::run(const QStringList &arguments, const QProcessEnviron
 {
     QProcess process;
     process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(KEL_GALLERY), arguments);
+    process.start(program(), arguments);
     Result result;
     if (!process.waitForFinished(patienceMs))
         process.kill();

@@ -17,6 +17,9 @@ struct Result
     QStringList errorLines;
 };
 
+// The gallery to start: what KEL_GALLERY says, or the one that is installed.
+QString program();
+
 // The environment of a machine without a display. runtimeDir keeps Qt from warning that there is none.
 QProcessEnvironment environment(const QString &runtimeDir);
 

@@ -161,7 +161,7 @@ void tst_GalleryPointer::initTestCase()
     QVERIFY(m_directory.isValid());
     m_headless = Gallery::environment(m_directory.path());
     m_server.start(
-        QStringLiteral(KEL_XVFB),
+        QStringLiteral("Xvfb"),
         {"-displayfd", "1", "-screen", "0", "800x480x24", "-nolisten", "tcp", "-noreset"});
     QVERIFY(m_server.waitForReadyRead(patienceMs));
     QTRY_VERIFY_WITH_TIMEOUT(m_server.canReadLine(), patienceMs);
@@ -1091,7 +1091,7 @@ bool tst_GalleryPointer::xdotool(const QStringList &arguments)
     QProcess process;
     process.setProcessEnvironment(m_display);
     process.setStandardOutputFile(QProcess::nullDevice());
-    process.start(QStringLiteral(KEL_XDOTOOL), arguments);
+    process.start(QStringLiteral("xdotool"), arguments);
     return process.waitForFinished(patienceMs) && process.exitCode() == 0;
 }
 
@@ -1101,7 +1101,7 @@ void tst_GalleryPointer::startGallery(const QString &page, const QString &log)
     QFile::remove(logPath());
     m_gallery = std::make_unique<QProcess>();
     m_gallery->setProcessEnvironment(m_display);
-    m_gallery->start(QStringLiteral(KEL_GALLERY), {"--page", page, "--log", log});
+    m_gallery->start(Gallery::program(), {"--page", page, "--log", log});
     QVERIFY(m_gallery->waitForStarted(patienceMs));
     QVERIFY(xdotool({"search", "--sync", "--onlyvisible", "--name", title}));
 }
@@ -1174,7 +1174,7 @@ QStringList tst_GalleryPointer::windows(const QString &name) const
 {
     QProcess process;
     process.setProcessEnvironment(m_display);
-    process.start(QStringLiteral(KEL_XDOTOOL),
+    process.start(QStringLiteral("xdotool"),
                   {"search", "--onlyvisible", "--name", name, "getwindowname", "%@"});
     process.waitForFinished(patienceMs);
     QStringList found = QString::fromUtf8(process.readAllStandardOutput())
@@ -1187,7 +1187,7 @@ QString tst_GalleryPointer::placeOf(const QString &name) const
 {
     QProcess process;
     process.setProcessEnvironment(m_display);
-    process.start(QStringLiteral(KEL_XDOTOOL),
+    process.start(QStringLiteral("xdotool"),
                   {"search", "--onlyvisible", "--name", name, "getwindowgeometry", "--shell"});
     process.waitForFinished(patienceMs);
     return QString::fromUtf8(process.readAllStandardOutput());

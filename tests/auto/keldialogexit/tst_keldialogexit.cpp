@@ -29,7 +29,9 @@ struct Result
 Result run(const char *scenario)
 {
     Result result;
-    const QByteArray command = QByteArray(KEL_SCENARIO_COMMAND " ") + scenario + " 2>&1";
+    const QByteArray command = qgetenv("KEL_EMULATOR") + " '"
+        + QFile::encodeName(KelTest::besideProgram(QStringLiteral("kel_exit_scenario"))) + "' "
+        + scenario + " 2>&1";
     FILE *const pipe = popen(command.constData(), "r");
     if (!pipe)
         return result;

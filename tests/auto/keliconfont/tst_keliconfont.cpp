@@ -21,7 +21,7 @@ const QString testFamily = QStringLiteral("KEL Test Icons");
 
 QString dataFile(const QString &name)
 {
-    return QStringLiteral(KEL_TEST_DATA "/") + name;
+    return KelTest::besideProgram(name);
 }
 
 QString quoted(const QString &text)

@@ -223,7 +223,7 @@ private Q_SLOTS:
 
 void tst_KELNavigationTablePaint::initTestCase()
 {
-    KELIconFont::installFont(QStringLiteral(KEL_TEST_DATA "/../keliconfont/icons.ttf"));
+    KELIconFont::installFont(besideProgram(QStringLiteral("icons.ttf")));
     QCOMPARE(KELIconFont::fontFamily(), iconFamily);
 }
 

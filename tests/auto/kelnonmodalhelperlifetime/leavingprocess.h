@@ -208,7 +208,7 @@ inline Result start(const QString &way)
 {
     const QTemporaryDir runtimeDir;
     const QByteArray command = "XDG_RUNTIME_DIR='" + QFile::encodeName(runtimeDir.path())
-        + "' " KEL_EMULATOR " '" + QFile::encodeName(QCoreApplication::applicationFilePath())
+        + "' " + qgetenv("KEL_EMULATOR") + " '" + QFile::encodeName(QCoreApplication::applicationFilePath())
         + "' --leave " + way.toLatin1() + " 2>&1";
     Result result;
     // QProcess does not work in an emulated process.

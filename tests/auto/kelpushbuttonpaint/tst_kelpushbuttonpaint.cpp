@@ -196,7 +196,7 @@ private Q_SLOTS:
 
 void tst_KELPushButtonPaint::initTestCase()
 {
-    KELIconFont::installFont(QStringLiteral(KEL_TEST_DATA "/../keliconfont/icons.ttf"));
+    KELIconFont::installFont(besideProgram(QStringLiteral("icons.ttf")));
     QCOMPARE(KELIconFont::fontFamily(), iconFamily);
 }
 

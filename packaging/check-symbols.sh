@@ -1,0 +1,61 @@
+#!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+# SPDX-License-Identifier: MIT
+#
+# Compares a library with the symbols file of the package. See packaging/check-symbols.sh --help.
+
+set -euo pipefail
+export LC_ALL=C.UTF-8
+debian=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/debian
+symbols=$debian/libkelgdicontrol1.symbols
+
+usage() {
+    cat <<'TEXT'
+Usage: packaging/check-symbols.sh [--update] LIBRARY
+
+Fails when LIBRARY (a libKELGdiControl.so.1 of amd64 or arm64) lacks a symbol of
+packaging/debian/libkelgdicontrol1.symbols or has others.
+
+  --update   add the others to the file, as new in the version of packaging/debian/changelog. A symbol
+             that has gone breaks programs: it is only marked, with #MISSING, and deleted by hand
+             where it was never released.
+TEXT
+}
+
+update=false
+case ${1-} in
+-h | --help)
+    usage
+    exit 0
+    ;;
+--update)
+    update=true
+    shift
+    ;;
+esac
+if [ $# -ne 1 ]; then
+    usage >&2
+    exit 2
+fi
+
+case $(readelf -h "$1") in
+*AArch64*) architecture=arm64 ;;
+*X86-64*) architecture=amd64 ;;
+*)
+    echo "check-symbols.sh: $1 is of no architecture that is packaged" >&2
+    exit 1
+    ;;
+esac
+library=$(readlink -f "$1")
+new=$(mktemp)
+trap 'rm -f "$new"' EXIT
+cd "$debian/.."
+status=0
+dpkg-gensymbols -t -c4 -a"$architecture" -plibkelgdicontrol1 \
+    -v"$(dpkg-parsechangelog -S Version)" -I"$symbols" -e"$library" -O"$new" || status=$?
+if $update && [ -s "$new" ]; then
+    # The offset in the name of a thunk is two pointers.
+    sed 's/^ \(_ZTh\)/ (arch-bits=64)\1/' "$new" >"$symbols"
+    exit 0
+fi
+exit $status
