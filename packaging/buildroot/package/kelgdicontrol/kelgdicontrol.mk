@@ -1,0 +1,36 @@
+################################################################################
+#
+# kelgdicontrol
+#
+################################################################################
+
+KELGDICONTROL_VERSION = 1.0.0
+KELGDICONTROL_SITE = $(call qstrip,$(BR2_PACKAGE_KELGDICONTROL_SITE))
+KELGDICONTROL_LICENSE = MIT
+KELGDICONTROL_LICENSE_FILES = LICENSES/MIT.txt
+KELGDICONTROL_INSTALL_STAGING = YES
+# The build folder has an include folder of its own.
+KELGDICONTROL_SUPPORTS_IN_SOURCE_BUILD = NO
+KELGDICONTROL_DEPENDENCIES = qt5base
+
+KELGDICONTROL_CONF_OPTS = -DKEL_BUILD_EXAMPLES=OFF
+
+ifeq ($(BR2_PACKAGE_KELGDICONTROL_GALLERY),y)
+KELGDICONTROL_CONF_OPTS += -DKEL_BUILD_GALLERY=ON
+else
+KELGDICONTROL_CONF_OPTS += -DKEL_BUILD_GALLERY=OFF
+endif
+
+ifeq ($(BR2_PACKAGE_KELGDICONTROL_TESTS),y)
+KELGDICONTROL_CONF_OPTS += -DKEL_BUILD_TESTS=ON -DKEL_INSTALL_TESTS=ON
+else
+KELGDICONTROL_CONF_OPTS += -DKEL_BUILD_TESTS=OFF
+endif
+
+# qmake of the host reads this file in the staging folder.
+define KELGDICONTROL_REMOVE_QMAKE_FEATURES
+	rm -rf $(TARGET_DIR)/usr/lib/qt5/mkspecs
+endef
+KELGDICONTROL_POST_INSTALL_TARGET_HOOKS += KELGDICONTROL_REMOVE_QMAKE_FEATURES
+
+$(eval $(cmake-package))
