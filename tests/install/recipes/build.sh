@@ -83,7 +83,10 @@ package_config() {
 }
 
 yocto_configure() { # BUILD ON|OFF
-    local build=$1 native=$directory/recipe-sysroot-native sysroot=$directory/recipe-sysroot qt
+    local build=$1 native=$directory/recipe-sysroot-native sysroot=$directory/recipe-sysroot flags link qt
+    flags="-mcpu=cortex-a53 -march=armv8-a+crc -fstack-protector-strong -O2 -D_FORTIFY_SOURCE=2 -Wformat"
+    flags="$flags -Wformat-security --sysroot=$sysroot -pipe"
+    link="--sysroot=$sysroot -Wl,-O1 -Wl,--hash-style=gnu -Wl,--as-needed -Wl,-z,relro,-z,now"
     cat >"$directory/toolchain.cmake" <<TEXT
 set( CMAKE_SYSTEM_NAME Linux )
 set( CMAKE_SYSTEM_PROCESSOR aarch64 )
@@ -92,12 +95,12 @@ set( CMAKE_CXX_COMPILER $triplet-g++ )
 set( CMAKE_ASM_COMPILER $triplet-gcc )
 find_program( CMAKE_AR $triplet-ar DOC "Archiver" REQUIRED )
 
-set( CMAKE_C_FLAGS " -mcpu=cortex-a53 -march=armv8-a+crc -fstack-protector-strong -O2 -D_FORTIFY_SOURCE=2 -Wformat -Wformat-security --sysroot=$sysroot -pipe" CACHE STRING "CFLAGS" )
-set( CMAKE_CXX_FLAGS " -mcpu=cortex-a53 -march=armv8-a+crc -fstack-protector-strong -O2 -D_FORTIFY_SOURCE=2 -Wformat -Wformat-security --sysroot=$sysroot -pipe -fvisibility-inlines-hidden" CACHE STRING "CXXFLAGS" )
+set( CMAKE_C_FLAGS "$flags" CACHE STRING "CFLAGS" )
+set( CMAKE_CXX_FLAGS "$flags -fvisibility-inlines-hidden" CACHE STRING "CXXFLAGS" )
 set( CMAKE_C_FLAGS_RELEASE "-DNDEBUG" CACHE STRING "Additional CFLAGS for release" )
 set( CMAKE_CXX_FLAGS_RELEASE "-DNDEBUG" CACHE STRING "Additional CXXFLAGS for release" )
-set( CMAKE_C_LINK_FLAGS "--sysroot=$sysroot -Wl,-O1 -Wl,--hash-style=gnu -Wl,--as-needed -Wl,-z,relro,-z,now" CACHE STRING "LDFLAGS" )
-set( CMAKE_CXX_LINK_FLAGS "--sysroot=$sysroot -Wl,-O1 -Wl,--hash-style=gnu -Wl,--as-needed -Wl,-z,relro,-z,now" CACHE STRING "LDFLAGS" )
+set( CMAKE_C_LINK_FLAGS "$link" CACHE STRING "LDFLAGS" )
+set( CMAKE_CXX_LINK_FLAGS "$link" CACHE STRING "LDFLAGS" )
 
 set( CMAKE_FIND_ROOT_PATH $sysroot $native )
 set( CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY )
@@ -154,8 +157,8 @@ yocto() {
 
 buildroot_configure() { # BUILD y|n
     local build=$1 host=$directory/host options
-    options=$(PATH=/usr/bin:/bin make -s -f - PACKAGE="$package/kelgdicontrol.mk" BR2_PACKAGE_KELGDICONTROL_GALLERY="$2" \
-        BR2_PACKAGE_KELGDICONTROL_TESTS="$2" print <<'TEXT'
+    options=$(PATH=/usr/bin:/bin make -s -f - PACKAGE="$package/kelgdicontrol.mk" \
+        BR2_PACKAGE_KELGDICONTROL_GALLERY="$2" BR2_PACKAGE_KELGDICONTROL_TESTS="$2" print <<'TEXT'
 qstrip = $(strip $(subst ",,$(1)))
 cmake-package = # nothing: the variables are what counts
 include $(PACKAGE)
