@@ -109,7 +109,7 @@ selftest() {
 
 nothing_remains() {
     inside root apt-get purge -qy '?name(kelgdi)' && ! find "$folder" -xdev -path "$folder/packages" -prune -o \
-        -path "$folder/try" -prune -o -path "$folder/proc" -prune -o -iname '*kelgdi*' -print | grep .
+        -path "$folder/try" -prune -o -iname '*kelgdi*' -print | grep .
 }
 
 exec 3>&1

@@ -39,7 +39,8 @@ def write(path, names):
     builder.setupHorizontalMetrics({name: (1000, side) for name, side in left_sides.items()})
     builder.setupHorizontalHeader(ascent=800, descent=-200)
     builder.setupNameTable(names, mac=False)
-    builder.setupOS2(sTypoAscender=800, sTypoDescender=-200, usWinAscent=800, usWinDescent=200)
+    builder.setupOS2(fsType=0, # anybody may install and embed it
+                     sTypoAscender=800, sTypoDescender=-200, usWinAscent=800, usWinDescent=200)
     builder.setupPost(keepGlyphNames=False)
     builder.font["head"].created = builder.font["head"].modified = 0
     builder.font.recalcTimestamp = False
