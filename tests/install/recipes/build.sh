@@ -228,6 +228,12 @@ TEXT
     make DESTDIR="$directory/target" install/fast -C buildroot-build
     installed staging
     installed target
+    # Built for size, as the release preset does.
+    $triplet-strip -o stripped.so "target/usr/lib/libKELGdiControl.so.$version"
+    local size limit=$((300 * 1024))
+    size=$(stat -c %s stripped.so)
+    echo "buildroot: $size bytes when stripped, at most $limit"
+    [ "$size" -le "$limit" ] || fail "the library is too large"
 }
 
 # --- what must hold in both -----------------------------------------------------------------------------------------
