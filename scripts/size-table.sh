@@ -76,7 +76,7 @@ initialisers() {
         R_*_RELATIVE)
             if ((16#$offset >= 16#$start && 16#$offset < 16#$start + 16#$size)); then
                 nm -C "$file" | awk -v address="$(printf '%016x' "$((16#$addend))")" \
-                    '$1 == address && $2 ~ /[tT]/ && $3 !~ /^\$/ { print $3; exit }'
+                    '$1 == address && $2 ~ /[tT]/ && $3 !~ /^\$/ { print $3 }'
             fi
             ;;
         esac
