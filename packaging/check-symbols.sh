@@ -17,8 +17,7 @@ Fails when LIBRARY (a libKELGdiControl.so.1 of amd64 or arm64) lacks a symbol of
 packaging/debian/libkelgdicontrol1.symbols or has others.
 
   --update   add the others to the file, as new in the version of packaging/debian/changelog. A symbol
-             that has gone breaks programs: it is only marked, with #MISSING, and deleted by hand
-             where it was never released.
+             that has gone breaks programs: its line is deleted by hand, where it was never released.
 TEXT
 }
 
@@ -50,12 +49,16 @@ library=$(readlink -f "$1")
 new=$(mktemp)
 trap 'rm -f "$new"' EXIT
 cd "$debian/.."
+version=$(dpkg-parsechangelog -S Version)
+# What is missing in the very version in which it came is not reported: when checking, name a later one.
+$update || version+=+check
 status=0
-dpkg-gensymbols -t -c4 -a"$architecture" -plibkelgdicontrol1 \
-    -v"$(dpkg-parsechangelog -S Version)" -I"$symbols" -e"$library" -O"$new" || status=$?
+report=$(dpkg-gensymbols -t -c4 -a"$architecture" -plibkelgdicontrol1 -v"$version" -I"$symbols" \
+    -e"$library" -O"$new" 2>&1) || status=$?
 if $update && [ -s "$new" ]; then
     # The offset in the name of a thunk is two pointers.
     sed 's/^ \(_ZTh\)/ (arch-bits=64)\1/' "$new" >"$symbols"
     exit 0
 fi
-exit $status
+[ "$status" -eq 0 ] || echo "$report" >&2
+exit "$status"

@@ -53,7 +53,7 @@ fi
 
 folder=$(mktemp -d "$PWD/build/packages/try.XXXXXX")
 log=$PWD/build/packages/try-$architecture.log
-trap 'rm -rf --one-file-system "$folder"' EXIT
+trap 'rm -rf --one-file-system "$folder" "$folder.output"' EXIT
 trap 'exit 130' INT
 trap 'exit 143' TERM
 : >"$log"
@@ -77,12 +77,14 @@ inside() {
 try() {
     local begin=$SECONDS
     echo "== $1" | tee -a "$log"
-    if "${@:2}" >>"$log" 2>&1; then
+    "${@:2}" >"$folder.output" 2>&1 && local status=0 || local status=$?
+    cat "$folder.output" >>"$log"
+    if [ "$status" -eq 0 ]; then
         passed=$((passed + 1))
         echo "   passed ($((SECONDS - begin)) s)"
     else
         failed=$((failed + 1))
-        tail -n 40 "$log"
+        tail -n 40 "$folder.output"
         echo "   FAILED ($((SECONDS - begin)) s)"
     fi
 }
