@@ -297,8 +297,7 @@ void tst_KELCaption::removedFontIsSeenAtOnce_data()
 void tst_KELCaption::removedFontIsSeenAtOnce()
 {
     QFETCH(QString, text);
-    const int id = QFontDatabase::addApplicationFont(
-        QStringLiteral(KEL_TEST_DATA "/../keliconfont/icons.ttf"));
+    const int id = QFontDatabase::addApplicationFont(besideProgram(QStringLiteral("icons.ttf")));
     QVERIFY(id >= 0);
     Scene scene;
     scene.text = text;
