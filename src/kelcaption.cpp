@@ -7,6 +7,7 @@
 
 #include <QtCore/QPointer>
 #include <QtCore/QSizeF>
+#include <QtCore/QStringList>
 #include <QtCore/QtMath>
 #include <QtGui/QFont>
 #include <QtGui/QFontMetricsF>
@@ -15,6 +16,7 @@
 #include <QtGui/QTextLayout>
 
 #include <algorithm>
+#include <cmath>
 #include <functional>
 #include <utility>
 
@@ -33,20 +35,50 @@ bool isSame(qreal a, qreal b)
 }
 
 // Counts how often the fonts that are installed have changed.
+class FontWatch
+{
+public:
+    FontWatch() = default;
+    ~FontWatch() { QObject::disconnect(m_connection); } // the library may be unloaded
+
+    int generation()
+    {
+        auto *const app = qobject_cast<QGuiApplication *>(QCoreApplication::instance());
+        if (m_app != app) {
+            m_app = app;
+            ++m_generation;
+            if (app) {
+                m_connection = QObject::connect(app, &QGuiApplication::fontDatabaseChanged, app,
+                                                [this] { ++m_generation; });
+            }
+        }
+        return m_generation;
+    }
+
+private:
+    Q_DISABLE_COPY(FontWatch)
+
+    QPointer<QGuiApplication> m_app;
+    QMetaObject::Connection m_connection;
+    int m_generation = 0;
+};
+
 int fontGeneration()
 {
-    static int generation = 0;
-    static QPointer<QCoreApplication> watched;
-    QCoreApplication *const app = QCoreApplication::instance();
-    if (watched != app) {
-        watched = app;
-        ++generation;
-        if (auto *const guiApp = qobject_cast<QGuiApplication *>(app)) {
-            QObject::connect(guiApp, &QGuiApplication::fontDatabaseChanged, guiApp,
-                             [] { ++generation; });
-        }
-    }
-    return generation;
+    static FontWatch watch;
+    return watch.generation();
+}
+
+// What QFont::insertSubstitution() has in place of the font.
+QStringList substitutesOf(const QFont &font)
+{
+    if (QFont::substitutions().isEmpty()) // as nearly always
+        return {};
+    QStringList substitutes = QFont::substitutes(font.family());
+    const QStringList families = font.families();
+    for (const QString &family : families)
+        substitutes += QFont::substitutes(family);
+    return substitutes;
 }
 
 // What Qt's drawText() treats in a way of its own.
@@ -57,6 +89,8 @@ bool isSpecial(QChar c)
 
 bool canBeKept(const QPainter &painter, int flags, const QString &text)
 {
+    if (!painter.isActive())
+        return false;
     const QFont &font = painter.font();
     return (flags & ~knownFlags) == 0 && painter.layoutDirection() != Qt::RightToLeft
         && !font.underline() && !font.overline() && !font.strikeOut()
@@ -71,11 +105,12 @@ struct Drawn
         return flags == other.flags && dpi == other.dpi && direction == other.direction
             && fontGeneration == other.fontGeneration && isSame(size.width(), other.size.width())
             && isSame(size.height(), other.size.height()) && text == other.text
-            && font == other.font;
+            && font == other.font && substitutes == other.substitutes;
     }
 
     QString text;
     QFont font;
+    QStringList substitutes;
     QSizeF size;
     int flags = 0;
     int dpi = 0;
@@ -83,12 +118,33 @@ struct Drawn
     int fontGeneration = 0;
 };
 
+Drawn drawnBy(const QPainter &painter, const QSizeF &size, int flags, const QString &text)
+{
+    return {text,
+            painter.font(),
+            substitutesOf(painter.font()),
+            size,
+            flags,
+            painter.device()->logicalDpiY(),
+            painter.layoutDirection(),
+            fontGeneration()};
+}
+
+// False for texts that have another width when they are elided: several lines, mnemonics, blanks at the end.
+bool isMeasuredAsDrawn(const QString &text)
+{
+    return !text.contains(QLatin1Char('\n')) && !text.contains(QLatin1Char('&'))
+        && !text.back().isSpace();
+}
+
 // The lines of a caption where QPainter::drawText() puts them.
 class Layout
 {
 public:
     explicit Layout(const Drawn &drawn);
 
+    // True when the whole text is on one line that is not wider.
+    bool fits(qreal widthPx) const;
     void draw(QPainter *painter, const QRectF &rect) const;
 
 private:
@@ -135,6 +191,12 @@ void Layout::breakLines(const Drawn &drawn)
     }
 }
 
+bool Layout::fits(qreal widthPx) const
+{
+    const QTextLine line = m_layout.lineAt(0);
+    return line.textLength() == m_layout.text().length() && line.naturalTextWidth() <= widthPx;
+}
+
 void Layout::draw(QPainter *painter, const QRectF &rect) const
 {
     qreal top = 0;
@@ -171,34 +233,69 @@ struct KELCaption::Kept
 {
     QString source;
     QFont sourceFont;
+    QStringList sourceSubstitutes;
     qreal width = -1;
     int fontGeneration = -1;
     QString trimmed;
 
     Drawn drawn;
-    std::unique_ptr<Layout> layout;
+    std::shared_ptr<Layout> layout; // a paint device may get it replaced while it is drawn
 };
 
 KELCaption::KELCaption() = default;
 
 KELCaption::~KELCaption() = default;
 
-QString KELCaption::trimmed(const KELRoundRectControlStyle &option, qreal width)
+bool KELCaption::isTrimmed(const KELRoundRectControlStyle &option, qreal width) const
+{
+    return m_kept && m_kept->fontGeneration == fontGeneration() && isSame(m_kept->width, width)
+        && m_kept->sourceFont.isCopyOf(option.font) && m_kept->source == option.text
+        && m_kept->sourceSubstitutes == substitutesOf(option.font);
+}
+
+void KELCaption::keepTrimmed(const KELRoundRectControlStyle &option, qreal width,
+                             const QString &text)
+{
+    m_kept->fontGeneration = fontGeneration();
+    m_kept->width = width;
+    m_kept->sourceFont = option.font;
+    m_kept->sourceSubstitutes = substitutesOf(option.font);
+    m_kept->source = option.text;
+    m_kept->trimmed = text;
+}
+
+void KELCaption::drawTrimmed(QPainter *painter, const QRectF &rect,
+                             const KELRoundRectControlStyle &option, qreal width)
 {
     if (option.text.isEmpty())
-        return {};
+        return;
     if (!m_kept)
         m_kept = std::make_unique<Kept>();
-    const int generation = fontGeneration();
-    if (m_kept->fontGeneration != generation || !isSame(m_kept->width, width)
-        || !m_kept->sourceFont.isCopyOf(option.font) || m_kept->source != option.text) {
-        m_kept->fontGeneration = generation;
-        m_kept->width = width;
-        m_kept->sourceFont = option.font;
-        m_kept->source = option.text;
-        m_kept->trimmed = option.getTrimmingText(option.text, width, option.font);
+    if (!isTrimmed(option, width)) {
+        if (drawWhole(painter, rect, option, width))
+            return;
+        keepTrimmed(option, width, option.getTrimmingText(option.text, width, option.font));
     }
-    return m_kept->trimmed;
+    draw(painter, rect, option.textFlags, QString(m_kept->trimmed));
+}
+
+// The layout that draws a caption tells as well whether it fits: to ask first would be to lay it out twice.
+bool KELCaption::drawWhole(QPainter *painter, const QRectF &rect,
+                           const KELRoundRectControlStyle &option, qreal width)
+{
+    if (!canBeKept(*painter, option.textFlags, option.text) || !isMeasuredAsDrawn(option.text)
+        || !painter->font().isCopyOf(option.font))
+        return false;
+    Drawn drawn = drawnBy(*painter, rect.size(), option.textFlags, option.text);
+    const Layout layout(drawn);
+    // A fraction of a pixel does not count when captions are elided.
+    if (!layout.fits(std::floor(width)))
+        return false;
+    keepTrimmed(option, width, option.text);
+    m_kept->layout.reset();
+    m_kept->drawn = std::move(drawn);
+    layout.draw(painter, rect);
+    return true;
 }
 
 void KELCaption::draw(QPainter *painter, const QRectF &rect, int flags, const QString &text)
@@ -211,21 +308,16 @@ void KELCaption::draw(QPainter *painter, const QRectF &rect, int flags, const QS
     }
     if (!m_kept)
         m_kept = std::make_unique<Kept>();
-    Drawn drawn = {text,
-                   painter->font(),
-                   rect.size(),
-                   flags,
-                   painter->device()->logicalDpiY(),
-                   painter->layoutDirection(),
-                   fontGeneration()};
+    Drawn drawn = drawnBy(*painter, rect.size(), flags, text);
     if (!(m_kept->drawn == drawn)) {
         // Most captions are drawn once, as an item keeps its picture, or change each time.
-        painter->drawText(rect, flags, text);
         m_kept->layout.reset();
         m_kept->drawn = std::move(drawn);
+        painter->drawText(rect, flags, text);
         return;
     }
     if (!m_kept->layout)
-        m_kept->layout = std::make_unique<Layout>(drawn);
-    m_kept->layout->draw(painter, rect);
+        m_kept->layout = std::make_shared<Layout>(drawn);
+    const std::shared_ptr<Layout> layout = m_kept->layout;
+    layout->draw(painter, rect);
 }

@@ -26,16 +26,22 @@ public:
     KELCaption();
     ~KELCaption();
 
-    // As KELRoundRectControlStyle::getTrimmingText() of the record's caption in its font.
-    QString trimmed(const KELRoundRectControlStyle &option, qreal width);
-
     // As QPainter::drawText(), with the painter's pen and font.
     void draw(QPainter *painter, const QRectF &rect, int flags, const QString &text);
+
+    // The same with the record's caption, after KELRoundRectControlStyle::getTrimmingText() in its font.
+    void drawTrimmed(QPainter *painter, const QRectF &rect, const KELRoundRectControlStyle &option,
+                     qreal width);
 
 private:
     Q_DISABLE_COPY(KELCaption)
 
     struct Kept;
+
+    bool isTrimmed(const KELRoundRectControlStyle &option, qreal width) const;
+    void keepTrimmed(const KELRoundRectControlStyle &option, qreal width, const QString &text);
+    bool drawWhole(QPainter *painter, const QRectF &rect, const KELRoundRectControlStyle &option,
+                   qreal width);
 
     std::unique_ptr<Kept> m_kept; // once there was something to draw
 };

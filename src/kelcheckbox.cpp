@@ -19,10 +19,10 @@ constexpr qreal knobRightOffsetPx = 27; // from the right end of the track to th
 
 void setDefaults(KELCheckBoxStyle *style)
 {
-    style->backgroundBrush = KELPainting::solidBrush<qRgb(200, 200, 200)>();
+    style->backgroundBrush = KELPainting::solidBrush(qRgb(200, 200, 200));
     style->borderWidth = 2.0F;
-    style->indicatorBrush = KELPainting::solidBrush<qRgb(0, 123, 185)>();
-    style->borderBrush = KELPainting::solidBrush<qRgb(255, 255, 255)>();
+    style->indicatorBrush = KELPainting::solidBrush(qRgb(0, 123, 185));
+    style->borderBrush = KELPainting::solidBrush(qRgb(255, 255, 255));
     style->xRadius = 15.0;
     style->yRadius = 15.0;
 }

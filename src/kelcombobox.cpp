@@ -229,16 +229,16 @@ void KELComboBoxPrivate::createParts()
     KELRoundRectControlStyle *const buttonStyle = button.create(q)->style();
     buttonStyle->backgroundBrush = QBrush(Qt::NoBrush);
     buttonStyle->borderWidth = 1.5F;
-    buttonStyle->borderBrush = KELPainting::solidBrush<qRgb(255, 255, 255)>();
+    buttonStyle->borderBrush = KELPainting::solidBrush(qRgb(255, 255, 255));
     text.create(button.get());
     arrow.create(button.get())->style()->text = downArrow();
 
     KELRoundRectControlStyle *const panelStyle = panel.create(q)->style();
     panel->hide();
-    panelStyle->borderBrush = KELPainting::solidBrush<qRgb(255, 255, 255)>();
+    panelStyle->borderBrush = KELPainting::solidBrush(qRgb(255, 255, 255));
     panelStyle->borderWidth = 1.0F;
-    panelStyle->backgroundBrush = KELPainting::solidBrush<qRgba(4, 4, 18, 240)>();
-    panelStyle->foregroundBrush = KELPainting::solidBrush<qRgb(255, 255, 255)>();
+    panelStyle->backgroundBrush = KELPainting::solidBrush(qRgba(4, 4, 18, 240));
+    panelStyle->foregroundBrush = KELPainting::solidBrush(qRgb(255, 255, 255));
 }
 
 void KELComboBoxPrivate::placeParts(qreal width, qreal textWidth, qreal arrowX, qreal height)
@@ -376,8 +376,8 @@ bool KELComboBoxPrivate::isOutside(const QWidget *receiver, const QPoint &pos) c
 
 void KELComboBoxPrivate::showEnabled() const
 {
-    const QBrush brush = q->isEnabled() ? KELPainting::solidBrush<qRgb(255, 255, 255)>()
-                                        : KELPainting::solidBrush<qRgba(170, 170, 180, 200)>();
+    const QBrush brush = q->isEnabled() ? KELPainting::solidBrush(qRgb(255, 255, 255))
+                                        : KELPainting::solidBrush(qRgba(170, 170, 180, 200));
     if (text)
         text->style()->foregroundBrush = brush;
     if (arrow)

@@ -13,9 +13,30 @@
 
 QString KELIconFont::g_fontFamily;
 
+namespace {
+
+// The icon font for all glyphs: each new font costs an allocation.
+QFont sharedIconFont()
+{
+    // Fonts take the resolution of the screen when they are made.
+    static QFont font;
+    static QString family;
+    static qreal dpi = -1;
+    const QScreen *const screen = QGuiApplication::primaryScreen();
+    const qreal screenDpi = screen ? screen->logicalDotsPerInchY() : 0;
+    if (family != KELIconFont::g_fontFamily || !std::equal_to<>()(dpi, screenDpi)) {
+        font = KELIconFont::iconFont();
+        family = KELIconFont::g_fontFamily;
+        dpi = screenDpi;
+    }
+    return font;
+}
+
+} // namespace
+
 KELIconFont::KELIconFont() : KELIconFont(0) { }
 
-KELIconFont::KELIconFont(unsigned short code) : m_glyph(code), m_font(iconFont()) { }
+KELIconFont::KELIconFont(unsigned short code) : m_glyph(code), m_font(sharedIconFont()) { }
 
 void KELIconFont::setIcon(const QChar &icon)
 {
@@ -55,19 +76,7 @@ void KELIconFont::drawIcon(QPainter *painter, const QRectF &rect, int flags) con
 
 QFont KELIconFont::iconFont()
 {
-    // Shared by all glyphs: each new font costs an allocation. Fonts take the resolution of the screen when they
-    // are made.
-    static QFont font;
-    static QString family;
-    static qreal dpi = -1;
-    const QScreen *const screen = QGuiApplication::primaryScreen();
-    const qreal screenDpi = screen ? screen->logicalDotsPerInchY() : 0;
-    if (family != g_fontFamily || !std::equal_to<>()(dpi, screenDpi)) {
-        font = QFont(g_fontFamily, -1, -1, false);
-        family = g_fontFamily;
-        dpi = screenDpi;
-    }
-    return font;
+    return {g_fontFamily, -1, -1, false};
 }
 
 QString KELIconFont::fontFamily()

@@ -20,7 +20,7 @@ void KELLabel::paint(QPainter *painter, const QStyleOptionGraphicsItem *styleOpt
 
 KELRoundRectControlStyle *KELLabel::initStyle()
 {
-    m_style->foregroundBrush = KELPainting::solidBrush<qRgb(255, 255, 255)>();
+    m_style->foregroundBrush = KELPainting::solidBrush(qRgb(255, 255, 255));
     m_style->backgroundBrush = QBrush(Qt::NoBrush);
     m_style->borderWidth = 0;
     return m_style;

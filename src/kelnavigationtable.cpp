@@ -86,8 +86,8 @@ void drawTab(QPainter *painter, const KELNavigationTableStyle &option,
 
 void setDefaults(KELNavigationTableItemStyle *style)
 {
-    style->buttonBackground = KELPainting::solidBrush<qRgba(0, 0, 0, 210)>();
-    style->buttonForeground = KELPainting::solidBrush<qRgb(255, 255, 255)>();
+    style->buttonBackground = KELPainting::solidBrush(qRgba(0, 0, 0, 210));
+    style->buttonForeground = KELPainting::solidBrush(qRgb(255, 255, 255));
     style->backgroundBrush = QBrush(Qt::NoBrush);
     style->borderWidth = 0;
     style->margins = QMarginsF(3, 3, 3, 3);
@@ -95,12 +95,12 @@ void setDefaults(KELNavigationTableItemStyle *style)
 
 void setDefaults(KELNavigationTableStyle *style)
 {
-    style->backgroundBrush = KELPainting::solidBrush<qRgba(20, 15, 55, 200)>();
+    style->backgroundBrush = KELPainting::solidBrush(qRgba(20, 15, 55, 200));
     style->borderWidth = 2.0F;
     // kept: the title is the name of another class
     style->title = QStringLiteral("KELRoundRectControlStyle");
-    style->titleBackgroundBrush = KELPainting::solidBrush<qRgba(40, 40, 40, 160)>();
-    style->titleForegroundBrush = KELPainting::solidBrush<qRgb(255, 255, 255)>();
+    style->titleBackgroundBrush = KELPainting::solidBrush(qRgba(40, 40, 40, 160));
+    style->titleForegroundBrush = KELPainting::solidBrush(qRgb(255, 255, 255));
     style->boundRect = QRectF(0, 0, 440, 310);
     style->xRadius = 0;
     style->yRadius = 0;

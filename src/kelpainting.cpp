@@ -8,6 +8,9 @@
 
 #include <QtGui/QPainter>
 
+#include <utility>
+#include <vector>
+
 namespace {
 
 // Far beyond any screen, and small enough that x + width cannot overflow an int.
@@ -18,7 +21,24 @@ int roundedPx(qreal value)
     return qRound(qBound(-farAwayPx, value, farAwayPx));
 }
 
+void setCaptionLook(QPainter *painter, const KELRoundRectControlStyle &option)
+{
+    painter->setFont(option.font);
+    painter->setPen(KELPainting::captionPen(option.foregroundBrush));
+}
+
 } // namespace
+
+QBrush KELPainting::solidBrush(QRgb rgba)
+{
+    static std::vector<std::pair<QRgb, QBrush>> brushes;
+    for (const auto &[colour, brush] : brushes) {
+        if (colour == rgba)
+            return brush;
+    }
+    brushes.emplace_back(rgba, QColor::fromRgba(rgba));
+    return brushes.back().second;
+}
 
 bool KELPainting::isPaintable(const QRectF &rect)
 {
@@ -130,14 +150,22 @@ void KELPainting::drawGlyph(QPainter *painter, const KELRoundRectControlStyle &o
 }
 
 void KELPainting::drawCaption(QPainter *painter, KELCaption *caption,
-                              const KELRoundRectControlStyle &option, const QRectF &rect,
-                              const QString &text)
+                              const KELRoundRectControlStyle &option, const QRectF &rect)
 {
     if (!isPaintable(rect))
         return;
-    painter->setFont(option.font);
-    painter->setPen(captionPen(option.foregroundBrush));
-    caption->draw(painter, rect, option.textFlags, text);
+    setCaptionLook(painter, option);
+    caption->draw(painter, rect, option.textFlags, option.text);
+}
+
+void KELPainting::drawTrimmedCaption(QPainter *painter, KELCaption *caption,
+                                     const KELRoundRectControlStyle &option, const QRectF &rect,
+                                     qreal trimWidth)
+{
+    if (!isPaintable(rect))
+        return;
+    setCaptionLook(painter, option);
+    caption->drawTrimmed(painter, rect, option, trimWidth);
 }
 
 void KELPainting::drawContentCaption(QPainter *painter, KELCaption *caption,
@@ -146,6 +174,8 @@ void KELPainting::drawContentCaption(QPainter *painter, KELCaption *caption,
     if (option.foregroundBrush.style() == Qt::NoBrush)
         return;
     const QRectF rect = contentRect(option.boundRect, option.margins);
-    drawCaption(painter, caption, option, rect,
-                option.trimText ? caption->trimmed(option, rect.width()) : option.text);
+    if (option.trimText)
+        drawTrimmedCaption(painter, caption, option, rect, rect.width());
+    else
+        drawCaption(painter, caption, option, rect);
 }

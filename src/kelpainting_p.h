@@ -26,13 +26,8 @@ namespace KELPainting {
 
 constexpr int centredWordWrap = 0x1084; // Qt::AlignCenter | Qt::TextWordWrap
 
-// A brush that is made once: each new one costs an allocation.
-template <QRgb rgba>
-const QBrush &solidBrush()
-{
-    static const QBrush brush(QColor::fromRgba(rgba));
-    return brush;
-}
+// A solid brush that all controls share: each new one costs an allocation.
+QBrush solidBrush(QRgb rgba);
 
 // True when all four values are finite: only such a rectangle can be painted.
 bool isPaintable(const QRectF &rect);
@@ -74,9 +69,12 @@ void drawText(QPainter *painter, const QFont &font, const QBrush &brush, int fla
 // Sets the painter's pen and font and draws the record's glyph.
 void drawGlyph(QPainter *painter, const KELRoundRectControlStyle &option, const QRectF &rect);
 
-// Sets the painter's pen and font and draws text as the caption of the record.
+// Sets the painter's pen and font and draws the record's caption, as it is or elided to trimWidth.
 void drawCaption(QPainter *painter, KELCaption *caption, const KELRoundRectControlStyle &option,
-                 const QRectF &rect, const QString &text);
+                 const QRectF &rect);
+void drawTrimmedCaption(QPainter *painter, KELCaption *caption,
+                        const KELRoundRectControlStyle &option, const QRectF &rect,
+                        qreal trimWidth);
 
 // Draws the record's caption into its content rectangle, elided if the record asks for it. Draws
 // nothing without a foreground brush.

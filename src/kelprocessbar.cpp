@@ -81,9 +81,9 @@ void KELProcessBar::paint(QPainter *painter, const QStyleOptionGraphicsItem * /*
 KELRoundRectControlStyle *KELProcessBar::initStyle()
 {
     m_style->boundRect = QRectF(0, 0, 100, 30);
-    m_style->backgroundBrush = KELPainting::solidBrush<qRgb(69, 69, 69)>();
-    m_style->borderBrush = KELPainting::solidBrush<qRgb(67, 110, 238)>();
-    m_style->foregroundBrush = KELPainting::solidBrush<qRgb(255, 255, 255)>();
+    m_style->backgroundBrush = KELPainting::solidBrush(qRgb(69, 69, 69));
+    m_style->borderBrush = KELPainting::solidBrush(qRgb(67, 110, 238));
+    m_style->foregroundBrush = KELPainting::solidBrush(qRgb(255, 255, 255));
     m_style->xRadius = 15.0;
     m_style->yRadius = 15.0;
     return m_style;

@@ -14,7 +14,7 @@ namespace {
 
 void setDefaults(KELPushButtonStyle *style)
 {
-    style->backgroundBrush = KELPainting::solidBrush<qRgba(0, 0, 0, 20)>();
+    style->backgroundBrush = KELPainting::solidBrush(qRgba(0, 0, 0, 20));
     style->iconMargins = QMarginsF(5, 1, 5, 1);
     style->borderWidth = 2.0F;
 }
@@ -29,13 +29,13 @@ KELPushButtonStyle *newStyle()
 
 void applyPressedLook(KELPushButtonStyle &option)
 {
-    option.backgroundBrush = KELPainting::solidBrush<qRgba(50, 70, 100, 200)>();
+    option.backgroundBrush = KELPainting::solidBrush(qRgba(50, 70, 100, 200));
 }
 
 void applyDisabledLook(KELPushButtonStyle &option)
 {
-    option.foregroundBrush = KELPainting::solidBrush<qRgba(150, 150, 150, 100)>();
-    option.borderBrush = KELPainting::solidBrush<qRgba(150, 150, 150, 100)>();
+    option.foregroundBrush = KELPainting::solidBrush(qRgba(150, 150, 150, 100));
+    option.borderBrush = KELPainting::solidBrush(qRgba(150, 150, 150, 100));
 }
 
 // Height of the caption strip below a picture.
@@ -67,8 +67,7 @@ void drawCaptionStrip(QPainter *painter, KELCaption *caption, const KELPushButto
                              rect.width() - margins.right() - margins.left(),
                              qreal(strip) - margins.top() - margins.bottom());
     // kept: trimmed to the width of the whole button, and always, whatever trimText says
-    KELPainting::drawCaption(painter, caption, option, captionRect,
-                             caption->trimmed(option, rect.width()));
+    KELPainting::drawTrimmedCaption(painter, caption, option, captionRect, rect.width());
 }
 
 void drawPixmapButton(QPainter *painter, KELCaption *caption, const KELPushButtonStyle &option)

@@ -59,9 +59,9 @@ KELRoundRectControlStyle *KELRadioBox::style()
 {
     // kept: every call puts these four fields back
     m_style->backgroundBrush = QBrush(Qt::NoBrush);
-    m_style->borderBrush = KELPainting::solidBrush<qRgb(255, 255, 255)>();
+    m_style->borderBrush = KELPainting::solidBrush(qRgb(255, 255, 255));
     m_style->borderWidth = 2.0F;
-    m_style->foregroundBrush = KELPainting::solidBrush<qRgb(50, 173, 235)>();
+    m_style->foregroundBrush = KELPainting::solidBrush(qRgb(50, 173, 235));
     return m_style;
 }
 

@@ -51,17 +51,24 @@ QString KELRoundRectControlStyle::getTrimmingText(const QString &source, double 
     return lines.join(QLatin1Char('\n'));
 }
 
-void KELControlPrivate::setDefaults(KELRoundRectControlStyle *newStyle)
+KELRoundRectControlStyle *KELControlPrivate::newStyle()
 {
-    newStyle->boundRect = QRectF(100, 100, 100, 30);
-    newStyle->backgroundBrush = KELPainting::solidBrush<qRgba(0, 0, 0, 20)>();
-    newStyle->foregroundBrush = KELPainting::solidBrush<qRgb(0, 0, 0)>();
-    newStyle->borderBrush = KELPainting::solidBrush<qRgb(0, 0, 0)>();
-    newStyle->borderWidth = 0.5F;
-    newStyle->contextMenu = nullptr;
-    newStyle->textFlags = KELPainting::centredWordWrap;
-    newStyle->trimText = true;
-    newStyle->iconSize = 30;
+    auto *const style = new KELRoundRectControlStyle();
+    setDefaults(style);
+    return style;
+}
+
+void KELControlPrivate::setDefaults(KELRoundRectControlStyle *style)
+{
+    style->boundRect = QRectF(100, 100, 100, 30);
+    style->backgroundBrush = KELPainting::solidBrush(qRgba(0, 0, 0, 20));
+    style->foregroundBrush = KELPainting::solidBrush(qRgb(0, 0, 0));
+    style->borderBrush = KELPainting::solidBrush(qRgb(0, 0, 0));
+    style->borderWidth = 0.5F;
+    style->contextMenu = nullptr;
+    style->textFlags = KELPainting::centredWordWrap;
+    style->trimText = true;
+    style->iconSize = 30;
 }
 
 KELPressScope::KELPressScope(KELRoundRectControl *control, QGraphicsSceneMouseEvent *event) :
@@ -88,7 +95,7 @@ bool KELPressScope::hasLostPointer(const KELRoundRectControl *control)
 }
 
 KELRoundRectControl::KELRoundRectControl(QGraphicsObject *parent) :
-    KELRoundRectControl(parent, KELRoundRectControl::initStyle())
+    KELRoundRectControl(parent, KELControlPrivate::newStyle())
 { }
 
 KELRoundRectControl::KELRoundRectControl(QGraphicsObject *parent,
@@ -332,9 +339,7 @@ void KELRoundRectControl::onCheckedEvent(bool /*check*/) { }
 
 KELRoundRectControlStyle *KELRoundRectControl::initStyle()
 {
-    auto *controlStyle = new KELRoundRectControlStyle();
-    KELControlPrivate::setDefaults(controlStyle);
-    return controlStyle;
+    return KELControlPrivate::newStyle();
 }
 
 // A derived control may accept the press after the base ignored it, and so get the rest of it.

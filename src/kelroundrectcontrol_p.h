@@ -17,8 +17,9 @@
 class KELControlPrivate
 {
 public:
-    // What the base's initStyle() makes of a new record.
-    static void setDefaults(KELRoundRectControlStyle *newStyle);
+    // What the base's initStyle() returns, and what it makes of a new record.
+    static KELRoundRectControlStyle *newStyle();
+    static void setDefaults(KELRoundRectControlStyle *style);
 
     static KELCaption *captionOf(KELRoundRectControl *control) { return &control->d->caption; }
 

@@ -65,7 +65,7 @@ void KELSideMenuPrivate::addSeparator(float position, const QSize &view)
     else
         line->setLine(QPointF(0, at), QPointF(view.width(), at));
     line->style()->borderWidth = space;
-    line->style()->borderBrush = KELPainting::solidBrush<qRgb(255, 255, 255)>();
+    line->style()->borderBrush = KELPainting::solidBrush(qRgb(255, 255, 255));
     scene->addItem(line);
     lines.append(line);
 }

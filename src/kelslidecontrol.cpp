@@ -169,9 +169,9 @@ void KELSlideControl::paint(QPainter *painter, const QStyleOptionGraphicsItem * 
                         rect.y() + rect.height() * 0.5 - grooveHeightPx * 0.5,
                         rect.width() - 2 * grooveInsetPx, grooveHeightPx);
     const QBrush fill = isEnabled() ? m_style->foregroundBrush
-                                    : KELPainting::solidBrush<qRgb(110, 110, 110)>();
+                                    : KELPainting::solidBrush(qRgb(110, 110, 110));
     const QBrush outline = isEnabled() ? m_style->borderBrush
-                                       : KELPainting::solidBrush<qRgb(170, 170, 170)>();
+                                       : KELPainting::solidBrush(qRgb(170, 170, 170));
 
     if (m_style->backgroundBrush.style() != Qt::NoBrush) {
         painter->setPen(Qt::NoPen);
@@ -233,8 +233,8 @@ void KELSlideControl::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
 
 KELRoundRectControlStyle *KELSlideControl::initStyle()
 {
-    m_style->backgroundBrush = KELPainting::solidBrush<qRgb(192, 192, 192)>();
-    m_style->foregroundBrush = KELPainting::solidBrush<qRgb(50, 173, 235)>();
-    m_style->borderBrush = KELPainting::solidBrush<qRgb(255, 255, 255)>();
+    m_style->backgroundBrush = KELPainting::solidBrush(qRgb(192, 192, 192));
+    m_style->foregroundBrush = KELPainting::solidBrush(qRgb(50, 173, 235));
+    m_style->borderBrush = KELPainting::solidBrush(qRgb(255, 255, 255));
     return m_style;
 }

@@ -6,8 +6,11 @@
 #include <kellabel.h>
 #include <kelpushbutton.h>
 
+#include <QtCore/QPointer>
 #include <QtGui/QFontDatabase>
 #include <QtGui/QFontMetrics>
+#include <QtGui/QPaintDevice>
+#include <QtGui/QPaintEngine>
 #include <QtGui/QPainter>
 
 #include <functional>
@@ -111,6 +114,57 @@ Scene beginning(int index)
     }
     return scene;
 }
+
+// Deletes a control as soon as a text is drawn on it.
+class DeletingDevice : public QPaintDevice
+{
+public:
+    explicit DeletingDevice(QGraphicsObject *victim) : m_engine(victim) { }
+    QPaintEngine *paintEngine() const override { return &m_engine; }
+    bool isDeleted() const { return !m_engine.victim; }
+
+protected:
+    int metric(PaintDeviceMetric metric) const override
+    {
+        switch (metric) {
+        case PdmDpiX:
+        case PdmDpiY:
+        case PdmPhysicalDpiX:
+        case PdmPhysicalDpiY:
+            return 96;
+        case PdmWidth:
+        case PdmHeight:
+            return 300;
+        case PdmDevicePixelRatioScaled:
+            return int(devicePixelRatioFScale());
+        default:
+            return 1;
+        }
+    }
+
+private:
+    class Engine : public QPaintEngine
+    {
+    public:
+        explicit Engine(QGraphicsObject *object) : QPaintEngine(AllFeatures), victim(object) { }
+        bool begin(QPaintDevice * /*device*/) override { return true; }
+        bool end() override { return true; }
+        void updateState(const QPaintEngineState & /*state*/) override { }
+        void drawPixmap(const QRectF & /*rect*/, const QPixmap & /*pixmap*/,
+                        const QRectF & /*source*/) override
+        { }
+        void drawPath(const QPainterPath & /*path*/) override { }
+        void drawTextItem(const QPointF & /*pos*/, const QTextItem & /*item*/) override
+        {
+            delete victim;
+        }
+        Type type() const override { return User; }
+
+        QPointer<QGraphicsObject> victim;
+    };
+
+    mutable Engine m_engine;
+};
 
 struct NamedChange
 {
@@ -244,7 +298,11 @@ private Q_SLOTS:
     void fontIsChangedInPlace();
     void removedFontIsSeenAtOnce_data();
     void removedFontIsSeenAtOnce();
+    void substitutionIsSeenAtOnce_data();
+    void substitutionIsSeenAtOnce();
     void captionStripIsSeenAtOnce();
+    void painterWithoutDeviceDrawsNothing();
+    void controlIsDeletedByThePaintDevice();
     void painterIsLeftAsByTheFirstPaint();
 };
 
@@ -318,6 +376,64 @@ void tst_KELCaption::removedFontIsSeenAtOnce()
     QVERIFY(QFontDatabase::removeApplicationFont(id));
     QVERIFY(drawnByHand(scene) != before);
     QCOMPARE(isAsByHand(), QString());
+}
+
+void tst_KELCaption::substitutionIsSeenAtOnce_data()
+{
+    QTest::addColumn<bool>("isNew");
+    QTest::newRow("the record as it is") << false;
+    QTest::newRow("a new font in the record") << true;
+}
+
+void tst_KELCaption::substitutionIsSeenAtOnce()
+{
+    QFETCH(bool, isNew);
+    const QString family = QStringLiteral("No such family %1").arg(isNew);
+    Scene scene;
+    scene.text = QStringLiteral("Substitutes iiii");
+    scene.font = QFont(family, 12);
+    KELLabel label;
+    apply(scene, &label);
+    for (int i = 0; i < 3; ++i)
+        QCOMPARE(KelImage::difference(painted(scene, &label), drawnByHand(scene)), QString());
+    const QImage before = drawnByHand(scene);
+    QFont::insertSubstitution(family, QStringLiteral("DejaVu Sans Mono"));
+    if (isNew) {
+        scene.font = QFont(family, 12);
+        apply(scene, &label);
+    }
+    for (int i = 0; i < 3; ++i)
+        QCOMPARE(KelImage::difference(painted(scene, &label), drawnByHand(scene)), QString());
+    QVERIFY(drawnByHand(scene) != before);
+    QFont::removeSubstitutions(family);
+}
+
+void tst_KELCaption::painterWithoutDeviceDrawsNothing()
+{
+    KELLabel label;
+    apply(Scene(), &label);
+    QPainter painter;
+    for (int i = 0; i < 3; ++i)
+        label.paint(&painter, nullptr, nullptr);
+    const QStringList warnings = takeWarnings();
+    QVERIFY(!warnings.isEmpty());
+    for (const QString &warning : warnings)
+        QVERIFY2(warning.startsWith(QLatin1String("QPainter::")), qPrintable(warning));
+}
+
+void tst_KELCaption::controlIsDeletedByThePaintDevice()
+{
+    const Scene scene;
+    for (int paints = 0; paints < 4; ++paints) {
+        auto *const label = new KELLabel;
+        apply(scene, label);
+        for (int i = 0; i < paints; ++i)
+            painted(scene, label);
+        DeletingDevice device(label);
+        QPainter painter(&device);
+        label->paint(&painter, nullptr, nullptr);
+        QVERIFY(device.isDeleted());
+    }
 }
 
 void tst_KELCaption::captionStripIsSeenAtOnce()
