@@ -32,9 +32,9 @@ void setCaptionLook(QPainter *painter, const KELRoundRectControlStyle &option)
 QBrush KELPainting::solidBrush(QRgb rgba)
 {
     static std::vector<std::pair<QRgb, QBrush>> brushes;
-    for (const auto &[colour, brush] : brushes) {
-        if (colour == rgba)
-            return brush;
+    for (const auto &kept : brushes) {
+        if (kept.first == rgba)
+            return kept.second;
     }
     brushes.emplace_back(rgba, QColor::fromRgba(rgba));
     return brushes.back().second;
