@@ -115,7 +115,7 @@ int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
     Benchmark::readArguments(argc, argv);
-    const int repetitions = Benchmark::repetitions(100 * buttons); // whole frames
+    constexpr int repetitions = 100 * buttons; // whole frames
     const auto cached = QGraphicsItem::DeviceCoordinateCache;
     run("limit 10 MB", Benchmark::Role::Reference, cached, 10240, repetitions);
     run("limit 20 MB", Benchmark::Role::Other, cached, 20480, repetitions);
