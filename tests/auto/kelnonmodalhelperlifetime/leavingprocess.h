@@ -207,9 +207,10 @@ struct Result
 inline Result start(const QString &way)
 {
     const QTemporaryDir runtimeDir;
-    const QByteArray command = "XDG_RUNTIME_DIR='" + QFile::encodeName(runtimeDir.path())
-        + "' " + qgetenv("KEL_EMULATOR") + " '" + QFile::encodeName(QCoreApplication::applicationFilePath())
-        + "' --leave " + way.toLatin1() + " 2>&1";
+    const QByteArray command = "XDG_RUNTIME_DIR='" + QFile::encodeName(runtimeDir.path()) + "' "
+        + qgetenv("KEL_EMULATOR") + " '"
+        + QFile::encodeName(QCoreApplication::applicationFilePath()) + "' --leave " + way.toLatin1()
+        + " 2>&1";
     Result result;
     // QProcess does not work in an emulated process.
     FILE *const process = popen(command.constData(), "r");
