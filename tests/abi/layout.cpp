@@ -100,9 +100,9 @@ static_assert(sizeof(KELRadioBoxGroup) == sizeof(QObject) + sizeof(void *),
 
 static_assert(sizeof(KELDataBind) == sizeof(QObject) + sizeof(void *),
               "a binding keeps its members in one record");
-static_assert(std::is_polymorphic_v<IKELValueConverter>
-                  && !std::has_virtual_destructor_v<IKELValueConverter>,
-              "two virtual functions and no destructor among them");
+static_assert(
+    std::is_polymorphic_v<IKELValueConverter> && !std::has_virtual_destructor_v<IKELValueConverter>,
+    "two virtual functions and no destructor among them");
 static_assert(sizeof(IKELValueConverter) == 2 * sizeof(void *), "a table and the kind");
 static_assert(sizeof(IKELValueConverter::ValueConverterType) == sizeof(int)
                   && sizeof(KELDataBind::BindMode) == sizeof(int),
