@@ -76,9 +76,6 @@ public:
 
 private:
     Q_DISABLE_COPY(KELRadioBox)
-    friend class KELRadioBoxGroup;
-
-    KELRadioBoxPrivate *const d;
 };
 
 /*!
@@ -159,16 +156,6 @@ Q_SIGNALS:
 
 private:
     Q_DISABLE_COPY(KELRadioBoxGroup)
-    friend class KELRadioBox;
-
-    Q_DECL_HIDDEN bool isSelected(const KELRadioBox *box) const;
-    Q_DECL_HIDDEN void select(int id, const KELRadioBox *clicked);
-    Q_DECL_HIDDEN void giveUp(int id, const KELRadioBox *clicked);
-    Q_DECL_HIDDEN void selectClicked(KELRadioBox *box);
-    Q_DECL_HIDDEN void unselectAgain(int previousId, const KELRadioBox *previous);
-    Q_DECL_HIDDEN void enterSelected(const KELRadioBox *clicked);
-    Q_DECL_HIDDEN void makeDeaf(KELRadioBox *box);
-    Q_DECL_HIDDEN void forget(KELRadioBox *box);
 
     KELRadioBoxGroupPrivate *const d;
 };

@@ -23,7 +23,6 @@ class QMenu;
 QT_END_NAMESPACE
 
 class KELControlPrivate;
-class KELPressScope;
 
 /*!
  * \brief The style record: how a control looks and which pointer state it is in.
@@ -71,8 +70,8 @@ struct KELGDI_EXPORT KELRoundRectControlStyle
     QFont font = QFont();
     //! The menu that a long press and a context-menu event open; null opens none. Default null.
     //! The application owns the menu and the control schedules it for deletion (QObject::deleteLater())
-    //! when it is destroyed; set the field to null before you delete the menu yourself, and do not let
-    //! two controls with different lifetimes share one menu.
+    //! when it is destroyed. A menu may die before the control, with its parent for example: it is not
+    //! opened any more. Do not let two controls with different lifetimes share one menu.
     QMenu *contextMenu;
     //! The content rectangle is the control's rectangle less these margins, in item px. Default 0.
     //! Margins larger than the rectangle give a negative content size, with which Qt draws a pixmap in
@@ -153,29 +152,49 @@ struct KELGDI_EXPORT KELRoundRectControlStyle
  * The 10 px are Manhattan distance in item coordinates: in a view scaled by 2 they are 20 px on the
  * screen. Fast taps are never lost: each is a click, whether or not Qt calls it a double click.
  *
- * A control gets moves and the release only if it accepts the press, which in Qt means that
- * QGraphicsItem::ItemIsSelectable or ItemIsMovable is set. The base sets neither: a plain
- * KELRoundRectControl reports mousePress and, 500 ms later, mouseLongPress, and stays in the pressed
- * state. Controls that are meant to be tapped set the flag.
+ * A control gets moves and the release only if it keeps the press. It keeps a press of the left button, or
+ * of a finger, when QGraphicsItem::ItemIsSelectable is set, and a press of any button when
+ * QGraphicsItem::ItemIsMovable is set. The base sets neither: a plain KELRoundRectControl reports
+ * mousePress and, 500 ms later, mouseLongPress, and stays in the pressed state. So does a control of a derived
+ * class that calls the base's mousePressEvent() and then ignores the event. Controls that are meant to be
+ * tapped set ItemIsSelectable. Where they accept the right button as well, a right press is reported with
+ * mousePress alone: look and timer are gone when the event loop has gone round once, unless a derived class
+ * accepts the event.
  *
- * \anchor passive <b>Controls that are not meant to be tapped.</b> A press on a control that is not selectable
- * goes no further, because a control is a panel, which no press passes; only the mouse buttons that the control
- * does not accept do. The item below gets nothing, unless the control is a child of a KELPushButton, which
- * takes the presses on its children. Call <tt>setAcceptedMouseButtons(Qt::NoButton)</tt> to let all presses
- * pass.
+ * \anchor passive <b>Controls that are not meant to be tapped.</b> Panels block presses; only buttons missing
+ * from acceptedMouseButtons() reach the items below, and a control is a panel. The item below gets nothing, unless
+ * the control is a child of a KELPushButton, which takes the presses on its children. Call
+ * <tt>setAcceptedMouseButtons(Qt::NoButton)</tt> to let all presses pass.
  *
  * A pressed control that loses the pointer (the grab is taken away, it is disabled, hidden or taken
  * out of the scene, its view is disabled, hidden or closed or shows another scene, a popup or a modal
  * dialog opens over it, the pressed button is no longer accepted) returns to the released look and sends
  * neither mouseLongPress nor mouseClicked. A release that reaches it later all the same is reported with
- * mouseRelease only.
+ * mouseRelease only. A touch that the window system cancels (palm rejection, a gesture of the compositor) ends
+ * with mouseRelease and without mouseClicked.
+ *
+ * While the context menu of a control is open, the control sends no mouseLongPress and does not open the menu
+ * again.
+ *
+ * \section fingers Several fingers
+ * Qt makes a mouse of one finger at a time. The library makes presses of the others, so that two thumbs can type on
+ * a keypad: while a finger is down on a control, each further finger presses, moves and releases the control
+ * on which it comes down, with the signals above, in any QGraphicsView. Neither disturbs the other.
+ *
+ * A further finger differs from the first one in this:
+ * - It is followed only while a finger that Qt made a mouse of came down on a control. While the first one rests on the
+ *   bare scene, on another kind of item or on a widget, Qt tells nobody of the others.
+ * - It presses controls only, and of these no control that is pressed already and none that is movable.
+ * - Its second tap in a row is a press, not a double click.
+ * - It does not close an open KELComboBox, KELNonModalDialog or KELNonModalhelper, sends no hover events and moves no
+ *   keyboard focus.
  *
  * \section lifetime Lifetime
  * A control may be deleted, with \c delete or QObject::deleteLater(), in any slot of any of its
- * signals, also while its context menu is open. Qt itself does not allow as much elsewhere: a slot of
- * QGraphicsScene::selectionChanged(), which a tap on a selectable control fires, must not delete the item
- * that is being selected, and no slot that runs inside a gesture may delete the view or the scene; use
- * QObject::deleteLater() there.
+ * signals, also while its context menu is open, and so may any other control. Qt itself does not allow as much
+ * elsewhere: a slot of QGraphicsScene::selectionChanged(), which a tap on a selectable control fires, must not
+ * delete the item that is being selected, and no slot that runs inside a gesture may delete the view or the scene;
+ * use QObject::deleteLater() there.
  *
  * \section geometry Geometry
  * setboundRect() neither repaints nor tells the scene. Set the rectangle first and add the control to
@@ -235,7 +254,9 @@ public:
 
     /*!
      * Returns the rectangle in item px: \c boundRect as it stands, or, with a parent item,
-     * \c boundRect moved by the top-left corner of the parent's boundingRect().
+     * \c boundRect moved by the top-left corner of the parent's boundingRect(). While that parent derives its
+     * own rectangle from those of its children (QGraphicsItem::childrenBoundingRect()), the children answer with
+     * \c boundRect as it stands.
      */
     QRectF boundingRect() const override;
 
@@ -272,7 +293,8 @@ Q_SIGNALS:
     void mouseRelease(const QPointF &pos);
     //! The pointer entered the control; only while hover events are accepted.
     void mouseEnter();
-    //! The pointer left the control; only while hover events are accepted.
+    //! The pointer left the control; only while hover events are accepted. Comes before the mouseEnter() of the
+    //! control that the pointer enters; on the next event-loop iteration where an item of another kind is entered.
     void mouseLeave();
 
 protected:
@@ -306,9 +328,14 @@ public:
      *
      * For constructors only: each constructor in the chain calls its own class's version and stores
      * the result. A derived version carries the look of the present record over with
-     * KELRoundRectControlStyle::copy(), deletes that record, as the type it has, and returns the new one,
-     * which must not be smaller than what the classes below expect. The base version returns a new record
-     * that the caller owns.
+     * KELRoundRectControlStyle::copy(), deletes that record, as the type it has, and returns the new one.
+     * The base version returns a new record that the caller owns.
+     *
+     * \warning The record of a class must derive from the record of its base class: that of a class derived from
+     * KELCheckBox from KELCheckBoxStyle, from KELPushButton from KELPushButtonStyle, from KELNavigationTable from
+     * KELNavigationTableStyle, from KELNavigationTableItem from KELNavigationTableItemStyle. Those classes read
+     * their fields whenever they paint, and a record without them is too short. Fields of a replaced record
+     * that own memory (brushes, strings) are reset by the class that replaced it, in its destructor.
      */
     virtual KELRoundRectControlStyle *initStyle();
 
@@ -316,21 +343,15 @@ protected:
     //! The style record, owned; derived constructors store the result of their initStyle() here.
     KELRoundRectControlStyle *m_style;
 
+    //! \cond
+    // For the library's own controls that have a larger record or private class: each is made once then.
+    Q_DECL_HIDDEN KELRoundRectControl(QGraphicsObject *parent, KELRoundRectControlStyle *newStyle,
+                                      KELControlPrivate *newPrivate);
+    //! \endcond
+
 private:
     Q_DISABLE_COPY(KELRoundRectControl)
-    friend class KELCheckBox;
     friend class KELControlPrivate;
-    friend class KELNavigationTable;
-    friend class KELNavigationTableItem;
-    friend class KELPressScope;
-    friend class KELPushButton;
-
-    // For classes with a record of their own, which is made once then.
-    Q_DECL_HIDDEN KELRoundRectControl(QGraphicsObject *parent, KELRoundRectControlStyle *newStyle);
-
-    Q_DECL_HIDDEN void settlePress();
-    Q_DECL_HIDDEN bool dropLostPress();
-    Q_DECL_HIDDEN bool handOnStalePress(QGraphicsSceneMouseEvent *event);
 
     KELControlPrivate *const d;
 };

@@ -27,14 +27,6 @@ void setDefaults(KELCheckBoxStyle *style)
     style->yRadius = 15.0;
 }
 
-KELCheckBoxStyle *newStyle()
-{
-    auto *const style = new KELCheckBoxStyle();
-    KELControlPrivate::setDefaults(style);
-    setDefaults(style);
-    return style;
-}
-
 // kept: components are not limited; outside 0 to 255 Qt warns and makes the colour invalid
 QColor shifted(const QColor &colour, int rgbShift, int alpha)
 {
@@ -108,7 +100,9 @@ void drawBar(QPainter *painter, const KELCheckBoxStyle &option)
 } // namespace
 
 KELCheckBox::KELCheckBox(QGraphicsObject *parent) :
-    KELRoundRectControl(parent, newStyle()), d(new KELCheckBoxPrivate)
+    KELRoundRectControl(parent, KELOwnStyle<KELCheckBoxStyle>::create(setDefaults),
+                        new KELControlPrivate(this)),
+    d(new KELCheckBoxPrivate(m_style))
 {
     setAcceptHoverEvents(true);
     setAcceptTouchEvents(true);
@@ -118,8 +112,8 @@ KELCheckBox::KELCheckBox(QGraphicsObject *parent) :
 
 KELCheckBox::~KELCheckBox()
 {
-    // The base deletes the record as its own type, which does not destroy this field.
-    static_cast<KELCheckBoxStyle *>(m_style)->indicatorBrush = QBrush();
+    if (KELCheckBoxStyle *own = d->ownStyle.get(m_style))
+        own->indicatorBrush = QBrush();
     delete d;
 }
 
@@ -183,10 +177,12 @@ void KELCheckBox::paint(QPainter *painter, const QStyleOptionGraphicsItem *style
 
 void KELCheckBox::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
-    const KELPressScope scope(this, event);
+    const QPointer<KELCheckBox> alive(this);
     KELRoundRectControl::mousePressEvent(event);
-    if (scope.isForControl() && event->button() == Qt::LeftButton)
-        setCheck(!isCheck());
+    if (!KELPress::isOwn(alive) || event->button() != Qt::LeftButton)
+        return;
+    setCheck(!isCheck());
+    KELPress::settle(alive, event);
 }
 
 void KELCheckBox::onCheckedEvent(bool /*check*/)
@@ -203,10 +199,6 @@ void KELCheckBox::onCheckedEvent(bool /*check*/)
 
 KELRoundRectControlStyle *KELCheckBox::initStyle()
 {
-    auto *checkBoxStyle = new KELCheckBoxStyle();
-    m_style->copy(checkBoxStyle);
-    delete static_cast<KELCheckBoxStyle *>(m_style);
-    m_style = checkBoxStyle;
-    setDefaults(checkBoxStyle);
-    return checkBoxStyle;
+    m_style = d->ownStyle.replace(m_style, setDefaults);
+    return m_style;
 }

@@ -4,9 +4,15 @@
 #ifndef KELCHECKBOX_P_H
 #define KELCHECKBOX_P_H
 
+#include "kelcheckbox.h"
+#include "kelroundrectcontrol_p.h"
+
 class KELCheckBoxPrivate
 {
 public:
+    explicit KELCheckBoxPrivate(KELRoundRectControlStyle *style) : ownStyle(style) { }
+
+    KELOwnStyle<KELCheckBoxStyle> ownStyle;
     // kept: no function of the class sets it, only the tests do
     int layoutMode = 0;
 };

@@ -109,20 +109,14 @@ void setDefaults(KELNavigationTableStyle *style)
     style->tabHeight = 80.0F;
 }
 
-template <class Style>
-Style *newStyle()
-{
-    auto *const style = new Style();
-    KELControlPrivate::setDefaults(style);
-    setDefaults(style);
-    return style;
-}
-
 } // namespace
 
 class KELNavigationTableItemPrivate
 {
 public:
+    explicit KELNavigationTableItemPrivate(KELRoundRectControlStyle *style) : ownStyle(style) { }
+
+    KELOwnStyle<KELNavigationTableItemStyle> ownStyle;
     QRectF tab; // in the table
     KELNavigationTablePrivate *table = nullptr; // of which it is a page
 };
@@ -130,35 +124,41 @@ public:
 class KELNavigationTablePrivate
 {
 public:
-    explicit KELNavigationTablePrivate(KELNavigationTable *table) : q(table) { }
+    KELNavigationTablePrivate(KELNavigationTable *table, KELRoundRectControlStyle *style) :
+        q(table), ownStyle(style)
+    { }
 
     const KELNavigationTableStyle &style() const
     {
         return *static_cast<const KELNavigationTableStyle *>(q->style());
     }
+    int tabAt(const QPointF &pos) const;
     void show(int index);
     void place(KELNavigationTableItem *page) const;
     void layTabs() const;
     void forget(KELNavigationTableItem *page);
 
     KELNavigationTable *const q;
+    KELOwnStyle<KELNavigationTableStyle> ownStyle;
     QList<KELNavigationTableItem *> items;
     KELNavigationTableItem *current = nullptr;
     int selectIndex = -1;
 };
 
 KELNavigationTableItem::KELNavigationTableItem(QGraphicsObject *parent) :
-    KELRoundRectControl(parent, newStyle<KELNavigationTableItemStyle>()),
-    d(new KELNavigationTableItemPrivate)
+    KELRoundRectControl(parent, KELOwnStyle<KELNavigationTableItemStyle>::create(setDefaults),
+                        new KELControlPrivate(this)),
+    d(new KELNavigationTableItemPrivate(m_style))
 { }
 
 KELNavigationTableItem::~KELNavigationTableItem()
 {
     if (d->table)
         d->table->forget(this);
-    // The base deletes the record as its own type, which does not destroy these fields.
-    setButtonBackground(QBrush());
-    setButtonForeground(QBrush());
+    if (KELNavigationTableItemStyle *own = d->ownStyle.get(m_style)) {
+        own->buttonBackground = QBrush();
+        own->buttonForeground = QBrush();
+    }
     delete d;
 }
 
@@ -179,12 +179,18 @@ void KELNavigationTableItem::paint(QPainter * /*painter*/,
 
 KELRoundRectControlStyle *KELNavigationTableItem::initStyle()
 {
-    auto *const pageStyle = new KELNavigationTableItemStyle();
-    m_style->copy(pageStyle);
-    delete static_cast<KELNavigationTableItemStyle *>(m_style);
-    m_style = pageStyle;
-    setDefaults(pageStyle);
-    return pageStyle;
+    m_style = d->ownStyle.replace(m_style, setDefaults);
+    return m_style;
+}
+
+// -1 when there is none.
+int KELNavigationTablePrivate::tabAt(const QPointF &pos) const
+{
+    for (int i = 0; i < items.size(); ++i) {
+        if (items.at(i)->d->tab.contains(pos))
+            return i;
+    }
+    return -1;
 }
 
 // Hiding and showing pages emits signals of QGraphicsObject: a slot may select another page, delete pages or
@@ -252,8 +258,9 @@ void KELNavigationTablePrivate::forget(KELNavigationTableItem *page)
 }
 
 KELNavigationTable::KELNavigationTable(QGraphicsObject *parent) :
-    KELRoundRectControl(parent, newStyle<KELNavigationTableStyle>()),
-    d(new KELNavigationTablePrivate(this))
+    KELRoundRectControl(parent, KELOwnStyle<KELNavigationTableStyle>::create(setDefaults),
+                        new KELControlPrivate(this)),
+    d(new KELNavigationTablePrivate(this, m_style))
 {
     setAcceptHoverEvents(true);
     setAcceptTouchEvents(true);
@@ -271,11 +278,11 @@ KELNavigationTable::~KELNavigationTable()
         page->d->table = nullptr;
         delete page;
     }
-    // The base deletes the record as its own type, which does not destroy these fields.
-    auto *const tableStyle = static_cast<KELNavigationTableStyle *>(m_style);
-    tableStyle->title = QString();
-    tableStyle->titleBackgroundBrush = QBrush();
-    tableStyle->titleForegroundBrush = QBrush();
+    if (KELNavigationTableStyle *own = d->ownStyle.get(m_style)) {
+        own->title = QString();
+        own->titleBackgroundBrush = QBrush();
+        own->titleForegroundBrush = QBrush();
+    }
     delete d;
 }
 
@@ -401,24 +408,22 @@ void KELNavigationTable::paint(QPainter *painter, const QStyleOptionGraphicsItem
 
 KELRoundRectControlStyle *KELNavigationTable::initStyle()
 {
-    auto *const tableStyle = new KELNavigationTableStyle();
-    m_style->copy(tableStyle);
-    delete static_cast<KELNavigationTableStyle *>(m_style);
-    m_style = tableStyle;
-    setDefaults(tableStyle);
-    return tableStyle;
+    m_style = d->ownStyle.replace(m_style, setDefaults);
+    return m_style;
 }
 
 void KELNavigationTable::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
     // kept: the base does not hear of the press
-    for (int i = 0; i < d->items.size(); ++i) {
-        if (!d->items.at(i)->d->tab.contains(event->pos()))
-            continue;
-        if (i != d->selectIndex)
-            d->show(i);
+    KELPress *const press = KELPress::of(this);
+    if (!press->arrive(event))
         return;
-    }
+    press->beginUnseen(event);
+    const QPointer<KELNavigationTable> alive(this);
+    const int index = d->tabAt(event->pos());
+    if (index >= 0 && index != d->selectIndex)
+        d->show(index);
+    KELPress::settle(alive, event);
 }
 
 bool KELNavigationTable::sceneEventFilter(QGraphicsItem * /*watched*/, QEvent *event)

@@ -19,14 +19,6 @@ void setDefaults(KELPushButtonStyle *style)
     style->borderWidth = 2.0F;
 }
 
-KELPushButtonStyle *newStyle()
-{
-    auto *const style = new KELPushButtonStyle();
-    KELControlPrivate::setDefaults(style);
-    setDefaults(style);
-    return style;
-}
-
 void applyPressedLook(KELPushButtonStyle &option)
 {
     option.backgroundBrush = KELPainting::solidBrush(qRgba(50, 70, 100, 200));
@@ -95,7 +87,8 @@ void drawGlyphButton(QPainter *painter, KELCaption *caption, const KELPushButton
 } // namespace
 
 KELPushButton::KELPushButton(QGraphicsObject *parent) :
-    KELRoundRectControl(parent, newStyle()),
+    KELRoundRectControl(parent, KELOwnStyle<KELPushButtonStyle>::create(setDefaults),
+                        new KELControlPrivate(this)),
     isMouseDownTemplate(applyPressedLook),
     isDisableTemplate(applyDisabledLook)
 {
@@ -162,7 +155,7 @@ void KELPushButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *sty
     painter->setBrush(Qt::NoBrush);
     KELPainting::drawRoundRect(painter, option);
 
-    KELCaption *const caption = KELControlPrivate::captionOf(this);
+    KELCaption *const caption = &KELControlPrivate::get(this)->caption;
     if (!option.pixmap.isNull())
         drawPixmapButton(painter, caption, option);
     else if (!option.icon.isNull())
@@ -173,11 +166,10 @@ void KELPushButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *sty
 
 KELPushButtonStyle *KELPushButton::initStyle()
 {
-    auto *buttonStyle = new KELPushButtonStyle();
-    m_style->copy(buttonStyle);
-    delete m_style;
+    // The record adds nothing that owns memory.
+    KELPushButtonStyle *const buttonStyle = KELOwnStyle<KELPushButtonStyle>(nullptr).replace(
+        m_style, setDefaults);
     m_style = buttonStyle;
-    setDefaults(buttonStyle);
     return buttonStyle;
 }
 

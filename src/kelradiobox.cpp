@@ -35,14 +35,51 @@ void unselect(KELRadioBox *box)
 
 } // namespace
 
-class KELRadioBoxPrivate
+// In place of the base's: a box has no member of its own.
+class KELRadioBoxPrivate : public KELControlPrivate
 {
 public:
-    QVector<KELRadioBoxGroup *> groups; // living ones
+    using KELControlPrivate::KELControlPrivate;
+
+    static KELRadioBoxPrivate *get(const KELRadioBox *box)
+    {
+        return static_cast<KELRadioBoxPrivate *>(KELControlPrivate::get(box));
+    }
+
+    QVector<KELRadioBoxGroupPrivate *> groups; // living ones
+};
+
+class KELRadioBoxGroupPrivate
+{
+public:
+    explicit KELRadioBoxGroupPrivate(KELRadioBoxGroup *group) : q(group) { }
+    ~KELRadioBoxGroupPrivate();
+
+    void add(KELRadioBox *box, int id);
+    void forget(KELRadioBox *box);
+    bool isSelected(const KELRadioBox *box) const { return idToBox.value(currentId) == box; }
+    // clicked is the box whose checked() asks for it, or null.
+    void select(int id, const KELRadioBox *clicked);
+    void selectClicked(KELRadioBox *box);
+    void abandonSelection(int id, const KELRadioBox *clicked) const;
+    void enforceUnselected(int previousId, const KELRadioBox *previous) const;
+    void applySelection(const KELRadioBox *clicked);
+    void stopListening(KELRadioBox *box) const;
+
+    KELRadioBoxGroup *const q;
+    int currentId = 0;
+    QHash<int, KELRadioBox *> idToBox;
+    QHash<KELRadioBox *, int> boxToId;
+    QMultiHash<KELRadioBox *, QMetaObject::Connection> connections;
+    quint64 selectionGeneration = 0; // counts the selections that were begun
+    const KELRadioBox *boxBeingChecked = nullptr; // by the group
+
+private:
+    Q_DISABLE_COPY(KELRadioBoxGroupPrivate)
 };
 
 KELRadioBox::KELRadioBox(QGraphicsObject *parent) :
-    KELRoundRectControl(parent), d(new KELRadioBoxPrivate)
+    KELRoundRectControl(parent, KELControlPrivate::newStyle(), new KELRadioBoxPrivate(this))
 {
     style();
     setListening(this, true);
@@ -50,9 +87,9 @@ KELRadioBox::KELRadioBox(QGraphicsObject *parent) :
 
 KELRadioBox::~KELRadioBox()
 {
-    for (KELRadioBoxGroup *group : qAsConst(d->groups))
+    const QVector<KELRadioBoxGroupPrivate *> groups = KELRadioBoxPrivate::get(this)->groups;
+    for (KELRadioBoxGroupPrivate *group : groups)
         group->forget(this);
-    delete d;
 }
 
 KELRoundRectControlStyle *KELRadioBox::style()
@@ -87,15 +124,16 @@ void KELRadioBox::paint(QPainter *painter, const QStyleOptionGraphicsItem * /*st
 
 void KELRadioBox::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
-    const KELPressScope scope(this, event);
+    const QPointer<KELRadioBox> alive(this);
     const bool listened = acceptedMouseButtons().testFlag(Qt::LeftButton);
     KELRoundRectControl::mousePressEvent(event);
-    if (!scope.isForControl() || event->button() != Qt::LeftButton)
+    if (!KELPress::isOwn(alive) || event->button() != Qt::LeftButton)
         return;
     // A slot of this press may have had a group select the box: it stays checked then.
     if (listened && !acceptedMouseButtons().testFlag(Qt::LeftButton))
         return;
     setCheck(!isCheck());
+    KELPress::settle(alive, event);
 }
 
 void KELRadioBox::onCheckedEvent(bool check)
@@ -110,27 +148,129 @@ void KELRadioBox::onCheckedEvent(bool check)
         Q_EMIT checkChanged();
 }
 
-class KELRadioBoxGroupPrivate
+KELRadioBoxGroupPrivate::~KELRadioBoxGroupPrivate()
 {
-public:
-    int currentId = 0;
-    QHash<int, KELRadioBox *> idToBox;
-    QHash<KELRadioBox *, int> boxToId;
-    QMultiHash<KELRadioBox *, QMetaObject::Connection> connections;
-    quint64 selections = 0; // begun so far
-    const KELRadioBox *entering = nullptr; // being checked by the group
-};
+    for (const QMetaObject::Connection &connection : qAsConst(connections))
+        QObject::disconnect(connection);
+    for (auto it = boxToId.keyBegin(); it != boxToId.keyEnd(); ++it)
+        KELRadioBoxPrivate::get(*it)->groups.removeOne(this);
+}
+
+void KELRadioBoxGroupPrivate::add(KELRadioBox *box, int id)
+{
+    idToBox.insert(id, box);
+    boxToId.insert(box, id);
+    QVector<KELRadioBoxGroupPrivate *> &groups = KELRadioBoxPrivate::get(box)->groups;
+    if (!groups.contains(this))
+        groups.append(this);
+
+    const QPointer<KELRadioBoxGroup> alive(q);
+    if (id == currentId) {
+        box->setCheck(true);
+        if (alive && isSelected(box))
+            stopListening(box);
+        if (!alive || !boxToId.contains(box))
+            return;
+    }
+    connections.insert(box,
+                       QObject::connect(
+                           box, &KELRadioBox::checked, box, [this, box] { selectClicked(box); },
+                           Qt::DirectConnection));
+}
+
+void KELRadioBoxGroupPrivate::forget(KELRadioBox *box)
+{
+    boxToId.remove(box);
+    connections.remove(box);
+    for (auto it = idToBox.begin(); it != idToBox.end();)
+        it = *it == box ? idToBox.erase(it) : std::next(it);
+}
+
+void KELRadioBoxGroupPrivate::selectClicked(KELRadioBox *box)
+{
+    // A slot of this very checked() has selected another box: that one stays.
+    if (box == boxBeingChecked && !box->isCheck())
+        return;
+    select(boxToId[box], box);
+}
+
+void KELRadioBoxGroupPrivate::select(int id, const KELRadioBox *clicked)
+{
+    if (id == currentId || !idToBox.contains(id))
+        return;
+    const QPointer<KELRadioBoxGroup> alive(q);
+    const quint64 generation = ++selectionGeneration;
+    const int previousId = currentId;
+    const QPointer<KELRadioBox> previous(idToBox.value(previousId));
+    if (previous)
+        unselect(previous);
+    if (alive && generation != selectionGeneration) {
+        abandonSelection(id, clicked);
+        return;
+    }
+    if (alive) {
+        currentId = id;
+        enforceUnselected(previousId, previous);
+    }
+    if (alive)
+        applySelection(clicked);
+    if (alive)
+        Q_EMIT alive->idChanged();
+}
+
+// A slot has selected another box before id was selected: that one stays.
+void KELRadioBoxGroupPrivate::abandonSelection(int id, const KELRadioBox *clicked) const
+{
+    KELRadioBox *const box = idToBox.value(id);
+    if (box && box == clicked && !isSelected(box))
+        box->setCheck(false);
+}
+
+// A slot may have checked the box that was just unselected, or added another one under its id.
+void KELRadioBoxGroupPrivate::enforceUnselected(int previousId, const KELRadioBox *previous) const
+{
+    KELRadioBox *const box = idToBox.value(previousId);
+    if (!box || isSelected(box))
+        return;
+    if (box == previous)
+        box->setCheck(false);
+    else
+        unselect(box);
+}
+
+void KELRadioBoxGroupPrivate::applySelection(const KELRadioBox *clicked)
+{
+    KELRadioBox *const box = idToBox.value(currentId); // null when a slot destroyed it
+    if (!box)
+        return;
+    const QPointer<KELRadioBoxGroup> alive(q);
+    stopListening(box);
+    if (!alive || !isSelected(box) || (box == clicked && box->isCheck()))
+        return;
+    const QPointer<KELRadioBox> aliveBox(box);
+    const KELRadioBox *const outer = std::exchange(boxBeingChecked, box);
+    box->setProperty("check", true);
+    if (alive)
+        boxBeingChecked = outer;
+    if (aliveBox)
+        box->update();
+}
+
+void KELRadioBoxGroupPrivate::stopListening(KELRadioBox *box) const
+{
+    const QPointer<KELRadioBoxGroup> alive(q);
+    setListening(box, false);
+    // It may have been selected in the scene, so that a slot ran and chose another box.
+    if (alive && boxToId.contains(box) && !isSelected(box))
+        setListening(box, true);
+}
 
 KELRadioBoxGroup::KELRadioBoxGroup(QObject *parent) :
-    QObject(parent), d(new KELRadioBoxGroupPrivate)
+    QObject(parent), d(new KELRadioBoxGroupPrivate(this))
 { }
 
 KELRadioBoxGroup::~KELRadioBoxGroup()
 {
-    for (const QMetaObject::Connection &connection : qAsConst(d->connections))
-        disconnect(connection);
-    for (auto it = d->boxToId.keyBegin(); it != d->boxToId.keyEnd(); ++it)
-        (*it)->d->groups.removeOne(this);
     delete d;
 }
 
@@ -148,119 +288,10 @@ void KELRadioBoxGroup::addRadioBox(KELRadioBox *box, int id)
         qDebug() << "waring : id" << id << "is already exist";
         return;
     }
-    d->idToBox.insert(id, box);
-    d->boxToId.insert(box, id);
-    if (!box->d->groups.contains(this))
-        box->d->groups.append(this);
-
-    const QPointer<KELRadioBoxGroup> alive(this);
-    if (id == d->currentId) {
-        box->setCheck(true);
-        if (alive && isSelected(box))
-            makeDeaf(box);
-        if (!alive || !d->boxToId.contains(box))
-            return;
-    }
-    d->connections.insert(box,
-                          connect(
-                              box, &KELRadioBox::checked, box, [this, box] { selectClicked(box); },
-                              Qt::DirectConnection));
-}
-
-void KELRadioBoxGroup::selectClicked(KELRadioBox *box)
-{
-    // A slot of this very checked() has selected another box: that one stays.
-    if (box == d->entering && !box->isCheck())
-        return;
-    select(d->boxToId[box], box);
+    d->add(box, id);
 }
 
 void KELRadioBoxGroup::setId(int idin)
 {
-    select(idin, nullptr);
-}
-
-bool KELRadioBoxGroup::isSelected(const KELRadioBox *box) const
-{
-    return d->idToBox.value(d->currentId) == box;
-}
-
-// Selects id; clicked is the box whose checked() asks for it, or null.
-void KELRadioBoxGroup::select(int id, const KELRadioBox *clicked)
-{
-    if (id == d->currentId || !d->idToBox.contains(id))
-        return;
-    const QPointer<KELRadioBoxGroup> alive(this);
-    const quint64 selection = ++d->selections;
-    const int previousId = d->currentId;
-    const QPointer<KELRadioBox> previous(d->idToBox.value(previousId));
-    if (previous)
-        unselect(previous);
-    if (alive && selection != d->selections) {
-        giveUp(id, clicked);
-        return;
-    }
-    if (alive) {
-        d->currentId = id;
-        unselectAgain(previousId, previous);
-    }
-    if (alive)
-        enterSelected(clicked);
-    if (alive)
-        Q_EMIT idChanged();
-}
-
-// A slot has selected another box before id was selected: that one stays.
-void KELRadioBoxGroup::giveUp(int id, const KELRadioBox *clicked)
-{
-    KELRadioBox *const box = d->idToBox.value(id);
-    if (box && box == clicked && !isSelected(box))
-        box->setCheck(false);
-}
-
-// A slot may have checked the box that was just unselected, or added another one under its id.
-void KELRadioBoxGroup::unselectAgain(int previousId, const KELRadioBox *previous)
-{
-    KELRadioBox *const box = d->idToBox.value(previousId);
-    if (!box || isSelected(box))
-        return;
-    if (box == previous)
-        box->setCheck(false);
-    else
-        unselect(box);
-}
-
-void KELRadioBoxGroup::enterSelected(const KELRadioBox *clicked)
-{
-    KELRadioBox *const box = d->idToBox.value(d->currentId); // null when a slot destroyed it
-    if (!box)
-        return;
-    const QPointer<KELRadioBoxGroup> alive(this);
-    makeDeaf(box);
-    if (!alive || !isSelected(box) || (box == clicked && box->isCheck()))
-        return;
-    const QPointer<KELRadioBox> aliveBox(box);
-    const KELRadioBox *const outer = std::exchange(d->entering, box);
-    box->setProperty("check", true);
-    if (alive)
-        d->entering = outer;
-    if (aliveBox)
-        box->update();
-}
-
-void KELRadioBoxGroup::makeDeaf(KELRadioBox *box)
-{
-    const QPointer<KELRadioBoxGroup> alive(this);
-    setListening(box, false);
-    // It may have been selected in the scene, so that a slot ran and chose another box.
-    if (alive && d->boxToId.contains(box) && !isSelected(box))
-        setListening(box, true);
-}
-
-void KELRadioBoxGroup::forget(KELRadioBox *box)
-{
-    d->boxToId.remove(box);
-    d->connections.remove(box);
-    for (auto it = d->idToBox.begin(); it != d->idToBox.end();)
-        it = *it == box ? d->idToBox.erase(it) : std::next(it);
+    d->select(idin, nullptr);
 }

@@ -6,18 +6,18 @@
 #include "kelpainting_p.h"
 #include "kelroundrectcontrol_p.h"
 
-#include <QtCore/QCoreApplication>
 #include <QtCore/QTimerEvent>
+#include <QtGui/QCursor>
 #include <QtGui/QFontMetrics>
 #include <QtGui/QPainter>
-#include <QtWidgets/QGraphicsScene>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QGraphicsSceneMouseEvent>
-#include <QtWidgets/QMenu>
+#include <QtWidgets/QGraphicsView>
+
+#include <algorithm>
+#include <utility>
 
 namespace {
-
-constexpr int longPressMs = 500;
-constexpr qreal clickSlopPx = 10.0;
 
 // Text layout counts in 1/64 px, in an int, and subtracts the width of the ellipsis.
 constexpr double minTrimWidthPx = -16777216.0;
@@ -26,6 +26,67 @@ constexpr double maxTrimWidthPx = 33554431.0;
 int trimWidthPx(double width)
 {
     return qIsNaN(width) ? 0 : int(qBound(minTrimWidthPx, width, maxTrimWidthPx));
+}
+
+// An item whose rectangle a child is asking for, on the stack.
+class AskedParent
+{
+public:
+    explicit AskedParent(const QGraphicsItem *item) :
+        m_item(item), m_outer(std::exchange(innermost, this))
+    { }
+    ~AskedParent() { innermost = m_outer; }
+
+    static bool isAsked(const QGraphicsItem *item)
+    {
+        for (const AskedParent *asked = innermost; asked; asked = asked->m_outer) {
+            if (asked->m_item == item)
+                return true;
+        }
+        return false;
+    }
+
+private:
+    Q_DISABLE_COPY(AskedParent)
+
+    static const AskedParent *innermost;
+
+    const QGraphicsItem *const m_item;
+    const AskedParent *const m_outer;
+};
+
+const AskedParent *AskedParent::innermost = nullptr;
+
+// The control that the pointer has left, until its mouseLeave() is emitted. While Qt sends hover events it holds the
+// item that is entered next, which a slot of mouseLeave() may delete: so that one emits it first.
+KELRoundRectControl *leftControl = nullptr;
+
+void emitPendingLeave()
+{
+    if (KELRoundRectControl *control = std::exchange(leftControl, nullptr))
+        Q_EMIT control->mouseLeave();
+}
+
+// For all items of a scene at once, when the pointer leaves the view.
+bool isOfALeftView(const QGraphicsSceneHoverEvent *event)
+{
+    return !event->widget()->underMouse() && event->screenPos() == QCursor::pos()
+        && event->lastScreenPos() == event->screenPos();
+}
+
+// As Qt looks for the item under the pointer.
+bool isItemEnteredNext(const QGraphicsSceneHoverEvent *event)
+{
+    const auto *viewport = event->widget();
+    const auto *view = viewport ? qobject_cast<const QGraphicsView *>(viewport->parentWidget())
+                                : nullptr;
+    const QPoint pos = viewport ? viewport->mapFromGlobal(event->screenPos()) : QPoint();
+    if (!view || !viewport->rect().contains(pos) || isOfALeftView(event))
+        return false;
+    const QList<QGraphicsItem *> items = view->items(QRect(pos, QSize(1, 1)));
+    return std::any_of(items.begin(), items.end(), [](const QGraphicsItem *item) {
+        return item->acceptHoverEvents() || item->isWidget();
+    });
 }
 
 } // namespace
@@ -71,36 +132,40 @@ void KELControlPrivate::setDefaults(KELRoundRectControlStyle *style)
     style->iconSize = 30;
 }
 
-KELPressScope::KELPressScope(KELRoundRectControl *control, QGraphicsSceneMouseEvent *event) :
-    m_control(control), m_event(event), m_grabbed(KELPressWatch::holdsGrab(control))
-{ }
+KELControlPrivate::~KELControlPrivate() = default;
 
-KELPressScope::~KELPressScope()
+// Touches no menu that may be dead.
+void KELControlPrivate::learnContextMenu(const KELRoundRectControlStyle *style)
 {
-    if (m_control)
-        m_control->dropLostPress();
-    // From an item that ignored the press the scene takes the grab, and warns when it is gone already.
-    if (!m_control || (m_grabbed && !KELPressWatch::holdsGrab(m_control)))
-        m_event->accept();
+    const QWidgetList widgets = QApplication::allWidgets();
+    const auto found = std::find_if(widgets.begin(), widgets.end(), [style](const QWidget *widget) {
+        return widget == style->contextMenu;
+    });
+    QMenu *const menu = found == widgets.end() ? nullptr : qobject_cast<QMenu *>(*found);
+    knownMenu.reset(new KnownMenu{style->contextMenu, menu});
 }
 
-bool KELPressScope::isForControl() const
+void KELControlPrivate::openContextMenu(const KELRoundRectControlStyle *style, const QPoint &pos)
 {
-    return !m_control.isNull() && !m_control->d->hasHandedOnPress;
+    QMenu *const menu = liveContextMenu(style);
+    if (menu && !menu->isVisible())
+        menu->exec(pos);
 }
 
-bool KELPressScope::hasLostPointer(const KELRoundRectControl *control)
+QMenu *KELControlPrivate::liveContextMenu(const KELRoundRectControlStyle *style)
 {
-    return control->d->hasLostPointer();
+    noteContextMenu(style);
+    return style->contextMenu ? knownMenu->menu.data() : nullptr;
 }
 
 KELRoundRectControl::KELRoundRectControl(QGraphicsObject *parent) :
-    KELRoundRectControl(parent, KELControlPrivate::newStyle())
+    KELRoundRectControl(parent, KELControlPrivate::newStyle(), new KELControlPrivate(this))
 { }
 
 KELRoundRectControl::KELRoundRectControl(QGraphicsObject *parent,
-                                         KELRoundRectControlStyle *newStyle) :
-    QGraphicsObject(parent), m_style(newStyle), d(new KELControlPrivate)
+                                         KELRoundRectControlStyle *newStyle,
+                                         KELControlPrivate *newPrivate) :
+    QGraphicsObject(parent), m_style(newStyle), d(newPrivate)
 {
     setCacheMode(DeviceCoordinateCache);
     setFlag(ItemIsPanel, true);
@@ -108,9 +173,11 @@ KELRoundRectControl::KELRoundRectControl(QGraphicsObject *parent,
 
 KELRoundRectControl::~KELRoundRectControl()
 {
+    if (QMenu *menu = d->liveContextMenu(m_style))
+        menu->deleteLater();
+    if (leftControl == this)
+        leftControl = nullptr;
     delete d;
-    if (m_style->contextMenu)
-        m_style->contextMenu->deleteLater();
     // kept: deleted as the base record, also when it is a derived one
     delete m_style;
 }
@@ -127,7 +194,7 @@ QRectF KELRoundRectControl::rect() const
 
 bool KELRoundRectControl::isMouseDown() const
 {
-    return m_style->isMouseDown && !(d->watch && d->watch->isLost());
+    return m_style->isMouseDown && !d->press.hasLostPointer();
 }
 
 bool KELRoundRectControl::isCheck() const
@@ -175,9 +242,14 @@ void KELRoundRectControl::initStyleOption(KELRoundRectControlStyle *option,
 QRectF KELRoundRectControl::boundingRect() const
 {
     const QGraphicsItem *parent = parentItem();
+    if (!parent)
+        return m_style->boundRect;
+    // A parent may derive its rectangle from those of its children.
+    if (AskedParent::isAsked(parent))
+        return m_style->boundRect;
+    const AskedParent asked(parent);
     // kept: a child is placed relative to the corner of its parent's rectangle
-    return parent ? m_style->boundRect.translated(parent->boundingRect().topLeft())
-                  : m_style->boundRect;
+    return m_style->boundRect.translated(parent->boundingRect().topLeft());
 }
 
 // kept: neither overload tells the scene or repaints
@@ -230,49 +302,36 @@ void KELRoundRectControl::setText(QString text) // clazy:exclude=function-args-b
 void KELRoundRectControl::timerEvent(QTimerEvent *event)
 {
     QGraphicsObject::timerEvent(event);
-    if (event->timerId() != d->longPressTimer.timerId())
+    if (event->timerId() != d->press.longPressTimer.timerId())
         return;
-
-    d->longPressTimer.stop();
-    if (dropLostPress())
+    const QMenu *const openMenu = d->liveContextMenu(m_style);
+    if (!d->press.becomeLong() || (openMenu && openMenu->isVisible()))
         return;
-    const QPoint menuPos(qRound(d->pressPos.x()), qRound(d->pressPos.y()));
+    const QPoint menuPos(qRound(d->press.pressPos.x()), qRound(d->press.pressPos.y()));
     const QPointer<KELRoundRectControl> alive(this);
     Q_EMIT mouseLongPress();
     // kept: the item-local press position is used as a screen position
-    if (alive && m_style->contextMenu)
-        m_style->contextMenu->exec(menuPos);
+    if (alive)
+        d->openContextMenu(m_style, menuPos);
 }
 
 void KELRoundRectControl::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
-    if (handOnStalePress(event))
+    if (!d->press.arrive(event))
         return;
-    const KELPressScope scope(this, event);
-    d->hasHandedOnPress = false;
-    auto watch = std::make_unique<KELPressWatch>(this, event);
+    d->noteContextMenu(m_style);
+    const QPointer<KELRoundRectControl> alive(this);
     QGraphicsObject::mousePressEvent(event);
-    if (!scope.isControlAlive())
-        return;
-    // A coarse timer may fire 25 ms early.
-    d->longPressTimer.start(longPressMs, Qt::PreciseTimer, this);
-    d->pressPos = event->pos();
-    d->hasStaleGrab = false;
-    d->watch = std::move(watch);
-    d->watch->start(event, [this] { dropLostPress(); });
-    if (!m_style->isMouseDown) {
-        m_style->isMouseDown = true;
-        update();
+    if (alive) {
+        d->press.begin(event);
+        Q_EMIT mousePress(event->pos());
     }
-    Q_EMIT mousePress(event->pos());
-    if (scope.isControlAlive() && !event->isAccepted())
-        QMetaObject::invokeMethod(
-            this, [this] { settlePress(); }, Qt::QueuedConnection);
+    KELPress::settle(alive, event);
 }
 
 void KELRoundRectControl::mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event)
 {
-    if (handOnStalePress(event))
+    if (d->press.redeliverIfMisrouted(event))
         return;
     const QPointer<KELRoundRectControl> alive(this);
     QGraphicsObject::mouseDoubleClickEvent(event);
@@ -289,15 +348,7 @@ void KELRoundRectControl::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
     QGraphicsObject::mouseReleaseEvent(event);
     if (!alive)
         return;
-    dropLostPress();
-    const bool clicked = d->longPressTimer.isActive();
-    d->longPressTimer.stop();
-    d->watch.reset();
-    d->hasStaleGrab = false;
-    if (m_style->isMouseDown) {
-        m_style->isMouseDown = false;
-        update();
-    }
+    const bool clicked = d->press.end();
     Q_EMIT mouseRelease(event->pos());
     if (alive && clicked)
         Q_EMIT mouseClicked();
@@ -307,32 +358,49 @@ void KELRoundRectControl::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
 {
     const QPointer<KELRoundRectControl> alive(this);
     QGraphicsObject::mouseMoveEvent(event); // moves a movable item, which calls itemChange()
-    if (!alive || !d->longPressTimer.isActive())
-        return;
-    if ((d->pressPos - event->pos()).manhattanLength() > clickSlopPx)
-        d->longPressTimer.stop();
+    if (alive)
+        d->press.move(event->pos());
 }
 
 void KELRoundRectControl::hoverEnterEvent(QGraphicsSceneHoverEvent *event)
 {
+    const QPointer<KELRoundRectControl> alive(this);
     QGraphicsObject::hoverEnterEvent(event);
-    Q_EMIT mouseEnter();
+    emitPendingLeave();
+    if (alive)
+        Q_EMIT mouseEnter();
 }
 
 void KELRoundRectControl::hoverLeaveEvent(QGraphicsSceneHoverEvent *event)
 {
     QGraphicsObject::hoverLeaveEvent(event);
-    Q_EMIT mouseLeave();
+    if (!isItemEnteredNext(event)) {
+        Q_EMIT mouseLeave();
+        return;
+    }
+    const QPointer<KELRoundRectControl> alive(this);
+    emitPendingLeave();
+    if (!alive)
+        return;
+    leftControl = this;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (leftControl == this)
+                emitPendingLeave();
+        },
+        Qt::QueuedConnection);
 }
 
 void KELRoundRectControl::contextMenuEvent(QGraphicsSceneContextMenuEvent *event)
 {
     QGraphicsObject::contextMenuEvent(event);
-    if (!m_style->contextMenu)
+    if (!d->liveContextMenu(m_style))
         return;
     // Accepted first: once the menu was open, the items below may be gone.
     event->accept();
-    m_style->contextMenu->exec(event->screenPos());
+    d->press.cancel();
+    d->openContextMenu(m_style, event->screenPos());
 }
 
 void KELRoundRectControl::onCheckedEvent(bool /*check*/) { }
@@ -340,45 +408,4 @@ void KELRoundRectControl::onCheckedEvent(bool /*check*/) { }
 KELRoundRectControlStyle *KELRoundRectControl::initStyle()
 {
     return KELControlPrivate::newStyle();
-}
-
-// A derived control may accept the press after the base ignored it, and so get the rest of it.
-void KELRoundRectControl::settlePress()
-{
-    if (d->watch)
-        d->watch->settle();
-}
-
-// Ends a press whose pointer went elsewhere, silently. Returns true when it did.
-bool KELRoundRectControl::dropLostPress()
-{
-    if (!d->watch || !d->watch->isLost())
-        return false;
-    d->hasStaleGrab = d->watch->leavesStaleGrab();
-    d->watch.reset();
-    d->longPressTimer.stop();
-    if (m_style->isMouseDown) {
-        m_style->isMouseDown = false;
-        update();
-    }
-    return true;
-}
-
-// After a release that went to a popup or a dialog the scene still takes this control for the one that
-// is pressed, and sends it the next press, wherever that is. Gives such a press back to the scene.
-bool KELRoundRectControl::handOnStalePress(QGraphicsSceneMouseEvent *event)
-{
-    if (!d->hasStaleGrab)
-        return false;
-    d->hasStaleGrab = false;
-    // A press that arrives accepted was aimed here: the scene had let go of the old grab by itself.
-    if (event->isAccepted() || !KELPressWatch::holdsGrab(this))
-        return false;
-    const QPointer<KELRoundRectControl> alive(this);
-    QGraphicsScene *const ownScene = scene();
-    ownScene->mouseGrabberItem()->ungrabMouse();
-    QCoreApplication::sendEvent(ownScene, event);
-    if (alive)
-        d->hasHandedOnPress = true;
-    return true;
 }

@@ -5,56 +5,97 @@
 #define KELROUNDRECTCONTROL_P_H
 
 #include "kelcaption_p.h"
-#include "kelpresswatch_p.h"
+#include "kelpress_p.h"
 #include "kelroundrectcontrol.h"
 
-#include <QtCore/QBasicTimer>
-#include <QtCore/QPointF>
 #include <QtCore/QPointer>
+#include <QtWidgets/QMenu>
 
 #include <memory>
 
 class KELControlPrivate
 {
 public:
+    explicit KELControlPrivate(KELRoundRectControl *control) : press(control) { }
+    virtual ~KELControlPrivate();
+
+    static KELControlPrivate *get(const KELRoundRectControl *control) { return control->d; }
+
     // What the base's initStyle() returns, and what it makes of a new record.
     static KELRoundRectControlStyle *newStyle();
     static void setDefaults(KELRoundRectControlStyle *style);
 
-    static KELCaption *captionOf(KELRoundRectControl *control) { return &control->d->caption; }
+    // The record's context menu; null when it has died, which the record does not say.
+    QMenu *liveContextMenu(const KELRoundRectControlStyle *style);
+    // Runs it, unless it is open already. The control may be gone afterwards.
+    void openContextMenu(const KELRoundRectControlStyle *style, const QPoint &pos);
+    // Remembers the record's context menu while it is alive.
+    void noteContextMenu(const KELRoundRectControlStyle *style)
+    {
+        if (style->contextMenu && (!knownMenu || knownMenu->address != style->contextMenu))
+            learnContextMenu(style);
+    }
 
-    // True once the pointer went elsewhere, although moves may still arrive.
-    bool hasLostPointer() const { return hasStaleGrab || (watch && watch->isLost()); }
-
-    QBasicTimer longPressTimer; // while it runs, the press may still become a click
-    QPointF pressPos;
-    std::unique_ptr<KELPressWatch> watch; // while pressed
+    KELPress press;
     KELCaption caption;
-    bool hasStaleGrab = false; // the pointer was lost, but the scene still sends it here
-    bool hasHandedOnPress = false; // the last press was not for this control
-};
-
-// Lives while a control's mousePressEvent() runs, and leaves control and event in order whatever slots did.
-class KELPressScope
-{
-public:
-    KELPressScope(KELRoundRectControl *control, QGraphicsSceneMouseEvent *event);
-    ~KELPressScope();
-
-    bool isControlAlive() const { return !m_control.isNull(); }
-
-    // To be asked after the base has handled the press: false when that gave it to another control, or when a
-    // slot deleted the control.
-    bool isForControl() const;
-
-    static bool hasLostPointer(const KELRoundRectControl *control);
 
 private:
-    Q_DISABLE_COPY(KELPressScope)
+    Q_DISABLE_COPY(KELControlPrivate)
 
-    const QPointer<KELRoundRectControl> m_control;
-    QGraphicsSceneMouseEvent *const m_event;
-    const bool m_grabbed;
+    struct KnownMenu
+    {
+        const QMenu *address;
+        QPointer<QMenu> menu;
+    };
+
+    void learnContextMenu(const KELRoundRectControlStyle *style);
+
+    std::unique_ptr<KnownMenu> knownMenu; // once there was one
+};
+
+/*
+ * The record that a class of the library made, with fields behind those of the base. A control deletes its record as
+ * the base's type, which does not destroy those fields: the class resets them before. A class that derives from it
+ * may have stored a record without them, of which nobody can tell.
+ */
+template <class Style>
+class KELOwnStyle
+{
+public:
+    // What the class passes to the constructor of the base.
+    static Style *create(void (*setDefaults)(Style *))
+    {
+        auto *const style = new Style();
+        KELControlPrivate::setDefaults(style);
+        setDefaults(style);
+        return style;
+    }
+
+    explicit KELOwnStyle(KELRoundRectControlStyle *created) : m_own(static_cast<Style *>(created))
+    { }
+
+    // Null when current is not the record that the class made.
+    Style *get(const KELRoundRectControlStyle *current) const
+    {
+        return current == m_own ? m_own : nullptr;
+    }
+
+    // For initStyle(): carries the look of the current record over and deletes it.
+    Style *replace(KELRoundRectControlStyle *current, void (*setDefaults)(Style *))
+    {
+        auto *const style = new Style();
+        current->copy(style);
+        if (current == m_own)
+            delete m_own;
+        else
+            delete current;
+        m_own = style;
+        setDefaults(style);
+        return style;
+    }
+
+private:
+    Style *m_own;
 };
 
 #endif

@@ -203,9 +203,9 @@ void KELSlideControl::timerEvent(QTimerEvent *event)
 
 void KELSlideControl::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
-    const KELPressScope scope(this, event);
+    const QPointer<KELSlideControl> alive(this);
     KELRoundRectControl::mousePressEvent(event);
-    if (!scope.isForControl())
+    if (!KELPress::isOwn(alive))
         return;
     const QPointF pos = event->pos();
     d->dragging = d->knobRect.contains(pos);
@@ -217,6 +217,7 @@ void KELSlideControl::mousePressEvent(QGraphicsSceneMouseEvent *event)
     const QRectF &rect = m_style->boundRect;
     const qreal place = (pos.x() - rect.x()) / (rect.width() - knobSizePx);
     setValue(float(qreal(d->minimun) + qreal(d->range()) * place));
+    KELPress::settle(alive, event);
 }
 
 void KELSlideControl::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
@@ -224,7 +225,7 @@ void KELSlideControl::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
     const QPointer<KELSlideControl> alive(this);
     KELRoundRectControl::mouseMoveEvent(event);
     // kept: dragging stays true after the release
-    if (!alive || !d->dragging || KELPressScope::hasLostPointer(this))
+    if (!alive || !d->dragging || KELPress::of(this)->hasLostPointer())
         return;
     const qreal way = (event->pos().x() - d->pressPos.x())
         / (m_style->boundRect.width() - knobSizePx);

@@ -88,7 +88,8 @@ static_assert(addsOnlyAPointer<KELCheckBox>, "a check box keeps its members in o
 static_assert(addsOnlyAPointer<KELComboBox>, "a combo box keeps its members in one record");
 static_assert(sizeof(KELComboBoxItem) == sizeof(KELPushButton) + sizeof(void *),
               "an entry keeps its members in one record");
-static_assert(addsOnlyAPointer<KELRadioBox>, "a radio box keeps its members in one record");
+static_assert(sizeof(KELRadioBox) == sizeof(KELRoundRectControl),
+              "a radio box has no member of its own");
 static_assert(addsOnlyAPointer<KELProcessBar>, "a bar keeps its members in one record");
 static_assert(addsOnlyAPointer<KELSlideControl>, "a slider keeps its members in one record");
 static_assert(addsOnlyAPointer<KELNavigationTable>, "a table keeps its members in one record");

@@ -1,0 +1,333 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "kelpress_p.h"
+
+#include "kelroundrectcontrol_p.h"
+#include "keltouchrouter_p.h"
+
+#include <QtCore/QAbstractEventDispatcher>
+#include <QtCore/QCoreApplication>
+#include <QtCore/QPointer>
+#include <QtCore/QVector>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QGraphicsProxyWidget>
+#include <QtWidgets/QGraphicsScene>
+#include <QtWidgets/QGraphicsSceneMouseEvent>
+#include <QtWidgets/QGraphicsView>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr int longPressMs = 500;
+constexpr qreal clickSlopPx = 10.0;
+
+bool isInside(const QWidget *widget, const QWidget *ancestor)
+{
+    while (widget && widget != ancestor)
+        widget = widget->parentWidget();
+    return widget != nullptr;
+}
+
+const QWidget *outermostParent(const QWidget *widget)
+{
+    while (widget->parentWidget())
+        widget = widget->parentWidget();
+    return widget;
+}
+
+// True when modal keeps input from widget, by the rules of Qt::WindowModality.
+bool blocks(const QWidget *modal, const QWidget *widget)
+{
+    if (!widget)
+        return true;
+    if (isInside(widget, modal))
+        return false;
+    return modal->windowModality() != Qt::WindowModal
+        || outermostParent(modal) == outermostParent(widget);
+}
+
+// True when a pointer over this viewport reaches the items of scene. Views may show each other: those that were
+// visited are left out.
+bool deliversTo(const QWidget *viewport, const QGraphicsScene *scene,
+                QVector<const QWidget *> visited = {})
+{
+    if (!viewport || !viewport->isVisible() || !viewport->isEnabled())
+        return false;
+    const auto *view = qobject_cast<const QGraphicsView *>(viewport->parentWidget());
+    if (view && (view->scene() != scene || !view->isInteractive()))
+        return false;
+
+    const QGraphicsProxyWidget *proxy = viewport->window()->graphicsProxyWidget();
+    if (!proxy)
+        return true;
+    if (!proxy->isVisible() || !proxy->isEnabled() || !proxy->scene())
+        return false;
+    visited.append(viewport);
+    const QList<QGraphicsView *> outerViews = proxy->scene()->views();
+    return std::any_of(outerViews.begin(), outerViews.end(),
+                       [proxy, &visited](const QGraphicsView *outer) {
+                           return !visited.contains(outer->viewport())
+                               && deliversTo(outer->viewport(), proxy->scene(), visited);
+                       });
+}
+
+// True when the scene sends the pointer to the item, or to a child whose events the item handles.
+bool sceneTargets(const QGraphicsObject *item)
+{
+    const QGraphicsItem *grabber = item->scene() ? item->scene()->mouseGrabberItem() : nullptr;
+    return grabber == item
+        || (grabber != nullptr && item->handlesChildEvents() && item->isAncestorOf(grabber));
+}
+
+} // namespace
+
+// The state in which a press arrived, and what it needs to stay one.
+struct KELPress::Origin
+{
+    Origin(const KELRoundRectControl *control, const QGraphicsSceneMouseEvent *event);
+    ~Origin();
+
+    bool isCovered() const;
+
+    const Qt::MouseButtons button;
+    const bool isOfFurtherFinger;
+    // The scene ignores a press before it sends it to an item that holds the grab already.
+    const bool grabbedBefore;
+    const QPointer<QWidget> viewport;
+    const bool hadView;
+    const QPointer<QWidget> popup;
+    const QPointer<QWidget> modal;
+
+    bool isBegun = false;
+    bool isHeld = false; // the pointer belongs to the control until the release
+    bool mayBeReturned = false; // by a derived class that ignores the press which the base took
+    bool isRefused = false; // a selectable control keeps presses of the left button only
+    bool isRecheckDue = false;
+    std::array<QMetaObject::Connection, 3> connections;
+};
+
+KELPress::Origin::Origin(const KELRoundRectControl *control,
+                         const QGraphicsSceneMouseEvent *event) :
+    button(event->button() & control->acceptedMouseButtons()),
+    isOfFurtherFinger(KELTouchRouter::isSource(event)),
+    grabbedBefore(!isOfFurtherFinger && !event->isAccepted() && sceneTargets(control)),
+    viewport(event->widget()),
+    hadView(deliversTo(viewport, control->scene())),
+    popup(QApplication::activePopupWidget()),
+    modal(QApplication::activeModalWidget())
+{ }
+
+KELPress::Origin::~Origin()
+{
+    for (const QMetaObject::Connection &connection : connections)
+        QObject::disconnect(connection);
+}
+
+bool KELPress::Origin::isCovered() const
+{
+    const QWidget *newPopup = QApplication::activePopupWidget();
+    if (newPopup && newPopup != popup && !isInside(viewport, newPopup))
+        return true;
+    const QWidget *newModal = QApplication::activeModalWidget();
+    return newModal != nullptr && newModal != modal && blocks(newModal, viewport);
+}
+
+KELPress::KELPress(KELRoundRectControl *control) : m_control(control) { }
+
+KELPress::~KELPress() = default;
+
+KELPress *KELPress::of(const KELRoundRectControl *control)
+{
+    return &KELControlPrivate::get(control)->press;
+}
+
+bool KELPress::isOwn(const KELRoundRectControl *control)
+{
+    return control && of(control)->m_isOwn;
+}
+
+bool KELPress::arrive(QGraphicsSceneMouseEvent *event)
+{
+    if (redeliverIfMisrouted(event))
+        return false;
+    m_isOwn = true;
+    m_wasGrabbed = sceneTargets(m_control);
+    m_origin = std::make_unique<Origin>(m_control, event);
+    return true;
+}
+
+void KELPress::begin(QGraphicsSceneMouseEvent *event)
+{
+    // A coarse timer may fire 25 ms early.
+    longPressTimer.start(longPressMs, Qt::PreciseTimer, m_control);
+    pressPos = event->pos();
+    watch(event);
+    setPressedLook(true);
+}
+
+void KELPress::beginUnseen(QGraphicsSceneMouseEvent *event)
+{
+    longPressTimer.stop();
+    watch(event);
+}
+
+void KELPress::watch(const QGraphicsSceneMouseEvent *event)
+{
+    if (!m_origin) // a slot of the selection pressed and released the control meanwhile
+        m_origin = std::make_unique<Origin>(m_control, event);
+    m_hasStaleGrab = false;
+    Origin &origin = *m_origin;
+    const bool isOffered = m_wasGrabbed || origin.isOfFurtherFinger;
+    origin.isBegun = true;
+    origin.isHeld = origin.grabbedBefore || (isOffered && event->isAccepted());
+    origin.mayBeReturned = origin.isHeld && !origin.grabbedBefore && !origin.isOfFurtherFinger
+        && m_control->isSelected();
+    origin.isRefused = !origin.isHeld && !event->isAccepted()
+        && (m_control->flags() & (QGraphicsItem::ItemIsSelectable | QGraphicsItem::ItemIsMovable));
+
+    const auto checking = [this] { check(); };
+    origin.connections = {
+        QObject::connect(m_control, &QGraphicsObject::enabledChanged, m_control, checking),
+        QObject::connect(m_control, &QGraphicsObject::visibleChanged, m_control, checking),
+        QObject::connect(QAbstractEventDispatcher::instance(m_control->thread()),
+                         &QAbstractEventDispatcher::awake, m_control, checking)};
+    if (event->source() == Qt::MouseEventSynthesizedByQt && !origin.isOfFurtherFinger)
+        KELTouchRouter::follow(m_control, event->screenPos());
+}
+
+void KELPress::move(const QPointF &pos)
+{
+    if (longPressTimer.isActive() && (pressPos - pos).manhattanLength() > clickSlopPx)
+        longPressTimer.stop();
+}
+
+bool KELPress::end()
+{
+    dropIfLost();
+    const bool clicked = longPressTimer.isActive();
+    m_hasStaleGrab = false;
+    stop();
+    return clicked;
+}
+
+bool KELPress::becomeLong()
+{
+    longPressTimer.stop();
+    return !dropIfLost();
+}
+
+bool KELPress::isLost() const
+{
+    if (!m_origin || !m_origin->isBegun)
+        return false;
+    if (!m_control->isEnabled() || !m_control->isVisible())
+        return true;
+    const Qt::MouseButtons button = m_origin->button;
+    if (button != Qt::NoButton && !(m_control->acceptedMouseButtons() & button))
+        return true;
+    if (!m_origin->isHeld)
+        return false;
+    if (!m_origin->isOfFurtherFinger && !sceneTargets(m_control)) {
+        // From the item that ignores a press the scene takes grab and selection.
+        const QGraphicsScene *const scene = m_control->scene();
+        return !m_origin->mayBeReturned || m_control->isSelected() || !scene
+            || scene->mouseGrabberItem();
+    }
+    return (m_origin->hadView && !deliversTo(m_origin->viewport, m_control->scene()))
+        || m_origin->isCovered();
+}
+
+bool KELPress::isHeld() const
+{
+    return m_origin && m_origin->isHeld && !isLost();
+}
+
+bool KELPress::hasLostPointer() const
+{
+    return m_hasStaleGrab || isLost();
+}
+
+bool KELPress::dropIfLost()
+{
+    if (!isLost())
+        return false;
+    m_hasStaleGrab = !m_origin->grabbedBefore && sceneTargets(m_control);
+    stop();
+    return true;
+}
+
+void KELPress::stop()
+{
+    m_origin.reset();
+    longPressTimer.stop();
+    setPressedLook(false);
+}
+
+void KELPress::check()
+{
+    if (dropIfLost() || !m_origin->mayBeReturned)
+        return;
+    m_origin->mayBeReturned = false;
+    m_origin->isHeld = sceneTargets(m_control);
+}
+
+void KELPress::settle(KELRoundRectControl *control, QGraphicsSceneMouseEvent *event)
+{
+    if (!control) {
+        event->accept();
+        return;
+    }
+    KELPress *const press = of(control);
+    if (press->m_origin && !sceneTargets(control))
+        press->m_origin->mayBeReturned = false; // taken by a slot, as the event is still on its way
+    press->dropIfLost();
+    // A derived control may accept the press after the base ignored it, and so get the rest of it.
+    Origin *const origin = press->m_origin.get();
+    if (origin && !origin->isHeld && !event->isAccepted() && !origin->isRecheckDue) {
+        origin->isRecheckDue = true;
+        QMetaObject::invokeMethod(
+            control, [press] { press->recheckGrab(); }, Qt::QueuedConnection);
+    }
+    // From an item that ignored the press the scene takes the grab, and warns when it is gone already.
+    if (press->m_wasGrabbed && !sceneTargets(control))
+        event->accept();
+}
+
+void KELPress::recheckGrab()
+{
+    if (!m_origin || !m_origin->isRecheckDue)
+        return;
+    m_origin->isRecheckDue = false;
+    m_origin->isHeld = sceneTargets(m_control);
+    if (!m_origin->isHeld && m_origin->isRefused)
+        stop();
+}
+
+bool KELPress::redeliverIfMisrouted(QGraphicsSceneMouseEvent *event)
+{
+    if (!m_hasStaleGrab)
+        return false;
+    m_hasStaleGrab = false;
+    // A press that arrives accepted was aimed here: the scene had let go of the old grab by itself.
+    if (event->isAccepted() || !sceneTargets(m_control))
+        return false;
+    const QPointer<KELRoundRectControl> alive(m_control);
+    QGraphicsScene *const scene = m_control->scene();
+    scene->mouseGrabberItem()->ungrabMouse();
+    QCoreApplication::sendEvent(scene, event);
+    if (alive)
+        m_isOwn = false;
+    return true;
+}
+
+void KELPress::setPressedLook(bool pressed)
+{
+    KELRoundRectControlStyle *const style = m_control->style();
+    if (style->isMouseDown == pressed)
+        return;
+    style->isMouseDown = pressed;
+    m_control->update();
+}

@@ -1,0 +1,95 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#ifndef KELPRESS_P_H
+#define KELPRESS_P_H
+
+#include <QtCore/QBasicTimer>
+#include <QtCore/QPointF>
+
+#include <memory>
+
+QT_BEGIN_NAMESPACE
+class QGraphicsSceneMouseEvent;
+QT_END_NAMESPACE
+
+class KELRoundRectControl;
+
+/*
+ * The press of one control, from the finger that comes down to the one that leaves. The control's pointer events ask
+ * the verb of their name.
+ *
+ *  state     | long-press timer | isMouseDown | next
+ *  ----------+------------------+-------------+------------------------------------------------------------------
+ *  idle      | stopped          | false       | begin(): may click
+ *  may click | runs             | true        | end(): idle, a click; move() too far, becomeLong(), cancel(): no click
+ *  no click  | stopped          | true        | end(): idle
+ *  lost      | stopped          | false       | begin(): may click; end(): idle
+ *
+ * may click and no click become lost when the pointer goes elsewhere. Qt reports a lost mouse grab to
+ * QGraphicsItem::sceneEvent() only, and not at all when a popup or a dialog takes the release. So the current state
+ * is compared with the one in which the press arrived: whenever the control is enabled, disabled, shown or hidden,
+ * and on every event-loop iteration.
+ *
+ * A lost press may leave a stale grab: the scene still targets the control and sends it the next press, wherever
+ * that is. Such a press is redelivered to the scene.
+ *
+ * A press that is ignored, by a control that is not selectable or by a derived class, has no pointer to lose, and no
+ * end: it stays pressed.
+ */
+class KELPress
+{
+public:
+    explicit KELPress(KELRoundRectControl *control);
+    ~KELPress();
+
+    // Records the state before the control handles the press. False when the press was misrouted.
+    bool arrive(QGraphicsSceneMouseEvent *event);
+    void begin(QGraphicsSceneMouseEvent *event);
+    // For a control that has neither pressed look nor clicks.
+    void beginUnseen(QGraphicsSceneMouseEvent *event);
+    void move(const QPointF &pos);
+    // True for a click.
+    bool end();
+    // Neither click nor long press any more.
+    void cancel() { longPressTimer.stop(); }
+    // When the timer fires: false for a press that was lost meanwhile.
+    bool becomeLong();
+
+    // True while the pointer belongs to the control.
+    bool isHeld() const;
+    // True when the pointer went elsewhere. Qt may still send moves.
+    bool hasLostPointer() const;
+    bool redeliverIfMisrouted(QGraphicsSceneMouseEvent *event);
+
+    static KELPress *of(const KELRoundRectControl *control);
+    // After the base has handled a press: false for a press of another control, or when a slot deleted this one.
+    static bool isOwn(const KELRoundRectControl *control);
+    // Last in each handler of a press that runs slots: restores the event's accepted flag and the grab, even if a
+    // slot deleted the control, which is null then.
+    static void settle(KELRoundRectControl *control, QGraphicsSceneMouseEvent *event);
+
+    QBasicTimer longPressTimer;
+    QPointF pressPos; // in the control
+
+private:
+    Q_DISABLE_COPY(KELPress)
+
+    struct Origin;
+
+    bool isLost() const;
+    bool dropIfLost();
+    void stop();
+    void watch(const QGraphicsSceneMouseEvent *event);
+    void check();
+    void recheckGrab();
+    void setPressedLook(bool pressed);
+
+    KELRoundRectControl *const m_control;
+    std::unique_ptr<Origin> m_origin; // while pressed
+    bool m_hasStaleGrab = false;
+    bool m_isOwn = false;
+    bool m_wasGrabbed = false; // when the press arrived
+};
+
+#endif

@@ -1,0 +1,294 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "keltouchrouter_p.h"
+
+#include "kelpress_p.h"
+#include "kelroundrectcontrol.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtGui/QWindow>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QGraphicsProxyWidget>
+#include <QtWidgets/QGraphicsScene>
+#include <QtWidgets/QGraphicsSceneMouseEvent>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+KELTouchRouter *router = nullptr;
+const QGraphicsSceneMouseEvent *eventInDelivery = nullptr;
+
+constexpr int maxNestedViews = 8; // views may show each other
+
+QWidget *widgetOf(const QWindow *window)
+{
+    const QWidgetList widgets = QApplication::topLevelWidgets();
+    const auto found = std::find_if(
+        widgets.begin(), widgets.end(),
+        [window](const QWidget *widget) { return widget->windowHandle() == window; });
+    return found == widgets.end() ? nullptr : *found;
+}
+
+// Pictures, lines and the like take no press, but the scene offers them each.
+bool isDecoration(const QGraphicsItem *item)
+{
+    return item->type() >= QGraphicsPathItem::Type && item->type() <= QGraphicsItemGroup::Type
+        && !(item->flags() & (QGraphicsItem::ItemIsSelectable | QGraphicsItem::ItemIsMovable));
+}
+
+// The item that Qt sends the item's pointer events to.
+const QGraphicsItem *handlerOf(const QGraphicsItem *item)
+{
+    const QGraphicsItem *handler = item;
+    for (const QGraphicsItem *parent = item->parentItem(); parent; parent = parent->parentItem()) {
+        if (parent->handlesChildEvents())
+            handler = parent;
+    }
+    return handler;
+}
+
+struct Target
+{
+    KELRoundRectControl *control = nullptr;
+    QGraphicsView *view = nullptr;
+};
+
+// The control that a press at pos would reach, as a scene finds the item that is pressed.
+Target targetAt(const QWidget *window, const QPoint &pos, int depth = 0)
+{
+    QWidget *const viewport = window->childAt(pos);
+    auto *const view = viewport ? qobject_cast<QGraphicsView *>(viewport->parentWidget()) : nullptr;
+    if (!view || view->viewport() != viewport || !view->isInteractive() || !viewport->isEnabled()
+        || depth > maxNestedViews)
+        return {};
+    const QPoint viewPos = viewport->mapFrom(window, pos);
+    const QList<QGraphicsItem *> items = view->items(QRect(viewPos, QSize(1, 1)));
+    for (QGraphicsItem *item : items) {
+        if (!(item->acceptedMouseButtons() & Qt::LeftButton) || isDecoration(item))
+            continue;
+        if (item->isBlockedByModalPanel())
+            return {};
+        if (const auto *proxy = qgraphicsitem_cast<QGraphicsProxyWidget *>(item)) {
+            const QPointF proxyPos = proxy->mapFromScene(view->mapToScene(viewPos));
+            return proxy->widget() ? targetAt(proxy->widget(), proxyPos.toPoint(), depth + 1)
+                                   : Target();
+        }
+        auto *const object = const_cast<QGraphicsItem *>(handlerOf(item))->toGraphicsObject();
+        auto *const control = qobject_cast<KELRoundRectControl *>(object);
+        // Qt moves all selected items with one that is movable, also those under the first finger.
+        const bool isFree = control && control->isEnabled() && !KELPress::of(control)->isHeld()
+            && !(control->flags() & QGraphicsItem::ItemIsMovable);
+        return isFree ? Target{control, view} : Target();
+    }
+    return {};
+}
+
+} // namespace
+
+KELTouchRouter::~KELTouchRouter()
+{
+    if (router == this)
+        router = nullptr;
+}
+
+void KELTouchRouter::follow(KELRoundRectControl *control, const QPoint &screenPos)
+{
+    if (!router) {
+        router = new KELTouchRouter(QCoreApplication::instance());
+        QCoreApplication::instance()->installEventFilter(router);
+        router->m_mouseScreenPos = screenPos;
+    }
+    router->m_mouseControl = control;
+}
+
+bool KELTouchRouter::isSource(const QGraphicsSceneMouseEvent *event)
+{
+    return event == eventInDelivery;
+}
+
+bool KELTouchRouter::eventFilter(QObject *watched, QEvent *event)
+{
+    if (!watched->isWindowType())
+        return false;
+    const QPointer<QObject> aliveWindow(watched);
+    switch (event->type()) {
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::TouchEnd: {
+        const auto *touch = static_cast<const QTouchEvent *>(event);
+        if (touch->device() && touch->device()->type() == QTouchDevice::TouchScreen)
+            handle(static_cast<QWindow *>(watched), event->type(), touch->touchPoints());
+        break;
+    }
+    case QEvent::TouchCancel:
+        cancel();
+        break;
+    default:
+        break;
+    }
+    return aliveWindow.isNull();
+}
+
+void KELTouchRouter::handle(QWindow *window, QEvent::Type type, const Points &points)
+{
+    const QPointer<KELTouchRouter> alive(this);
+    const QPointer<QWindow> aliveWindow(window);
+    findMouse(points);
+    bool isFirst = true;
+    for (const QTouchEvent::TouchPoint &point : points) {
+        if (!isMouse(type, point, std::exchange(isFirst, false)))
+            handleFinger(window, point);
+        if (!alive || !aliveWindow || router != this)
+            return;
+    }
+    if (m_mouseId == noId && m_fingers.isEmpty())
+        stop();
+}
+
+// Qt does not tell of which finger it makes a mouse: it is the first one of those that were down already. In a view
+// inside a proxy the place of the press may be another one.
+void KELTouchRouter::findMouse(const Points &points)
+{
+    if (m_mouseId != unknownId)
+        return;
+    for (const QTouchEvent::TouchPoint &point : points) {
+        if (point.state() == Qt::TouchPointPressed || indexOf(point.id()) >= 0)
+            continue;
+        const bool isAtPress = point.startScreenPos().toPoint() == m_mouseScreenPos;
+        if (isAtPress || m_mouseId == unknownId)
+            m_mouseId = point.id();
+        if (isAtPress)
+            return;
+    }
+}
+
+bool KELTouchRouter::isMouse(QEvent::Type type, const QTouchEvent::TouchPoint &point, bool isFirst)
+{
+    if (point.state() == Qt::TouchPointPressed && m_mouseId == noId && isFirst
+        && type == QEvent::TouchBegin)
+        m_mouseId = point.id();
+    if (point.id() != m_mouseId)
+        return false;
+    if (point.state() == Qt::TouchPointReleased)
+        m_mouseId = noId;
+    return true;
+}
+
+void KELTouchRouter::handleFinger(QWindow *window, const QTouchEvent::TouchPoint &point)
+{
+    const QPointer<KELTouchRouter> alive(this);
+    int index = indexOf(point.id());
+    if (point.state() == Qt::TouchPointPressed && index >= 0) {
+        m_fingers.removeAt(index); // its release was kept from the window
+        index = -1;
+    }
+    if (index < 0) {
+        // A finger that came down together with the first one is seen with its next event.
+        const Finger finger = fingerOf(window, point);
+        m_fingers.append(finger);
+        const bool isKept = send(QEvent::GraphicsSceneMousePress, finger, finger.downScreenPos);
+        if (!alive || router != this)
+            return;
+        index = indexOf(point.id());
+        if (index >= 0 && !isKept)
+            m_fingers[index].control = nullptr; // as from a mouse, it gets no release
+    }
+    if (point.state() == Qt::TouchPointPressed || index < 0)
+        return;
+    const Finger finger = m_fingers.at(index);
+    const QPoint screenPos = point.screenPos().toPoint();
+    if (point.state() == Qt::TouchPointReleased) {
+        m_fingers.removeAt(index);
+        send(QEvent::GraphicsSceneMouseRelease, finger, screenPos);
+    } else if (screenPos != finger.lastScreenPos) {
+        m_fingers[index].lastScreenPos = screenPos;
+        send(QEvent::GraphicsSceneMouseMove, finger, screenPos);
+    }
+}
+
+int KELTouchRouter::indexOf(int id) const
+{
+    const auto found = std::find_if(m_fingers.begin(), m_fingers.end(),
+                                    [id](const Finger &finger) { return finger.id == id; });
+    return found == m_fingers.end() ? -1 : int(std::distance(m_fingers.begin(), found));
+}
+
+KELTouchRouter::Finger KELTouchRouter::fingerOf(const QWindow *window,
+                                                const QTouchEvent::TouchPoint &point)
+{
+    Finger finger;
+    finger.id = point.id();
+    finger.downScreenPos = point.startScreenPos().toPoint();
+    finger.lastScreenPos = finger.downScreenPos;
+    const QWidget *const widget = widgetOf(window);
+    if (!widget || QApplication::activePopupWidget())
+        return finger;
+    const Target target = targetAt(widget, widget->mapFromGlobal(finger.downScreenPos));
+    finger.control = target.control;
+    finger.view = target.view;
+    return finger;
+}
+
+// Returns whether the control took the event.
+bool KELTouchRouter::send(QEvent::Type type, const Finger &finger, const QPoint &screenPos)
+{
+    KELRoundRectControl *const control = finger.control;
+    QGraphicsView *const view = finger.view;
+    if (!control || !view || !control->scene() || control->scene() != view->scene())
+        return false;
+    QWidget *const viewport = view->viewport();
+    const QTransform toControl = control->deviceTransform(view->viewportTransform()).inverted();
+    const auto toScene = [&](const QPoint &pos) {
+        return view->mapToScene(viewport->mapFromGlobal(pos));
+    };
+    const auto toItem = [&](const QPoint &pos) {
+        return toControl.map(QPointF(viewport->mapFromGlobal(pos)));
+    };
+    QGraphicsSceneMouseEvent event(type);
+    event.setWidget(viewport);
+    event.setPos(toItem(screenPos));
+    event.setScenePos(toScene(screenPos));
+    event.setScreenPos(screenPos);
+    event.setLastPos(toItem(finger.lastScreenPos));
+    event.setLastScenePos(toScene(finger.lastScreenPos));
+    event.setLastScreenPos(finger.lastScreenPos);
+    event.setButtonDownPos(Qt::LeftButton, toItem(finger.downScreenPos));
+    event.setButtonDownScenePos(Qt::LeftButton, toScene(finger.downScreenPos));
+    event.setButtonDownScreenPos(Qt::LeftButton, finger.downScreenPos);
+    const bool isRelease = type == QEvent::GraphicsSceneMouseRelease;
+    event.setButton(type == QEvent::GraphicsSceneMouseMove ? Qt::NoButton : Qt::LeftButton);
+    // While the first finger is down, Qt must not forget which items that one moves.
+    event.setButtons(isRelease ? QGuiApplication::mouseButtons()
+                               : Qt::MouseButtons(Qt::LeftButton));
+    event.setModifiers(QGuiApplication::keyboardModifiers());
+    event.setSource(Qt::MouseEventSynthesizedByQt);
+    event.accept();
+
+    const auto *const outer = std::exchange(eventInDelivery, &event);
+    control->scene()->sendEvent(control, &event);
+    eventInDelivery = outer;
+    return event.isAccepted();
+}
+
+void KELTouchRouter::cancel()
+{
+    if (m_mouseControl)
+        KELPress::of(m_mouseControl)->cancel();
+    const QList<Finger> fingers = std::exchange(m_fingers, {});
+    stop();
+    for (const Finger &finger : fingers) {
+        if (finger.control)
+            KELPress::of(finger.control)->cancel();
+        send(QEvent::GraphicsSceneMouseRelease, finger, finger.lastScreenPos);
+    }
+}
+
+void KELTouchRouter::stop()
+{
+    QCoreApplication::instance()->removeEventFilter(this);
+    router = nullptr;
+    deleteLater();
+}

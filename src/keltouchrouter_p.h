@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#ifndef KELTOUCHROUTER_P_H
+#define KELTOUCHROUTER_P_H
+
+#include <QtCore/QList>
+#include <QtCore/QObject>
+#include <QtCore/QPoint>
+#include <QtCore/QPointer>
+#include <QtGui/QTouchEvent>
+#include <QtWidgets/QGraphicsView>
+
+QT_BEGIN_NAMESPACE
+class QGraphicsSceneMouseEvent;
+class QWindow;
+QT_END_NAMESPACE
+
+class KELRoundRectControl;
+
+/*
+ * Makes presses of the fingers that Qt makes no mouse of, and tells a pressed control that its touch was cancelled.
+ *
+ * Qt turns one finger at a time into a mouse, and sends the others to no widget once the first one was ignored. The
+ * windows still get them all. The router watches from the press of a control that comes from a finger until no
+ * finger is down.
+ */
+class KELTouchRouter : public QObject
+{
+public:
+    // The control is pressed by the finger of which Qt makes a mouse.
+    static void follow(KELRoundRectControl *control, const QPoint &screenPos);
+
+    // True for an event of a further finger.
+    static bool isSource(const QGraphicsSceneMouseEvent *event);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    Q_DISABLE_COPY(KELTouchRouter)
+
+    struct Finger
+    {
+        int id = -1;
+        QPointer<KELRoundRectControl> control; // null when the finger presses none
+        QPointer<QGraphicsView> view;
+        QPoint downScreenPos;
+        QPoint lastScreenPos;
+    };
+    using Points = QList<QTouchEvent::TouchPoint>;
+
+    explicit KELTouchRouter(QObject *parent) : QObject(parent) { }
+    ~KELTouchRouter() override;
+
+    void handle(QWindow *window, QEvent::Type type, const Points &points);
+    void findMouse(const Points &points);
+    bool isMouse(QEvent::Type type, const QTouchEvent::TouchPoint &point, bool isFirst);
+    void handleFinger(QWindow *window, const QTouchEvent::TouchPoint &point);
+    int indexOf(int id) const;
+    static Finger fingerOf(const QWindow *window, const QTouchEvent::TouchPoint &point);
+    static bool send(QEvent::Type type, const Finger &finger, const QPoint &screenPos);
+    void cancel();
+    void stop();
+
+    QPointer<KELRoundRectControl> m_mouseControl;
+    QPoint m_mouseScreenPos; // where it came down
+    int m_mouseId = unknownId;
+    QList<Finger> m_fingers;
+
+    static constexpr int noId = -1;
+    static constexpr int unknownId = -2;
+};
+
+#endif
