@@ -25,6 +25,20 @@
 
 namespace {
 
+// Keeps a record without the fields of its base class.
+template <typename Control, typename Style>
+class WithShortRecord : public Control
+{
+public:
+    WithShortRecord()
+    {
+        auto *const record = new KELRoundRectControlStyle();
+        this->m_style->copy(record);
+        delete static_cast<Style *>(this->m_style);
+        this->m_style = record;
+    }
+};
+
 enum class MenuMoment { Open, AboutToShow, AboutToHide, Triggered };
 
 bool isPossible(Kind kind, Signal signal, Input input)
@@ -157,6 +171,7 @@ private Q_SLOTS:
     void contentReplacedInASlot();
     void menuIsDeletedWithTheControl();
     void derivedRecordIsDeletedAsTheBaseRecord();
+    void shortRecordOfADerivedClassIsNotWrittenTo();
     void outlivesTheApplication();
 };
 
@@ -615,6 +630,16 @@ void tst_KELLifetime::derivedRecordIsDeletedAsTheBaseRecord()
     std::unique_ptr<KELRoundRectControlStyle> own(new KELRoundRectControlStyle());
     own = std::unique_ptr<KELRoundRectControlStyle>(new KELPushButtonStyle());
     QVERIFY(own->text.isNull());
+}
+
+// The sanitizers watch this one, too.
+void tst_KELLifetime::shortRecordOfADerivedClassIsNotWrittenTo()
+{
+    delete new WithShortRecord<KELCheckBox, KELCheckBoxStyle>;
+    delete new WithShortRecord<KELNavigationTable, KELNavigationTableStyle>;
+    delete new WithShortRecord<KELNavigationTableItem, KELNavigationTableItemStyle>;
+    WithShortRecord<KELCheckBox, KELCheckBoxStyle> again;
+    QVERIFY(again.initStyle() == again.style());
 }
 
 void tst_KELLifetime::outlivesTheApplication()

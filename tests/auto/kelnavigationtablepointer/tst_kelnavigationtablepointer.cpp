@@ -6,6 +6,8 @@
 #include <kelpushbutton.h>
 
 #include <QtCore/QAbstractEventDispatcher>
+#include <QtCore/QTimer>
+#include <QtWidgets/QDialog>
 
 #include <memory>
 
@@ -56,6 +58,8 @@ private Q_SLOTS:
     void controlBesideTheTableIsFound_data();
     void controlBesideTheTableIsFound();
     void filterOnAChild();
+    void tapAfterADialogThatATabOpened_data();
+    void tapAfterADialogThatATabOpened();
 };
 
 void tst_KELNavigationTablePointer::tabsDoNotFollowTheRectangle()
@@ -415,6 +419,52 @@ void tst_KELNavigationTablePointer::filterOnAChild()
     QCOMPARE(reported.all(), QStringLiteral("press"));
     stage.view.click(pos);
     QCOMPARE(reported.all(), QStringLiteral("press press release click"));
+}
+
+void tst_KELNavigationTablePointer::tapAfterADialogThatATabOpened_data()
+{
+    QTest::addColumn<Input>("input");
+    QTest::addColumn<bool>("isOnTheTable");
+    QTest::newRow("mouse, on a button") << Input::Mouse << false;
+    QTest::newRow("touch, on a button") << Input::Touch << false;
+    QTest::newRow("mouse, on another tab") << Input::Mouse << true;
+    QTest::newRow("touch, on another tab") << Input::Touch << true;
+}
+
+// The dialog takes the release of the press on the tab.
+void tst_KELNavigationTablePointer::tapAfterADialogThatATabOpened()
+{
+    QFETCH(Input, input);
+    QFETCH(bool, isOnTheTable);
+    Stage stage(3);
+    auto *const button = new KELPushButton;
+    button->setboundRect(0, 0, 80, 40);
+    button->setZValue(1);
+    stage.view.ownScene.addItem(button);
+    QVERIFY(stage.show());
+    QSignalSpy clicked(button, &KELPushButton::mouseClicked);
+    int dialogs = 0;
+    connect(stage.pages.at(1), &QGraphicsObject::visibleChanged, &stage.view, [&] {
+        if (!stage.pages.at(1)->isVisible() || dialogs++ > 0)
+            return;
+        QDialog dialog;
+        QTimer::singleShot(50, &dialog, &QDialog::accept);
+        dialog.exec();
+    });
+    stage.press(input, stage.tab(1));
+    QCOMPARE(dialogs, 1);
+    QCOMPARE(stage.table->selectIndex(), 1);
+    if (input == Input::Touch)
+        stage.release(input, stage.tab(1)); // the panel tells it, and nobody gets it
+    if (isOnTheTable) {
+        stage.tap(input, stage.tab(2));
+        QCOMPARE(stage.table->selectIndex(), 2);
+        return;
+    }
+    stage.tap(input, QPoint(20, 20));
+    QCOMPARE(clicked.count(), 1);
+    stage.tap(input, QPoint(20, 20));
+    QCOMPARE(clicked.count(), 2);
 }
 
 KEL_TEST_MAIN(tst_KELNavigationTablePointer)

@@ -72,6 +72,16 @@ private:
     QRectF m_bounds;
 };
 
+// As large as its children.
+class WrappingParent : public QGraphicsObject
+{
+public:
+    QRectF boundingRect() const override { return childrenBoundingRect(); }
+    void paint(QPainter * /*painter*/, const QStyleOptionGraphicsItem * /*option*/,
+               QWidget * /*widget*/) override
+    { }
+};
+
 // Unlike QTest::mouseClick() it does not mind when nobody takes the press.
 void tap(QGraphicsView *view, const QPoint &pos)
 {
@@ -140,6 +150,8 @@ private Q_SLOTS:
     void optionTakesTheGlyph();
     void optionOfAGlyphHasTheFlags();
     void optionHasNeitherStatesNorMenu();
+    void parentAsLargeAsItsChildren();
+    void nestedParentsAsLargeAsTheirChildren();
 };
 
 void tst_KELRoundRectControl::constructorSetsCacheAndPanel()
@@ -699,6 +711,39 @@ void tst_KELRoundRectControl::optionHasNeitherStatesNorMenu()
     QCOMPARE(option.isMouseDown, false);
     QCOMPARE(option.isCheck, false);
     QCOMPARE(option.contextMenu, nullptr);
+}
+
+void tst_KELRoundRectControl::parentAsLargeAsItsChildren()
+{
+    KelTestView view;
+    auto *const parent = new WrappingParent;
+    QList<KELRoundRectControl *> controls;
+    for (int i = 0; i < 12; ++i) {
+        controls.append(new KELRoundRectControl(parent));
+        controls.last()->setboundRect(10 + i * 20, 30, 15, 40);
+    }
+    QCOMPARE(controls.first()->boundingRect(), QRectF(20, 60, 15, 40));
+    QCOMPARE(controls.last()->boundingRect(), QRectF(240, 60, 15, 40));
+    view.ownScene.addItem(parent);
+    QVERIFY(view.showAndWait());
+    QSignalSpy pressed(controls.last(), &KELRoundRectControl::mousePress);
+    view.press(QPoint(245, 80));
+    QCOMPARE(pressed.count(), 1);
+}
+
+void tst_KELRoundRectControl::nestedParentsAsLargeAsTheirChildren()
+{
+    WrappingParent outer;
+    auto *const inner = new WrappingParent;
+    inner->setParentItem(&outer);
+    auto *const control = new KELRoundRectControl(inner);
+    control->setboundRect(5, 6, 10, 10);
+    auto *const child = new KELRoundRectControl(control);
+    child->setboundRect(1, 1, 2, 2);
+    QVERIFY(control->boundingRect().isValid());
+    QVERIFY(child->boundingRect().isValid());
+    QCOMPARE(child->boundingRect().topLeft() - control->boundingRect().topLeft(), QPointF(1, 1));
+    QVERIFY(outer.boundingRect().isValid());
 }
 
 KEL_TEST_MAIN(tst_KELRoundRectControl)

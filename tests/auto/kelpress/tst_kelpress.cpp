@@ -1,8 +1,12 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
-#include "kelpushbutton.h"
 #include "keltest.h"
+
+#include <kelcheckbox.h>
+#include <kellabel.h>
+#include <kelpushbutton.h>
+#include <kelslidecontrol.h>
 
 #include <QtCore/QEventLoop>
 #include <QtCore/QPointer>
@@ -25,6 +29,18 @@ protected:
     {
         KELRoundRectControl::mousePressEvent(event);
         event->accept();
+    }
+};
+
+// Ignores every press after the base has handled it.
+template <typename Control>
+class IgnoringControl : public Control
+{
+protected:
+    void mousePressEvent(QGraphicsSceneMouseEvent *event) override
+    {
+        Control::mousePressEvent(event);
+        event->ignore();
     }
 };
 
@@ -79,10 +95,12 @@ const QRectF rightRect(200, 20, 100, 60);
 } // namespace
 
 using Change = std::function<void(KelTestView *, QGraphicsProxyWidget *)>;
+using Factory = std::function<KELRoundRectControl *()>;
 Q_DECLARE_METATYPE(Change)
+Q_DECLARE_METATYPE(Factory)
 
 // Rare ways to get and to lose the pointer; the common ones have a table of their own.
-class tst_KELPressWatch : public KelTest
+class tst_KELPress : public KelTest
 {
     Q_OBJECT
 
@@ -102,9 +120,16 @@ private Q_SLOTS:
     void viewInsideTheSceneItShows();
     void windowModalDialogOfASiblingWindowCounts();
     void eventsWithoutAViewStillClick();
+    void rightTapOnASelectableControlLeavesNothing_data();
+    void rightTapOnASelectableControlLeavesNothing();
+    void rightPressThatADerivedClassAcceptsClicks();
+    void ignoredPressStaysAsDescribed_data();
+    void ignoredPressStaysAsDescribed();
+    void tapAfterAnIgnoredPress();
+    void plainControlFollowsItsButtonsInOneTurn();
 };
 
-void tst_KELPressWatch::pressInsideTheReleaseOfAnotherIsWatched()
+void tst_KELPress::pressInsideTheReleaseOfAnotherIsWatched()
 {
     KelTestView view;
     auto *button = placed<KELPushButton>(&view, leftRect);
@@ -127,7 +152,7 @@ void tst_KELPressWatch::pressInsideTheReleaseOfAnotherIsWatched()
     QCOMPARE(spies.longPress.count(), 0);
 }
 
-void tst_KELPressWatch::controlThatHeldTheGrabBeforeIsWatched()
+void tst_KELPress::controlThatHeldTheGrabBeforeIsWatched()
 {
     KelTestView view;
     auto *button = placed<KELPushButton>(&view, leftRect);
@@ -142,7 +167,7 @@ void tst_KELPressWatch::controlThatHeldTheGrabBeforeIsWatched()
     QCOMPARE(spies.longPress.count(), 0);
 }
 
-void tst_KELPressWatch::grabOfTheApplicationIsLeftAlone()
+void tst_KELPress::grabOfTheApplicationIsLeftAlone()
 {
     KelTestView view;
     auto *button = placed<KELPushButton>(&view, leftRect);
@@ -161,7 +186,7 @@ void tst_KELPressWatch::grabOfTheApplicationIsLeftAlone()
     QCOMPARE(otherSpies.press.count(), 0);
 }
 
-void tst_KELPressWatch::secondButtonDoesNotBlindTheWatch()
+void tst_KELPress::secondButtonDoesNotBlindTheWatch()
 {
     KelTestView view;
     auto *button = placed<KELPushButton>(&view, leftRect);
@@ -175,7 +200,7 @@ void tst_KELPressWatch::secondButtonDoesNotBlindTheWatch()
     QCOMPARE(spies.longPress.count(), 0);
 }
 
-void tst_KELPressWatch::controlThatAcceptsLateIsWatched()
+void tst_KELPress::controlThatAcceptsLateIsWatched()
 {
     KelTestView view;
     auto *control = placed<LateAcceptingControl>(&view, leftRect);
@@ -193,7 +218,7 @@ void tst_KELPressWatch::controlThatAcceptsLateIsWatched()
     QCOMPARE(spies.longPress.count(), 0);
 }
 
-void tst_KELPressWatch::childThatGrabsForItselfTakesThePointer()
+void tst_KELPress::childThatGrabsForItselfTakesThePointer()
 {
     KelTestView view;
     auto *control = placed<KELRoundRectControl>(&view, leftRect);
@@ -208,7 +233,7 @@ void tst_KELPressWatch::childThatGrabsForItselfTakesThePointer()
     QCOMPARE(spies.longPress.count(), 0);
 }
 
-void tst_KELPressWatch::dialogOpenedByTheSelectionCounts()
+void tst_KELPress::dialogOpenedByTheSelectionCounts()
 {
     KelTestView view;
     auto *button = placed<KELPushButton>(&view, leftRect);
@@ -225,7 +250,7 @@ void tst_KELPressWatch::dialogOpenedByTheSelectionCounts()
     QCOMPARE(spies.longPress.count(), 0);
 }
 
-void tst_KELPressWatch::grabTakenByTheSelectionCounts()
+void tst_KELPress::grabTakenByTheSelectionCounts()
 {
     KelTestView view;
     auto *button = placed<KELPushButton>(&view, leftRect);
@@ -240,7 +265,7 @@ void tst_KELPressWatch::grabTakenByTheSelectionCounts()
     QCOMPARE(spies.longPress.count(), 0);
 }
 
-void tst_KELPressWatch::freshPressIsNotHandedOnTwice()
+void tst_KELPress::freshPressIsNotHandedOnTwice()
 {
     KelTestView view;
     auto *button = placed<KELPushButton>(&view, leftRect);
@@ -261,7 +286,7 @@ void tst_KELPressWatch::freshPressIsNotHandedOnTwice()
     QCOMPARE(spies.clicked.count(), 1);
 }
 
-void tst_KELPressWatch::clickWorksThroughAProxy()
+void tst_KELPress::clickWorksThroughAProxy()
 {
     KelTestView outer;
     auto *inner = new KelTestView(QSize(300, 200));
@@ -276,7 +301,7 @@ void tst_KELPressWatch::clickWorksThroughAProxy()
     QCOMPARE(spies.clicked.count(), 1);
 }
 
-void tst_KELPressWatch::hiddenOrDisabledProxyLosesThePress_data()
+void tst_KELPress::hiddenOrDisabledProxyLosesThePress_data()
 {
     QTest::addColumn<Change>("change");
     QTest::newRow("outer view hidden")
@@ -291,7 +316,7 @@ void tst_KELPressWatch::hiddenOrDisabledProxyLosesThePress_data()
         [](KelTestView *outer, QGraphicsProxyWidget *proxy) { outer->ownScene.removeItem(proxy); });
 }
 
-void tst_KELPressWatch::hiddenOrDisabledProxyLosesThePress()
+void tst_KELPress::hiddenOrDisabledProxyLosesThePress()
 {
     QFETCH(Change, change);
     KelTestView outer;
@@ -311,7 +336,7 @@ void tst_KELPressWatch::hiddenOrDisabledProxyLosesThePress()
 }
 
 // It is never painted, which Qt would do for ever. The other view serves nobody, so that no view ends the search.
-void tst_KELPressWatch::viewInsideTheSceneItShows()
+void tst_KELPress::viewInsideTheSceneItShows()
 {
     KelTestView outer;
     outer.setInteractive(false);
@@ -334,7 +359,7 @@ void tst_KELPressWatch::viewInsideTheSceneItShows()
     QCOMPARE(spies.clicked.count(), 1);
 }
 
-void tst_KELPressWatch::windowModalDialogOfASiblingWindowCounts()
+void tst_KELPress::windowModalDialogOfASiblingWindowCounts()
 {
     QDialog root;
     root.show();
@@ -352,7 +377,7 @@ void tst_KELPressWatch::windowModalDialogOfASiblingWindowCounts()
     QTRY_VERIFY(!button->style()->isMouseDown);
 }
 
-void tst_KELPressWatch::eventsWithoutAViewStillClick()
+void tst_KELPress::eventsWithoutAViewStillClick()
 {
     QGraphicsScene scene;
     auto *button = new KELPushButton;
@@ -371,5 +396,126 @@ void tst_KELPressWatch::eventsWithoutAViewStillClick()
     QCOMPARE(spies.clicked.count(), 1);
 }
 
-KEL_TEST_MAIN(tst_KELPressWatch)
-#include "tst_kelpresswatch.moc"
+void tst_KELPress::rightTapOnASelectableControlLeavesNothing_data()
+{
+    QTest::addColumn<Factory>("factory");
+    QTest::newRow("base with the flag") << Factory([] {
+        auto *const control = new KELRoundRectControl;
+        control->setFlag(QGraphicsItem::ItemIsSelectable);
+        return control;
+    });
+    QTest::newRow("label with the flag") << Factory([] {
+        auto *const control = new KELLabel;
+        control->setFlag(QGraphicsItem::ItemIsSelectable);
+        return control;
+    });
+    QTest::newRow("push button") << Factory([] { return new KELPushButton; });
+    QTest::newRow("check box") << Factory([] { return new KELCheckBox; });
+    QTest::newRow("slider") << Factory([] { return new KELSlideControl; });
+}
+
+void tst_KELPress::rightTapOnASelectableControlLeavesNothing()
+{
+    QFETCH(Factory, factory);
+    KelTestView view;
+    KELRoundRectControl *const control = factory();
+    control->setAcceptedMouseButtons(Qt::AllButtons);
+    control->setboundRect(leftRect);
+    view.ownScene.addItem(control);
+    QVERIFY(view.showAndWait());
+    Spies spies(control);
+    view.press(view.centreOf(control), Qt::RightButton);
+    QTRY_VERIFY(!control->style()->isMouseDown);
+    view.release(view.centreOf(control), Qt::RightButton);
+    QVERIFY(!control->isMouseDown());
+    QTest::qWait(wellAfterLongPressMs);
+    QCOMPARE(spies.press.count(), 1);
+    QCOMPARE(spies.longPress.count(), 0);
+    QCOMPARE(spies.clicked.count(), 0);
+    view.click(view.centreOf(control));
+    QCOMPARE(spies.clicked.count(), 1);
+}
+
+void tst_KELPress::rightPressThatADerivedClassAcceptsClicks()
+{
+    KelTestView view;
+    auto *control = placed<LateAcceptingControl>(&view, leftRect);
+    control->setFlag(QGraphicsItem::ItemIsSelectable);
+    QVERIFY(view.showAndWait());
+    Spies spies(control);
+    view.press(view.centreOf(control), Qt::RightButton);
+    QCoreApplication::processEvents();
+    QVERIFY(control->isMouseDown());
+    view.release(view.centreOf(control), Qt::RightButton);
+    QCOMPARE(spies.release.count(), 1);
+    QCOMPARE(spies.clicked.count(), 1);
+}
+
+void tst_KELPress::ignoredPressStaysAsDescribed_data()
+{
+    QTest::addColumn<Factory>("factory");
+    QTest::newRow("control that is not selectable")
+        << Factory([] { return new KELRoundRectControl; });
+    QTest::newRow("derived from the base") << Factory([] {
+        auto *const control = new IgnoringControl<KELRoundRectControl>;
+        control->setFlag(QGraphicsItem::ItemIsSelectable);
+        return control;
+    });
+    QTest::newRow("derived from the push button")
+        << Factory([] { return new IgnoringControl<KELPushButton>; });
+    QTest::newRow("derived from the check box")
+        << Factory([] { return new IgnoringControl<KELCheckBox>; });
+}
+
+void tst_KELPress::ignoredPressStaysAsDescribed()
+{
+    QFETCH(Factory, factory);
+    KelTestView view;
+    KELRoundRectControl *const control = factory();
+    control->setboundRect(leftRect);
+    view.ownScene.addItem(control);
+    QVERIFY(view.showAndWait());
+    Spies spies(control);
+    view.press(view.centreOf(control));
+    QVERIFY(control->isMouseDown());
+    QTest::qWait(20);
+    QVERIFY(control->isMouseDown());
+    QVERIFY(control->style()->isMouseDown);
+    view.release(view.centreOf(control));
+    QTRY_COMPARE(spies.longPress.count(), 1);
+    QCOMPARE(spies.press.count(), 1);
+    QCOMPARE(spies.release.count(), 0);
+    QCOMPARE(spies.clicked.count(), 0);
+    QVERIFY(control->isMouseDown());
+}
+
+void tst_KELPress::tapAfterAnIgnoredPress()
+{
+    KelTestView view;
+    auto *ignoring = placed<IgnoringControl<KELPushButton>>(&view, leftRect);
+    auto *button = placed<KELPushButton>(&view, rightRect);
+    QVERIFY(view.showAndWait());
+    Spies spies(button);
+    view.click(view.centreOf(ignoring));
+    view.click(view.centreOf(button));
+    QCOMPARE(spies.clicked.count(), 1);
+}
+
+void tst_KELPress::plainControlFollowsItsButtonsInOneTurn()
+{
+    KelTestView view;
+    auto *control = placed<KELRoundRectControl>(&view, leftRect);
+    QVERIFY(view.showAndWait());
+    view.press(view.centreOf(control));
+    QTest::qWait(1);
+    QVERIFY(control->style()->isMouseDown);
+    control->setAcceptedMouseButtons(Qt::NoButton);
+    QVERIFY(!control->isMouseDown());
+    QEventLoop loop;
+    QTimer::singleShot(0, &loop, &QEventLoop::quit);
+    loop.exec();
+    QVERIFY(!control->style()->isMouseDown);
+}
+
+KEL_TEST_MAIN(tst_KELPress)
+#include "tst_kelpress.moc"

@@ -1,0 +1,220 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "keltest.h"
+
+#include <kelcheckbox.h>
+#include <kellabel.h>
+#include <kellineitem.h>
+#include <kelnavigationtable.h>
+#include <kelprocessbar.h>
+#include <kelpushbutton.h>
+
+#include <QtCore/QEventLoop>
+#include <QtCore/QTimer>
+#include <QtWidgets/QDialog>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QVBoxLayout>
+
+#include <memory>
+
+namespace {
+
+constexpr int wellAfterLongPressMs = 700;
+
+QMenu *newMenu(QWidget *parent = nullptr)
+{
+    auto *const menu = new QMenu(parent);
+    menu->addAction(QStringLiteral("One"));
+    return menu;
+}
+
+// As a right click comes from the window system, without the release.
+void rightPress(KelTestView *view, const QPoint &pos)
+{
+    view->press(pos, Qt::RightButton);
+    QContextMenuEvent event(QContextMenuEvent::Mouse, pos, view->viewport()->mapToGlobal(pos));
+    QCoreApplication::sendEvent(view->viewport(), &event);
+}
+
+} // namespace
+
+using Factory = std::function<KELRoundRectControl *()>;
+Q_DECLARE_METATYPE(Factory)
+
+class tst_KELContextMenu : public KelTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void rightClickOpensTheMenuOnce_data();
+    void rightClickOpensTheMenuOnce();
+    void menuThatIsOpenIsNotOpenedAgain();
+    void noLongPressWhileTheMenuIsOpen();
+    void menuDiesWithItsWindow_data();
+    void menuDiesWithItsWindow();
+    void menuThatDiedIsNotOpened_data();
+    void menuThatDiedIsNotOpened();
+    void menuThatReplacesADeadOneOpens();
+};
+
+void tst_KELContextMenu::rightClickOpensTheMenuOnce_data()
+{
+    QTest::addColumn<Factory>("factory");
+    QTest::newRow("base") << Factory([] { return new KELRoundRectControl; });
+    QTest::newRow("label") << Factory([] { return new KELLabel; });
+    QTest::newRow("line") << Factory([] { return new KELLineItem; });
+    QTest::newRow("bar") << Factory([] { return new KELProcessBar; });
+    QTest::newRow("page") << Factory([] { return new KELNavigationTableItem; });
+    QTest::newRow("push button with the right button") << Factory([] {
+        auto *const button = new KELPushButton;
+        button->setAcceptedMouseButtons(Qt::AllButtons);
+        return button;
+    });
+}
+
+void tst_KELContextMenu::rightClickOpensTheMenuOnce()
+{
+    QFETCH(Factory, factory);
+    KelTestView view;
+    KELRoundRectControl *const control = factory();
+    control->setboundRect(20, 20, 100, 60);
+    QMenu *const menu = newMenu();
+    control->style()->contextMenu = menu;
+    view.ownScene.addItem(control);
+    QVERIFY(view.showAndWait());
+    QSignalSpy longPress(control, &KELRoundRectControl::mouseLongPress);
+    QSignalSpy opened(menu, &QMenu::aboutToShow);
+    QPoint movedBy;
+    bool returned = false;
+    QTimer::singleShot(wellAfterLongPressMs, &view, [&] {
+        movedBy = menu->pos() - view.viewport()->mapToGlobal(QPoint(70, 50));
+        menu->close();
+    });
+    // Ends a menu that the first close did not.
+    QTimer::singleShot(3 * wellAfterLongPressMs, menu, [menu] { menu->close(); });
+    rightPress(&view, QPoint(70, 50));
+    returned = true;
+    QVERIFY(returned);
+    QCOMPARE(opened.count(), 1);
+    QCOMPARE(longPress.count(), 0);
+    QCOMPARE(movedBy, QPoint());
+    QVERIFY(!menu->isVisible());
+    view.release(QPoint(70, 50), Qt::RightButton);
+}
+
+void tst_KELContextMenu::menuThatIsOpenIsNotOpenedAgain()
+{
+    KelTestView view;
+    auto *const button = new KELPushButton;
+    button->setboundRect(20, 20, 100, 60);
+    QMenu *const menu = newMenu();
+    button->style()->contextMenu = menu;
+    view.ownScene.addItem(button);
+    QVERIFY(view.showAndWait());
+    QSignalSpy opened(menu, &QMenu::aboutToShow);
+    menu->popup(QPoint(5, 5));
+    QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(70, 50), QPoint(70, 50));
+    QCoreApplication::sendEvent(view.viewport(), &event);
+    QCOMPARE(opened.count(), 1);
+    QVERIFY(menu->isVisible());
+    QCOMPARE(menu->pos(), QPoint(5, 5));
+    menu->close();
+}
+
+// A plain control keeps no press, and so loses none to the menu.
+void tst_KELContextMenu::noLongPressWhileTheMenuIsOpen()
+{
+    KelTestView view;
+    auto *const control = new KELRoundRectControl;
+    control->setboundRect(20, 20, 100, 60);
+    QMenu *const menu = newMenu();
+    control->style()->contextMenu = menu;
+    view.ownScene.addItem(control);
+    QVERIFY(view.showAndWait());
+    QSignalSpy longPress(control, &KELRoundRectControl::mouseLongPress);
+    view.press(QPoint(70, 50));
+    menu->popup(QPoint(5, 5));
+    QTest::qWait(wellAfterLongPressMs);
+    QCOMPARE(longPress.count(), 0);
+    menu->close();
+}
+
+void tst_KELContextMenu::menuDiesWithItsWindow_data()
+{
+    QTest::addColumn<bool>("pressedBefore");
+    QTest::newRow("never used") << false;
+    QTest::newRow("control pressed before") << true;
+}
+
+// Nobody deletes anything but the window.
+void tst_KELContextMenu::menuDiesWithItsWindow()
+{
+    QFETCH(bool, pressedBefore);
+    auto window = std::make_unique<QWidget>();
+    QMenu *const menu = newMenu(window.get());
+    auto *const scene = new QGraphicsScene(window.get());
+    auto *const view = new QGraphicsView(scene, window.get());
+    auto *const button = new KELPushButton;
+    button->setboundRect(20, 20, 100, 60);
+    button->style()->contextMenu = menu;
+    scene->addItem(button);
+    window->resize(300, 200);
+    window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(window.get()));
+    if (pressedBefore)
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->mapFromScene(70, 50));
+    QSignalSpy destroyed(menu, &QObject::destroyed);
+    QSignalSpy controlDestroyed(button, &QObject::destroyed);
+    window.reset();
+    QCOMPARE(destroyed.count(), 1);
+    QCOMPARE(controlDestroyed.count(), 1);
+}
+
+void tst_KELContextMenu::menuThatDiedIsNotOpened_data()
+{
+    menuDiesWithItsWindow_data();
+}
+
+void tst_KELContextMenu::menuThatDiedIsNotOpened()
+{
+    QFETCH(bool, pressedBefore);
+    KelTestView view;
+    auto *const button = new KELPushButton;
+    button->setboundRect(20, 20, 100, 60);
+    QMenu *const menu = newMenu();
+    button->style()->contextMenu = menu;
+    view.ownScene.addItem(button);
+    QVERIFY(view.showAndWait());
+    if (pressedBefore)
+        view.click(QPoint(70, 50));
+    QSignalSpy longPress(button, &KELRoundRectControl::mouseLongPress);
+    delete menu;
+    QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(70, 50), QPoint(70, 50));
+    QCoreApplication::sendEvent(view.viewport(), &event);
+    view.press(QPoint(70, 50));
+    QTRY_COMPARE(longPress.count(), 1);
+    view.release(QPoint(70, 50));
+}
+
+// It may well have the address of the dead one.
+void tst_KELContextMenu::menuThatReplacesADeadOneOpens()
+{
+    KelTestView view;
+    auto *const button = new KELPushButton;
+    button->setboundRect(20, 20, 100, 60);
+    view.ownScene.addItem(button);
+    QVERIFY(view.showAndWait());
+    for (int i = 0; i < 5; ++i) {
+        auto menu = std::unique_ptr<QMenu>(newMenu());
+        button->style()->contextMenu = menu.get();
+        QSignalSpy opened(menu.get(), &QMenu::aboutToShow);
+        QTimer::singleShot(0, menu.get(), &QMenu::close);
+        QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(70, 50), QPoint(70, 50));
+        QCoreApplication::sendEvent(view.viewport(), &event);
+        QCOMPARE(opened.count(), 1);
+    }
+}
+
+KEL_TEST_MAIN(tst_KELContextMenu)
+#include "tst_kelcontextmenu.moc"
