@@ -124,9 +124,14 @@ QT_WARNING_POP
  * WRITE function does nothing. With a converter of kind IKELValueConverter::CustomConverterType every value
  * goes through it first.
  *
- * Nothing stops the echo of a two-way binding but the properties themselves: a setter must not emit its notify
- * signal for a value that it has already. One that always emits loops until the stack ends.
- * KELSlideControl::setValue() is such a setter: bind a slider one way, or with a step.
+ * Nothing stops the echo of a two-way binding but the properties themselves: one of both setters
+ * must not emit its notify signal for a value that it has already. Two that always emit call each
+ * other until the stack ends. KELSlideControl::setValue() without a step always emits: its partner
+ * must begin with <tt>if (value == m_value) return;</tt>, as check boxes do. Two sliders without a
+ * step never come to rest; with a step, in one of them, they do.
+ *
+ * Guarded setters do not help when what comes back differs each time, as with a converter whose
+ * ConvertBack() does not undo Convert(). What holds for radio boxes is in \ref radiobind.
  *
  * \section bindlife Lifetime
  * Source, destination and converter are borrowed. Once the source or the destination is destroyed, the

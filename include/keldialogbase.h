@@ -63,14 +63,14 @@ public:
     //! Destroys the dialog, its view and all items in the view's scene.
     ~KELDialogBase() override;
 
-    //! Returns the view, for whose scene the controls are. It belongs to the dialog. Null once somebody else
-    //! has deleted it.
+    //! Returns the view, for whose scene the controls are; QGraphicsScene::items() is not sorted
+    //! there, see \ref viewscene. It belongs to the dialog. Null once somebody else has deleted it.
     KELContentView *view() const;
 
     /*!
      * Deletes the body and shows \a pixmap instead, in its own size, at the origin of the scene and with
-     * z-value 0: it lies above the items with z-value 0 that were added earlier, and takes the clicks
-     * there. Set it before adding controls.
+     * z-value 0: it lies above the items with z-value 0 that were added earlier and hides them,
+     * though presses pass it and reach them. Set it before adding controls.
      *
      * The body may be gone already, for example by KELContentView::setContent(). A null pixmap makes
      * an empty body.

@@ -106,6 +106,17 @@ private:
  *
  * \section radiolife Lifetime
  * The group does not own the boxes. Group and boxes may be destroyed in any order and in any slot of their signals. A
+ * \section radiobind Bindings
+ * A two-way KELDataBind of the property \c id with a property of another object comes to rest, also
+ * when that one emits for every value; it may select the box with id 1, if there is one, in place
+ * of any other but 0. It runs until the stack ends when the opposite of what was carried comes
+ * back, as from a converter whose ConvertBack() does not undo Convert(), and there are boxes with
+ * the ids 0 and 1.
+ *
+ * Do not bind a box to its own group or to another box of the group: \c id with \c check of such a
+ * box undoes selections or leaves no box checked; \c check of two boxes with each other, or \c id
+ * with \c check of two boxes, can run until the stack ends. Connect to idChanged() instead.
+ *
  * box that is destroyed leaves the group without a signal and frees its ids; if it was the selected one,
  * id() stays as it is with no box checked, until setId() selects another one or a box is added under that id.
  * Boxes that outlive the group stay as they are, the checked one without pointer input. A box belongs to one group.

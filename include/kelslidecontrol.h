@@ -119,7 +119,9 @@ public:
 
 public Q_SLOTS:
     //! Sets the value to \a v by the rules of \ref slidevalue, moves the knob, repaints and emits valueChanged(),
-    //! also when the value is what it was. A \a v less than one step away does nothing at all.
+    //! also when the value is what it was. A \a v less than one step away does nothing at all. A
+    //! two-way KELDataBind to a property whose setter emits for the value that it has, too, needs a
+    //! step, or never comes to rest.
     void setValue(float v);
 
 Q_SIGNALS:

@@ -4,12 +4,19 @@
 #include "keltest.h"
 
 #include <kelcontentview.h>
+#include <keldialogbase.h>
+#include <kelnonmodaldialog.h>
 #include <kelroundrectcontrol.h>
+#include <kelsidemenu.h>
 
 #include <QtCore/QPointer>
 #include <QtWidgets/QGraphicsRectItem>
 #include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QStyle>
+#include <QtWidgets/QStyleFactory>
 
+#include <algorithm>
+#include <iterator>
 #include <limits>
 #include <memory>
 
@@ -82,10 +89,14 @@ private Q_SLOTS:
 
     void sceneFollowsTheSize_data();
     void sceneFollowsTheSize();
+    void scaleLeavesRoomForFrameAndMargins_data();
+    void scaleLeavesRoomForFrameAndMargins();
     void followsASizeTooSmallToFit();
     void sceneFollowsItsItemsBeforeTheFirstResize();
     void scalesWithTheLayout();
     void pressReachesAControlMovedLater();
+    void itemsOfARectangleAreSorted_data();
+    void itemsOfARectangleAreSorted();
 
     void viewDeletesItsContent();
     void viewDeletesItsContentWithItsParent();
@@ -560,6 +571,35 @@ void tst_KELContentView::sceneFollowsTheSize()
     QCOMPARE(view.transform().m11(), view.transform().m22());
 }
 
+void tst_KELContentView::scaleLeavesRoomForFrameAndMargins_data()
+{
+    QTest::addColumn<QFrame::Shape>("shape");
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<qreal>("scale"); // with a frame of 1 px
+    QTest::newRow("framed") << QFrame::StyledPanel << QSize(400, 300) << 294 / 300.0;
+    QTest::newRow("framed, low") << QFrame::StyledPanel << QSize(100, 40) << 34 / 40.0;
+    QTest::newRow("framed, large") << QFrame::StyledPanel << QSize(800, 480) << 474 / 480.0;
+    QTest::newRow("without frame") << QFrame::NoFrame << QSize(400, 300) << 296 / 300.0;
+    QTest::newRow("without frame, low") << QFrame::NoFrame << QSize(100, 40) << 36 / 40.0;
+}
+
+void tst_KELContentView::scaleLeavesRoomForFrameAndMargins()
+{
+    QFETCH(const QFrame::Shape, shape);
+    QFETCH(const QSize, size);
+    QFETCH(const qreal, scale);
+    const std::unique_ptr<QStyle> style(QStyleFactory::create(QStringLiteral("Fusion")));
+    KELContentView view;
+    view.setStyle(style.get());
+    view.setFrameShape(shape);
+    view.setContent(makeControl(size.width(), size.height()));
+    view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    QCOMPARE(view.frameWidth(), shape == QFrame::NoFrame ? 0 : 1);
+    QCOMPARE(view.transform().m11(), scale);
+    QCOMPARE(view.transform().m22(), scale);
+}
+
 void tst_KELContentView::followsASizeTooSmallToFit()
 {
     KELContentView view;
@@ -624,6 +664,43 @@ void tst_KELContentView::pressReachesAControlMovedLater()
     QCOMPARE(clicked.count(), 1);
     delete control;
     QCOMPARE(view.scene()->items(moved).size(), 0);
+}
+
+void tst_KELContentView::itemsOfARectangleAreSorted_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::newRow("content view") << 0;
+    QTest::newRow("side menu") << 1;
+    QTest::newRow("panel") << 2;
+    QTest::newRow("dialog") << 3;
+}
+
+void tst_KELContentView::itemsOfARectangleAreSorted()
+{
+    QFETCH(const int, kind);
+    KELContentView contentView;
+    KELSideMenu menu;
+    KELNonModalDialog panel;
+    const KELDialogBase dialog;
+    const QGraphicsView *const views[] = {&contentView, &menu, &panel, dialog.view()};
+    QGraphicsScene *scene = views[kind]->scene();
+    QList<QGraphicsItem *> items;
+    for (const qreal z : {0.0, 5.0, -1.0, 0.0}) {
+        KELRoundRectControl *control = makeControl(60, 40);
+        control->setZValue(z);
+        scene->addItem(control);
+        items.append(control);
+    }
+    items.append(makeControl(10, 10, static_cast<KELRoundRectControl *>(items.first())));
+
+    const QList<QGraphicsItem *> sorted = {items.at(1), items.at(3), items.at(4), items.at(0),
+                                           items.at(2)};
+    QCOMPARE(scene->items(QRectF(0, 0, 200, 200)), sorted);
+    QCOMPARE(scene->items(QPointF(15, 19)), sorted);
+    QList<QGraphicsItem *> ascending;
+    std::reverse_copy(sorted.cbegin(), sorted.cend(), std::back_inserter(ascending));
+    QCOMPARE(scene->items(QRectF(0, 0, 200, 200), Qt::IntersectsItemShape, Qt::AscendingOrder),
+             ascending);
 }
 
 void tst_KELContentView::viewDeletesItsContent()

@@ -4,12 +4,14 @@
 #include "../keldatabind/bindobjects.h"
 
 #include <kelcheckbox.h>
+#include <kelradiobox.h>
 #include <kelslidecontrol.h>
 
 #include <QtCore/QMetaProperty>
 #include <QtGui/QColor>
 
 #include <tuple>
+#include <vector>
 
 namespace {
 
@@ -476,6 +478,10 @@ private Q_SLOTS:
 
     void checkBoxIsBound();
     void sliderIsBound();
+    void twoWayOfASliderComesToRest_data();
+    void twoWayOfASliderComesToRest();
+    void twoWayOfAGroupComesToRest_data();
+    void twoWayOfAGroupComesToRest();
 };
 
 void tst_KELDataBindValues::initTestCase()
@@ -862,6 +868,122 @@ void tst_KELDataBindValues::sliderIsBound()
     model.setNumber(20);
     QCOMPARE(slider.value(), 10.0F);
     QCOMPARE(model.number(), 10);
+}
+
+namespace {
+
+// Emits for a value that it has already, as a slider does.
+class Echo : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(float value READ value WRITE setValue NOTIFY valueChanged)
+    Q_PROPERTY(bool on READ isOn WRITE setOn NOTIFY onChanged)
+
+public:
+    float value() const { return m_value; }
+    bool isOn() const { return m_on; }
+    void setValue(float value)
+    {
+        m_value = value;
+        if (++writes < 100)
+            Q_EMIT valueChanged();
+    }
+    void setOn(bool on)
+    {
+        m_on = on;
+        if (++writes < 100)
+            Q_EMIT onChanged();
+    }
+
+    int writes = 0;
+
+Q_SIGNALS:
+    void valueChanged();
+    void onChanged();
+
+private:
+    float m_value = 0;
+    bool m_on = false;
+};
+
+// What comes back is the opposite of what was carried.
+class OneSidedNot final : public IKELValueConverter
+{
+public:
+    QVariant Convert(QObject * /*object*/, const QVariant &value) override { return value; }
+    QVariant ConvertBack(QObject * /*object*/, const QVariant &value) override
+    {
+        return !value.toBool();
+    }
+};
+
+} // namespace
+
+void tst_KELDataBindValues::twoWayOfASliderComesToRest_data()
+{
+    QTest::addColumn<bool>("guards");
+    QTest::addColumn<float>("step");
+    QTest::addColumn<bool>("rests");
+    QTest::newRow("partner that ignores the value it has") << true << 0.0F << true;
+    QTest::newRow("and a step") << true << 5.0F << true;
+    QTest::newRow("partner that emits for every value") << false << 0.0F << false;
+    QTest::newRow("emits for every value, and a step") << false << 5.0F << true;
+}
+
+void tst_KELDataBindValues::twoWayOfASliderComesToRest()
+{
+    QFETCH(const bool, guards);
+    QFETCH(const float, step);
+    QFETCH(const bool, rests);
+    KELSlideControl slider;
+    slider.setStep(step);
+    Kinds model;
+    Echo echo;
+    if (guards)
+        KELDataBind::bind(&slider, "value", &model, "ratio", KELDataBind::TwoWay);
+    else
+        KELDataBind::bind(&slider, "value", &echo, "value", KELDataBind::TwoWay);
+    echo.writes = 0;
+    const QSignalSpy changes(&slider, &KELSlideControl::valueChanged);
+    slider.setValue(40);
+    QCOMPARE(slider.value(), 40.0F);
+    QCOMPARE(guards ? float(model.ratio()) : echo.value(), 40.0F);
+    QCOMPARE(echo.writes < 100, rests);
+    if (rests)
+        QVERIFY(changes.count() <= 2);
+}
+
+void tst_KELDataBindValues::twoWayOfAGroupComesToRest_data()
+{
+    QTest::addColumn<bool>("inverts");
+    QTest::addColumn<QVector<int>>("ids");
+    QTest::addColumn<bool>("rests");
+    QTest::newRow("partner that emits for every value") << false << QVector<int>{0, 1} << true;
+    QTest::newRow("more boxes") << false << QVector<int>{0, 1, 2} << true;
+    QTest::newRow("the opposite comes back") << true << QVector<int>{0, 1} << false;
+    QTest::newRow("the opposite comes back, no box 0") << true << QVector<int>{1, 2} << true;
+    QTest::newRow("the opposite comes back, no box 1") << true << QVector<int>{0, 2} << true;
+}
+
+void tst_KELDataBindValues::twoWayOfAGroupComesToRest()
+{
+    QFETCH(const bool, inverts);
+    QFETCH(const QVector<int>, ids);
+    QFETCH(const bool, rests);
+    std::vector<KELRadioBox> boxes(std::size_t(ids.size()));
+    KELRadioBoxGroup group;
+    for (int i = 0; i < ids.size(); ++i)
+        group.addRadioBox(&boxes[std::size_t(i)], ids.at(i));
+    group.setId(ids.last());
+    group.setId(ids.first());
+    Echo echo;
+    OneSidedNot converter;
+    KELDataBind::bind(&group, "id", &echo, "on", KELDataBind::TwoWay,
+                      inverts ? &converter : nullptr);
+    echo.writes = 0;
+    for (const int id : ids)
+        group.setId(id);
+    QCOMPARE(echo.writes < 100, rests);
 }
 
 KEL_TEST_MAIN(tst_KELDataBindValues)

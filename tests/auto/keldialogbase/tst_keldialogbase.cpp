@@ -126,6 +126,7 @@ private Q_SLOTS:
     void pixmapIsUsedAsGiven();
     void nullPixmapLeavesAnEmptyBody();
     void pixmapComesAboveEarlierItems();
+    void pressPassesThePixmap();
     void pixmapStaysBelowLaterItems();
     void pixmapReplacesTheLastOne();
     void pixmapIsACopy();
@@ -442,6 +443,20 @@ void tst_KELDialogBase::pixmapComesAboveEarlierItems()
     dialog.setBackgroundPixmap(filled(QSize(30, 20), Qt::red));
     QCOMPARE(itemsAt(dialog, QPointF(10, 10)),
              QList<QGraphicsItem *>({button, later, body(dialog)}));
+}
+
+void tst_KELDialogBase::pressPassesThePixmap()
+{
+    KELDialogBase dialog;
+    const KELPushButton *button = addButton(dialog);
+    dialog.setBackgroundPixmap(filled(QSize(30, 20), Qt::red));
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    const QSignalSpy clicked(button, &KELPushButton::mouseClicked);
+    const QPoint pos = dialog.view()->mapFromScene(QPointF(10, 10));
+    QCOMPARE(dialog.view()->itemAt(pos), body(dialog));
+    QTest::mouseClick(dialog.view()->viewport(), Qt::LeftButton, Qt::NoModifier, pos);
+    QCOMPARE(clicked.count(), 1);
 }
 
 void tst_KELDialogBase::pixmapStaysBelowLaterItems()

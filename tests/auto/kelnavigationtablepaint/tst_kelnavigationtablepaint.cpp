@@ -219,6 +219,7 @@ private Q_SLOTS:
     void pagePaintsNothing();
     void paintingLeavesTheRecordsAlone();
     void shownTableIsRepainted();
+    void captionOfAShownTabWaitsForTheTable();
 };
 
 void tst_KELNavigationTablePaint::initTestCase()
@@ -806,6 +807,24 @@ void tst_KELNavigationTablePaint::shownTableIsRepainted()
     // A third page: all tabs are drawn anew.
     table->addItem(new KELNavigationTableItem(nullptr));
     QCOMPARE(areaOf(view.grab().toImage(), Qt::magenta), QRect(0, 230, 147, 80));
+}
+
+void tst_KELNavigationTablePaint::captionOfAShownTabWaitsForTheTable()
+{
+    KelTestView view(QSize(480, 350));
+    auto *table = new KELNavigationTable(nullptr);
+    auto *page = new KELNavigationTableItem(nullptr);
+    page->setText(QStringLiteral("One"));
+    table->addItem(page);
+    table->addItem(new KELNavigationTableItem(nullptr));
+    view.ownScene.addItem(table);
+    QVERIFY(view.showAndWait());
+    const QImage before = view.grab().toImage();
+    page->setText(QStringLiteral("Another"));
+    QCoreApplication::processEvents();
+    QVERIFY(view.grab().toImage() == before);
+    table->update();
+    QVERIFY(view.grab().toImage() != before);
 }
 
 KEL_TEST_MAIN(tst_KELNavigationTablePaint)
