@@ -94,8 +94,9 @@ private:
  * Place a combo box with setboundRect(), leave its pos() at (0, 0) and do not turn or scale it. A press that
  * reaches a control in the scene is compared with the list by its position within that control; after setPos(),
  * of the combo box or of the other control, that is another place than in the scene, and then the list may close
- * on a press on the button, which opens it again. The same holds for combo boxes inside an item that was moved by
- * setPos().
+ * on a press on the button, which opens it again, or on an entry, which is not selected. The same
+ * holds for combo boxes inside an item that was moved by setPos(), such as a KELNavigationTable:
+ * \ref placing says what to do instead.
  *
  * \section comboboxentries Entries
  * Entries may be added and removed at any time, also while the list is open. Entries behind a removed one

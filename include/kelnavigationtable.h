@@ -51,6 +51,13 @@ struct KELGDI_EXPORT KELNavigationTableItemStyle : public KELRoundRectControlSty
  * page->style()->icon = KELIconFont(0xf013);
  * table->addItem(page);
  * \endcode
+ *
+ * The tab is part of the table's picture. After setText() or another change of the page's look it
+ * shows what it showed before until update() of the table.
+ *
+ * \warning With a title bar, or an outline of the page, the rectangle of a page does not begin at
+ * (0, 0), and a KELRadioBox or a KELSlideControl on it is drawn beside its place: \ref placing has
+ * the way out.
  */
 class KELGDI_EXPORT KELNavigationTableItem : public KELRoundRectControl
 {
@@ -105,8 +112,10 @@ private:
  * \section tablegeometry Geometry
  * Set the rectangle, and \c showTitle, \c titleHeight and \c tabHeight of the style, before adding pages:
  * pages are placed when they are added, tabs when the last page was added or deleted; later changes do not
- * move them. Let the rectangle begin at (0, 0) and use setPos(): the tabs are at the bottom of (0, 0,
- * width, height), wherever the rectangle is, while title bar, background and pages go with it.
+ * move them. Let the rectangle begin at (0, 0): the tabs are at the bottom of (0, 0, width,
+ * height), wherever the rectangle is, while title bar, background and pages go with it. To have the
+ * table elsewhere, give it a KELContentView of its own, as a child widget, and move that. setPos()
+ * is for a table without a KELComboBox, which would lose presses on its entries: see \ref placing.
  *
  * A page is as high as what title bar and tabs leave, and as wide as the table; an outline width of the page
  * moves its left and top edge inwards.

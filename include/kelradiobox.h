@@ -28,7 +28,9 @@ class KELRadioBoxPrivate;
  * none. There is no disabled look and no caption: put a KELLabel beside the box.
  *
  * Inside a parent control the circle is placed by the record's rectangle as it stands, while boundingRect()
- * is moved by the corner of the parent's rectangle: give such a parent a rectangle that begins at (0, 0).
+ * is moved by the corner of the parent's rectangle: give such a parent a rectangle that begins at
+ * (0, 0). Pages below a title bar, pages with an outline and all but the first control of a
+ * KELSideMenu have another one: \ref placing has the way out.
  */
 class KELGDI_EXPORT KELRadioBox : public KELRoundRectControl
 {
@@ -104,8 +106,6 @@ private:
  * The group switches that by setAcceptHoverEvents(), setAcceptTouchEvents(), the flag ItemIsSelectable and
  * setAcceptedMouseButtons(), off for the box that is selected and on (left button only) for the one that was.
  *
- * \section radiolife Lifetime
- * The group does not own the boxes. Group and boxes may be destroyed in any order and in any slot of their signals. A
  * \section radiobind Bindings
  * A two-way KELDataBind of the property \c id with a property of another object comes to rest, also
  * when that one emits for every value; it may select the box with id 1, if there is one, in place
@@ -117,6 +117,8 @@ private:
  * box undoes selections or leaves no box checked; \c check of two boxes with each other, or \c id
  * with \c check of two boxes, can run until the stack ends. Connect to idChanged() instead.
  *
+ * \section radiolife Lifetime
+ * The group does not own the boxes. Group and boxes may be destroyed in any order and in any slot of their signals. A
  * box that is destroyed leaves the group without a signal and frees its ids; if it was the selected one,
  * id() stays as it is with no box checked, until setId() selects another one or a box is added under that id.
  * Boxes that outlive the group stay as they are, the checked one without pointer input. A box belongs to one group.

@@ -199,7 +199,11 @@ struct KELGDI_EXPORT KELRoundRectControlStyle
  * \section geometry Geometry
  * setboundRect() neither repaints nor tells the scene. Set the rectangle first and add the control to
  * the scene afterwards; where a rectangle must change in a shown scene, the scene must use
- * QGraphicsScene::NoIndex and the application repaints it.
+ * QGraphicsScene::NoIndex and the application repaints it. The scenes of this library's views do:
+ * see \ref viewscene.
+ *
+ * Where a child control is, and which ones are drawn beside their place when the rectangle of their
+ * parent does not begin at (0, 0), is in \ref placing.
  *
  * \section outside Outside the rectangle
  * Some controls have parts of fixed size, or an outline around their rectangle, and draw outside a rectangle that is

@@ -41,7 +41,10 @@ class KELSideMenuPrivate;
  *
  * A view without a parent is a frameless window, a view with a parent an ordinary child widget. When it is
  * resized, the scene is fitted into it as a whole; QGraphicsView::fitInView() leaves 2 px on each side. The
- * scene uses QGraphicsScene::NoIndex.
+ * scene uses QGraphicsScene::NoIndex: <tt>scene()->items()</tt> is not sorted, see \ref viewscene.
+ *
+ * \warning The menu places controls by their rectangles. A KELRadioBox or a KELSlideControl on the
+ * second control or a later one is drawn beside its place: \ref placing has the way out.
  *
  * GUI thread only.
  */

@@ -51,7 +51,8 @@ class KELSlideControlPrivate;
  *
  * In a parent control the groove is drawn in boundingRect(), which is moved by the corner of the parent's
  * rectangle, while knob and pointer follow the record's rectangle: give such a parent a rectangle that begins at
- * (0, 0).
+ * (0, 0). Pages below a title bar, pages with an outline and all but the first control of a
+ * KELSideMenu have another one: \ref placing has the way out.
  *
  * \section slidelook Look
  * \c backgroundBrush fills the groove (4 px high), \c foregroundBrush its part left of the knob and the knob,
