@@ -51,7 +51,7 @@ public:
     virtual QVariant ConvertBack(QObject *object, const QVariant &value) = 0;
 
     //! Returns true when the converter is of kind \a t.
-    bool operator==(ValueConverterType t) const { return type == t; }
+    bool operator==(ValueConverterType t) const;
 
 protected:
     //! Makes a converter of kind \a converterType.

@@ -280,6 +280,11 @@ void KELDataBindPrivate::copy(const QPointer<QObject> &from, NamedProperty *from
         toProperty->write(to, &result);
 }
 
+bool IKELValueConverter::operator==(ValueConverterType t) const
+{
+    return type == t;
+}
+
 KELDefaultValueConverter::KELDefaultValueConverter() : IKELValueConverter(DefaultConverterType) { }
 
 QVariant KELDefaultValueConverter::Convert(QObject * /*object*/, const QVariant & /*value*/)
