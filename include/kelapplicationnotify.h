@@ -39,8 +39,8 @@ public:
     /*!
      * Calls toNotify() when \a event is of the type to watch and still accepted, as a newly made event is.
      *
-     * Returns false, so that the event goes on to \a watched; but true when a slot destroyed \a watched,
-     * as the event has no target any more.
+     * Returns false, so that the event goes on to \a watched, which may be null; but true when a slot destroyed
+     * \a watched, as the event has no target any more.
      */
     bool eventFilter(QObject *watched, QEvent *event) override;
 

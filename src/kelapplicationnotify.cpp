@@ -18,8 +18,10 @@ bool KELApplicationNotify::eventFilter(QObject *watched, QEvent *event)
 
     const QPointer<KELApplicationNotify> alive(this);
     const QPointer<QObject> target(watched);
+    const bool hadTarget = !target.isNull();
     toNotify(watched, event);
-    if (!target)
+    // Qt must not go on to an object that a slot destroyed.
+    if (hadTarget && !target)
         return true;
     return !alive.isNull() && QObject::eventFilter(watched, event);
 }

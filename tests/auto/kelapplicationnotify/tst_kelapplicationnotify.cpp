@@ -95,6 +95,8 @@ private Q_SLOTS:
     void acceptedEventIsForwardedAgain();
     void filterReturnsFalse_data();
     void filterReturnsFalse();
+    void filterReturnsFalseWithoutAWatchedObject();
+    void filterReturnsFalseForAnObjectInItsDestructor();
     void argumentsAreThoseOfTheEvent();
     void signalComesBeforeTheTarget();
     void everyEventReachesItsTarget();
@@ -246,6 +248,31 @@ void tst_KELApplicationNotify::filterReturnsFalse()
     event.setAccepted(accepted);
     QCOMPARE(notifier.eventFilter(&watched, &event), false);
     QCOMPARE(event.isAccepted(), accepted);
+}
+
+void tst_KELApplicationNotify::filterReturnsFalseWithoutAWatchedObject()
+{
+    KELApplicationNotify notifier(nullptr, watchedType);
+    const QSignalSpy spy(&notifier, &KELApplicationNotify::notify);
+    QEvent event(watchedType);
+    QCOMPARE(notifier.eventFilter(nullptr, &event), false);
+    QCOMPARE(spy.count(), 1);
+}
+
+// Weak pointers to it are null before a slot runs: no slot destroyed it.
+void tst_KELApplicationNotify::filterReturnsFalseForAnObjectInItsDestructor()
+{
+    KELApplicationNotify notifier(nullptr, watchedType);
+    auto *const watched = new QObject;
+    const QPointer<QObject> weak(watched);
+    int calls = 0;
+    connect(watched, &QObject::destroyed, this, [&notifier, &calls](QObject *dying) {
+        QEvent event(watchedType);
+        QCOMPARE(notifier.eventFilter(dying, &event), false);
+        ++calls;
+    });
+    delete watched;
+    QCOMPARE(calls, 1);
 }
 
 void tst_KELApplicationNotify::argumentsAreThoseOfTheEvent()
