@@ -82,10 +82,11 @@ private:
  *
  * \section comboboxopen Opening and closing
  * A click on the button opens the list and puts the control at z-value 1, also when it was higher: leave its
- * neighbours below 1. It closes, and gets its earlier z-value back, cut to a whole number, by a click on the
- * button, when an entry is selected, and by a press outside button and list: in the scene, in another one, on
- * any widget or window of the application, by mouse or touch. While the list is open the combo box filters the
- * events of the application object.
+ * neighbours below 1. It closes, and gets its earlier z-value back, by a click on the button, when an entry is
+ * selected, and by a press outside button and list: in the scene, in another one, on any widget or window of the
+ * application, by mouse or touch. The z-value is given back as an int: cut towards zero, the lowest or highest int
+ * where it does not fit, 0 when it is not a number. While the list is open the combo box filters the events of the
+ * application object.
  *
  * The list is neither kept inside the scene nor inside the view: give it room below the control.
  *

@@ -22,6 +22,7 @@
 #include <QtWidgets/QGraphicsView>
 
 #include <array>
+#include <limits>
 #include <memory>
 #include <utility>
 
@@ -95,6 +96,13 @@ bool isOn(const QGraphicsItem *item, const QPolygonF &pixel)
 {
     return item != nullptr
         && item->mapFromScene(pixel).boundingRect().intersects(item->boundingRect());
+}
+
+// Cut towards zero; the nearest int when it does not fit.
+int wholeZValue(qreal zValue)
+{
+    using Limits = std::numeric_limits<int>;
+    return qIsNaN(zValue) ? 0 : int(qBound(qreal(Limits::min()), zValue, qreal(Limits::max())));
 }
 
 void updateWithChildren(QGraphicsItem *item)
@@ -284,7 +292,7 @@ void KELComboBoxPrivate::open()
         return;
     // kept: cut to a whole number, and lowered to 1 when it was higher
     if (!isRaised)
-        savedZ = KELPainting::truncatedPx(q->zValue());
+        savedZ = wholeZValue(q->zValue());
     isRaised = true;
     q->setZValue(openZValue);
 }
@@ -410,7 +418,7 @@ KELComboBox::KELComboBox(QGraphicsObject *parent) :
     d->createParts();
     const QRectF rect = boundingRect();
     d->placeParts(rect.width(), rect.width() - 30, rect.width() - 25, rect.height());
-    d->savedZ = KELPainting::truncatedPx(zValue());
+    d->savedZ = wholeZValue(zValue());
     connect(d->button.get(), &KELRoundRectControl::mouseClicked, this, [this] { d->toggle(); });
 
     d->notify = new KELApplicationNotify(this, QEvent::GraphicsSceneMousePress);

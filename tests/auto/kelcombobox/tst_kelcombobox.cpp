@@ -3,6 +3,7 @@
 
 #include "combostage.h"
 
+#include <limits>
 #include <memory>
 
 namespace {
@@ -449,6 +450,17 @@ void tst_KELComboBox::zValueIsCutAndGivenBack_data()
         QTest::addRow("below zero, %s", way.name) << -3.9 << -3.0 << way.value;
         QTest::addRow("small, %s", way.name) << 0.5 << 0.0 << way.value;
     }
+    constexpr double highest = std::numeric_limits<int>::max();
+    constexpr double lowest = std::numeric_limits<int>::min();
+    constexpr double infinite = std::numeric_limits<double>::infinity();
+    QTest::newRow("2^30") << 1073741824.5 << 1073741824.0 << 0;
+    QTest::newRow("highest int") << highest << highest << 0;
+    QTest::newRow("above the highest int") << highest + 1 << highest << 0;
+    QTest::newRow("infinite") << infinite << highest << 0;
+    QTest::newRow("lowest int") << lowest << lowest << 0;
+    QTest::newRow("below the lowest int") << lowest - 1 << lowest << 0;
+    QTest::newRow("infinite, below zero") << -infinite << lowest << 0;
+    QTest::newRow("not a number") << qQNaN() << 0.0 << 0;
 }
 
 void tst_KELComboBox::zValueIsCutAndGivenBack()
