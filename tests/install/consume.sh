@@ -4,7 +4,7 @@
 #
 # consume.sh WAY PREFIX LIBDIR DIRECTORY CXX
 #
-# Builds the consumer project of WAY (cmake, pkgconfig, qmake) against the library installed in PREFIX,
+# Builds the consumer project of WAY (cmake, pkgconfig, qmake, qmake-include) against the library installed in PREFIX,
 # in DIRECTORY, and runs it. A library in /usr must be found without being told where.
 
 set -euo pipefail
@@ -27,8 +27,8 @@ cmake)
 pkgconfig)
     make -f "$source/pkgconfig/Makefile" SOURCE="$source/main.cpp"
     ;;
-qmake)
-    qmake -qt=qt5 "$source/qmake/consumer.pro" \
+qmake | qmake-include)
+    qmake -qt=qt5 "$source/$way/consumer.pro" \
         QMAKE_CXX="$CXX" QMAKE_LINK="$CXX"
     make
     ;;

@@ -11,6 +11,9 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QGraphicsScene>
 
+static_assert(__cplusplus == 201103L,
+              "C++11, as this program is built, is all that the library asks for");
+
 int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
