@@ -39,11 +39,11 @@ class KELNonModalDialogPrivate;
  * full-screen window.
  *
  * \section nonmodallock One at a time
- * showOne() and activeDialog() know all living panels. showOne() holds a lock while it hides the others:
- * what runs synchronously then, hide events for example, must not construct or destroy a panel or call
- * showOne() or activeDialog(), or the program hangs. Do such things later, by a queued connection or
- * QMetaObject::invokeMethod() with Qt::QueuedConnection. Slots of disappeared() and the show event of the
- * panel that is shown are free to do all of that.
+ * showOne() and activeDialog() know all living panels. What runs synchronously while showOne() hides and shows
+ * panels, hide events for example, may construct, destroy, show and hide panels and call showOne() and
+ * activeDialog(), too. A panel that is constructed then is not hidden by the running showOne(); one that is
+ * shown then is, unless its turn is over. A showOne() called then is complete when it returns, and the outer one
+ * goes on: in the end its panel is shown, if it is still alive.
  *
  * A panel may be deleted at any time but in its own events and in those of its items, also in a slot of
  * disappeared().
@@ -63,7 +63,8 @@ public:
 
     /*!
      * Hides every visible panel but \a dialog, in the order of their construction, and then shows \a
-     * dialog, if it is not null. The panels hidden so do not emit disappeared().
+     * dialog, if it is not null and has not been deleted meanwhile. The panels hidden so do not emit
+     * disappeared(). See \ref nonmodallock for what hide events may do.
      */
     static void showOne(KELNonModalDialog *dialog);
 

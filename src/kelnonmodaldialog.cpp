@@ -40,16 +40,19 @@ KELNonModalDialog::~KELNonModalDialog()
 
 void KELNonModalDialog::showOne(KELNonModalDialog *dialog)
 {
+    // Hide events may do anything to any panel, also ask for the active one: the lock is not held then.
+    QList<QPointer<KELNonModalDialog>> dialogs;
     {
-        // kept: locked while hide events run
         const QMutexLocker locker(&g_modalLock);
-        for (const QPointer<KELNonModalDialog> &other : qAsConst(g_nonModalDialogs)) {
-            if (other && other != dialog && other->isVisible())
-                other->hide();
-        }
+        dialogs = g_nonModalDialogs;
     }
-    if (dialog)
-        dialog->show();
+    const QPointer<KELNonModalDialog> shown(dialog);
+    for (const QPointer<KELNonModalDialog> &other : qAsConst(dialogs)) {
+        if (other && other != dialog && other->isVisible())
+            other->hide();
+    }
+    if (shown)
+        shown->show();
 }
 
 KELNonModalDialog *KELNonModalDialog::activeDialog()

@@ -4,9 +4,6 @@
 #include "dialogstage.h"
 #include "xserver.h"
 
-#include <atomic>
-#include <thread>
-
 namespace {
 
 using Helper = KELNonModalhelper;
@@ -33,7 +30,11 @@ private Q_SLOTS:
     void showOneIsNotReported();
     void shownPanelMayUseTheRegistry_data();
     void shownPanelMayUseTheRegistry();
-    void registryIsLockedWhileOthersAreHidden();
+    void hiddenPanelMayUseTheRegistry_data();
+    void hiddenPanelMayUseTheRegistry();
+    void hiddenPanelHidesOneWhoseTurnComesLater();
+    void hiddenPanelShowsOneWhoseTurnComesLater();
+    void hiddenPanelDestroysTheOneToBeShown();
 
     void noneIsActive();
     void firstConstructedIsActive();
@@ -260,33 +261,91 @@ void tst_KELNonModalDialog::shownPanelMayUseTheRegistry()
     }
 }
 
-void tst_KELNonModalDialog::registryIsLockedWhileOthersAreHidden()
+void tst_KELNonModalDialog::hiddenPanelMayUseTheRegistry_data()
 {
+    shownPanelMayUseTheRegistry_data();
+}
+
+void tst_KELNonModalDialog::hiddenPanelMayUseTheRegistry()
+{
+    QFETCH(Reaction, reaction);
+    Panel hidden;
+    auto other = std::make_unique<Panel>();
     Panel panel;
-    Panel other;
-    other.show();
-    std::atomic_bool answered(false);
-    bool answeredDuringHide = true;
-    std::thread asker;
-    other.onHide = [&] {
-        std::atomic_bool begun(false);
-        asker = std::thread([&] {
-            begun = true;
-            KELNonModalDialog::activeDialog();
-            answered = true;
-        });
-        while (!begun)
-            std::this_thread::yield();
-        // It cannot answer before the lock is released; without the lock it would do so at once.
-        QDeadlineTimer deadline(50);
-        while (!answered && !deadline.hasExpired())
-            std::this_thread::yield();
-        answeredDuringHide = answered;
+    std::unique_ptr<Panel> constructed;
+    hidden.show();
+    int hides = 0;
+    hidden.onHide = [&] {
+        if (++hides != 1)
+            return;
+        if (reaction == Reaction::AsksForTheActiveOne)
+            QCOMPARE(KELNonModalDialog::activeDialog(), nullptr);
+        else if (reaction == Reaction::ShowsAnother)
+            KELNonModalDialog::showOne(other.get());
+        else if (reaction == Reaction::HidesAll)
+            KELNonModalDialog::showOne(nullptr);
+        else if (reaction == Reaction::Constructs)
+            constructed = std::make_unique<Panel>();
+        else
+            other.reset();
     };
     KELNonModalDialog::showOne(&panel);
-    asker.join();
-    QVERIFY(!answeredDuringHide);
-    QVERIFY(answered);
+    QCOMPARE(hides, 1);
+    QVERIFY(hidden.isHidden());
+    QVERIFY(panel.isVisible());
+    QCOMPARE(KELNonModalDialog::activeDialog(), &panel);
+    if (other)
+        QVERIFY(other->isHidden());
+    if (constructed) {
+        QVERIFY(constructed->isHidden());
+        KELNonModalDialog::showOne(constructed.get());
+        QVERIFY(panel.isHidden());
+    }
+}
+
+void tst_KELNonModalDialog::hiddenPanelHidesOneWhoseTurnComesLater()
+{
+    QStringList log;
+    Panel a(QStringLiteral("a"), &log);
+    Panel b(QStringLiteral("b"), &log);
+    auto c = std::make_unique<Panel>(QStringLiteral("c"), &log);
+    Panel d(QStringLiteral("d"), &log);
+    a.show();
+    b.show();
+    c->show();
+    a.onHide = [&] {
+        b.hide();
+        c.reset();
+    };
+    log.clear();
+    KELNonModalDialog::showOne(&d);
+    log.removeAll(QStringLiteral("hide c")); // of its destruction
+    QCOMPARE(log, QStringList({"hide a", "hide b", "show d"}));
+}
+
+void tst_KELNonModalDialog::hiddenPanelShowsOneWhoseTurnComesLater()
+{
+    QStringList log;
+    Panel a(QStringLiteral("a"), &log);
+    Panel b(QStringLiteral("b"), &log);
+    Panel c(QStringLiteral("c"), &log);
+    a.show();
+    a.onHide = [&] { b.show(); };
+    log.clear();
+    KELNonModalDialog::showOne(&c);
+    QCOMPARE(log, QStringList({"hide a", "show b", "hide b", "show c"}));
+}
+
+void tst_KELNonModalDialog::hiddenPanelDestroysTheOneToBeShown()
+{
+    Panel a;
+    auto b = std::make_unique<Panel>();
+    a.show();
+    a.onHide = [&] { b.reset(); };
+    KELNonModalDialog::showOne(b.get());
+    QVERIFY(!b);
+    QVERIFY(a.isHidden());
+    QCOMPARE(KELNonModalDialog::activeDialog(), nullptr);
 }
 
 void tst_KELNonModalDialog::noneIsActive()
