@@ -15,6 +15,7 @@ struct KELGDI_EXPORT KELCheckBoxStyle : public KELRoundRectControlStyle
 {
     //! The fill of the knob; a brush of style Qt::NoBrush draws none. Default of a check box: RGB
     //! (0, 123, 185). Its colour also makes the track of a switched-on box, see \ref checkboxcolours.
+    //! Gradients are limited, see \ref stylebrushes.
     QBrush indicatorBrush = QBrush();
 };
 

@@ -16,9 +16,11 @@ struct KELGDI_EXPORT KELNavigationTableStyle : public KELRoundRectControlStyle
 {
     //! The text of the title bar. Default "KELRoundRectControlStyle".
     QString title = QString();
-    //! The fill of the title bar; a brush of style Qt::NoBrush draws none. Default RGBA (40, 40, 40, 160).
+    //! The fill of the title bar; a brush of style Qt::NoBrush draws none. Gradients are limited, see
+    //! \ref stylebrushes. Default RGBA (40, 40, 40, 160).
     QBrush titleBackgroundBrush = QBrush();
-    //! The brush of the 1 px pen for the title; Qt::NoBrush draws none. Default white.
+    //! The brush of the 1 px pen for the title; Qt::NoBrush draws none. Gradients are limited,
+    //! see \ref stylebrushes. Default white.
     QBrush titleForegroundBrush = QBrush();
     //! The height of the title bar in item px. Default 35.
     float titleHeight;
@@ -36,9 +38,11 @@ struct KELGDI_EXPORT KELNavigationTableStyle : public KELRoundRectControlStyle
  */
 struct KELGDI_EXPORT KELNavigationTableItemStyle : public KELRoundRectControlStyle
 {
-    //! The fill of the tab while the page is shown. Default RGBA (0, 0, 0, 210).
+    //! The fill of the tab while the page is shown. Gradients are limited, see \ref stylebrushes. Default RGBA
+    //! (0, 0, 0, 210).
     QBrush buttonBackground = QBrush();
-    //! The brush of the 1 px pen for glyph and caption of the tab; Qt::NoBrush draws neither. Default white.
+    //! The brush of the 1 px pen for glyph and caption of the tab; Qt::NoBrush draws neither. Gradients are
+    //! limited, see \ref stylebrushes. Default white.
     QBrush buttonForeground = QBrush();
 };
 

@@ -35,6 +35,13 @@ class KELControlPrivate;
  * control; a record that an application makes itself should be value-initialised
  * (<tt>KELRoundRectControlStyle()</tt>), because five fields have no initialiser of their own.
  *
+ * \section stylebrushes Brushes
+ * A gradient with a number that is not finite or beyond 100,000 (in its points, radii, angle or stops, in the
+ * transformation of the brush or in the inverse of that) paints nothing, and so does one whose transformation has
+ * no inverse, and a radial gradient whose two circles touch from inside, or nearly: within a millionth. With some of
+ * these Qt would crash. It holds for the brushes that derived records add, too.
+ *
+ * \section stylememory Memory
  * A record on the heap is freed as the record type that the \c delete expression names. A control
  * deletes its record as a KELRoundRectControlStyle, whatever was derived from it, and then the fields of a
  * derived record are not destroyed. A derived record must therefore add only plain values, or values

@@ -30,7 +30,8 @@ public:
      *
      * \param text The caption. What does not fit into \a size is clipped.
      * \param size The size of the picture. An empty size gives a null pixmap.
-     * \param textBrush The brush of the 1 px pen that draws the text; a gradient is allowed.
+     * \param textBrush The brush of the 1 px pen that draws the text; a gradient is allowed, within the
+     *        limits of \ref stylebrushes.
      * \param backgroundBrush The background. Only its colour is used, patterns and gradients are not
      *        drawn; a default-constructed (Qt::NoBrush) brush makes the picture transparent.
      * \param font The font of the text.

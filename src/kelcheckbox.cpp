@@ -56,7 +56,7 @@ void drawKnob(QPainter *painter, const KELCheckBoxStyle &option, const QRectF &k
     if (option.indicatorBrush.style() == Qt::NoBrush)
         return;
     painter->setPen(Qt::NoPen);
-    painter->setBrush(option.indicatorBrush);
+    painter->setBrush(KELPainting::usableBrush(option.indicatorBrush));
     KELPainting::drawRounded(painter, knob, option.xRadius, option.yRadius);
 }
 
@@ -65,7 +65,7 @@ void drawSwitch(QPainter *painter, const KELCheckBoxStyle &option)
     const QRectF track = trackRect(option.boundRect);
     // kept: without brush or outline the track is drawn with the painter's own brush and pen
     if (option.backgroundBrush.style() != Qt::NoBrush)
-        painter->setBrush(option.backgroundBrush);
+        painter->setBrush(KELPainting::usableBrush(option.backgroundBrush));
     if (option.borderBrush.style() != Qt::NoBrush && option.borderWidth > 0)
         painter->setPen(KELPainting::outlinePen(option.borderBrush, option.borderWidth));
     KELPainting::drawRounded(painter, track, option.xRadius, option.yRadius);
@@ -84,7 +84,7 @@ void drawBar(QPainter *painter, const KELCheckBoxStyle &option)
     if (option.backgroundBrush.style() != Qt::NoBrush) {
         const auto radius = qreal(3 * half);
         painter->setPen(Qt::NoPen);
-        painter->setBrush(option.backgroundBrush);
+        painter->setBrush(KELPainting::usableBrush(option.backgroundBrush));
         KELPainting::drawRounded(painter,
                                  {rect.x() + 2, rect.y() + rect.height() * 0.5 - radius,
                                   rect.width() - 4, qreal(6 * half)},

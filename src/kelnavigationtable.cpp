@@ -36,7 +36,7 @@ void fill(QPainter *painter, const QRectF &rect, const QBrush &brush)
     if (brush.style() == Qt::NoBrush)
         return;
     painter->setPen(Qt::NoPen);
-    painter->setBrush(brush);
+    painter->setBrush(KELPainting::usableBrush(brush));
     KELPainting::drawRounded(painter, rect, 0, 0);
 }
 

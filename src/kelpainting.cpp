@@ -8,6 +8,7 @@
 
 #include <QtGui/QPainter>
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -15,6 +16,79 @@ namespace {
 
 // Far beyond any screen, and small enough that x + width cannot overflow an int.
 constexpr qreal farAwayPx = (1 << 30) - 1;
+
+// Item px. Where the numbers of a radial gradient overflow, Qt reads beyond its table of colours. A single one does
+// that from 1e38 on, several together, with a transformation, from 1e12 on.
+constexpr qreal gradientLimit = 100000;
+
+bool isUsable(qreal value)
+{
+    return qAbs(value) <= gradientLimit; // false for NaN
+}
+
+bool isUsable(const QPointF &point)
+{
+    return isUsable(point.x()) && isUsable(point.y());
+}
+
+bool areElementsUsable(const QTransform &transform)
+{
+    return isUsable(transform.m11()) && isUsable(transform.m12()) && isUsable(transform.m13())
+        && isUsable(transform.m21()) && isUsable(transform.m22()) && isUsable(transform.m23())
+        && isUsable(transform.m31()) && isUsable(transform.m32()) && isUsable(transform.m33());
+}
+
+// Qt paints with the inverse, taken after the transformation of the view, where nothing tells any more that it
+// has none. QTransform::inverted() does not say how small the numbers are.
+bool isUsable(const QTransform &transform)
+{
+    if (transform.isIdentity())
+        return true;
+    if (!areElementsUsable(transform))
+        return false;
+    const qreal determinant = transform.determinant();
+    return determinant != 0 && areElementsUsable(transform.adjoint() / determinant);
+}
+
+bool isUsable(const QGradientStops &stops)
+{
+    return std::all_of(stops.cbegin(), stops.cend(),
+                       [](const QGradientStop &stop) { return isUsable(stop.first); });
+}
+
+// Qt divides by the square of the radii's difference less that of the centres' distance. Where the circles touch
+// from inside it draws nothing; where they nearly do, what is left of the two is too small.
+bool areCirclesUsable(const QRadialGradient &gradient)
+{
+    constexpr qreal share = 1e-6;
+    const QPointF distance = gradient.center() - gradient.focalPoint();
+    const qreal squaredDistance = QPointF::dotProduct(distance, distance);
+    const qreal radius = gradient.radius() - gradient.focalRadius();
+    const qreal squaredRadius = radius * radius;
+    return qAbs(squaredRadius - squaredDistance) >= share * (squaredRadius + squaredDistance);
+}
+
+bool isUsable(const QGradient &gradient)
+{
+    switch (gradient.type()) {
+    case QGradient::LinearGradient: {
+        const auto &linear = static_cast<const QLinearGradient &>(gradient);
+        return isUsable(linear.start()) && isUsable(linear.finalStop());
+    }
+    case QGradient::RadialGradient: {
+        const auto &radial = static_cast<const QRadialGradient &>(gradient);
+        return isUsable(radial.center()) && isUsable(radial.radius())
+            && isUsable(radial.focalPoint()) && isUsable(radial.focalRadius())
+            && areCirclesUsable(radial);
+    }
+    case QGradient::ConicalGradient: {
+        const auto &conical = static_cast<const QConicalGradient &>(gradient);
+        return isUsable(conical.center()) && isUsable(conical.angle());
+    }
+    default:
+        return true;
+    }
+}
 
 int roundedPx(qreal value)
 {
@@ -64,11 +138,19 @@ int KELPainting::truncatedPx(qreal value)
     return int(qBound(-farAwayPx, value, farAwayPx));
 }
 
+const QBrush &KELPainting::usableGradient(const QBrush &brush)
+{
+    static const QBrush none;
+    const QGradient &gradient = *brush.gradient();
+    return isUsable(gradient) && isUsable(gradient.stops()) && isUsable(brush.transform()) ? brush
+                                                                                           : none;
+}
+
 QPen KELPainting::outlinePen(const QBrush &brush, float width)
 {
     if (!qIsFinite(width))
         return {Qt::NoPen};
-    return {brush, qreal(width), Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin};
+    return {usableBrush(brush), qreal(width), Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin};
 }
 
 QPen KELPainting::captionPen(const QBrush &brush)
@@ -80,7 +162,7 @@ void KELPainting::drawRoundRect(QPainter *painter, const KELRoundRectControlStyl
 {
     const bool filled = option.backgroundBrush.style() != Qt::NoBrush;
     if (filled)
-        painter->setBrush(option.backgroundBrush);
+        painter->setBrush(usableBrush(option.backgroundBrush));
 
     if (option.borderBrush.style() != Qt::NoBrush) {
         const float halfWidth = option.borderWidth * 0.5F;

@@ -66,10 +66,10 @@ void KELProcessBar::paint(QPainter *painter, const QStyleOptionGraphicsItem * /*
     painter->setClipPath(pill, Qt::ReplaceClip);
 
     painter->setPen(Qt::NoPen);
-    painter->setBrush(m_style->backgroundBrush);
+    painter->setBrush(KELPainting::usableBrush(m_style->backgroundBrush));
     painter->drawRect(bar);
     const int fillWidth = KELPainting::truncatedPx(d->value * bar.width() / completePercent);
-    painter->setBrush(m_style->borderBrush);
+    painter->setBrush(KELPainting::usableBrush(m_style->borderBrush));
     painter->drawRect(QRectF(bar.left(), bar.top(), fillWidth, barHeightPx));
 
     // kept: in the painter's font, not in the record's

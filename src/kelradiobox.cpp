@@ -112,12 +112,12 @@ void KELRadioBox::paint(QPainter *painter, const QStyleOptionGraphicsItem * /*st
                         rect.y() + rect.height() * 0.5 - circleSizePx * 0.5, circleSizePx,
                         circleSizePx);
     painter->setPen(KELPainting::outlinePen(m_style->borderBrush, m_style->borderWidth));
-    painter->setBrush(m_style->backgroundBrush);
+    painter->setBrush(KELPainting::usableBrush(m_style->backgroundBrush));
     KELPainting::drawEllipse(painter, circle);
     if (!m_style->isCheck)
         return;
     painter->setPen(Qt::NoPen);
-    painter->setBrush(m_style->foregroundBrush);
+    painter->setBrush(KELPainting::usableBrush(m_style->foregroundBrush));
     KELPainting::drawEllipse(painter,
                              circle.adjusted(dotInsetPx, dotInsetPx, -dotInsetPx, -dotInsetPx));
 }

@@ -168,14 +168,14 @@ void KELSlideControl::paint(QPainter *painter, const QStyleOptionGraphicsItem * 
     const QRectF groove(rect.x() + grooveInsetPx,
                         rect.y() + rect.height() * 0.5 - grooveHeightPx * 0.5,
                         rect.width() - 2 * grooveInsetPx, grooveHeightPx);
-    const QBrush fill = isEnabled() ? m_style->foregroundBrush
+    const QBrush fill = isEnabled() ? KELPainting::usableBrush(m_style->foregroundBrush)
                                     : KELPainting::solidBrush(qRgb(110, 110, 110));
     const QBrush outline = isEnabled() ? m_style->borderBrush
                                        : KELPainting::solidBrush(qRgb(170, 170, 170));
 
     if (m_style->backgroundBrush.style() != Qt::NoBrush) {
         painter->setPen(Qt::NoPen);
-        painter->setBrush(m_style->backgroundBrush);
+        painter->setBrush(KELPainting::usableBrush(m_style->backgroundBrush));
         drawGroove(painter, groove);
     }
     // kept: without a groove the filled part is drawn with the painter's own pen

@@ -243,6 +243,7 @@ private Q_SLOTS:
     void oddGeometryDrawsNothing_data();
     void oddGeometryDrawsNothing();
     void paintingLeavesTheRecordAlone();
+    void unusableTrackOfTheSecondDrawing();
 };
 
 void tst_KELCheckBoxPaint::isTheHandDrawnPicture()
@@ -766,6 +767,19 @@ void tst_KELCheckBoxPaint::paintingLeavesTheRecordAlone()
     QCOMPARE(styleOf(box)->indicatorBrush, QBrush(QColor(0, 123, 185)));
     QCOMPARE(styleOf(box)->borderBrush, QBrush(Qt::white));
     QCOMPARE(styleOf(box)->borderWidth, 2.0F);
+}
+
+void tst_KELCheckBoxPaint::unusableTrackOfTheSecondDrawing()
+{
+    OpenCheckBox box;
+    box.setboundRect(20, 20, 80, 32);
+    box.setLayoutMode(1);
+    QRadialGradient gradient(std::numeric_limits<qreal>::quiet_NaN(), 20, 40);
+    gradient.setColorAt(0, Qt::red);
+    styleOf(box)->backgroundBrush = gradient;
+    const QImage painted = KelImage::paint(&box, canvas);
+    styleOf(box)->backgroundBrush = QBrush(Qt::NoBrush);
+    QCOMPARE(KelImage::difference(painted, KelImage::paint(&box, canvas)), QString());
 }
 
 KEL_TEST_MAIN(tst_KELCheckBoxPaint)
