@@ -11,7 +11,7 @@
 
 class KELDataBindPrivate;
 
-// An interface without a virtual destructor: nobody deletes a converter through it.
+// An interface without a virtual destructor: what may be deleted through it is told below.
 QT_WARNING_PUSH
 QT_WARNING_DISABLE_GCC("-Wnon-virtual-dtor")
 QT_WARNING_DISABLE_CLANG("-Wnon-virtual-dtor")
@@ -20,7 +20,15 @@ QT_WARNING_DISABLE_CLANG("-Wnon-virtual-dtor")
  * \brief Converts the values that a KELDataBind carries from one property to the other.
  *
  * Derive from it, override both functions, and keep the converter alive for as long as a binding that uses it
- * may fire: a binding borrows it and never deletes it. The destructor is not virtual: make the class final.
+ * may fire: a binding borrows it and never deletes it.
+ *
+ * The destructor is public but not virtual: <tt>delete</tt> through a pointer to the interface, and so
+ * <tt>std::unique_ptr<IKELValueConverter></tt>, runs no destructor of the derived class, whose members leak, and
+ * frees a block of the size of the interface. Delete a converter as the type it has, or hold it in a
+ * <tt>std::shared_ptr</tt> made of that type, which remembers it; make the class final. Only a converter that adds
+ * neither members nor a destructor loses nothing. A compiler that is asked with <tt>-Wnon-virtual-dtor</tt> warns of
+ * every derived class.
+ *
  * \code
  * class CelsiusToFahrenheit final : public IKELValueConverter
  * {
@@ -53,6 +61,9 @@ public:
     //! Returns true when the converter is of kind \a t.
     bool operator==(ValueConverterType t) const;
 
+    //! Destroys the interface alone, as it is not virtual: delete a converter as the type it has.
+    ~IKELValueConverter() = default;
+
 protected:
     //! Makes a converter of kind \a converterType.
     explicit IKELValueConverter(ValueConverterType converterType = CustomConverterType) :
@@ -62,7 +73,6 @@ protected:
     IKELValueConverter(const IKELValueConverter &) = default;
     //! Copies the kind.
     IKELValueConverter &operator=(const IKELValueConverter &) = default;
-    ~IKELValueConverter() = default;
 };
 
 /*!
@@ -138,6 +148,11 @@ QT_WARNING_POP
  * binding does nothing any more. Source, destination and binding may be destroyed at any time, also in a
  * setter, in a getter, in a slot or in a converter that the binding itself is calling; a converter may be
  * destroyed when no binding uses it or as the last thing it does in Convert() or ConvertBack().
+ *
+ * \section bindexceptions Exceptions
+ * No exception may leave the getters, setters, converters, slots and event handlers that run while a binding copies
+ * a value or connects: it ends the program at once, by std::terminate(), whether or not somebody further out would
+ * have caught it.
  *
  * GUI thread only.
  */

@@ -151,14 +151,21 @@ public:
     void endCalls() const;
     void store(QObject *source, const QByteArray &sourceName, QObject *destination,
                const QByteArray &destinationName, IKELValueConverter *valueConverter);
+    // Foreign code runs in these three: an exception of it ends the program there. It would leave a call that is
+    // over on the list of those that run.
     static bool connectNotify(KELDataBind *q, const QObject *object, const QMetaProperty &property,
-                              const QMetaMethod &slot, QMetaObject::Connection *connection);
+                              const QMetaMethod &slot,
+                              QMetaObject::Connection *connection) noexcept;
+    void setBind(KELDataBind *q, QObject *source, const char *sourceName, QObject *destination,
+                 const char *destinationName, KELDataBind::BindMode asked,
+                 IKELValueConverter *valueConverter) noexcept;
+    void copy(const QPointer<QObject> &from, NamedProperty *fromProperty,
+              const QPointer<QObject> &to, NamedProperty *toProperty,
+              Conversion conversion) noexcept;
     bool connectSource(KELDataBind *q);
     bool connectDestination(KELDataBind *q);
     KELDataBind::BindMode connectAsAsked(KELDataBind *q, KELDataBind::BindMode asked, int srcIndex,
                                          int dstIndex);
-    void copy(const QPointer<QObject> &from, NamedProperty *fromProperty,
-              const QPointer<QObject> &to, NamedProperty *toProperty, Conversion conversion);
 
     QPointer<QObject> src;
     QPointer<QObject> dst;
@@ -206,7 +213,7 @@ void KELDataBindPrivate::store(QObject *source, const QByteArray &sourceName, QO
 // False when the property has no notify signal, or is not one of this object since a setBind() that failed.
 bool KELDataBindPrivate::connectNotify(KELDataBind *q, const QObject *object,
                                        const QMetaProperty &property, const QMetaMethod &slot,
-                                       QMetaObject::Connection *connection)
+                                       QMetaObject::Connection *connection) noexcept
 {
     if (!property.hasNotifySignal()
         || !object->metaObject()->inherits(property.enclosingMetaObject()))
@@ -258,10 +265,45 @@ KELDataBind::BindMode KELDataBindPrivate::connectAsAsked(KELDataBind *q,
     return KELDataBind::Manual;
 }
 
+void KELDataBindPrivate::setBind(KELDataBind *q, QObject *source, const char *sourceName,
+                                 QObject *destination, const char *destinationName,
+                                 KELDataBind::BindMode asked,
+                                 IKELValueConverter *valueConverter) noexcept
+{
+    endCalls();
+    const Call call(this);
+    const QByteArray srcNameArgument(sourceName);
+    const QByteArray dstNameArgument(destinationName);
+    store(source, srcNameArgument, destination, dstNameArgument, valueConverter);
+
+    // kept: before the names are checked, so that a source without such a property gets a dynamic one
+    if (source && destination) {
+        const QVariant value = destination->property(dstNameArgument);
+        if (!call.isOver() && src)
+            src->setProperty(srcNameArgument, value);
+    }
+    if (call.isOver())
+        return;
+
+    const int srcIndex = indexOfProperty(src, srcNameArgument);
+    if (srcIndex < 0) {
+        qDebug() << "error : could not find src property '" << srcNameArgument.constData() << "'";
+        return;
+    }
+    const int dstIndex = indexOfProperty(dst, dstNameArgument);
+    if (dstIndex < 0) {
+        // kept: names the source's property
+        qDebug() << "error : could not find dst property '" << srcNameArgument.constData() << "'";
+        return;
+    }
+    const KELDataBind::BindMode effective = connectAsAsked(q, asked, srcIndex, dstIndex);
+    mode = effective;
+}
+
 // Getter, converter and setter may destroy the objects and the binding, or bind it anew.
 void KELDataBindPrivate::copy(const QPointer<QObject> &from, NamedProperty *fromProperty,
                               const QPointer<QObject> &to, NamedProperty *toProperty,
-                              Conversion conversion)
+                              Conversion conversion) noexcept
 {
     if (!from || !to)
         return;
@@ -318,34 +360,7 @@ KELDataBind::~KELDataBind()
 void KELDataBind::setBind(QObject *src, const char *srcProperty, QObject *dst,
                           const char *dstProperty, BindMode mode, IKELValueConverter *converter)
 {
-    d->endCalls();
-    const KELDataBindPrivate::Call call(d);
-    const QByteArray srcNameArgument(srcProperty);
-    const QByteArray dstNameArgument(dstProperty);
-    d->store(src, srcNameArgument, dst, dstNameArgument, converter);
-
-    // kept: before the names are checked, so that a source without such a property gets a dynamic one
-    if (src && dst) {
-        const QVariant value = dst->property(dstNameArgument);
-        if (!call.isOver() && d->src)
-            d->src->setProperty(srcNameArgument, value);
-    }
-    if (call.isOver())
-        return;
-
-    const int srcIndex = indexOfProperty(d->src, srcNameArgument);
-    if (srcIndex < 0) {
-        qDebug() << "error : could not find src property '" << srcNameArgument.constData() << "'";
-        return;
-    }
-    const int dstIndex = indexOfProperty(d->dst, dstNameArgument);
-    if (dstIndex < 0) {
-        // kept: names the source's property
-        qDebug() << "error : could not find dst property '" << srcNameArgument.constData() << "'";
-        return;
-    }
-    const BindMode effective = d->connectAsAsked(this, mode, srcIndex, dstIndex);
-    d->mode = effective;
+    d->setBind(this, src, srcProperty, dst, dstProperty, mode, converter);
 }
 
 KELDataBind *KELDataBind::bind(QObject *src, const char *srcProperty, QObject *dst,

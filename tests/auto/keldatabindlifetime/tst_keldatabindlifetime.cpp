@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <memory>
+#include <type_traits>
 #include <utility>
 
 namespace {
@@ -436,6 +437,7 @@ private Q_SLOTS:
     void converterDeletesItself();
     void converterDiesBeforeTheBinding_data();
     void converterDiesBeforeTheBinding();
+    void converterDeletedThroughTheInterface();
     void destroyedInAPropertyEvent_data();
     void destroyedInAPropertyEvent();
     void destroyedWhenTheOtherIsDestroyed_data();
@@ -683,6 +685,21 @@ void tst_KELDataBindLifetime::converterDiesBeforeTheBinding()
     stage.destroy(order);
     delete stage.binding;
     QCOMPARE(takeDebugLines(), QStringList());
+}
+
+void tst_KELDataBindLifetime::converterDeletedThroughTheInterface()
+{
+    static_assert(std::is_destructible_v<
+                      IKELValueConverter> && !std::has_virtual_destructor_v<IKELValueConverter>);
+    Actor source(1);
+    Actor destination(2);
+    // It adds nothing to the interface: there is no destructor to miss.
+    const std::unique_ptr<IKELValueConverter> converter(new KELDefaultValueConverter);
+    KELDataBind binding;
+    binding.setBind(&source, "value", &destination, "value", KELDataBind::OneWay, converter.get());
+    source.setValue(3);
+    QCOMPARE(destination.value(), 3);
+    binding.unbind();
 }
 
 void tst_KELDataBindLifetime::destroyedInAPropertyEvent_data()
