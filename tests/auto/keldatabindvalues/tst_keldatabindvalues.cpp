@@ -906,6 +906,11 @@ private:
     bool m_on = false;
 };
 
+// A converter has no virtual destructor.
+QT_WARNING_PUSH
+QT_WARNING_DISABLE_GCC("-Wnon-virtual-dtor")
+QT_WARNING_DISABLE_CLANG("-Wnon-virtual-dtor")
+
 // What comes back is the opposite of what was carried.
 class OneSidedNot final : public IKELValueConverter
 {
@@ -916,6 +921,8 @@ public:
         return !value.toBool();
     }
 };
+
+QT_WARNING_POP
 
 } // namespace
 
