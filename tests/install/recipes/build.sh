@@ -144,13 +144,21 @@ yocto() {
     target_files "$directory/recipe-sysroot" "\${OE_QMAKE_PATH_EXTERNAL_HOST_BINS}"
     export PATH=$directory/recipe-sysroot-native/usr/bin
     cannot_run_target
+    ln -s /usr/bin/doxygen recipe-sysroot-native/usr/bin # what it makes is in a package
     yocto_configure "$directory/everything" ON >everything.log 2>&1 || { cat everything.log; fail "configuring"; }
     options_are_known everything.log
+    would_install everything
+    PATH=/usr/bin:/bin "$here/split-packages" "$recipe" everything.list || fail "the packages are wrong"
+    rm recipe-sysroot-native/usr/bin/doxygen
     yocto_configure "$directory/build" OFF >configure.log 2>&1 || { cat configure.log; fail "configuring"; }
     options_are_known configure.log
     cmake --build build --target all
     DESTDIR=$directory/image cmake --build build --target install
     installed image
+    would_install build
+    if ! diff <(sort build.list) <(cd image && find . -not -type d | sed 's,^\.,,' | sort); then
+        fail "the lists of what is installed are not to be trusted"
+    fi
 }
 
 # --- Buildroot: toolchainfile.cmake and pkg-cmake.mk ----------------------------------------------------------------
@@ -228,6 +236,9 @@ TEXT
     make DESTDIR="$directory/target" install/fast -C buildroot-build
     installed staging
     installed target
+    # The hook knows the folder of the file that the target is spared.
+    rm -r "target$(sed -n 's/^\trm -rf \$(TARGET_DIR)//p' "$package/kelgdicontrol.mk")"
+    [ -z "$(find target -name '*.prf')" ] || fail "the file for qmake stays on the target"
     # Built for size, as the release preset does.
     $triplet-strip -o stripped.so "target/usr/lib/libKELGdiControl.so.$version"
     local size limit=$((300 * 1024))
@@ -251,6 +262,12 @@ options_are_known() {
     if sed -n '/not used by the project/,$p' "$1" | PATH=/usr/bin:/bin grep KEL_; then
         fail "the recipe has an option that the project does not have"
     fi
+}
+
+# would_install BUILD: writes what an install of that folder has into BUILD.list.
+would_install() {
+    cmake -DBUILD="$directory/$1" -DLIST="$directory/$1.list" -P "$here/ListInstalled.cmake" >/dev/null
+    [ -s "$1.list" ] || fail "nothing would be installed"
 }
 
 # installed FOLDER: everything is there, for aarch64, and knows neither this folder nor the one it was built in.

@@ -27,6 +27,6 @@ OECMAKE_TARGET_COMPILE:append = "${@bb.utils.contains('PACKAGECONFIG', 'docs', '
 PACKAGES =+ "${PN}-gallery ${PN}-tests"
 FILES:${PN}-gallery = "${bindir}/kelgdi-gallery ${datadir}/applications"
 RRECOMMENDS:${PN}-gallery = "liberation-fonts"
-FILES:${PN}-tests = "${bindir}/kelgdi-selftest ${libexecdir}/kelgdicontrol"
+FILES:${PN}-tests = "${bindir}/kelgdi-selftest ${libdir}/kelgdicontrol"
 FILES:${PN}-dev += "${libdir}/qt5/mkspecs"
 FILES:${PN}-doc += "${datadir}/qt5/doc"
