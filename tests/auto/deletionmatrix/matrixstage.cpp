@@ -1,0 +1,499 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "matrixstage.h"
+
+#include <kelapplicationnotify.h>
+#include <kelcheckbox.h>
+#include <kelcombobox.h>
+#include <kelcontentview.h>
+#include <keldialogbase.h>
+#include <kellabel.h>
+#include <kellineitem.h>
+#include <kelnavigationtable.h>
+#include <kelnonmodaldialog.h>
+#include <kelnonmodalhelper.h>
+#include <kelprocessbar.h>
+#include <kelpushbutton.h>
+#include <kelradiobox.h>
+#include <kelsidemenu.h>
+#include <kelslidecontrol.h>
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QMetaProperty>
+#include <QtCore/QTimer>
+#include <QtWidgets/QAction>
+#include <QtWidgets/QMenu>
+
+namespace {
+
+constexpr QSize viewSize(200, 150);
+
+bool isOfTheLibrary(const QObject *object)
+{
+    return QByteArray(object->metaObject()->className()).startsWith("KEL");
+}
+
+void addViewAndScene(Stage *stage)
+{
+    auto *const scene = stage->add("scene", new Own<QGraphicsScene>);
+    auto *const view = stage->add("view", new Own<QGraphicsView>(stage->desk));
+    scene->setItemIndexMethod(QGraphicsScene::NoIndex);
+    scene->setSceneRect(QRectF(QPointF(), viewSize));
+    view->setFrameShape(QFrame::NoFrame);
+    view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    view->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    view->setScene(scene);
+    view->resize(viewSize);
+    view->show();
+    stage->view = view;
+    stage->scene = scene;
+}
+
+// The control on a wrapper, above a button and beside another one.
+void addControl(Stage *stage, KELRoundRectControl *control)
+{
+    addViewAndScene(stage);
+    auto *const below = stage->add("button below", new Own<KELPushButton>);
+    below->setboundRect(50, 30, 100, 60);
+    stage->scene->addItem(below);
+    auto *const neighbour = stage->add("neighbour", new Own<KELPushButton>);
+    neighbour->setboundRect(140, 40, 50, 40);
+    stage->scene->addItem(neighbour);
+    auto *const wrapper = stage->add("wrapper", new Own<Wrapper>);
+    stage->scene->addItem(wrapper);
+    stage->scene->addItem(stage->add("other wrapper", new Own<Wrapper>));
+
+    stage->subject = stage->add("control", control);
+    control->setAcceptHoverEvents(true);
+    control->setAcceptTouchEvents(true);
+    control->setboundRect(60, 40, 80, 40);
+    auto *const child = stage->add("label on it", new Own<KELLabel>(control));
+    child->setboundRect(0, 0, 10, 10);
+    control->setParentItem(wrapper);
+    stage->addSpot("it", stage->view, control);
+}
+
+const QMetaProperty propertyWithNotify(const QObject *object)
+{
+    const QMetaObject *const meta = object->metaObject();
+    for (int i = meta->propertyCount() - 1; i >= 0; --i) {
+        if (meta->property(i).hasNotifySignal()
+            && QByteArray(meta->property(i).enclosingMetaObject()->className()).startsWith("KEL"))
+            return meta->property(i);
+    }
+    return {};
+}
+
+void bindToAModel(Stage *stage, QObject *object)
+{
+    const QMetaProperty property = propertyWithNotify(object);
+    if (!property.isValid())
+        return;
+    auto *const model = stage->add("model", new Own<Model>);
+    auto *const holder = stage->add("holder", new Own<ConverterHolder>);
+    holder->binding = stage->add("binding", new Own<KELDataBind>);
+    holder->binding->setBind(object, property.name(), model, "number", KELDataBind::TwoWay, holder);
+}
+
+template <class Control>
+StageKind control(const char *name)
+{
+    return {name, [](Stage *stage) {
+                auto *const made = new Own<Control>;
+                addControl(stage, made);
+                made->setFlag(QGraphicsItem::ItemIsSelectable);
+                bindToAModel(stage, made);
+            }};
+}
+
+template <class Control>
+StageKind movableControl(const char *name)
+{
+    return {name, [](Stage *stage) {
+                auto *const made = new Own<Control>;
+                addControl(stage, made);
+                made->setFlag(QGraphicsItem::ItemIsSelectable);
+                made->setFlag(QGraphicsItem::ItemIsMovable);
+            }};
+}
+
+template <class Control>
+StageKind controlWithMenu(const char *name)
+{
+    return {name, [](Stage *stage) {
+                auto *const made = new Own<Control>;
+                addControl(stage, made);
+                made->setFlag(QGraphicsItem::ItemIsSelectable);
+                const QPointer<QMenu> menu(stage->add("menu", new Own<QMenu>));
+                const QPointer<QAction> action(
+                    stage->add("menu entry", menu->addAction(QStringLiteral("Stop"))));
+                made->KELRoundRectControl::style()->contextMenu = menu;
+                QObject::connect(menu, &QMenu::aboutToShow, stage->desk, [stage, menu, action] {
+                    QTimer::singleShot(0, stage->desk, [menu, action] {
+                        if (action)
+                            action->trigger();
+                        if (menu)
+                            menu->close();
+                    });
+                });
+            }};
+}
+
+void buildPlainBase(Stage *stage)
+{
+    addControl(stage, new Own<KELRoundRectControl>);
+}
+
+void buildPart(Stage *stage)
+{
+    auto *const label = new Own<KELLabel>;
+    addControl(stage, label);
+    auto *const button = stage->add("button around it", new Own<KELPushButton>);
+    button->setboundRect(0, 0, 160, 100);
+    stage->scene->addItem(button);
+    label->setParentItem(button);
+}
+
+void addComboBox(Stage *stage)
+{
+    auto *const box = new Own<KELComboBox>;
+    addControl(stage, box);
+    box->setboundRect(10, 10, 80, 20);
+    for (const char *text : {"one", "two", "three"})
+        box->addItem(QString::fromLatin1(text), QString());
+    stage->spots.clear();
+    const QList<QGraphicsItem *> children = box->childItems();
+    for (QGraphicsItem *child : children) {
+        if (auto *const button = qobject_cast<KELPushButton *>(child->toGraphicsObject()))
+            stage->addSpot("the button", stage->view, button);
+    }
+}
+
+void buildComboBox(Stage *stage)
+{
+    addComboBox(stage);
+    stage->addSpot("the button below", stage->view, stage->find<KELPushButton>("button below"));
+}
+
+void buildOpenComboBox(Stage *stage)
+{
+    addComboBox(stage);
+    auto *const box = stage->find<KELComboBox>();
+    box->setSelectIndex(0);
+    const QList<QGraphicsItem *> children = box->childItems();
+    for (QGraphicsItem *child : children) {
+        if (auto *const button = qobject_cast<KELPushButton *>(child->toGraphicsObject()))
+            Q_EMIT button->mouseClicked();
+    }
+    stage->addSpot("the second entry", stage->view, box->items().at(1));
+    // Beside the list, on the button below all of it.
+    stage->addSpot("the neighbour", stage->view, stage->find<KELPushButton>("neighbour"));
+}
+
+void buildRadioGroup(Stage *stage)
+{
+    addControl(stage, new Own<KELRadioBox>);
+    auto *const group = stage->add("group", new Own<KELRadioBoxGroup>);
+    auto *const second = stage->add("second box", new Own<KELRadioBox>);
+    auto *const third = stage->add("third box", new Own<KELRadioBox>);
+    second->setboundRect(0, 100, 40, 40);
+    third->setboundRect(60, 100, 40, 40);
+    auto *const wrapper = stage->find<Wrapper>();
+    second->setParentItem(wrapper);
+    third->setParentItem(wrapper);
+    group->addRadioBox(qobject_cast<KELRadioBox *>(stage->subject), 0);
+    group->addRadioBox(second, 1);
+    group->addRadioBox(third, 2);
+    bindToAModel(stage, second);
+    stage->addSpot("the second box", stage->view, second);
+}
+
+void buildNavigationTable(Stage *stage)
+{
+    auto *const table = new Own<KELNavigationTable>;
+    addControl(stage, table);
+    table->style()->boundRect = QRectF(0, 0, 120, 120);
+    static_cast<KELNavigationTableStyle *>(table->style())->tabHeight = 30;
+    for (const char *name : {"first page", "second page", "third page"}) {
+        auto *const page = stage->add(name, new Own<KELNavigationTableItem>);
+        table->addItem(page);
+        auto *const button = new Own<KELPushButton>(page);
+        button->setboundRect(40, 20, 40, 40);
+        stage->add("button on it", button);
+    }
+    stage->spots.clear();
+    stage->addSpot("the page", stage->view, stage->find<KELPushButton>("button on it"));
+    stage->spots.append({"the second tab", stage->view->viewport(), QPoint(60, 105)});
+    stage->spots.append({"the first tab", stage->view->viewport(), QPoint(20, 105)});
+}
+
+void buildTwoTables(Stage *stage)
+{
+    auto *const table = new Own<KELNavigationTable>;
+    addControl(stage, table);
+    table->style()->boundRect = QRectF(0, 0, 60, 120);
+    auto *const other = stage->add("other table", new Own<KELNavigationTable>);
+    other->style()->boundRect = QRectF(60, 0, 60, 120);
+    stage->scene->addItem(other);
+    auto *const page = stage->add("page of the other", new Own<KELNavigationTableItem>);
+    stage->add("button on it", new Own<KELPushButton>(page))->setboundRect(0, 0, 40, 40);
+    other->addItem(page);
+    other->addItem(stage->add("its second page", new Own<KELNavigationTableItem>));
+    stage->spots.clear();
+}
+
+template <class View>
+View *addContentView(Stage *stage, const char *name, QWidget *parent)
+{
+    auto *const view = stage->add(name, new Own<View>(parent));
+    stage->add("scene", view->scene());
+    auto *const content = stage->add("content", new Own<KELPushButton>);
+    content->setboundRect(0, 0, 100, 60);
+    auto *const child = stage->add("button on the content", new Own<KELPushButton>(content));
+    child->setboundRect(10, 10, 20, 20);
+    view->setContent(content);
+    view->show();
+    return view;
+}
+
+void buildContentView(Stage *stage)
+{
+    auto *const view = addContentView<KELContentView>(stage, "view", stage->desk);
+    stage->view = view;
+    stage->scene = view->scene();
+    stage->subject = view->content();
+    auto *const item = stage->add("another item", new Own<KELPushButton>);
+    item->setboundRect(0, 60, 40, 30);
+    view->scene()->addItem(item);
+    auto *const next = stage->add("next content", new Own<KELPushButton>);
+    next->setboundRect(0, 0, 80, 50);
+    stage->add("button on the next", new Own<KELPushButton>(next))->setboundRect(0, 0, 20, 20);
+    stage->addSpot("the content", view, view->content());
+}
+
+void buildSideMenu(Stage *stage)
+{
+    auto *const menu = stage->add("side menu", new Own<KELSideMenu>(stage->desk));
+    stage->add("scene", menu->scene());
+    menu->setSpace(2);
+    for (const char *name : {"first button", "second button"}) {
+        auto *const button = stage->add(name, new Own<KELPushButton>);
+        button->setboundRect(0, 0, 40, 40);
+        menu->addItem(button);
+    }
+    menu->show();
+    stage->view = menu;
+    stage->scene = menu->scene();
+    stage->subject = stage->find<KELPushButton>();
+    auto *const next = stage->add("next button", new Own<KELPushButton>);
+    next->setboundRect(0, 0, 40, 60);
+    stage->addSpot("the first button", menu, stage->subject);
+}
+
+void buildHelper(Stage *stage)
+{
+    auto *const room = stage->add("room", new Own<QWidget>(stage->desk));
+    room->resize(viewSize);
+    room->show();
+    auto *const panel = stage->add("panel", new Own<QWidget>(room));
+    panel->setGeometry(10, 10, 50, 50);
+    stage->add("panel's child", new Own<QWidget>(panel));
+    panel->show();
+    stage->add("helper", new Own<KELNonModalhelper>(panel));
+    stage->spots.append({"the room", room, QPoint(150, 100)});
+}
+
+void buildPanels(Stage *stage)
+{
+    auto *const room = stage->add("room", new Own<QWidget>(stage->desk));
+    room->resize(viewSize);
+    room->show();
+    auto *const panel = addContentView<KELNonModalDialog>(stage, "first panel", room);
+    stage->view = panel;
+    stage->scene = panel->scene();
+    stage->subject = panel->content();
+    auto *const second = addContentView<KELNonModalDialog>(stage, "second panel", room);
+    second->hide();
+    stage->addSpot("the content", panel, panel->content());
+    stage->spots.append({"the room", room, QPoint(190, 140)});
+}
+
+void buildTellingPanels(Stage *stage)
+{
+    auto *const panel = addContentView<KELNonModalDialog>(stage, "first panel", stage->desk);
+    stage->view = panel;
+    stage->scene = panel->scene();
+    stage->subject = panel->content();
+    addContentView<TellingPanel>(stage, "telling panel", stage->desk);
+    addContentView<KELNonModalDialog>(stage, "third panel", stage->desk);
+}
+
+void buildDialog(Stage *stage)
+{
+    auto *const dialog = stage->add("dialog", new Own<KELDialogBase>(stage->desk));
+    dialog->setBackgroundPixmap(QPixmap(20, 20));
+    auto *const view = stage->add("view", dialog->view());
+    stage->add("scene", view->scene());
+    auto *const button = stage->add("button", new Own<KELPushButton>);
+    button->setboundRect(20, 20, 60, 40);
+    view->scene()->addItem(button);
+    const QList<QGraphicsItem *> items = view->scene()->items();
+    for (QGraphicsItem *item : items) {
+        if (item->type() == QGraphicsPixmapItem::Type)
+            stage->add("label on the body", new Own<KELLabel>)->setParentItem(item);
+    }
+    dialog->show();
+    stage->view = view;
+    stage->scene = view->scene();
+    stage->subject = button;
+    stage->addSpot("the button", view, button);
+}
+
+void buildNotify(Stage *stage)
+{
+    addControl(stage, new Own<KELPushButton>);
+    for (const char *name : {"notifier", "second notifier"}) {
+        auto *const notify = stage->add(
+            name, new Own<KELApplicationNotify>(nullptr, QEvent::MouseButtonPress));
+        qApp->installEventFilter(notify);
+    }
+    stage->add("target", new Own<QObject>);
+}
+
+void buildNotifyOfAScene(Stage *stage)
+{
+    addControl(stage, new Own<KELPushButton>);
+    auto *const notify = stage->add(
+        "notifier", new Own<KELApplicationNotify>(nullptr, QEvent::GraphicsSceneMousePress));
+    stage->scene->installEventFilter(notify);
+    stage->add("target", new Own<QObject>);
+}
+
+void buildBinding(Stage *stage)
+{
+    auto *const source = stage->add("source", new Own<Model>);
+    auto *const destination = stage->add("destination", new Own<Model>);
+    auto *const holder = stage->add("holder", new Own<ConverterHolder>);
+    holder->binding = stage->add("binding", new Own<KELDataBind>);
+    holder->binding->setBind(source, "number", destination, "number", KELDataBind::TwoWay, holder);
+    auto *const third = stage->add("third model", new Own<Model>);
+    stage->add("binding of the source",
+               KELDataBind::bind(source, "number", third, "number", KELDataBind::TwoWay));
+}
+
+} // namespace
+
+Stage::~Stage()
+{
+    for (int i = 0; i < m_objects.size(); ++i)
+        delete m_objects.at(i).object;
+}
+
+void Stage::addSpot(const char *name, QGraphicsView *shownIn, const QGraphicsItem *item)
+{
+    const QPointF centre = item->mapToScene(item->boundingRect().center());
+    spots.append({name, shownIn->viewport(), shownIn->mapFromScene(centre)});
+}
+
+void Stage::addObject(const QString &name, QObject *object)
+{
+    m_objects.append({name, object, object->metaObject()});
+}
+
+// Objects that the library has made are named by their class.
+void Stage::addFound(QObject *object)
+{
+    const QString className = QString::fromLatin1(object->metaObject()->className());
+    int found = 1;
+    for (const Entry &entry : qAsConst(m_objects)) {
+        if (entry.object == object)
+            return;
+        if (entry.name.startsWith(className))
+            ++found;
+    }
+    addObject(className + QLatin1Char(' ') + QString::number(found), object);
+}
+
+void Stage::walkItem(const QGraphicsItem *item)
+{
+    const QList<QGraphicsItem *> children = item->childItems();
+    for (QGraphicsItem *child : children) {
+        if (child->toGraphicsObject())
+            addFound(child->toGraphicsObject());
+        else
+            walkItem(child);
+    }
+}
+
+void Stage::walk()
+{
+    for (int i = 0; i < m_objects.size(); ++i) {
+        QObject *const object = m_objects.at(i).object;
+        const QObjectList children = object->children();
+        for (QObject *child : children) {
+            if (isOfTheLibrary(child))
+                addFound(child);
+        }
+        if (const auto *item = qobject_cast<QGraphicsObject *>(object))
+            walkItem(item);
+        if (const auto *found = qobject_cast<QGraphicsScene *>(object)) {
+            const QList<QGraphicsItem *> items = found->items(Qt::AscendingOrder);
+            for (QGraphicsItem *item : items) {
+                if (item->toGraphicsObject())
+                    addFound(item->toGraphicsObject());
+            }
+        }
+    }
+}
+
+QObject *Stage::at(int index) const
+{
+    const Entry &entry = m_objects.at(index);
+    QObject *const object = entry.object;
+    // Once its own destructor has ended an object is one of a base class.
+    if (!object || object->metaObject() != entry.meta || Dying::contains(object))
+        return nullptr;
+    // A view that dies has its own way to end its scene.
+    if (qobject_cast<QGraphicsScene *>(object) && Dying::contains(object->parent()))
+        return nullptr;
+    return object;
+}
+
+const QVector<StageKind> &stageKinds()
+{
+    static const QVector<StageKind> kinds = {
+        {"plain base", buildPlainBase},
+        control<KELRoundRectControl>("base"),
+        control<KELPushButton>("push button"),
+        control<KELLabel>("label"),
+        control<KELLineItem>("line"),
+        control<KELCheckBox>("check box"),
+        control<KELRadioBox>("radio box"),
+        control<KELProcessBar>("progress bar"),
+        control<KELSlideControl>("slider"),
+        control<KELNavigationTableItem>("page alone"),
+        control<KELComboBoxItem>("entry alone"),
+        movableControl<KELPushButton>("movable button"),
+        movableControl<KELSlideControl>("movable slider"),
+        controlWithMenu<KELPushButton>("button with a menu"),
+        controlWithMenu<KELCheckBox>("check box with a menu"),
+        controlWithMenu<KELNavigationTable>("table with a menu"),
+        {"label on a button", buildPart},
+        {"combo box", buildComboBox},
+        {"open combo box", buildOpenComboBox},
+        {"radio boxes in a group", buildRadioGroup},
+        {"navigation table", buildNavigationTable},
+        {"two tables", buildTwoTables},
+        {"content view", buildContentView},
+        {"side menu", buildSideMenu},
+        {"helper", buildHelper},
+        {"panels", buildPanels},
+        {"telling panels", buildTellingPanels},
+        {"dialog", buildDialog},
+        {"notifiers of the application", buildNotify},
+        {"notifier of a scene", buildNotifyOfAScene},
+        {"bindings", buildBinding},
+    };
+    return kinds;
+}
