@@ -131,11 +131,16 @@ private:
  * of tabs are always elided, \c trimText of the table is for the title.
  *
  * \section tablelife Lifetime
- * The table owns its pages, which are its child items. A page that is deleted by somebody else, gets another
- * parent item or is taken out of the scene leaves the table: the tabs are laid out anew, and when it was the one
- * shown none is shown, until another is selected or added. The table and its pages may be deleted in any slot, with
- * the one exception that is Qt's: not in visibleChanged() of an item on a page, sent while the page is shown or
- * hidden; use deleteLater() there.
+ * The table owns its pages, which are its child items. A page may get another parent item within the table, for
+ * example a child item of the table that animates it: it stays the page it is, is shown and hidden as before, and is
+ * deleted with that item. The wrapper must be in the table first. A page that is deleted by somebody else, that is no
+ * descendant of the table any more, alone or with what it is wrapped in, or that is taken out of the scene leaves the
+ * table: the tabs are laid out anew, and when it was the one shown none is shown, until another is selected or added.
+ * It leaves at once; but with a QGraphicsItem that is no QGraphicsObject it leaves when the table is next asked,
+ * changed, pressed or painted, as such an item does not tell that it is moved.
+ *
+ * The table and its pages may be deleted in any slot, with the one exception that is Qt's: not in signals of an item
+ * on a page, sent while the page is shown, hidden or added; use deleteLater() there.
  *
  * GUI thread only.
  */
@@ -155,6 +160,9 @@ public:
      *
      * A page of another table, or an item in another scene, is taken out there first. Null, a page of this
      * table and an item that contains the table are ignored.
+     *
+     * What Qt signals of a new parent comes when the page has it: childrenChanged() of the old parent and of the
+     * table, visibleChanged() and enabledChanged() of the page if they are so, parentChanged() of the page.
      */
     void addItem(KELNavigationTableItem *item);
 

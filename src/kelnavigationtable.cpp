@@ -8,6 +8,7 @@
 
 #include <QtCore/QList>
 #include <QtCore/QPointer>
+#include <QtCore/QVector>
 #include <QtGui/QFontMetrics>
 #include <QtGui/QPainter>
 #include <QtWidgets/QGraphicsScene>
@@ -109,17 +110,95 @@ void setDefaults(KELNavigationTableStyle *style)
     style->tabHeight = 80.0F;
 }
 
+// Blocks the signals of an object that may be deleted meanwhile.
+class Silenced
+{
+public:
+    explicit Silenced(QGraphicsObject *object) :
+        m_object(object), m_wasBlocked(object && object->blockSignals(true))
+    { }
+    ~Silenced()
+    {
+        if (m_object)
+            m_object->blockSignals(m_wasBlocked);
+    }
+
+private:
+    Q_DISABLE_COPY(Silenced)
+
+    const QPointer<QGraphicsObject> m_object;
+    const bool m_wasBlocked;
+};
+
+// Makes a page a child item of a table. Qt emits signals of these two and of the old parent while it still needs them
+// all: they wait for report(), so that slots may delete any of them.
+class Adoption
+{
+public:
+    Adoption(KELNavigationTable *table, KELNavigationTableItem *page) :
+        m_table(table),
+        m_page(page),
+        m_oldParent(page->parentObject()),
+        m_isNew(page->parentItem() != table),
+        m_wasVisible(page->isVisible()),
+        m_wasEnabled(page->isEnabled())
+    {
+        const Silenced silencedTable(table);
+        const Silenced silencedPage(page);
+        const Silenced silencedParent(m_oldParent);
+        // Qt cannot give an item a parent in another scene.
+        if (page->scene() && page->scene() != table->scene())
+            page->scene()->removeItem(page);
+        page->setParentItem(table);
+    }
+
+    void report() const
+    {
+        if (!m_isNew)
+            return;
+        if (m_oldParent)
+            Q_EMIT m_oldParent->childrenChanged();
+        if (m_table)
+            Q_EMIT m_table->childrenChanged();
+        if (m_page && m_page->isVisible() != m_wasVisible)
+            Q_EMIT m_page->visibleChanged();
+        if (m_page && m_page->isEnabled() != m_wasEnabled)
+            Q_EMIT m_page->enabledChanged();
+        if (m_page)
+            Q_EMIT m_page->parentChanged();
+    }
+
+private:
+    Q_DISABLE_COPY(Adoption)
+
+    const QPointer<KELNavigationTable> m_table;
+    const QPointer<KELNavigationTableItem> m_page;
+    const QPointer<QGraphicsObject> m_oldParent;
+    const bool m_isNew;
+    const bool m_wasVisible;
+    const bool m_wasEnabled;
+};
+
 } // namespace
 
 class KELNavigationTableItemPrivate
 {
 public:
     explicit KELNavigationTableItemPrivate(KELRoundRectControlStyle *style) : ownStyle(style) { }
+    void unwatch();
 
     KELOwnStyle<KELNavigationTableItemStyle> ownStyle;
     QRectF tab; // in the table
     KELNavigationTablePrivate *table = nullptr; // of which it is a page
+    QVector<QMetaObject::Connection> watches; // the page and what it is wrapped in
 };
+
+void KELNavigationTableItemPrivate::unwatch()
+{
+    for (const QMetaObject::Connection &watch : qAsConst(watches))
+        QObject::disconnect(watch);
+    watches.clear();
+}
 
 class KELNavigationTablePrivate
 {
@@ -136,7 +215,9 @@ public:
     void show(int index);
     void place(KELNavigationTableItem *page) const;
     void layTabs() const;
+    void follow(KELNavigationTableItem *page);
     void forget(KELNavigationTableItem *page);
+    void forgetMoved();
 
     KELNavigationTable *const q;
     KELOwnStyle<KELNavigationTableStyle> ownStyle;
@@ -240,12 +321,39 @@ void KELNavigationTablePrivate::layTabs() const
     }
 }
 
+// Page has a new parent item, or something in which it is wrapped has: watches them while they are in the table.
+void KELNavigationTablePrivate::follow(KELNavigationTableItem *page)
+{
+    if (!q->isAncestorOf(page)) {
+        forget(page);
+        return;
+    }
+    page->d->unwatch();
+    for (QGraphicsItem *item = page; item != q; item = item->parentItem()) {
+        QGraphicsObject *const object = item->toGraphicsObject();
+        if (!object)
+            continue; // see forgetMoved()
+        page->d->watches.append(QObject::connect(object, &QGraphicsObject::parentChanged, q,
+                                                 [this, page] { follow(page); }));
+    }
+}
+
+// A plain item does not tell when it is moved away, with a page in it.
+void KELNavigationTablePrivate::forgetMoved()
+{
+    for (int i = items.size() - 1; i >= 0; --i) {
+        KELNavigationTableItem *const page = items.at(i);
+        if (page->parentItem() != q && !q->isAncestorOf(page))
+            forget(page);
+    }
+}
+
 // Takes a page out; it may be in its destructor.
 void KELNavigationTablePrivate::forget(KELNavigationTableItem *page)
 {
     const int index = items.indexOf(page);
     page->d->table = nullptr;
-    QObject::disconnect(page, &QGraphicsObject::parentChanged, q, nullptr);
+    page->d->unwatch();
     items.removeAt(index);
     if (page == current) {
         current = nullptr;
@@ -276,7 +384,9 @@ KELNavigationTable::~KELNavigationTable()
     while (!d->items.isEmpty()) {
         KELNavigationTableItem *const page = d->items.takeFirst();
         page->d->table = nullptr;
-        delete page;
+        page->d->unwatch();
+        if (isAncestorOf(page))
+            delete page;
     }
     if (KELNavigationTableStyle *own = d->ownStyle.get(m_style)) {
         own->title = QString();
@@ -288,6 +398,7 @@ KELNavigationTable::~KELNavigationTable()
 
 void KELNavigationTable::addItem(KELNavigationTableItem *item)
 {
+    d->forgetMoved();
     if (!item || item->d->table == d || item->isAncestorOf(this))
         return;
     // What follows emits signals of QGraphicsObject, and slots may do anything to page and table.
@@ -297,18 +408,13 @@ void KELNavigationTable::addItem(KELNavigationTableItem *item)
 
     if (item->d->table)
         item->d->table->forget(item);
-    d->items.append(item);
-    item->d->table = d;
-    // Qt cannot give an item a parent in another scene.
-    if (item->scene() && item->scene() != scene())
-        item->scene()->removeItem(item);
-    if (isPage()) {
-        connect(item, &QGraphicsObject::parentChanged, this, [this, item] {
-            if (d->items.contains(item) && item->parentItem() != this)
-                d->forget(item);
-        });
-        item->setParentItem(this);
+    const Adoption adoption(this, item);
+    if (alive && page && page->parentItem() == this && !page->d->table) {
+        d->items.append(item);
+        item->d->table = d;
+        d->follow(item);
     }
+    adoption.report();
     if (isPage() && d->current != item) // unless a slot has selected it
         item->hide();
     if (isPage() && !d->current)
@@ -323,23 +429,27 @@ void KELNavigationTable::addItem(KELNavigationTableItem *item)
 
 void KELNavigationTable::setSelectIndex(int index)
 {
+    d->forgetMoved();
     if (index >= 0 && index < d->items.size() && index != d->selectIndex)
         d->show(index);
 }
 
 KELNavigationTableItem *KELNavigationTable::selectItem() const
 {
+    d->forgetMoved();
     return d->current;
 }
 
 int KELNavigationTable::selectIndex() const
 {
+    d->forgetMoved();
     return d->selectIndex;
 }
 
 void KELNavigationTable::initStyleOption(KELNavigationTableStyle *option,
                                          const QStyleOptionGraphicsItem * /*styleOption*/) const
 {
+    d->forgetMoved();
     const KELNavigationTableStyle &own = d->style();
     option->boundRect = boundingRect();
     option->font = own.font;
@@ -420,6 +530,7 @@ void KELNavigationTable::mousePressEvent(QGraphicsSceneMouseEvent *event)
         return;
     press->beginUnseen(event);
     const QPointer<KELNavigationTable> alive(this);
+    d->forgetMoved();
     const int index = d->tabAt(event->pos());
     if (index >= 0 && index != d->selectIndex)
         d->show(index);

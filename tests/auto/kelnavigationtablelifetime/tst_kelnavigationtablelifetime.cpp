@@ -152,6 +152,27 @@ private Q_SLOTS:
     void selectedWhileAdded();
     void deletedWhileAdded_data();
     void deletedWhileAdded();
+    void deletedInTheMiddleOfAdding_data();
+    void deletedInTheMiddleOfAdding();
+    void addingIsReportedOnce();
+    void blockedSignalsStayBlocked();
+    void addedAgainWhileAdded();
+
+    void wrappedPageStays_data();
+    void wrappedPageStays();
+    void wrappedPageIsNotAddedAgain();
+    void wrapperTakenAway_data();
+    void wrapperTakenAway();
+    void outerWrapperTakenAway();
+    void wrapperDeleted_data();
+    void wrapperDeleted();
+    void pageUnwrapped();
+    void pageOutOfAWrapperOutside();
+    void tableDestroyedWithWrappedPages_data();
+    void tableDestroyedWithWrappedPages();
+    void tableDestroyedAfterAWrapperLeft();
+    void wrapperOutlivesTheTable();
+    void pageWrappedInAPage();
 
     void pageOfAnotherTable_data();
     void pageOfAnotherTable();
@@ -663,6 +684,424 @@ void tst_KELNavigationTableLifetime::deletedWhileAdded()
         QCOMPARE(stage.whatIsWrong(0), QString());
     }
     stage.view.grab();
+}
+
+void tst_KELNavigationTableLifetime::deletedInTheMiddleOfAdding_data()
+{
+    QTest::addColumn<int>("signal");
+    QTest::addColumn<bool>("deletesTable");
+    QTest::addColumn<bool>("otherScene");
+
+    const char *const signalNames[] = {
+        "the table's children change", "the old parent's children change",
+        "the page disappears with the table", "the page is disabled with the table"};
+    for (int i = 0; i < 4; ++i) {
+        for (const bool otherScene : {false, true}) {
+            const char *const where = otherScene ? ", from another scene" : "";
+            QTest::addRow("the table, when %s%s", signalNames[i], where) << i << true << otherScene;
+            QTest::addRow("the page, when %s%s", signalNames[i], where) << i << false << otherScene;
+        }
+    }
+}
+
+void tst_KELNavigationTableLifetime::deletedInTheMiddleOfAdding()
+{
+    QFETCH(int, signal);
+    QFETCH(bool, deletesTable);
+    QFETCH(bool, otherScene);
+    PageStage stage(0);
+    QVERIFY(stage.show());
+    if (signal == 2)
+        stage.table->hide();
+    if (signal == 3)
+        stage.table->setEnabled(false);
+    QGraphicsScene elsewhere;
+    auto *const oldParent = new KELRoundRectControl;
+    (otherScene ? &elsewhere : &stage.view.ownScene)->addItem(oldParent);
+    const QPointer<KELNavigationTableItem> page(new KELNavigationTableItem(oldParent));
+    int calls = 0;
+    const auto act = [&] {
+        if (++calls > 1)
+            return;
+        if (deletesTable)
+            delete stage.table;
+        else
+            delete page;
+    };
+    if (signal == 0)
+        connect(stage.table, &QGraphicsObject::childrenChanged, &stage.view, act);
+    else if (signal == 1)
+        connect(oldParent, &QGraphicsObject::childrenChanged, &stage.view, act);
+    else if (signal == 2)
+        connect(page, &QGraphicsObject::visibleChanged, &stage.view, act);
+    else
+        connect(page, &QGraphicsObject::enabledChanged, &stage.view, act);
+    stage.table->addItem(page);
+    QVERIFY(calls > 0);
+    QVERIFY(!page);
+    QCOMPARE(stage.table.isNull(), deletesTable);
+    if (stage.table) {
+        stage.table->show();
+        stage.table->setEnabled(true);
+        QCOMPARE(stage.table->selectIndex(), -1);
+        stage.pages = {new KELNavigationTableItem};
+        stage.table->addItem(stage.pages.first());
+        QCOMPARE(stage.whatIsWrong(0), QString());
+    }
+    stage.view.grab();
+}
+
+void tst_KELNavigationTableLifetime::addingIsReportedOnce()
+{
+    KELRoundRectControl oldParent;
+    KELNavigationTable table;
+    auto *const page = new KELNavigationTableItem(&oldParent);
+    const QSignalSpy lost(&oldParent, &QGraphicsObject::childrenChanged);
+    const QSignalSpy got(&table, &QGraphicsObject::childrenChanged);
+    const QSignalSpy parent(page, &QGraphicsObject::parentChanged);
+    const QSignalSpy visible(page, &QGraphicsObject::visibleChanged);
+    const QSignalSpy enabled(page, &QGraphicsObject::enabledChanged);
+    QStringList seen;
+    const QObject context;
+    const auto note = [&](const char *name) {
+        return [&, name] {
+            if (page->parentItem() == &table)
+                seen.append(QLatin1String(name));
+        };
+    };
+    connect(&oldParent, &QGraphicsObject::childrenChanged, &context, note("old"));
+    connect(&table, &QGraphicsObject::childrenChanged, &context, note("new"));
+    connect(page, &QGraphicsObject::parentChanged, &context, note("parent"));
+    table.addItem(page);
+    QCOMPARE(lost.count(), 1);
+    QCOMPARE(got.count(), 1);
+    QCOMPARE(parent.count(), 1);
+    QCOMPARE(visible.count(), 2); // hidden as any page, and shown as the first
+    QCOMPARE(enabled.count(), 0);
+    QCOMPARE(seen,
+             QStringList({QStringLiteral("old"), QStringLiteral("new"), QStringLiteral("parent")}));
+    // A child that is made a page keeps its parent.
+    table.addItem(new KELNavigationTableItem(&table));
+    QCOMPARE(got.count(), 2); // of the constructor
+}
+
+void tst_KELNavigationTableLifetime::blockedSignalsStayBlocked()
+{
+    KELNavigationTable table;
+    auto *const page = new KELNavigationTableItem;
+    const QSignalSpy got(&table, &QGraphicsObject::childrenChanged);
+    const QSignalSpy parent(page, &QGraphicsObject::parentChanged);
+    table.blockSignals(true);
+    page->blockSignals(true);
+    table.addItem(page);
+    QCOMPARE(got.count(), 0);
+    QCOMPARE(parent.count(), 0);
+    QVERIFY(table.signalsBlocked());
+    QVERIFY(page->signalsBlocked());
+    table.blockSignals(false);
+    page->blockSignals(false);
+    table.addItem(new KELNavigationTableItem);
+    QCOMPARE(got.count(), 1);
+    QVERIFY(!table.signalsBlocked());
+}
+
+void tst_KELNavigationTableLifetime::addedAgainWhileAdded()
+{
+    PageStage stage(1);
+    QVERIFY(stage.show());
+    stage.table->setEnabled(false);
+    auto *const page = new KELNavigationTableItem;
+    auto *const button = new KELPushButton(page);
+    connect(button, &QGraphicsObject::enabledChanged, &stage.view,
+            [&] { stage.table->addItem(page); });
+    stage.table->addItem(page);
+    stage.pages.append(page);
+    QVERIFY(!button->isEnabled());
+    stage.table->setEnabled(true);
+    QCOMPARE(stage.whatIsWrong(0), QString());
+    delete page; // which is shown by now
+    QCOMPARE(stage.whatIsWrong(-1), QString());
+}
+
+// What a page may be wrapped in, as a child of the table.
+enum class Wrapper { Object, PlainItem, ObjectInPlainItem, PlainItemInObject };
+Q_DECLARE_METATYPE(Wrapper)
+
+namespace {
+
+void addWrappers()
+{
+    QTest::addColumn<Wrapper>("wrapper");
+    QTest::newRow("an object") << Wrapper::Object;
+    QTest::newRow("a plain item") << Wrapper::PlainItem;
+    QTest::newRow("an object in a plain item") << Wrapper::ObjectInPlainItem;
+    QTest::newRow("a plain item in an object") << Wrapper::PlainItemInObject;
+}
+
+// The outer item, whose parent is the table, and the inner one.
+struct Wrapping
+{
+    QGraphicsItem *outer;
+    QGraphicsItem *inner;
+};
+
+Wrapping wrapIn(Wrapper wrapper, KELNavigationTable *table)
+{
+    const auto object = [](QGraphicsItem *parent) -> QGraphicsItem * {
+        auto *const control = new KELRoundRectControl;
+        control->setboundRect(0, 0, 0, 0);
+        control->setParentItem(parent);
+        return control;
+    };
+    const auto plain = [](QGraphicsItem *parent) -> QGraphicsItem * {
+        return new QGraphicsRectItem(parent);
+    };
+    const bool isOuterPlain = wrapper == Wrapper::PlainItem
+        || wrapper == Wrapper::ObjectInPlainItem;
+    QGraphicsItem *const outer = isOuterPlain ? plain(table) : object(table);
+    if (wrapper == Wrapper::ObjectInPlainItem)
+        return {outer, object(outer)};
+    if (wrapper == Wrapper::PlainItemInObject)
+        return {outer, plain(outer)};
+    return {outer, outer};
+}
+
+} // namespace
+
+void tst_KELNavigationTableLifetime::wrappedPageStays_data()
+{
+    addWrappers();
+}
+
+void tst_KELNavigationTableLifetime::wrappedPageStays()
+{
+    QFETCH(Wrapper, wrapper);
+    for (const int wrapped : {0, 1}) {
+        PageStage stage(3);
+        QVERIFY(stage.show());
+        stage.pages.at(wrapped)->setParentItem(wrapIn(wrapper, stage.table).inner);
+        QCOMPARE(stage.whatIsWrong(0), QString());
+        stage.table->setSelectIndex(1);
+        QCOMPARE(stage.whatIsWrong(1), QString());
+        delete stage.pages.at(wrapped);
+        QCOMPARE(stage.whatIsWrong(stage.alivePages().size() - 1), QString());
+    }
+}
+
+void tst_KELNavigationTableLifetime::wrappedPageIsNotAddedAgain()
+{
+    PageStage stage(2);
+    QVERIFY(stage.show());
+    QGraphicsItem *const wrapper = wrapIn(Wrapper::Object, stage.table).inner;
+    stage.pages.at(1)->setParentItem(wrapper);
+    stage.table->addItem(stage.pages.at(1));
+    QCOMPARE(stage.pages.at(1)->parentItem(), wrapper);
+    QCOMPARE(stage.whatIsWrong(0), QString());
+}
+
+void tst_KELNavigationTableLifetime::wrapperTakenAway_data()
+{
+    QTest::addColumn<Wrapper>("wrapper");
+    QTest::addColumn<int>("way");
+    QTest::addColumn<int>("asked");
+
+    const QPair<Wrapper, const char *> wrappers[] = {
+        {Wrapper::Object, "an object"},
+        {Wrapper::PlainItem, "a plain item"},
+        {Wrapper::ObjectInPlainItem, "an object in a plain item"},
+        {Wrapper::PlainItemInObject, "a plain item in an object"}};
+    const char *const waysAway[] = {"without parent", "out of the scene", "to another parent"};
+    const char *const asked[] = {"the index", "the page",  "a picture",
+                                 "a press",   "to select", "to add"};
+    for (const auto &wrapper : wrappers) {
+        for (int i = 0; i < 3; ++i) {
+            for (int j = 0; j < 6; ++j) {
+                QTest::addRow("%s, %s, asked for %s", wrapper.second, waysAway[i], asked[j])
+                    << wrapper.first << i << j;
+            }
+        }
+    }
+}
+
+void tst_KELNavigationTableLifetime::wrapperTakenAway()
+{
+    QFETCH(Wrapper, wrapper);
+    QFETCH(int, way);
+    QFETCH(int, asked);
+    KELRoundRectControl other;
+    PageStage stage(3);
+    QVERIFY(stage.show());
+    stage.table->setSelectIndex(1);
+    const Wrapping wrapping = wrapIn(wrapper, stage.table);
+    stage.pages.at(1)->setParentItem(wrapping.inner);
+    QCOMPARE(stage.whatIsWrong(1), QString());
+    stage.table->setSelectIndex(1);
+    QCoreApplication::processEvents();
+    if (way == 0)
+        wrapping.outer->setParentItem(nullptr);
+    else if (way == 1)
+        stage.view.ownScene.removeItem(wrapping.outer);
+    else
+        wrapping.outer->setParentItem(&other);
+    const QPointer<KELNavigationTableItem> left = stage.pages.takeAt(1);
+    if (asked == 0) {
+        QCOMPARE(stage.table->selectIndex(), -1);
+    } else if (asked == 1) {
+        QVERIFY(!stage.table->selectItem());
+    } else if (asked == 2) {
+        // Two tabs of half the width.
+        const QImage picture = KelImage::paint(stage.table, QSize(440, 310));
+        KELNavigationTable expected;
+        auto remaining = addPages(&expected, 3);
+        expected.setSelectIndex(1);
+        delete remaining.at(1);
+        QCOMPARE(KelImage::difference(picture, KelImage::paint(&expected, QSize(440, 310))),
+                 QString());
+    } else if (asked == 3) {
+        // Of two tabs the first, of three the one of the page that left.
+        stage.table->pressAt(QPointF(200, 270));
+        QCOMPARE(stage.table->selectItem(), stage.pages.at(0).data());
+    } else if (asked == 4) {
+        stage.table->setSelectIndex(2);
+        QCOMPARE(stage.table->selectIndex(), -1);
+    } else {
+        stage.pages.append(new KELNavigationTableItem);
+        stage.table->addItem(stage.pages.last());
+        QCOMPARE(stage.table->selectItem(), stage.pages.last().data());
+    }
+    stage.table->setSelectIndex(0);
+    QCOMPARE(stage.whatIsWrong(0), QString());
+    delete stage.table;
+    QVERIFY(left);
+    if (way == 1)
+        delete wrapping.outer;
+}
+
+void tst_KELNavigationTableLifetime::outerWrapperTakenAway()
+{
+    PageStage stage(2);
+    QVERIFY(stage.show());
+    QGraphicsItem *const outer = wrapIn(Wrapper::Object, stage.table).outer;
+    QGraphicsItem *const inner = wrapIn(Wrapper::Object, stage.table).outer;
+    stage.pages.at(0)->setParentItem(inner);
+    // The wrapper is wrapped after the page.
+    inner->setParentItem(outer);
+    QCOMPARE(stage.whatIsWrong(0), QString());
+    stage.table->setSelectIndex(0);
+    outer->setParentItem(nullptr);
+    stage.pages.removeAt(0);
+    QCOMPARE(stage.whatIsWrong(-1), QString());
+}
+
+void tst_KELNavigationTableLifetime::wrapperDeleted_data()
+{
+    addWrappers();
+}
+
+void tst_KELNavigationTableLifetime::wrapperDeleted()
+{
+    QFETCH(Wrapper, wrapper);
+    PageStage stage(3);
+    QVERIFY(stage.show());
+    const Wrapping wrapping = wrapIn(wrapper, stage.table);
+    stage.pages.at(0)->setParentItem(wrapping.inner);
+    delete wrapping.outer;
+    QVERIFY(!stage.pages.at(0));
+    QCOMPARE(stage.whatIsWrong(-1), QString());
+}
+
+void tst_KELNavigationTableLifetime::pageUnwrapped()
+{
+    PageStage stage(3);
+    QVERIFY(stage.show());
+    const Wrapping wrapping = wrapIn(Wrapper::PlainItemInObject, stage.table);
+    stage.pages.at(1)->setParentItem(wrapping.inner);
+    stage.pages.at(1)->setParentItem(stage.table);
+    // Neither of them has anything to do with the page any more.
+    wrapping.outer->setParentItem(nullptr);
+    delete wrapping.outer;
+    QCOMPARE(stage.whatIsWrong(0), QString());
+}
+
+void tst_KELNavigationTableLifetime::pageOutOfAWrapperOutside()
+{
+    PageStage stage(2);
+    QVERIFY(stage.show());
+    KELRoundRectControl outside;
+    stage.table->setSelectIndex(1);
+    const Wrapping wrapping = wrapIn(Wrapper::PlainItem, stage.table);
+    stage.pages.at(1)->setParentItem(wrapping.inner);
+    stage.pages.at(1)->setParentItem(&outside);
+    stage.pages.removeAt(1);
+    QCOMPARE(stage.whatIsWrong(-1), QString());
+}
+
+void tst_KELNavigationTableLifetime::tableDestroyedWithWrappedPages_data()
+{
+    addWrappers();
+}
+
+void tst_KELNavigationTableLifetime::tableDestroyedWithWrappedPages()
+{
+    QFETCH(Wrapper, wrapper);
+    PageStage stage(3);
+    QVERIFY(stage.show());
+    KELNavigationTable *const table = stage.table;
+    stage.pages.at(0)->setParentItem(wrapIn(wrapper, table).inner);
+    stage.pages.at(2)->setParentItem(wrapIn(wrapper, table).inner);
+    QList<int> indexes;
+    for (const QPointer<KELNavigationTableItem> &page : qAsConst(stage.pages)) {
+        connect(page, &QObject::destroyed, table, [table, &indexes] {
+            table->setSelectIndex(0);
+            indexes.append(table->selectIndex());
+        });
+    }
+    delete table;
+    QCOMPARE(indexes.size(), 3);
+    QVERIFY(stage.alivePages().isEmpty());
+    QVERIFY(stage.view.ownScene.items().isEmpty());
+}
+
+void tst_KELNavigationTableLifetime::tableDestroyedAfterAWrapperLeft()
+{
+    PageStage stage(2);
+    QVERIFY(stage.show());
+    const Wrapping wrapping = wrapIn(Wrapper::PlainItem, stage.table);
+    stage.pages.at(1)->setParentItem(wrapping.inner);
+    wrapping.outer->setParentItem(nullptr);
+    // Nobody has asked the table meanwhile.
+    delete stage.table;
+    QVERIFY(!stage.pages.at(0));
+    QVERIFY(stage.pages.at(1));
+    delete stage.pages.at(1);
+}
+
+void tst_KELNavigationTableLifetime::wrapperOutlivesTheTable()
+{
+    PageStage stage(2);
+    QVERIFY(stage.show());
+    const Wrapping wrapping = wrapIn(Wrapper::Object, stage.table);
+    stage.pages.at(1)->setParentItem(wrapping.inner);
+    // The slot runs while the pages of the table die.
+    connect(stage.pages.at(0), &QObject::destroyed, &stage.view,
+            [&] { wrapping.outer->setParentItem(nullptr); });
+    delete stage.table;
+    QVERIFY(stage.pages.at(1));
+    delete wrapping.outer;
+    QVERIFY(!stage.pages.at(1));
+}
+
+void tst_KELNavigationTableLifetime::pageWrappedInAPage()
+{
+    PageStage stage(3);
+    QVERIFY(stage.show());
+    stage.pages.at(2)->setParentItem(stage.pages.at(1));
+    QCOMPARE(stage.table->selectIndex(), 0);
+    // It goes where the other goes.
+    stage.pages.at(1)->setParentItem(nullptr);
+    stage.pages.removeAt(1);
+    stage.pages.removeAt(1);
+    QCOMPARE(stage.whatIsWrong(0), QString());
 }
 
 void tst_KELNavigationTableLifetime::pageOfAnotherTable_data()
