@@ -9,7 +9,7 @@ target_compile_definitions(kel_compiler INTERFACE
     QT_NO_KEYWORDS QT_NO_FOREACH QT_NO_CAST_TO_ASCII QT_DEPRECATED_WARNINGS
     QT_DISABLE_DEPRECATED_BEFORE=0x050f00)
 target_compile_options(kel_compiler INTERFACE
-    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
+    -Wall -Wextra -Wpedantic -Wshadow -Woverloaded-virtual -Wcast-align
     -Wundef -Wdouble-promotion
     -ffp-contract=off # one result on every processor, with or without fused multiply-add
     $<$<BOOL:${KEL_WERROR}>:-Werror>)

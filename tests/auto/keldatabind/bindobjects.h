@@ -188,10 +188,6 @@ class NoModel : public QObject
     Q_OBJECT
 };
 
-QT_WARNING_PUSH
-QT_WARNING_DISABLE_GCC("-Wnon-virtual-dtor")
-QT_WARNING_DISABLE_CLANG("-Wnon-virtual-dtor")
-
 class Converter : public IKELValueConverter
 {
 public:
@@ -222,7 +218,5 @@ private:
         return answersFixed ? fixedAnswer : QVariant(value.toInt() + added);
     }
 };
-
-QT_WARNING_POP
 
 #endif

@@ -11,10 +11,6 @@
 
 namespace {
 
-QT_WARNING_PUSH
-QT_WARNING_DISABLE_GCC("-Wnon-virtual-dtor")
-QT_WARNING_DISABLE_CLANG("-Wnon-virtual-dtor")
-
 // Converts as the default one, but is not marked as it.
 class UnmarkedDefaultConverter : public KELDefaultValueConverter
 {
@@ -46,8 +42,6 @@ public:
     QObject *target = nullptr;
     QVector<bool> blocks;
 };
-
-QT_WARNING_POP
 
 // Has methods of the same names as its base.
 class DerivedBinding : public KELDataBind

@@ -59,10 +59,6 @@ private:
     int m_value = 0;
 };
 
-QT_WARNING_PUSH
-QT_WARNING_DISABLE_GCC("-Wnon-virtual-dtor")
-QT_WARNING_DISABLE_CLANG("-Wnon-virtual-dtor")
-
 class Converter final : public IKELValueConverter
 {
 public:
@@ -72,8 +68,6 @@ public:
         throw Thrown();
     }
 };
-
-QT_WARNING_POP
 
 struct Stage
 {

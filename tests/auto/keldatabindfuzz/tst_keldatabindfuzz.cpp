@@ -46,10 +46,6 @@ QString inWords(const Calls &calls)
     return words.join(QLatin1String(", "));
 }
 
-QT_WARNING_PUSH
-QT_WARNING_DISABLE_GCC("-Wnon-virtual-dtor")
-QT_WARNING_DISABLE_CLANG("-Wnon-virtual-dtor")
-
 class RecordingConverter final : public IKELValueConverter
 {
 public:
@@ -79,8 +75,6 @@ private:
     const int m_number;
     Calls *const m_calls;
 };
-
-QT_WARNING_POP
 
 // Does the steps with real objects and bindings.
 class World

@@ -382,10 +382,6 @@ private:
     Late m_late;
 };
 
-QT_WARNING_PUSH
-QT_WARNING_DISABLE_GCC("-Wnon-virtual-dtor")
-QT_WARNING_DISABLE_CLANG("-Wnon-virtual-dtor")
-
 // Gives back what it is given.
 class PassingConverter : public IKELValueConverter
 {
@@ -402,8 +398,6 @@ public:
 
     int calls = 0;
 };
-
-QT_WARNING_POP
 
 // Two pairs filled alike: one is bound, the other is copied by Qt's own functions.
 class Twins
@@ -906,11 +900,6 @@ private:
     bool m_on = false;
 };
 
-// A converter has no virtual destructor.
-QT_WARNING_PUSH
-QT_WARNING_DISABLE_GCC("-Wnon-virtual-dtor")
-QT_WARNING_DISABLE_CLANG("-Wnon-virtual-dtor")
-
 // What comes back is the opposite of what was carried.
 class OneSidedNot final : public IKELValueConverter
 {
@@ -921,8 +910,6 @@ public:
         return !value.toBool();
     }
 };
-
-QT_WARNING_POP
 
 } // namespace
 
