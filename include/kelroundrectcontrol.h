@@ -197,11 +197,20 @@ struct KELGDI_EXPORT KELRoundRectControlStyle
  *   keyboard focus.
  *
  * \section lifetime Lifetime
- * A control may be deleted, with \c delete or QObject::deleteLater(), in any slot of any of its
- * signals, also while its context menu is open, and so may any other control. Qt itself does not allow as much
- * elsewhere: a slot of QGraphicsScene::selectionChanged(), which a tap on a selectable control fires, must not
- * delete the item that is being selected, and no slot that runs inside a gesture may delete the view or the scene;
- * use QObject::deleteLater() there.
+ * A control may be deleted, with \c delete or QObject::deleteLater(), in any slot of any signal of the library, its
+ * own or that of another control, also while its context menu is open.
+ *
+ * Qt itself goes on with some objects after its own signals. Use QObject::deleteLater() there:
+ * - for the view, its window and the scene, in any slot that runs inside a gesture;
+ * - in slots of QGraphicsScene::selectionChanged(), which a tap on a selectable control fires, for the items that
+ *   are being selected and those under the pointer;
+ * - in slots of visibleChanged() and enabledChanged(), for other items of the same tree: Qt goes through all children;
+ * - in slots of parentChanged(), childrenChanged(), xChanged() and yChanged(), for the item, its parents and its
+ *   children, unless KELNavigationTable::addItem() emits them;
+ * - in slots of QGraphicsScene::changed() and QGraphicsScene::sceneRectChanged(), for the scene and the view;
+ * - in slots of QMenu::aboutToShow() and QMenu::aboutToHide() for that menu, of QDialog::accepted() and
+ *   QDialog::rejected() for that dialog, and in a widget's own hide event;
+ * - in slots of destroyed(), for what the destroyed object is a part of: that is being deleted already.
  *
  * \section geometry Geometry
  * setboundRect() neither repaints nor tells the scene. Set the rectangle first and add the control to

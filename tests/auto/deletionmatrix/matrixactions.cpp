@@ -71,17 +71,17 @@ void hover(const Spot &spot, const QPoint &pos)
     sendMouse(spot.viewport, QEvent::MouseMove, pos, Qt::NoButton, Qt::NoButton);
 }
 
+// As the window system tells of it. QTest::touchEvent() does the same, and sleeps.
 void touch(const Spot &spot, Qt::TouchPointState state)
 {
     if (!spot.viewport)
         return;
-    QTest::QTouchEventSequence finger = QTest::touchEvent(spot.viewport.data(), touchScreen());
-    if (state == Qt::TouchPointPressed)
-        finger.press(0, spot.pos, spot.viewport);
-    else if (state == Qt::TouchPointMoved)
-        finger.move(0, spot.pos + dragWay, spot.viewport);
-    else
-        finger.release(0, spot.pos, spot.viewport);
+    const QPoint way = state == Qt::TouchPointMoved ? dragWay : QPoint();
+    QTouchEvent::TouchPoint finger(0);
+    finger.setScreenPos(spot.viewport->mapToGlobal(spot.pos + way));
+    finger.setState(state);
+    qt_handleTouchEvent(nullptr, touchScreen(), {finger});
+    QCoreApplication::processEvents();
 }
 
 void tap(const Spot &spot)

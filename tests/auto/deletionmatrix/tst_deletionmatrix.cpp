@@ -20,6 +20,12 @@
 
 #if defined(__SANITIZE_ADDRESS__)
 #  include <sanitizer/lsan_interface.h>
+
+// What threads hold that are not there any more in the process of the cells.
+extern "C" Q_DECL_EXPORT const char *__lsan_default_suppressions() // NOLINT
+{
+    return "leak:g_malloc0\nleak:libfontconfig.so\n";
+}
 #endif
 
 /*
@@ -40,6 +46,7 @@ namespace {
 
 constexpr int wantedCells = 10000;
 constexpr unsigned patienceS = 20;
+constexpr int mostFailures = 200; // each takes a new process
 constexpr int leakExitCode = 23;
 
 struct Cell
@@ -230,7 +237,7 @@ private:
     const bool m_wantsAll = qEnvironmentVariable("KEL_MATRIX_CELLS") == QLatin1String("all");
     int m_rehearsals = 0;
     Board *m_board = nullptr;
-    bool m_hasFailed = false;
+    int m_failures = 0;
 };
 
 QString tst_DeletionMatrix::nameOf(const Cell &cell) const
@@ -319,8 +326,9 @@ void tst_DeletionMatrix::rehearse(int kind, int action, int spot)
         std::unique_ptr<Ear> ear;
     };
     std::vector<Line> lines;
-    const std::unique_ptr<Stage> stage = makeStage(kind, m_desk.get());
+    // Below the other one, so that fingers do not find it.
     const std::unique_ptr<Stage> untouched = makeStage(kind, m_desk.get());
+    const std::unique_ptr<Stage> stage = makeStage(kind, m_desk.get());
     for (int sender = 0; sender < stage->count(); ++sender) {
         const QMetaObject *const meta = stage->metaOf(sender);
         for (int i = 0; i < meta->methodCount(); ++i) {
@@ -336,7 +344,10 @@ void tst_DeletionMatrix::rehearse(int kind, int action, int spot)
         if (line.ear->count == 0)
             continue;
         Cell cell = line.cell;
-        for (cell.nth = 1; cell.nth <= qMin(2, line.ear->count); ++cell.nth) {
+        const QMetaMethod method = stage->metaOf(cell.sender)->method(cell.signal);
+        const bool isOfQt = method.enclosingMetaObject()->className()[0] == 'Q';
+        const int emissions = qMin(isOfQt ? 1 : 2, line.ear->count);
+        for (cell.nth = 1; cell.nth <= emissions; ++cell.nth) {
             for (cell.victim = 0; cell.victim < stage->count(); ++cell.victim) {
                 for (const bool isLater : {false, true}) {
                     cell.isLater = isLater;
@@ -400,7 +411,7 @@ void tst_DeletionMatrix::runFrom(int cell)
 void tst_DeletionMatrix::runAll()
 {
     int next = 0;
-    while (next < m_cells.size()) {
+    while (next < m_cells.size() && m_failures < mostFailures) {
         const pid_t player = fork();
         if (player < 0)
             qFatal("no process for the cells");
@@ -413,7 +424,7 @@ void tst_DeletionMatrix::runAll()
             fail(last, WIFSIGNALED(status) && WTERMSIG(status) == SIGALRM ? "hangs" : "crashes");
         } else if (status != 0) {
             std::fprintf(stderr, "The cells from %d on leave memory behind.\n", next);
-            m_hasFailed = true;
+            ++m_failures;
         }
         next = last + 1;
     }
@@ -426,7 +437,7 @@ void tst_DeletionMatrix::runAll()
 void tst_DeletionMatrix::fail(int cell, const char *how)
 {
     std::fprintf(stderr, "Cell %d %s: %s\n", cell, how, qPrintable(nameOf(m_cells.at(cell))));
-    m_hasFailed = true;
+    ++m_failures;
 }
 
 // Returns true when some are left out.
@@ -532,7 +543,7 @@ void tst_DeletionMatrix::everyCell()
     }
     munmap(m_board, size);
     m_desk.reset();
-    QVERIFY2(!m_hasFailed, "see above");
+    QVERIFY2(m_failures == 0, "see above");
 }
 
 KEL_TEST_MAIN(tst_DeletionMatrix)
