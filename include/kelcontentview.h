@@ -84,9 +84,20 @@ public:
      * in this scene, is kept: it is taken out of the scene before the rest is deleted.
      *
      * Place the control (KELRoundRectControl::setboundRect()) before this call: its size is read here.
-     * A slot of an item that is deleted here may call setContent() again, or delete controls: the control
-     * given last is shown, and one that it replaced before it was ever shown is deleted. Such a slot must
-     * not delete the view or its scene, nor call this while somebody else than this view deletes the content.
+     * \par Slots
+     * Slots that run meanwhile, of items that are deleted here, of \a control, of the item that it was on or of the
+     * scene, may call setContent() again, or delete controls: the control given last is shown, and one that it
+     * replaced before it was ever shown is deleted. They may delete the view or its scene, too: the control is deleted
+     * then, as it would have been with the scene, unless a slot has given it another parent item or scene. Signals
+     * of \a control, of the item that it was on and of the scene come when Qt has done what they report; of an item
+     * that is dead by then QGraphicsScene::focusItemChanged() gets null.
+     *
+     * \par
+     * Qt itself does not survive the deletion of the view or its scene in what it calls in the middle of its own
+     * work: in event handlers of items (focus, mouse grab and activation are taken away from old items and given to
+     * new ones), in events of the view and in slots of QGraphicsScene::sceneRectChanged(), both when the view is
+     * resized at the end. There, use deleteLater(). Nor may a slot call this while somebody else than this view
+     * deletes the content.
      *
      * A width or height that is not finite counts as 0.
      *

@@ -3,6 +3,7 @@
 
 #include "kelcontentview.h"
 
+#include "kelitemmove_p.h"
 #include "kelroundrectcontrol.h"
 #include "kelsceneview_p.h"
 
@@ -23,15 +24,6 @@ int truncatedPx(qreal value)
     return int(qBound(-limit, value, limit));
 }
 
-// Takes the item out of its scene and from its parent.
-void detach(QGraphicsItem *item)
-{
-    if (item->scene())
-        item->scene()->removeItem(item);
-    else
-        item->setParentItem(nullptr);
-}
-
 } // namespace
 
 class KELContentViewPrivate
@@ -42,7 +34,10 @@ public:
     {
         return qobject_cast<KELRoundRectControl *>(content);
     }
-    void deleteSuperseded();
+    // Deleting runs slots, which may do anything, also delete the view and with it this.
+    void clearScene(const QPointer<KELContentView> &alive) const;
+    void deleteSuperseded(const QPointer<KELContentView> &alive);
+    void deleteHomeless() const;
 
     QPointer<QGraphicsScene> scene;
     QPointer<QGraphicsObject> content;
@@ -50,14 +45,34 @@ public:
     QVector<QPointer<QGraphicsObject>> superseded; // given while replacing, and never shown
 };
 
-// Deleting runs slots, which may give further controls.
-void KELContentViewPrivate::deleteSuperseded()
+// One by one: a slot may delete the scene, which none of the dying items is in then.
+void KELContentViewPrivate::clearScene(const QPointer<KELContentView> &alive) const
 {
-    while (!superseded.isEmpty()) {
+    while (alive && scene) {
+        const QList<QGraphicsItem *> items = scene->items(Qt::AscendingOrder);
+        if (items.isEmpty()) {
+            scene->clear(); // forgets what items it had
+            return;
+        }
+        KELItemMove::erase(items.first()->topLevelItem());
+    }
+}
+
+void KELContentViewPrivate::deleteSuperseded(const QPointer<KELContentView> &alive)
+{
+    while (alive && !superseded.isEmpty()) {
         auto *const control = qobject_cast<KELRoundRectControl *>(superseded.takeLast());
         if (control && control != content && !(content && content->isAncestorOf(control)))
             delete control;
     }
+}
+
+// The scene would have owned the content.
+void KELContentViewPrivate::deleteHomeless() const
+{
+    KELRoundRectControl *const control = intactContent();
+    if (control && !control->scene() && !control->parentItem())
+        delete control;
 }
 
 KELContentView::KELContentView(QWidget *parent) :
@@ -70,6 +85,10 @@ KELContentView::KELContentView(QWidget *parent) :
 KELContentView::~KELContentView()
 {
     KELSceneView::tearDown(this, &d->scene);
+    if (d->replacing) {
+        d->deleteHomeless();
+        d->deleteSuperseded(this);
+    }
     delete d;
 }
 
@@ -83,23 +102,31 @@ void KELContentView::setContent(KELRoundRectControl *control)
     if (!control || !d->scene)
         return;
 
-    // All that follows runs slots of the items, which may call here again: the outermost call shows the
-    // control given last.
+    // All that follows runs slots of the items, which may delete the view and the scene, or call here again: the
+    // outermost call shows the control given last.
+    const QPointer<KELContentView> alive(this);
     const bool outermost = !std::exchange(d->replacing, true);
     if (!outermost && d->content != control)
         d->superseded.append(d->content);
     d->content = control;
-    detach(control);
-    if (!outermost)
+    KELItemMove::away(control).report();
+    if (!alive || !outermost)
         return;
-    d->scene->clear();
-    d->deleteSuperseded();
+    d->clearScene(alive);
+    if (alive)
+        d->deleteSuperseded(alive);
+    if (!alive)
+        return;
     d->replacing = false;
 
     KELRoundRectControl *const content = d->intactContent();
-    if (!content)
+    if (!d->scene)
+        d->deleteHomeless();
+    if (!d->scene || !content)
         return;
-    d->scene->addItem(content);
+    KELItemMove::into(d->scene, content).report();
+    if (!alive || content != d->intactContent())
+        return;
     const QRectF rect = content->rect();
     resize(truncatedPx(rect.width()), truncatedPx(rect.height()));
 }
@@ -112,9 +139,11 @@ void KELContentView::setFocusItem(QGraphicsItem *item)
 
 void KELContentView::resizeEvent(QResizeEvent *event)
 {
+    const QPointer<KELContentView> alive(this);
     QGraphicsView::resizeEvent(event);
-    if (!d->scene)
+    if (!alive || !d->scene)
         return;
     d->scene->setSceneRect(0, 0, width(), height());
-    fitInView(sceneRect(), Qt::KeepAspectRatio);
+    if (alive)
+        fitInView(sceneRect(), Qt::KeepAspectRatio);
 }

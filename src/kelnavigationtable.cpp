@@ -3,6 +3,7 @@
 
 #include "kelnavigationtable.h"
 
+#include "kelitemmove_p.h"
 #include "kelpainting_p.h"
 #include "kelroundrectcontrol_p.h"
 
@@ -109,75 +110,6 @@ void setDefaults(KELNavigationTableStyle *style)
     style->titleHeight = 35.0F;
     style->tabHeight = 80.0F;
 }
-
-// Blocks the signals of an object that may be deleted meanwhile.
-class Silenced
-{
-public:
-    explicit Silenced(QGraphicsObject *object) :
-        m_object(object), m_wasBlocked(object && object->blockSignals(true))
-    { }
-    ~Silenced()
-    {
-        if (m_object)
-            m_object->blockSignals(m_wasBlocked);
-    }
-
-private:
-    Q_DISABLE_COPY(Silenced)
-
-    const QPointer<QGraphicsObject> m_object;
-    const bool m_wasBlocked;
-};
-
-// Makes a page a child item of a table. Qt emits signals of these two and of the old parent while it still needs them
-// all: they wait for report(), so that slots may delete any of them.
-class Adoption
-{
-public:
-    Adoption(KELNavigationTable *table, KELNavigationTableItem *page) :
-        m_table(table),
-        m_page(page),
-        m_oldParent(page->parentObject()),
-        m_isNew(page->parentItem() != table),
-        m_wasVisible(page->isVisible()),
-        m_wasEnabled(page->isEnabled())
-    {
-        const Silenced silencedTable(table);
-        const Silenced silencedPage(page);
-        const Silenced silencedParent(m_oldParent);
-        // Qt cannot give an item a parent in another scene.
-        if (page->scene() && page->scene() != table->scene())
-            page->scene()->removeItem(page);
-        page->setParentItem(table);
-    }
-
-    void report() const
-    {
-        if (!m_isNew)
-            return;
-        if (m_oldParent)
-            Q_EMIT m_oldParent->childrenChanged();
-        if (m_table)
-            Q_EMIT m_table->childrenChanged();
-        if (m_page && m_page->isVisible() != m_wasVisible)
-            Q_EMIT m_page->visibleChanged();
-        if (m_page && m_page->isEnabled() != m_wasEnabled)
-            Q_EMIT m_page->enabledChanged();
-        if (m_page)
-            Q_EMIT m_page->parentChanged();
-    }
-
-private:
-    Q_DISABLE_COPY(Adoption)
-
-    const QPointer<KELNavigationTable> m_table;
-    const QPointer<KELNavigationTableItem> m_page;
-    const QPointer<QGraphicsObject> m_oldParent;
-    const bool m_isNew;
-    const bool m_wasVisible;
-    const bool m_wasEnabled;
-};
 
 } // namespace
 
@@ -408,13 +340,13 @@ void KELNavigationTable::addItem(KELNavigationTableItem *item)
 
     if (item->d->table)
         item->d->table->forget(item);
-    const Adoption adoption(this, item);
+    const KELItemMove move = KELItemMove::to(this, item);
     if (alive && page && page->parentItem() == this && !page->d->table) {
         d->items.append(item);
         item->d->table = d;
         d->follow(item);
     }
-    adoption.report();
+    move.report();
     if (isPage() && d->current != item) // unless a slot has selected it
         item->hide();
     if (isPage() && !d->current)

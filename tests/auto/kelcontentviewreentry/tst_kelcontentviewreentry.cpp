@@ -18,7 +18,35 @@ KELRoundRectControl *newControl(KELRoundRectControl *parent = nullptr)
     return control;
 }
 
+// The moments at which slots run inside setContent().
+enum class Moment {
+    OldContentDies,
+    ChildOfTheOldContentDies,
+    GuestDies,
+    SupersededControlDies,
+    NewContentLosesItsParent,
+    OldParentLosesTheNewContent,
+    SelectionGoes,
+    FocusGoes,
+    SelectionComes,
+    FocusComes
+};
+
+enum class Victim { View, Scene };
+
+// A control that can be selected and have the focus.
+KELRoundRectControl *newFocusable(KELRoundRectControl *parent = nullptr)
+{
+    KELRoundRectControl *control = newControl(parent);
+    control->setFlags(QGraphicsItem::ItemIsFocusable | QGraphicsItem::ItemIsSelectable
+                      | QGraphicsItem::ItemIsPanel);
+    return control;
+}
+
 } // namespace
+
+Q_DECLARE_METATYPE(Moment)
+Q_DECLARE_METATYPE(Victim)
 
 // setContent() called from slots that setContent() itself sets off.
 class tst_KELContentViewReentry : public KelTest
@@ -34,6 +62,15 @@ private Q_SLOTS:
     void dyingContentIsNotHandedOut();
     void controlDeletedOnItsWayOutOfTheScene();
     void controlReplacedOnItsWayOutOfTheScene();
+    void controlDeletedWhenItLosesItsParent_data();
+    void controlDeletedWhenItLosesItsParent();
+
+    void deletedInASlot_data();
+    void deletedInASlot();
+    void viewDeletedInANestedCall();
+    void selectionAndFocusAreReported();
+    void controlPutElsewhereSurvivesTheView();
+    void sceneIsDeletedByADyingPlainItem();
 };
 
 void tst_KELContentViewReentry::dyingContentGivesAChildOfTheNextOne()
@@ -164,6 +201,231 @@ void tst_KELContentViewReentry::controlReplacedOnItsWayOutOfTheScene()
     QVERIFY(!child);
     QCOMPARE(view.content(), other.data());
     QCOMPARE(view.scene()->items(), QList<QGraphicsItem *>({other.data()}));
+}
+
+void tst_KELContentViewReentry::controlDeletedWhenItLosesItsParent_data()
+{
+    QTest::addColumn<bool>("inScene");
+    QTest::addColumn<bool>("ownSignal");
+    QTest::newRow("signal of the control") << false << true;
+    QTest::newRow("signal of the control, in a scene") << true << true;
+    QTest::newRow("signal of the old parent") << false << false;
+    QTest::newRow("signal of the old parent, in a scene") << true << false;
+}
+
+void tst_KELContentViewReentry::controlDeletedWhenItLosesItsParent()
+{
+    QFETCH(bool, inScene);
+    QFETCH(bool, ownSignal);
+    KELContentView view;
+    QGraphicsScene other;
+    KELRoundRectControl root;
+    if (inScene)
+        other.addItem(&root);
+    const ControlPointer control = newControl(&root);
+    const QObject context;
+    const auto act = [&] { delete control; };
+    if (ownSignal)
+        connect(control, &QGraphicsObject::parentChanged, &context, act);
+    else
+        connect(&root, &QGraphicsObject::childrenChanged, &context, act);
+    view.setContent(control);
+    QVERIFY(!control);
+    QCOMPARE(view.content(), nullptr);
+    QCOMPARE(view.scene()->items().size(), 0);
+}
+
+void tst_KELContentViewReentry::deletedInASlot_data()
+{
+    QTest::addColumn<Moment>("moment");
+    QTest::addColumn<Victim>("victim");
+
+    const QPair<Moment, const char *> moments[] = {
+        {Moment::OldContentDies, "the old content dies"},
+        {Moment::ChildOfTheOldContentDies, "a child of the old content dies"},
+        {Moment::GuestDies, "another item of the scene dies"},
+        {Moment::SupersededControlDies, "a superseded control dies"},
+        {Moment::NewContentLosesItsParent, "the new content loses its parent"},
+        {Moment::OldParentLosesTheNewContent, "the old parent loses the new content"},
+        {Moment::SelectionGoes, "the selection goes"},
+        {Moment::FocusGoes, "the focus goes"},
+        {Moment::SelectionComes, "the selection comes"},
+        {Moment::FocusComes, "the focus comes"}};
+    for (const auto &moment : moments) {
+        QTest::addRow("the view, when %s", moment.second) << moment.first << Victim::View;
+        QTest::addRow("the scene, when %s", moment.second) << moment.first << Victim::Scene;
+    }
+}
+
+void tst_KELContentViewReentry::deletedInASlot()
+{
+    QFETCH(Moment, moment);
+    QFETCH(Victim, victim);
+    const QPointer<KELContentView> view(new KELContentView);
+    QGraphicsScene *const scene = view->scene();
+    KELRoundRectControl oldParent;
+    KELRoundRectControl *const old = newFocusable();
+    KELRoundRectControl *const childOfOld = newFocusable(old);
+    KELRoundRectControl *const guest = newControl();
+    const ControlPointer next = newFocusable();
+    const ControlPointer other = newControl();
+    view->setContent(old);
+    scene->addItem(guest);
+    view->show();
+    QApplication::setActiveWindow(view);
+    QVERIFY(QTest::qWaitForWindowActive(view));
+    QTRY_VERIFY(scene->isActive());
+    view->setFocus();
+
+    int calls = 0;
+    const QObject context;
+    const auto act = [&] {
+        if (++calls > 1)
+            return;
+        if (victim == Victim::View)
+            delete view;
+        else
+            delete scene;
+    };
+    const auto actOn = [&](auto *sender, auto signal) { connect(sender, signal, &context, act); };
+    if (moment == Moment::OldContentDies) {
+        actOn(old, &QObject::destroyed);
+    } else if (moment == Moment::ChildOfTheOldContentDies) {
+        actOn(childOfOld, &QObject::destroyed);
+    } else if (moment == Moment::GuestDies) {
+        actOn(guest, &QObject::destroyed);
+    } else if (moment == Moment::SupersededControlDies) {
+        connect(old, &QObject::destroyed, &context, [&] { view->setContent(other); });
+        actOn(next.data(), &QObject::destroyed);
+    } else if (moment == Moment::NewContentLosesItsParent) {
+        next->setParentItem(&oldParent);
+        actOn(next.data(), &QGraphicsObject::parentChanged);
+    } else if (moment == Moment::OldParentLosesTheNewContent) {
+        next->setParentItem(&oldParent);
+        actOn(&oldParent, &QGraphicsObject::childrenChanged);
+    } else if (moment == Moment::SelectionGoes) {
+        childOfOld->setSelected(true);
+        actOn(scene, &QGraphicsScene::selectionChanged);
+    } else if (moment == Moment::FocusGoes) {
+        scene->setActivePanel(childOfOld);
+        childOfOld->setFocus();
+        QVERIFY(scene->focusItem() == childOfOld);
+        actOn(scene, &QGraphicsScene::focusItemChanged);
+    } else if (moment == Moment::SelectionComes) {
+        next->setSelected(true);
+        actOn(scene, &QGraphicsScene::selectionChanged);
+    } else {
+        scene->setFocusItem(nullptr);
+        next->setFocus();
+        actOn(scene, &QGraphicsScene::focusItemChanged);
+    }
+    view->setContent(next);
+    QVERIFY(calls > 0);
+    QVERIFY(!next);
+    if (moment != Moment::SupersededControlDies)
+        delete other;
+    QVERIFY(!other);
+    QCOMPARE(view.isNull(), victim == Victim::View);
+    if (view) {
+        QCOMPARE(view->content(), nullptr);
+        QCOMPARE(view->scene(), nullptr);
+        const ControlPointer ignored = newControl();
+        view->setContent(ignored);
+        QVERIFY(!ignored->scene());
+        delete ignored;
+        delete view;
+    }
+}
+
+void tst_KELContentViewReentry::viewDeletedInANestedCall()
+{
+    const QPointer<KELContentView> view(new KELContentView);
+    KELRoundRectControl *const old = newControl();
+    view->setContent(old);
+    KELRoundRectControl oldParent;
+    const ControlPointer a = newControl();
+    const ControlPointer b = newControl();
+    const ControlPointer c = newControl(&oldParent);
+    const QObject context;
+    connect(old, &QObject::destroyed, &context, [&] {
+        view->setContent(b);
+        view->setContent(c);
+    });
+    connect(c, &QGraphicsObject::parentChanged, &context, [&] { delete view; });
+    view->setContent(a);
+    QVERIFY(!view);
+    QVERIFY(!a);
+    QVERIFY(!b);
+    QVERIFY(!c);
+}
+
+void tst_KELContentViewReentry::selectionAndFocusAreReported()
+{
+    KELContentView view;
+    QGraphicsScene *const scene = view.scene();
+    KELRoundRectControl *const old = newFocusable();
+    view.setContent(old);
+    view.show();
+    QApplication::setActiveWindow(&view);
+    QVERIFY(QTest::qWaitForWindowActive(&view));
+    QTRY_VERIFY(scene->isActive());
+    view.setFocus();
+    scene->setActivePanel(old);
+    old->setFocus();
+    old->setSelected(true);
+    KELRoundRectControl *const next = newFocusable();
+    next->setSelected(true);
+    next->setFocus();
+    QStringList seen;
+    const QObject context;
+    connect(scene, &QGraphicsScene::selectionChanged, &context,
+            [&] { seen.append(QStringLiteral("selected %1").arg(scene->selectedItems().size())); });
+    connect(scene, &QGraphicsScene::focusItemChanged, &context,
+            [&](QGraphicsItem *item, const QGraphicsItem *before) {
+                QVERIFY(!before); // dead, or none
+                seen.append(item ? QStringLiteral("focus") : QStringLiteral("no focus"));
+            });
+    view.setContent(next);
+    QCOMPARE(seen,
+             QStringList({QStringLiteral("no focus"), QStringLiteral("selected 0"),
+                          QStringLiteral("focus"), QStringLiteral("selected 1")}));
+}
+
+void tst_KELContentViewReentry::controlPutElsewhereSurvivesTheView()
+{
+    const QPointer<KELContentView> view(new KELContentView);
+    KELRoundRectControl *const old = newControl();
+    view->setContent(old);
+    QGraphicsScene elsewhere;
+    const ControlPointer next = newControl();
+    const QObject context;
+    connect(old, &QObject::destroyed, &context, [&] {
+        elsewhere.addItem(next);
+        delete view;
+    });
+    view->setContent(next);
+    QVERIFY(!view);
+    QVERIFY(next);
+    QCOMPARE(next->scene(), &elsewhere);
+}
+
+void tst_KELContentViewReentry::sceneIsDeletedByADyingPlainItem()
+{
+    class Bomb : public QGraphicsRectItem
+    {
+    public:
+        ~Bomb() override { delete victim; }
+        QGraphicsScene *victim = nullptr;
+    };
+    KELContentView view;
+    auto *const bomb = new Bomb;
+    bomb->victim = view.scene();
+    view.scene()->addItem(bomb);
+    view.scene()->addItem(new QGraphicsRectItem(0, 0, 10, 10));
+    const ControlPointer next = newControl();
+    view.setContent(next);
+    QVERIFY(!next);
+    QCOMPARE(view.scene(), nullptr);
 }
 
 KEL_TEST_MAIN(tst_KELContentViewReentry)
