@@ -73,7 +73,8 @@ public:
      * though presses pass it and reach them. Set it before adding controls.
      *
      * The body may be gone already, for example by KELContentView::setContent(). A null pixmap makes
-     * an empty body.
+     * an empty body. Slots that run meanwhile, of items on the old body or of the scene, may delete the dialog, the
+     * view or the scene.
      */
     void setBackgroundPixmap(const QPixmap &pixmap);
 

@@ -96,6 +96,9 @@ public:
      * The scene of the menu takes ownership. The border width of the menu is written to the style of the
      * control. The first control gets the border once along the menu and twice across it, all others twice
      * in both directions. Null and a control that is in the menu already are ignored.
+     *
+     * Slots that run meanwhile may delete the menu, its scene or the control; but not the menu in a slot of
+     * QGraphicsScene::sceneRectChanged() or in its own events, as Qt resizes it then: use deleteLater() there.
      */
     void addItem(KELRoundRectControl *control);
 

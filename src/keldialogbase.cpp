@@ -4,6 +4,7 @@
 #include "keldialogbase.h"
 
 #include "kelcontentview.h"
+#include "kelitemmove_p.h"
 #include "kelpart_p.h"
 
 #include <QtCore/QEasingCurve>
@@ -61,14 +62,11 @@ void KELDialogBasePrivate::replaceBackground(const QPixmap &pixmap)
         QGraphicsPixmapItem *const old = background.get();
         if (!old)
             break;
-        // Not in the scene while it dies: a slot may delete the scene.
-        if (old->scene())
-            old->scene()->removeItem(old);
-        delete old;
+        KELItemMove::erase(old);
     }
     if (!alive || !view || !view->scene())
         return;
-    view->scene()->addItem(background.create(pixmap));
+    KELItemMove::into(view->scene(), background.create(pixmap)).report();
 }
 
 KELDialogBase::KELDialogBase(QWidget *parent) : QDialog(parent), d(new KELDialogBasePrivate(this))

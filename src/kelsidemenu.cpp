@@ -3,6 +3,7 @@
 
 #include "kelsidemenu.h"
 
+#include "kelitemmove_p.h"
 #include "kellineitem.h"
 #include "kelpainting_p.h"
 #include "kelsceneview_p.h"
@@ -66,8 +67,8 @@ void KELSideMenuPrivate::addSeparator(float position, const QSize &view)
         line->setLine(QPointF(0, at), QPointF(view.width(), at));
     line->style()->borderWidth = space;
     line->style()->borderBrush = KELPainting::solidBrush(qRgb(255, 255, 255));
-    scene->addItem(line);
     lines.append(line);
+    KELItemMove::into(scene, line).report();
 }
 
 void KELSideMenuPrivate::place(KELRoundRectControl *control, const QSizeF &size,
@@ -171,11 +172,13 @@ void KELSideMenu::addItem(KELRoundRectControl *control)
         const float begin = d->lengthOfItems(d->space);
         if (d->space > 0)
             d->addSeparator(begin, QWidget::size());
+        if (!alive || !added)
+            return;
         d->place(control, size, begin + d->space);
         resize(d->grownSize(QWidget::size(), size, begin));
     }
     if (alive && added && d->scene)
-        d->scene->addItem(control);
+        KELItemMove::into(d->scene, control).report();
 }
 
 void KELSideMenu::resizeEvent(QResizeEvent *event)

@@ -144,6 +144,8 @@ private Q_SLOTS:
     void itemOnTheOldBodySetsAnotherPixmap();
     void itemOnTheOldBodyDeletesTheDialog();
     void itemOnTheOldBodyDeletesTheView();
+    void signalOfTheSceneDeletes_data();
+    void signalOfTheSceneDeletes();
     void itemOfADyingDialogAsksIt();
     void dialogDeletesEverything_data();
     void dialogDeletesEverything();
@@ -638,6 +640,36 @@ void tst_KELDialogBase::itemOnTheOldBodyDeletesTheView()
     connect(child, &QObject::destroyed, this, [&] { delete dialog.view(); });
     dialog.setBackgroundPixmap(filled(QSize(30, 20), Qt::red));
     QCOMPARE(dialog.view(), nullptr);
+}
+
+void tst_KELDialogBase::signalOfTheSceneDeletes_data()
+{
+    QTest::addColumn<int>("victim");
+    QTest::newRow("the dialog") << 0;
+    QTest::newRow("the view") << 1;
+    QTest::newRow("the scene") << 2;
+}
+
+void tst_KELDialogBase::signalOfTheSceneDeletes()
+{
+    QFETCH(int, victim);
+    const QPointer<KELDialogBase> dialog(new KELDialogBase);
+    QGraphicsScene *const scene = dialog->view()->scene();
+    auto *child = new KELPushButton;
+    child->setParentItem(body(*dialog));
+    child->setSelected(true);
+    const QObject context;
+    connect(scene, &QGraphicsScene::selectionChanged, &context, [&] {
+        if (victim == 0)
+            delete dialog;
+        else if (victim == 1)
+            delete dialog->view();
+        else
+            delete scene;
+    });
+    dialog->setBackgroundPixmap(filled(QSize(30, 20), Qt::red));
+    QCOMPARE(dialog.isNull(), victim == 0);
+    delete dialog;
 }
 
 void tst_KELDialogBase::itemOfADyingDialogAsksIt()

@@ -72,6 +72,8 @@ private Q_SLOTS:
     void sceneDeletedWhileAdded_data();
     void sceneDeletedWhileAdded();
     void menuDeletedInASlotOfItsScene();
+    void deletedInASlotWhileAdded_data();
+    void deletedInASlotWhileAdded();
 };
 
 void tst_KELSideMenuView::resizeFitsTheScene_data()
@@ -518,6 +520,69 @@ void tst_KELSideMenuView::menuDeletedInASlotOfItsScene()
     QResizeEvent event(QSize(800, 50), QSize(1, 1));
     menu->resizeEvent(&event);
     QVERIFY(!menu);
+}
+
+void tst_KELSideMenuView::deletedInASlotWhileAdded_data()
+{
+    QTest::addColumn<int>("moment");
+    QTest::addColumn<int>("victim");
+    const char *const moments[] = {"the selection comes", "the focus comes",
+                                   "the old parent loses the control",
+                                   "the control loses its parent"};
+    const char *const victims[] = {"the menu", "the scene", "the control"};
+    for (int i = 0; i < 4; ++i) {
+        for (int j = 0; j < 3; ++j)
+            QTest::addRow("%s, when %s", victims[j], moments[i]) << i << j;
+    }
+}
+
+void tst_KELSideMenuView::deletedInASlotWhileAdded()
+{
+    QFETCH(int, moment);
+    QFETCH(int, victim);
+    const QPointer<KELSideMenu> menu(new KELSideMenu);
+    QGraphicsScene *const scene = menu->scene();
+    if (moment != 1) // the only item gets the focus
+        add(menu);
+    menu->show();
+    QApplication::setActiveWindow(menu);
+    QVERIFY(QTest::qWaitForWindowActive(menu));
+    QTRY_VERIFY(scene->isActive());
+    menu->setFocus();
+    KELRoundRectControl oldParent;
+    const QPointer<KELRoundRectControl> control(makeControl({100, 40}));
+    control->setFlags(QGraphicsItem::ItemIsFocusable | QGraphicsItem::ItemIsSelectable
+                      | QGraphicsItem::ItemIsPanel);
+    int calls = 0;
+    const QObject context;
+    const auto act = [&] {
+        if (++calls > 1)
+            return;
+        if (victim == 0)
+            delete menu;
+        else if (victim == 1)
+            delete scene;
+        else
+            delete control;
+    };
+    if (moment == 0) {
+        control->setSelected(true);
+        connect(scene, &QGraphicsScene::selectionChanged, &context, act);
+    } else if (moment == 1) {
+        control->setFocus();
+        connect(scene, &QGraphicsScene::focusItemChanged, &context, act);
+    } else {
+        control->setParentItem(&oldParent);
+        if (moment == 2)
+            connect(&oldParent, &QGraphicsObject::childrenChanged, &context, act);
+        else
+            connect(control, &QGraphicsObject::parentChanged, &context, act);
+    }
+    menu->addItem(control);
+    QVERIFY(calls > 0);
+    QVERIFY(!control);
+    QCOMPARE(menu.isNull(), victim == 0);
+    delete menu;
 }
 
 KEL_TEST_MAIN(tst_KELSideMenuView)
