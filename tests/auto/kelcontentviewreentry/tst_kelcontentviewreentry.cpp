@@ -40,6 +40,8 @@ KELRoundRectControl *newFocusable(KELRoundRectControl *parent = nullptr)
     KELRoundRectControl *control = newControl(parent);
     control->setFlags(QGraphicsItem::ItemIsFocusable | QGraphicsItem::ItemIsSelectable
                       | QGraphicsItem::ItemIsPanel);
+    // Qt leaks the picture of a panel that gets the focus while it dies with its scene.
+    control->setCacheMode(QGraphicsItem::NoCache);
     return control;
 }
 
