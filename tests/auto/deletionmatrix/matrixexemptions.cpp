@@ -51,7 +51,6 @@ struct Open
 const QVector<Exemption> &exemptions()
 {
     static const QVector<Exemption> all = {
-        {"open: view or scene inside setContent()", Open::contentView},
         {"aboutToShow() and aboutToHide(): QMenu uses itself afterwards",
          [](const CellFacts &cell) {
              return !cell.isLater && (cell.is("aboutToShow") || cell.is("aboutToHide"))
