@@ -9,6 +9,7 @@
 #include <QtCore/QMetaMethod>
 
 #include <sys/mman.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -387,6 +388,7 @@ Outcome tst_DeletionMatrix::run(const Cell &cell)
 
 void tst_DeletionMatrix::runFrom(int cell)
 {
+    prctl(PR_SET_PDEATHSIG, SIGKILL); // nobody else would end it
 #if !defined(__SANITIZE_ADDRESS__)
     // QtTest would start a debugger.
     for (const int signal : {SIGSEGV, SIGABRT, SIGBUS, SIGILL, SIGFPE})
