@@ -45,6 +45,9 @@ class KELDialogBasePrivate;
  * call <tt>setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint)</tt> before showing it.
  *
  * GUI thread only.
+ *
+ * Do not delete a dialog in a slot of accepted() or rejected(), which Qt does not allow: use finished() or
+ * QObject::deleteLater().
  */
 class KELGDI_EXPORT KELDialogBase : public QDialog
 {
