@@ -38,6 +38,7 @@ QT_WARNING_DISABLE_CLANG("-Wnon-virtual-dtor")
  * };
  * \endcode
  */
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): said above
 class KELGDI_EXPORT IKELValueConverter
 {
 public:

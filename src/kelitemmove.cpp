@@ -12,7 +12,7 @@ class Silenced
 {
 public:
     explicit Silenced(QObject *object) :
-        m_object(object), m_wasBlocked(object && object->blockSignals(true))
+        m_object(object), m_wasBlocked(object != nullptr && object->blockSignals(true))
     { }
     ~Silenced()
     {
@@ -42,10 +42,10 @@ KELItemMove::Scene::Scene(QGraphicsScene *watched) :
 
 void KELItemMove::Scene::report() const
 {
-    if (scene && scene->focusItem() != focusItem)
+    if (!scene.isNull() && scene->focusItem() != focusItem)
         Q_EMIT scene->focusItemChanged(scene->focusItem(), isFocusItemDead ? nullptr : focusItem,
                                        Qt::OtherFocusReason);
-    if (scene && scene->selectedItems().size() != selectedItems)
+    if (!scene.isNull() && scene->selectedItems().size() != selectedItems)
         Q_EMIT scene->selectionChanged();
 }
 

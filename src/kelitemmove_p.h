@@ -35,7 +35,7 @@ private:
     // What a scene signals, before the move.
     struct Scene
     {
-        explicit Scene(QGraphicsScene *scene);
+        explicit Scene(QGraphicsScene *watched);
         void report() const;
 
         QPointer<QGraphicsScene> scene;
