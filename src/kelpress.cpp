@@ -195,7 +195,7 @@ void KELPress::watch(const QGraphicsSceneMouseEvent *event)
         QObject::connect(QAbstractEventDispatcher::instance(m_control->thread()),
                          &QAbstractEventDispatcher::awake, m_control, checking)};
     if (event->source() == Qt::MouseEventSynthesizedByQt && !origin.isOfFurtherFinger)
-        KELTouchRouter::follow(m_control, event->screenPos());
+        KELTouchRouter::follow(m_control, event);
 }
 
 void KELPress::move(const QPointF &pos)

@@ -7,7 +7,7 @@
 #include "kelroundrectcontrol.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtGui/QWindow>
+#include <QtCore/QVector>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QGraphicsProxyWidget>
 #include <QtWidgets/QGraphicsScene>
@@ -94,12 +94,16 @@ KELTouchRouter::~KELTouchRouter()
         router = nullptr;
 }
 
-void KELTouchRouter::follow(KELRoundRectControl *control, const QPoint &screenPos)
+void KELTouchRouter::follow(KELRoundRectControl *control, const QGraphicsSceneMouseEvent *event)
 {
     if (!router) {
         router = new KELTouchRouter(QCoreApplication::instance());
         QCoreApplication::instance()->installEventFilter(router);
-        router->m_mouseScreenPos = screenPos;
+        router->m_mouseScreenPos = event->screenPos();
+        // A view inside a proxy has none.
+        router->m_mouseWindow = event->widget() ? event->widget()->window()->windowHandle()
+                                                : nullptr;
+        router->watchDeathOf(router->m_mouseWindow);
     }
     router->m_mouseControl = control;
 }
@@ -117,15 +121,18 @@ bool KELTouchRouter::eventFilter(QObject *watched, QEvent *event)
     switch (event->type()) {
     case QEvent::TouchBegin:
     case QEvent::TouchUpdate:
-    case QEvent::TouchEnd: {
+    case QEvent::TouchEnd:
+    case QEvent::TouchCancel: {
         const auto *touch = static_cast<const QTouchEvent *>(event);
-        if (touch->device() && touch->device()->type() == QTouchDevice::TouchScreen)
-            handle(static_cast<QWindow *>(watched), event->type(), touch->touchPoints());
+        auto *const window = static_cast<QWindow *>(watched);
+        if (!touch->device() || touch->device()->type() != QTouchDevice::TouchScreen)
+            break;
+        if (event->type() == QEvent::TouchCancel)
+            cancel(window);
+        else
+            handle(window, event->type(), touch->touchPoints());
         break;
     }
-    case QEvent::TouchCancel:
-        cancel();
-        break;
     default:
         break;
     }
@@ -139,13 +146,14 @@ void KELTouchRouter::handle(QWindow *window, QEvent::Type type, const Points &po
     findMouse(points);
     bool isFirst = true;
     for (const QTouchEvent::TouchPoint &point : points) {
-        if (!isMouse(type, point, std::exchange(isFirst, false)))
+        if (isMouse(type, point, std::exchange(isFirst, false)))
+            m_mouseWindow = window;
+        else
             handleFinger(window, point);
         if (!alive || !aliveWindow || router != this)
             return;
     }
-    if (m_mouseId == noId && m_fingers.isEmpty())
-        stop();
+    stopUnlessNeeded();
 }
 
 // Qt does not tell of which finger it makes a mouse: it is the first one of those that were down already. In a view
@@ -172,7 +180,8 @@ bool KELTouchRouter::isMouse(QEvent::Type type, const QTouchEvent::TouchPoint &p
         m_mouseId = point.id();
     if (point.id() != m_mouseId)
         return false;
-    if (point.state() == Qt::TouchPointReleased)
+    m_isMouseDown = point.state() != Qt::TouchPointReleased;
+    if (!m_isMouseDown)
         m_mouseId = noId;
     return true;
 }
@@ -189,6 +198,7 @@ void KELTouchRouter::handleFinger(QWindow *window, const QTouchEvent::TouchPoint
         // A finger that came down together with the first one is seen with its next event.
         const Finger finger = fingerOf(window, point);
         m_fingers.append(finger);
+        watchDeathOf(window);
         const bool isKept = send(QEvent::GraphicsSceneMousePress, finger, finger.downScreenPos);
         if (!alive || router != this)
             return;
@@ -216,11 +226,12 @@ int KELTouchRouter::indexOf(int id) const
     return found == m_fingers.end() ? -1 : int(std::distance(m_fingers.begin(), found));
 }
 
-KELTouchRouter::Finger KELTouchRouter::fingerOf(const QWindow *window,
+KELTouchRouter::Finger KELTouchRouter::fingerOf(QWindow *window,
                                                 const QTouchEvent::TouchPoint &point)
 {
     Finger finger;
     finger.id = point.id();
+    finger.window = window;
     finger.downScreenPos = point.startScreenPos().toPoint();
     finger.lastScreenPos = finger.downScreenPos;
     const QWidget *const widget = widgetOf(window);
@@ -273,17 +284,50 @@ bool KELTouchRouter::send(QEvent::Type type, const Finger &finger, const QPoint 
     return event.isAccepted();
 }
 
-void KELTouchRouter::cancel()
+// Qt sends it to each window that has fingers, but also to a single one that a dialog blocks.
+void KELTouchRouter::cancel(const QWindow *window)
 {
-    if (m_mouseControl)
-        KELPress::of(m_mouseControl)->cancel();
-    const QList<Finger> fingers = std::exchange(m_fingers, {});
-    stop();
-    for (const Finger &finger : fingers) {
+    if (m_isMouseDown && (!m_mouseWindow || m_mouseWindow == window)) {
+        m_isMouseDown = false;
+        if (m_mouseControl)
+            KELPress::of(m_mouseControl)->cancel();
+    }
+    const auto firstCancelled = std::stable_partition(
+        m_fingers.begin(), m_fingers.end(),
+        [window](const Finger &finger) { return finger.window != window; });
+    const QVector<Finger> cancelled(firstCancelled, m_fingers.end());
+    m_fingers.erase(firstCancelled, m_fingers.end());
+    stopUnlessNeeded();
+    for (const Finger &finger : cancelled) {
         if (finger.control)
             KELPress::of(finger.control)->cancel();
         send(QEvent::GraphicsSceneMouseRelease, finger, finger.lastScreenPos);
     }
+}
+
+void KELTouchRouter::watchDeathOf(QWindow *window)
+{
+    if (window) {
+        connect(window, &QObject::destroyed, this, &KELTouchRouter::forgetDeadWindows,
+                Qt::UniqueConnection);
+    }
+}
+
+// Nothing more is heard of the fingers in them.
+void KELTouchRouter::forgetDeadWindows()
+{
+    m_fingers.erase(std::remove_if(m_fingers.begin(), m_fingers.end(),
+                                   [](const Finger &finger) { return !finger.window; }),
+                    m_fingers.end());
+    if (!m_mouseWindow)
+        m_isMouseDown = false;
+    stopUnlessNeeded();
+}
+
+void KELTouchRouter::stopUnlessNeeded()
+{
+    if (router == this && !m_isMouseDown && m_fingers.isEmpty())
+        stop();
 }
 
 void KELTouchRouter::stop()

@@ -9,11 +9,11 @@
 #include <QtCore/QPoint>
 #include <QtCore/QPointer>
 #include <QtGui/QTouchEvent>
+#include <QtGui/QWindow>
 #include <QtWidgets/QGraphicsView>
 
 QT_BEGIN_NAMESPACE
 class QGraphicsSceneMouseEvent;
-class QWindow;
 QT_END_NAMESPACE
 
 class KELRoundRectControl;
@@ -29,7 +29,7 @@ class KELTouchRouter : public QObject
 {
 public:
     // The control is pressed by the finger of which Qt makes a mouse.
-    static void follow(KELRoundRectControl *control, const QPoint &screenPos);
+    static void follow(KELRoundRectControl *control, const QGraphicsSceneMouseEvent *event);
 
     // True for an event of a further finger.
     static bool isSource(const QGraphicsSceneMouseEvent *event);
@@ -42,6 +42,7 @@ private:
     struct Finger
     {
         int id = -1;
+        QPointer<QWindow> window;
         QPointer<KELRoundRectControl> control; // null when the finger presses none
         QPointer<QGraphicsView> view;
         QPoint downScreenPos;
@@ -57,14 +58,19 @@ private:
     bool isMouse(QEvent::Type type, const QTouchEvent::TouchPoint &point, bool isFirst);
     void handleFinger(QWindow *window, const QTouchEvent::TouchPoint &point);
     int indexOf(int id) const;
-    static Finger fingerOf(const QWindow *window, const QTouchEvent::TouchPoint &point);
+    static Finger fingerOf(QWindow *window, const QTouchEvent::TouchPoint &point);
     static bool send(QEvent::Type type, const Finger &finger, const QPoint &screenPos);
-    void cancel();
+    void cancel(const QWindow *window);
+    void watchDeathOf(QWindow *window);
+    void forgetDeadWindows();
+    void stopUnlessNeeded();
     void stop();
 
     QPointer<KELRoundRectControl> m_mouseControl;
+    QPointer<QWindow> m_mouseWindow; // null while it is unknown
     QPoint m_mouseScreenPos; // where it came down
-    int m_mouseId = unknownId;
+    int m_mouseId = unknownId; // Qt keeps it when a release is lost
+    bool m_isMouseDown = true;
     QList<Finger> m_fingers;
 
     static constexpr int noId = -1;

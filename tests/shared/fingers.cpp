@@ -54,8 +54,13 @@ void Fingers::send(const QSet<int> &changed, const Change &change)
 
 void Fingers::press(int id, const QPoint &pos)
 {
-    send({id}, [&](QTest::QTouchEventSequence *s) { s->press(id, pos, m_target); });
-    m_down.insert(id, pos);
+    pressIn(m_target, id, pos);
+}
+
+void Fingers::pressIn(QWidget *widget, int id, const QPoint &pos)
+{
+    send({id}, [&](QTest::QTouchEventSequence *s) { s->press(id, pos, widget); });
+    m_down.insert(id, {pos, widget});
 }
 
 void Fingers::pressBoth(int id, const QPoint &pos, int otherId, const QPoint &otherPos)
@@ -63,29 +68,30 @@ void Fingers::pressBoth(int id, const QPoint &pos, int otherId, const QPoint &ot
     send({id, otherId}, [&](QTest::QTouchEventSequence *s) {
         s->press(id, pos, m_target).press(otherId, otherPos, m_target);
     });
-    m_down.insert(id, pos);
-    m_down.insert(otherId, otherPos);
+    m_down.insert(id, {pos, m_target});
+    m_down.insert(otherId, {otherPos, m_target});
 }
 
 void Fingers::move(int id, const QPoint &pos)
 {
-    send({id}, [&](QTest::QTouchEventSequence *s) { s->move(id, pos, m_target); });
-    m_down.insert(id, pos);
+    Finger &finger = m_down[id];
+    finger.pos = pos;
+    send({id}, [&](QTest::QTouchEventSequence *s) { s->move(id, pos, finger.widget); });
 }
 
 void Fingers::release(int id)
 {
-    const QPoint pos = m_down.take(id);
-    send({id}, [&](QTest::QTouchEventSequence *s) { s->release(id, pos, m_target); });
+    const Finger finger = m_down.take(id);
+    send({id}, [&](QTest::QTouchEventSequence *s) { s->release(id, finger.pos, finger.widget); });
 }
 
 void Fingers::releaseAndPress(int released, int pressed, const QPoint &pos)
 {
-    const QPoint releasePos = m_down.take(released);
+    const QPoint releasePos = m_down.take(released).pos;
     send({released, pressed}, [&](QTest::QTouchEventSequence *s) {
         s->release(released, releasePos, m_target).press(pressed, pos, m_target);
     });
-    m_down.insert(pressed, pos);
+    m_down.insert(pressed, {pos, m_target});
 }
 
 void Fingers::tap(int id, const QPoint &pos)

@@ -19,6 +19,7 @@ public:
     ~Fingers();
 
     void press(int id, const QPoint &pos);
+    void pressIn(QWidget *widget, int id, const QPoint &pos);
     void move(int id, const QPoint &pos);
     void release(int id);
     void tap(int id, const QPoint &pos);
@@ -32,12 +33,17 @@ public:
 private:
     Q_DISABLE_COPY(Fingers)
 
+    struct Finger
+    {
+        QPoint pos;
+        QPointer<QWidget> widget;
+    };
     using Change = std::function<void(QTest::QTouchEventSequence *)>;
     void send(const QSet<int> &changed, const Change &change);
 
     const QPointer<QWidget> m_target;
     const std::unique_ptr<QTest::QTouchEventSequence> m_sequence;
-    QMap<int, QPoint> m_down;
+    QMap<int, Finger> m_down;
 };
 
 #endif

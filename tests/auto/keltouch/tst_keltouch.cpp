@@ -118,6 +118,10 @@ private Q_SLOTS:
     void secondFingerDeletes_data();
     void secondFingerDeletes();
     void noFilterIsLeft();
+    void noFilterIsLeftWhenTheWindowDies_data();
+    void noFilterIsLeftWhenTheWindowDies();
+    void fingerBehindADialogLeaves();
+    void cancelOfATouchPad();
 };
 
 void tst_KELTouch::cancelledTouchIsNoClick()
@@ -528,6 +532,75 @@ void tst_KELTouch::noFilterIsLeft()
     stage.fingers.cancel();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCOMPARE(children(), before);
+}
+
+void tst_KELTouch::noFilterIsLeftWhenTheWindowDies_data()
+{
+    QTest::addColumn<int>("fingers");
+    QTest::newRow("under the first finger") << 1;
+    QTest::newRow("under two fingers") << 2;
+}
+
+void tst_KELTouch::noFilterIsLeftWhenTheWindowDies()
+{
+    QFETCH(int, fingers);
+    const auto children = [] { return qApp->findChildren<QObject *>().size(); };
+    auto view = std::make_unique<KelTestView>();
+    const Keypad keypad(&view->ownScene);
+    QVERIFY(view->showAndWait());
+    Fingers panel(view->viewport());
+    panel.tap(0, Keypad::at(2));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    const int before = children();
+    for (int id = 0; id < fingers; ++id)
+        panel.press(id, Keypad::at(id));
+    QVERIFY(children() > before);
+    view.reset();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCOMPARE(children(), before);
+
+    Stage next;
+    QVERIFY(next.view.showAndWait());
+    next.fingers.press(0, Keypad::at(0));
+    next.fingers.tap(1, Keypad::at(1));
+    next.fingers.release(0);
+    QCOMPARE(next.keypad.takeClicks(), QStringLiteral("1 0"));
+}
+
+// Qt cancels the touch of a window behind a dialog when its last finger leaves.
+void tst_KELTouch::fingerBehindADialogLeaves()
+{
+    Stage stage;
+    Stage dialog;
+    dialog.view.setGeometry(400, 0, 400, 300);
+    QVERIFY(stage.view.showAndWait());
+    stage.fingers.press(0, Keypad::at(0));
+    dialog.view.setWindowModality(Qt::ApplicationModal);
+    QVERIFY(dialog.view.showAndWait());
+    QTRY_VERIFY(!stage.keypad.keys.at(0)->isMouseDown());
+    stage.fingers.pressIn(dialog.view.viewport(), 1, Keypad::at(1));
+    QVERIFY(dialog.keypad.keys.at(1)->isMouseDown());
+    stage.fingers.release(0);
+    stage.fingers.release(1);
+    QCOMPARE(stage.keypad.takeClicks(), QString());
+    QCOMPARE(dialog.keypad.takeClicks(), QStringLiteral("1"));
+    dialog.fingers.press(0, Keypad::at(0));
+    dialog.fingers.tap(1, Keypad::at(1));
+    dialog.fingers.release(0);
+    QCOMPARE(dialog.keypad.takeClicks(), QStringLiteral("1 0"));
+}
+
+void tst_KELTouch::cancelOfATouchPad()
+{
+    Stage stage;
+    QVERIFY(stage.view.showAndWait());
+    stage.fingers.press(0, Keypad::at(0));
+    stage.fingers.press(1, Keypad::at(1));
+    QTouchEvent cancel(QEvent::TouchCancel, QTest::createTouchDevice(QTouchDevice::TouchPad));
+    QCoreApplication::sendEvent(stage.view.windowHandle(), &cancel);
+    stage.fingers.release(1);
+    stage.fingers.release(0);
+    QCOMPARE(stage.keypad.takeClicks(), QStringLiteral("1 0"));
 }
 
 KEL_TEST_MAIN(tst_KELTouch)
