@@ -35,6 +35,9 @@ QWidget *widgetOf(const QWindow *window)
 // Pictures, lines and the like take no press, but the scene offers them each.
 bool isDecoration(const QGraphicsItem *item)
 {
+    const auto *const text = qgraphicsitem_cast<const QGraphicsTextItem *>(item);
+    if (text && text->textInteractionFlags() != Qt::NoTextInteraction)
+        return false;
     return item->type() >= QGraphicsPathItem::Type && item->type() <= QGraphicsItemGroup::Type
         && !(item->flags() & (QGraphicsItem::ItemIsSelectable | QGraphicsItem::ItemIsMovable));
 }

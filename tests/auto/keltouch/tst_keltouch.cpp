@@ -111,6 +111,8 @@ private Q_SLOTS:
     void secondFingerOnADisabledOrHiddenKey();
     void secondFingerOnNothingAndOnALabel();
     void secondFingerWhileTheFirstRestsOnALabel();
+    void secondFingerOnAnEditorOverAKey();
+    void secondFingerOnAPictureOverAKey();
     void thumbsInAContentView();
     void thumbsInAScaledView();
     void thumbsInAProxy();
@@ -383,6 +385,46 @@ void tst_KELTouch::secondFingerWhileTheFirstRestsOnALabel()
     stage.fingers.tap(1, Keypad::at(4));
     stage.fingers.release(0);
     QCOMPARE(stage.keypad.takeClicks(), QStringLiteral("2 4"));
+}
+
+// An editable text takes the press, as that of a mouse.
+void tst_KELTouch::secondFingerOnAnEditorOverAKey()
+{
+    Stage stage;
+    auto *const editor = new QGraphicsTextItem(QStringLiteral("editable text"));
+    editor->setPos(3 * keySizePx, 10);
+    editor->setTextInteractionFlags(Qt::TextEditorInteraction);
+    editor->setZValue(1);
+    stage.view.ownScene.addItem(editor);
+    QVERIFY(stage.view.showAndWait());
+    const QPoint pos = stage.view.centreOf(editor);
+    stage.view.click(pos);
+    QCOMPARE(stage.keypad.takeClicks(), QString());
+    stage.fingers.press(0, Keypad::at(0));
+    stage.fingers.tap(1, pos);
+    stage.fingers.release(0);
+    QCOMPARE(stage.keypad.takeClicks(), QStringLiteral("0"));
+}
+
+void tst_KELTouch::secondFingerOnAPictureOverAKey()
+{
+    Stage stage;
+    auto *const text = new QGraphicsTextItem(QStringLiteral("text"));
+    text->setPos(3 * keySizePx, 10);
+    text->setZValue(1);
+    stage.view.ownScene.addItem(text);
+    auto *const frame = stage.view.ownScene.addRect(4 * keySizePx, 0, keySizePx, keySizePx);
+    frame->setZValue(1);
+    auto *const movable = stage.view.ownScene.addRect(5 * keySizePx, 0, keySizePx, keySizePx);
+    movable->setFlag(QGraphicsItem::ItemIsMovable);
+    movable->setZValue(1);
+    QVERIFY(stage.view.showAndWait());
+    stage.fingers.press(0, Keypad::at(0));
+    stage.fingers.tap(1, stage.view.centreOf(text));
+    stage.fingers.tap(1, Keypad::at(4));
+    stage.fingers.tap(1, Keypad::at(5));
+    stage.fingers.release(0);
+    QCOMPARE(stage.keypad.takeClicks(), QStringLiteral("3 4 0"));
 }
 
 void tst_KELTouch::thumbsInAContentView()
