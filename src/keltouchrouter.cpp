@@ -166,6 +166,9 @@ void KELTouchRouter::findMouse(const Points &points)
     if (m_mouseId != unknownId)
         return;
     for (const QTouchEvent::TouchPoint &point : points) {
+        // Its release was lost, and Qt waits for its number to come again, which is below later ones.
+        if (!m_isMouseDown && point.id() < m_lowestFingerId)
+            m_mouseId = point.id();
         if (point.state() == Qt::TouchPointPressed || indexOf(point.id()) >= 0)
             continue;
         const bool isAtPress = point.startScreenPos().toPoint() == m_mouseScreenPos;
@@ -201,6 +204,7 @@ void KELTouchRouter::handleFinger(QWindow *window, const QTouchEvent::TouchPoint
         // A finger that came down together with the first one is seen with its next event.
         const Finger finger = fingerOf(window, point);
         m_fingers.append(finger);
+        m_lowestFingerId = qMin(m_lowestFingerId, finger.id);
         watchDeathOf(window);
         const bool isKept = send(QEvent::GraphicsSceneMousePress, finger, finger.downScreenPos);
         if (!alive || router != this)

@@ -12,6 +12,8 @@
 #include <QtGui/QWindow>
 #include <QtWidgets/QGraphicsView>
 
+#include <limits>
+
 QT_BEGIN_NAMESPACE
 class QGraphicsSceneMouseEvent;
 QT_END_NAMESPACE
@@ -70,6 +72,7 @@ private:
     QPointer<QWindow> m_mouseWindow; // null while it is unknown
     QPoint m_mouseScreenPos; // where it came down
     int m_mouseId = unknownId; // Qt keeps it when a release is lost
+    int m_lowestFingerId = std::numeric_limits<int>::max();
     bool m_isMouseDown = true;
     QList<Finger> m_fingers;
 

@@ -59,8 +59,8 @@ void Fingers::press(int id, const QPoint &pos)
 
 void Fingers::pressIn(QWidget *widget, int id, const QPoint &pos)
 {
+    m_down.insert(id, {pos, widget}); // the press may delete the widget
     send({id}, [&](QTest::QTouchEventSequence *s) { s->press(id, pos, widget); });
-    m_down.insert(id, {pos, widget});
 }
 
 void Fingers::pressBoth(int id, const QPoint &pos, int otherId, const QPoint &otherPos)

@@ -86,6 +86,9 @@ struct Stage
 
 } // namespace
 
+using KeypadChange = std::function<void(KelTestView *, Keypad *)>;
+Q_DECLARE_METATYPE(KeypadChange)
+
 class tst_KELTouch : public KelTest
 {
     Q_OBJECT
@@ -113,6 +116,11 @@ private Q_SLOTS:
     void secondFingerWhileTheFirstRestsOnALabel();
     void secondFingerOnAnEditorOverAKey();
     void secondFingerOnAPictureOverAKey();
+    void secondFingerWhereNothingIsToBePressed_data();
+    void secondFingerWhereNothingIsToBePressed();
+    void secondFingerOnAMovableKeyIsIgnored();
+    void secondFingerWhileAPopupIsOpen();
+    void secondFingerDeletesItsWindow();
     void thumbsInAContentView();
     void thumbsInAScaledView();
     void thumbsInAProxy();
@@ -427,6 +435,86 @@ void tst_KELTouch::secondFingerOnAPictureOverAKey()
     QCOMPARE(stage.keypad.takeClicks(), QStringLiteral("3 4 0"));
 }
 
+void tst_KELTouch::secondFingerWhereNothingIsToBePressed_data()
+{
+    QTest::addColumn<KeypadChange>("change");
+    QTest::newRow("view not interactive")
+        << KeypadChange([](KelTestView *view, Keypad *) { view->setInteractive(false); });
+    QTest::newRow("viewport disabled")
+        << KeypadChange([](KelTestView *view, Keypad *) { view->viewport()->setEnabled(false); });
+    QTest::newRow("behind a modal panel") << KeypadChange([](KelTestView *, Keypad *keypad) {
+        keypad->label->setPanelModality(QGraphicsItem::SceneModal);
+    });
+    QTest::newRow("child of an item that handles its events")
+        << KeypadChange([](KelTestView *view, Keypad *keypad) {
+               view->ownScene.createItemGroup({keypad->keys.at(3)});
+           });
+}
+
+void tst_KELTouch::secondFingerWhereNothingIsToBePressed()
+{
+    QFETCH(KeypadChange, change);
+    Stage stage;
+    Stage other;
+    other.view.setGeometry(400, 0, 400, 300);
+    change(&other.view, &other.keypad);
+    QVERIFY(stage.view.showAndWait());
+    QVERIFY(other.view.showAndWait());
+    stage.fingers.press(0, Keypad::at(0));
+    stage.fingers.pressIn(other.view.viewport(), 1, Keypad::at(3));
+    stage.fingers.release(1);
+    stage.fingers.release(0);
+    QCOMPARE(other.keypad.takeSignals(), QString());
+    QCOMPARE(stage.keypad.takeClicks(), QStringLiteral("0"));
+}
+
+// Qt would move it with the key of the first finger.
+void tst_KELTouch::secondFingerOnAMovableKeyIsIgnored()
+{
+    Stage stage;
+    stage.keypad.keys.at(3)->setFlag(QGraphicsItem::ItemIsMovable);
+    QVERIFY(stage.view.showAndWait());
+    stage.fingers.press(0, Keypad::at(0));
+    stage.fingers.tap(1, Keypad::at(3));
+    stage.fingers.release(0);
+    QCOMPARE(stage.keypad.takeClicks(), QStringLiteral("0"));
+}
+
+void tst_KELTouch::secondFingerWhileAPopupIsOpen()
+{
+    Stage stage;
+    QVERIFY(stage.view.showAndWait());
+    stage.fingers.press(0, Keypad::at(0));
+    QMenu menu;
+    menu.addAction(QStringLiteral("One"));
+    menu.popup(stage.view.viewport()->mapToGlobal(QPoint(10, 200)));
+    stage.fingers.press(1, Keypad::at(3));
+    QVERIFY(!stage.keypad.keys.at(3)->isMouseDown());
+    menu.close();
+    stage.fingers.release(1);
+    stage.fingers.release(0);
+    QVERIFY(!stage.keypad.takeSignals().contains(QLatin1Char('3')));
+}
+
+void tst_KELTouch::secondFingerDeletesItsWindow()
+{
+    Stage stage;
+    QGraphicsScene scene(0, 0, 400, 300);
+    Keypad keypad(&scene);
+    QPointer<KelTestView> view(new KelTestView);
+    view->setScene(&scene);
+    view->setGeometry(400, 0, 400, 300);
+    QVERIFY(stage.view.showAndWait());
+    QVERIFY(view->showAndWait());
+    connect(keypad.keys.at(3), &KELRoundRectControl::mousePress, &keypad, [&] { delete view; });
+    stage.fingers.press(0, Keypad::at(0));
+    stage.fingers.pressIn(view->viewport(), 1, Keypad::at(3));
+    QVERIFY(!view);
+    stage.fingers.release(0);
+    QCOMPARE(stage.keypad.takeClicks(), QStringLiteral("0"));
+    QTRY_VERIFY(!keypad.keys.at(3)->style()->isMouseDown);
+}
+
 void tst_KELTouch::thumbsInAContentView()
 {
     KELContentView view;
@@ -623,9 +711,14 @@ void tst_KELTouch::fingerBehindADialogLeaves()
     stage.fingers.pressIn(dialog.view.viewport(), 1, Keypad::at(1));
     QVERIFY(dialog.keypad.keys.at(1)->isMouseDown());
     stage.fingers.release(0);
+    stage.fingers.pressIn(dialog.view.viewport(), 0,
+                          Keypad::at(2)); // Qt still takes it for the mouse
+    stage.fingers.release(0);
     stage.fingers.release(1);
     QCOMPARE(stage.keypad.takeClicks(), QString());
-    QCOMPARE(dialog.keypad.takeClicks(), QStringLiteral("1"));
+    QCOMPARE(dialog.keypad.takeSignals(),
+             QStringLiteral("1-press 2-press 2-release 2-click 1-release 1-click"));
+    dialog.keypad.takeClicks();
     dialog.fingers.press(0, Keypad::at(0));
     dialog.fingers.tap(1, Keypad::at(1));
     dialog.fingers.release(0);
