@@ -27,7 +27,7 @@ void setDefaults(KELCheckBoxStyle *style)
     style->yRadius = 15.0;
 }
 
-// kept: components are not limited; outside 0 to 255 Qt warns and makes the colour invalid
+// Compat: components are not limited; outside 0 to 255 Qt warns and makes the colour invalid
 QColor shifted(const QColor &colour, int rgbShift, int alpha)
 {
     QColor result;
@@ -63,7 +63,7 @@ void drawKnob(QPainter *painter, const KELCheckBoxStyle &option, const QRectF &k
 void drawSwitch(QPainter *painter, const KELCheckBoxStyle &option)
 {
     const QRectF track = trackRect(option.boundRect);
-    // kept: without brush or outline the track is drawn with the painter's own brush and pen
+    // Compat: without brush or outline the track is drawn with the painter's own brush and pen
     if (option.backgroundBrush.style() != Qt::NoBrush)
         painter->setBrush(KELPainting::usableBrush(option.backgroundBrush));
     if (option.borderBrush.style() != Qt::NoBrush && option.borderWidth > 0)
@@ -71,7 +71,7 @@ void drawSwitch(QPainter *painter, const KELCheckBoxStyle &option)
     KELPainting::drawRounded(painter, track, option.xRadius, option.yRadius);
 
     const auto inset = qreal(3 * (option.borderWidth * 0.5F));
-    // kept: the margin on the left follows the outline, the one on the right does not
+    // Compat: the margin on the left follows the outline, the one on the right does not
     const qreal left = option.isCheck ? track.x() + track.width() - knobRightOffsetPx
                                       : track.x() + inset;
     drawKnob(painter, option, {left, track.y() + inset, knobSizePx, knobSizePx});
@@ -136,7 +136,7 @@ void KELCheckBox::initStyleOption(KELCheckBoxStyle *option,
     option->iconSize = 0;
 
     if (own.indicatorBrush.style() != Qt::NoBrush) {
-        // kept: a disabled knob takes its colour from the track
+        // Compat: a disabled knob takes its colour from the track
         option->indicatorBrush = enabled ? own.indicatorBrush
                                          : shifted(own.backgroundBrush.color(), -70, 150);
     }
@@ -188,7 +188,7 @@ void KELCheckBox::mousePressEvent(QGraphicsSceneMouseEvent *event)
 void KELCheckBox::onCheckedEvent(bool /*check*/)
 {
     const QPointer<KELCheckBox> alive(this);
-    // kept: the stored state is reported, not the argument
+    // Compat: the stored state is reported, not the argument
     if (isCheck())
         Q_EMIT checked();
     else

@@ -13,7 +13,7 @@ public:
     explicit KELCheckBoxPrivate(KELRoundRectControlStyle *style) : ownStyle(style) { }
 
     KELOwnStyle<KELCheckBoxStyle> ownStyle;
-    // kept: no function of the class sets it, only the tests do
+    // Compat: no function of the class sets it, only the tests do
     int layoutMode = 0;
 };
 

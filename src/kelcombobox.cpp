@@ -264,7 +264,7 @@ qreal KELComboBoxPrivate::listHeight() const
 
 void KELComboBoxPrivate::setListHeight(qreal height)
 {
-    // kept: as wide as the control, which may be narrower than the other parts
+    // Compat: as wide as the control, which may be narrower than the other parts
     const QRectF rect = q->rect();
     panel.place(QRectF(0, rect.height() - 1, rect.width(), height));
 }
@@ -290,7 +290,7 @@ void KELComboBoxPrivate::open()
         panel->show();
     if (!alive || turn != turns)
         return;
-    // kept: cut to a whole number, and lowered to 1 when it was higher
+    // Compat: cut to a whole number, and lowered to 1 when it was higher
     if (!isRaised)
         savedZ = wholeZValue(q->zValue());
     isRaised = true;
@@ -342,7 +342,7 @@ void KELComboBoxPrivate::handleScenePress(const QGraphicsSceneMouseEvent *event)
 {
     if (!isListShown())
         return;
-    // kept: the position in the item that is pressed is taken for one in the scene
+    // Compat: the position in the item that is pressed is taken for one in the scene
     const QPointF pos = event->pos();
     if (button && button->sceneBoundingRect().contains(pos))
         return;
@@ -400,7 +400,7 @@ void KELComboBoxPrivate::forget(KELComboBoxItem *item)
         return;
     item->d->box = nullptr;
     items.removeAt(index);
-    // kept: the entries behind it do not move up
+    // Compat: the entries behind it do not move up
     if (!isClearing)
         setListHeight(entryHeightPx * items.size());
     if (selectIndex > index) {
@@ -530,7 +530,7 @@ QList<KELComboBoxItem *> KELComboBox::items() const
 
 void KELComboBox::bindEnum(QMetaEnum e)
 {
-    // kept: the names are the values, not the numbers
+    // Compat: the names are the values, not the numbers
     for (int i = 0; i < e.keyCount(); ++i)
         addItem(QString::fromUtf8(e.key(i)), QString());
 }
@@ -539,7 +539,7 @@ void KELComboBox::setboundRect(const QRectF &rect)
 {
     prepareGeometryChange();
     KELRoundRectControl::setboundRect(rect);
-    // kept: wider than a narrow control, and computed in single precision
+    // Compat: wider than a narrow control, and computed in single precision
     const float width = qMax(minimumPartsWidthPx, float(rect.width()));
     d->placeParts(qreal(width), qreal(width - 30.0F), qreal(width - 25.0F), rect.height());
     updateWithChildren(this);

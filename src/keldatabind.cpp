@@ -104,7 +104,7 @@ public:
     explicit BlockedSignals(QObject *object) : m_object(object) { object->blockSignals(true); }
     ~BlockedSignals()
     {
-        // kept: a block set by the application is gone afterwards
+        // Compat: a block set by the application is gone afterwards
         if (m_object)
             m_object->blockSignals(false);
     }
@@ -246,7 +246,7 @@ KELDataBind::BindMode KELDataBindPrivate::connectAsAsked(KELDataBind *q,
             dstMetaProperty = dst->metaObject()->property(dstIndex);
             if (connectDestination(q))
                 return KELDataBind::TwoWay;
-            // kept: names the side that was found, here and below
+            // Compat: names the side that was found, here and below
             if (asked == KELDataBind::TwoWay)
                 qDebug() << "waring : could not find src notify";
             return KELDataBind::OneWay;
@@ -276,7 +276,7 @@ void KELDataBindPrivate::setBind(KELDataBind *q, QObject *source, const char *so
     const QByteArray dstNameArgument(destinationName);
     store(source, srcNameArgument, destination, dstNameArgument, valueConverter);
 
-    // kept: before the names are checked, so that a source without such a property gets a dynamic one
+    // Compat: before the names are checked, so that a source without such a property gets a dynamic one
     if (source && destination) {
         const QVariant value = destination->property(dstNameArgument);
         if (!call.isOver() && src)
@@ -292,7 +292,7 @@ void KELDataBindPrivate::setBind(KELDataBind *q, QObject *source, const char *so
     }
     const int dstIndex = indexOfProperty(dst, dstNameArgument);
     if (dstIndex < 0) {
-        // kept: names the source's property
+        // Compat: names the source's property
         qDebug() << "error : could not find dst property '" << srcNameArgument.constData() << "'";
         return;
     }

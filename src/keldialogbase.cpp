@@ -29,7 +29,7 @@ constexpr int shakeSteps = 10;
 void setLook(KELDialogBase *dialog)
 {
     dialog->setStyleSheet(QStringLiteral("background: transparent;"));
-    // kept: all other flags go, so that a dialog with a parent is a child widget
+    // Compat: all other flags go, so that a dialog with a parent is a child widget
     dialog->setWindowFlags(Qt::FramelessWindowHint);
     dialog->setAttribute(Qt::WA_TranslucentBackground);
 }
@@ -79,7 +79,7 @@ KELDialogBase::KELDialogBase(QWidget *parent) : QDialog(parent), d(new KELDialog
     d->replaceBackground(scaledBody(inputGeometry.size()));
 }
 
-// kept: the text decides about the size only
+// Compat: the text decides about the size only
 // NOLINTNEXTLINE(performance-unnecessary-value-param): part of the binary interface
 KELDialogBase::KELDialogBase(QString text, double size, QWidget *parent) :
     QDialog(parent), d(new KELDialogBasePrivate(this))
@@ -122,7 +122,7 @@ void KELDialogBase::dialogShake(int distance)
     // Beyond what a widget can be moved by.
     int offset = qBound(-QWIDGETSIZE_MAX, distance, QWIDGETSIZE_MAX);
     for (int step = 1; step < shakeSteps; ++step) {
-        // kept: two steps at each side
+        // Compat: two steps at each side
         if (step % 2 != 0)
             offset = -offset;
         shake->setKeyValueAt(step * 0.1, start.translated(offset, 0));

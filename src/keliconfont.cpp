@@ -90,10 +90,10 @@ void KELIconFont::installFont(const QString &path)
     const QStringList families = id < 0 ? QStringList()
                                         : QFontDatabase::applicationFontFamilies(id);
     if (families.isEmpty()) {
-        qDebug() << "could not intstall" << path; // kept: spelled so
+        qDebug() << "could not intstall" << path; // Compat: spelled so
         return;
     }
     g_fontFamily = families.first();
     qDebug() << "install from" << path << ", font" << g_fontFamily
-             << "succeeful"; // kept: spelled so
+             << "succeeful"; // Compat: spelled so
 }

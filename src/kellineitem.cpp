@@ -37,7 +37,7 @@ void KELLineItem::paint(QPainter *painter, const QStyleOptionGraphicsItem * /*st
 {
     if (!KELPainting::isPaintable(QRectF(d->line.p1(), d->line.p2())))
         return;
-    // kept: no antialiasing, and the line is drawn where it was set, whatever the rectangle is
+    // Compat: no antialiasing, and the line is drawn where it was set, whatever the rectangle is
     painter->setPen(KELPainting::outlinePen(m_style->borderBrush, m_style->borderWidth));
     painter->drawLine(d->line);
 }

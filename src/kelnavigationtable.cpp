@@ -69,7 +69,7 @@ void drawTab(QPainter *painter, const KELNavigationTableStyle &option,
         return;
     QRectF caption = KELPainting::contentRect(tab, page.margins);
     if (!page.icon.isNull()) {
-        // kept: measured in the font of the page, drawn in that of the table
+        // Compat: measured in the font of the page, drawn in that of the table
         const qreal lineHeight = QFontMetrics(page.font).height();
         qreal strip = lineHeight;
         if (!page.text.isEmpty()) {
@@ -81,7 +81,7 @@ void drawTab(QPainter *painter, const KELNavigationTableStyle &option,
     }
     if (page.text.isEmpty())
         return;
-    // kept: trimmed to the whole tab, margins included
+    // Compat: trimmed to the whole tab, margins included
     KELPainting::drawText(painter, option.font, page.buttonForeground, option.textFlags, caption,
                           page.getTrimmingText(page.text, tab.width(), option.font));
 }
@@ -99,7 +99,7 @@ void setDefaults(KELNavigationTableStyle *style)
 {
     style->backgroundBrush = KELPainting::solidBrush(qRgba(20, 15, 55, 200));
     style->borderWidth = 2.0F;
-    // kept: the title is the name of another class
+    // Compat: the title is the name of another class
     style->title = QStringLiteral("KELRoundRectControlStyle");
     style->titleBackgroundBrush = KELPainting::solidBrush(qRgba(40, 40, 40, 160));
     style->titleForegroundBrush = KELPainting::solidBrush(qRgb(255, 255, 255));
@@ -235,7 +235,7 @@ void KELNavigationTablePrivate::place(KELNavigationTableItem *page) const
     const auto border = qreal(page->style()->borderWidth);
     const auto top = qreal(table.showTitle ? table.titleHeight : 0);
     page->prepareGeometryChange();
-    // kept: only the left and the top edge go inwards, and the tabs get their room also when a single page has none
+    // Compat: only the left and the top edge go inwards, and the tabs get their room also when a single page has none
     page->setboundRect(border, top + border, table.boundRect.width() - border,
                        table.boundRect.height() - top - qreal(table.tabHeight) - border);
 }
@@ -246,7 +246,7 @@ void KELNavigationTablePrivate::layTabs() const
     const int count = items.size();
     const auto width = float(table.boundRect.width() / qMax(1, count));
     for (int i = 0; i < count; ++i) {
-        // kept: not moved by the corner of the table's rectangle
+        // Compat: not moved by the corner of the table's rectangle
         items.at(i)->d->tab = QRectF(qreal(float(i) * width),
                                      table.boundRect.height() - qreal(table.tabHeight),
                                      qreal(width), qreal(table.tabHeight));
@@ -456,7 +456,7 @@ KELRoundRectControlStyle *KELNavigationTable::initStyle()
 
 void KELNavigationTable::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
-    // kept: the base does not hear of the press
+    // Compat: the base does not hear of the press
     KELPress *const press = KELPress::of(this);
     if (!press->arrive(event))
         return;

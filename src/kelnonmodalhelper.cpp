@@ -88,7 +88,7 @@ void KELNonModalhelperPrivate::handlePress(KELNonModalhelper *q, const QObject *
     if (pending || !widget)
         return;
     if (!widget->isVisible()) {
-        // kept: the period runs for a hidden widget too
+        // Compat: the period runs for a hidden widget too
         if (triggerSource != KELNonModalhelper::TriggerNone)
             q->startTime();
         return;
@@ -126,7 +126,7 @@ void KELNonModalhelperPrivate::hide(KELNonModalhelper *q)
     const QPointer<KELNonModalhelper> alive(q);
     timer.stop();
     widget->hide();
-    // kept: also when the widget was hidden already
+    // Compat: also when the widget was hidden already
     if (alive)
         Q_EMIT q->triggered();
     if (alive)
@@ -188,7 +188,7 @@ void KELNonModalhelper::enableTime(int ms)
 
 void KELNonModalhelper::stopTime()
 {
-    // kept: the period stays enabled, and begins with the next show
+    // Compat: the period stays enabled, and begins with the next show
     d->timer.stop();
 }
 

@@ -168,7 +168,7 @@ void KELPainting::drawRoundRect(QPainter *painter, const KELRoundRectControlStyl
         const float halfWidth = option.borderWidth * 0.5F;
         if (option.borderWidth > 0)
             painter->setPen(outlinePen(option.borderBrush, option.borderWidth));
-        // kept: a negative width draws the fill alone, enlarged by half of it on every side
+        // Compat: a negative width draws the fill alone, enlarged by half of it on every side
         if (halfWidth != 0) {
             const auto inset = qreal(halfWidth);
             drawRounded(painter, option.boundRect.adjusted(inset, inset, -inset, -inset),

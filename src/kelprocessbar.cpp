@@ -42,7 +42,7 @@ void KELProcessBar::setValue(int v)
 {
     if (v == d->value)
         return;
-    d->value = v; // kept: not limited to 0 to 100
+    d->value = v; // Compat: not limited to 0 to 100
     update();
     const QPointer<KELProcessBar> alive(this);
     Q_EMIT valueChanged();
@@ -62,7 +62,7 @@ void KELProcessBar::paint(QPainter *painter, const QStyleOptionGraphicsItem * /*
     QPainterPath pill;
     pill.addRoundedRect(bar, KELPainting::usableRadius(m_style->xRadius),
                         KELPainting::usableRadius(m_style->yRadius), Qt::AbsoluteSize);
-    // kept: replaces the painter's clip and stays there
+    // Compat: replaces the painter's clip and stays there
     painter->setClipPath(pill, Qt::ReplaceClip);
 
     painter->setPen(Qt::NoPen);
@@ -72,7 +72,7 @@ void KELProcessBar::paint(QPainter *painter, const QStyleOptionGraphicsItem * /*
     painter->setBrush(KELPainting::usableBrush(m_style->borderBrush));
     painter->drawRect(QRectF(bar.left(), bar.top(), fillWidth, barHeightPx));
 
-    // kept: in the painter's font, not in the record's
+    // Compat: in the painter's font, not in the record's
     painter->setPen(KELPainting::captionPen(m_style->foregroundBrush));
     painter->setBrush(Qt::NoBrush);
     painter->drawText(bar, Qt::AlignCenter, QString::number(d->value) + QLatin1Char('%'));

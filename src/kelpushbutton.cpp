@@ -34,7 +34,7 @@ void applyDisabledLook(KELPushButtonStyle &option)
 float stripHeight(const KELPushButtonStyle &option)
 {
     const QMarginsF &margins = option.margins;
-    // kept: the top margin counts twice
+    // Compat: the top margin counts twice
     return float(QFontMetrics(option.font).height() + margins.top()
                  + (margins.top() + margins.bottom()));
 }
@@ -58,7 +58,7 @@ void drawCaptionStrip(QPainter *painter, KELCaption *caption, const KELPushButto
                              rect.y() + rect.height() - qreal(strip) + margins.top(),
                              rect.width() - margins.right() - margins.left(),
                              qreal(strip) - margins.top() - margins.bottom());
-    // kept: trimmed to the width of the whole button, and always, whatever trimText says
+    // Compat: trimmed to the width of the whole button, and always, whatever trimText says
     KELPainting::drawTrimmedCaption(painter, caption, option, captionRect, rect.width());
 }
 
@@ -148,7 +148,7 @@ void KELPushButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *sty
     KELPushButtonStyle option = KELPushButtonStyle();
     initStyleOption(&option, styleOption);
 
-    // kept: a button's pixmap is scaled without smoothing, unlike the base's
+    // Compat: a button's pixmap is scaled without smoothing, unlike the base's
     painter->setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing, true);
     painter->setBrushOrigin(QPointF(option.boundRect.x(), option.boundRect.y()));
     painter->setPen(Qt::NoPen);

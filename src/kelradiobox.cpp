@@ -94,7 +94,7 @@ KELRadioBox::~KELRadioBox()
 
 KELRoundRectControlStyle *KELRadioBox::style()
 {
-    // kept: every call puts these four fields back
+    // Compat: every call puts these four fields back
     m_style->backgroundBrush = QBrush(Qt::NoBrush);
     m_style->borderBrush = KELPainting::solidBrush(qRgb(255, 255, 255));
     m_style->borderWidth = 2.0F;
@@ -106,7 +106,7 @@ void KELRadioBox::paint(QPainter *painter, const QStyleOptionGraphicsItem * /*st
                         QWidget * /*widget*/)
 {
     painter->setRenderHint(QPainter::Antialiasing, true);
-    // kept: the rectangle as it is stored, not moved by that of a parent
+    // Compat: the rectangle as it is stored, not moved by that of a parent
     const QRectF &rect = m_style->boundRect;
     const QRectF circle(rect.x() + rect.width() * 0.5 - circleSizePx * 0.5,
                         rect.y() + rect.height() * 0.5 - circleSizePx * 0.5, circleSizePx,
@@ -139,7 +139,7 @@ void KELRadioBox::mousePressEvent(QGraphicsSceneMouseEvent *event)
 void KELRadioBox::onCheckedEvent(bool check)
 {
     const QPointer<KELRadioBox> alive(this);
-    // kept: the argument is reported, not the stored state
+    // Compat: the argument is reported, not the stored state
     if (check)
         Q_EMIT checked();
     else
@@ -284,7 +284,7 @@ void KELRadioBoxGroup::addRadioBox(KELRadioBox *box, int id)
     if (!box)
         return;
     if (d->idToBox.contains(id)) {
-        // kept: spelled so
+        // Compat: spelled so
         qDebug() << "waring : id" << id << "is already exist";
         return;
     }

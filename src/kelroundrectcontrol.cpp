@@ -106,7 +106,7 @@ QString KELRoundRectControlStyle::getTrimmingText(const QString &source, double 
     const int widthPx = trimWidthPx(width);
     QStringList lines = source.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     for (QString &line : lines) {
-        // kept: measured with mnemonics, drawn without: an ampersand takes no width here
+        // Compat: measured with mnemonics, drawn without: an ampersand takes no width here
         line = metrics.elidedText(line, Qt::ElideRight, widthPx, Qt::TextShowMnemonic);
     }
     return lines.join(QLatin1Char('\n'));
@@ -178,7 +178,7 @@ KELRoundRectControl::~KELRoundRectControl()
     if (leftControl == this)
         leftControl = nullptr;
     delete d;
-    // kept: deleted as the base record, also when it is a derived one
+    // Compat: deleted as the base record, also when it is a derived one
     delete m_style;
 }
 
@@ -248,11 +248,11 @@ QRectF KELRoundRectControl::boundingRect() const
     if (AskedParent::isAsked(parent))
         return m_style->boundRect;
     const AskedParent asked(parent);
-    // kept: a child is placed relative to the corner of its parent's rectangle
+    // Compat: a child is placed relative to the corner of its parent's rectangle
     return m_style->boundRect.translated(parent->boundingRect().topLeft());
 }
 
-// kept: neither overload tells the scene or repaints
+// Compat: neither overload tells the scene or repaints
 void KELRoundRectControl::setboundRect(const QRectF &rect)
 {
     m_style->boundRect = rect;
@@ -310,7 +310,7 @@ void KELRoundRectControl::timerEvent(QTimerEvent *event)
     const QPoint menuPos(qRound(d->press.pressPos.x()), qRound(d->press.pressPos.y()));
     const QPointer<KELRoundRectControl> alive(this);
     Q_EMIT mouseLongPress();
-    // kept: the item-local press position is used as a screen position
+    // Compat: the item-local press position is used as a screen position
     if (alive)
         d->openContextMenu(m_style, menuPos);
 }

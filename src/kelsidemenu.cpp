@@ -53,7 +53,7 @@ float KELSideMenuPrivate::lengthOfItems(float itemSpace) const
         const QRectF rect = item->boundingRect();
         length = float(qreal(length) + (isHorizontal() ? rect.width() : rect.height()));
     }
-    // kept: child items and separators count like controls
+    // Compat: child items and separators count like controls
     return length + float(items.size() - 1) * itemSpace;
 }
 
@@ -82,7 +82,7 @@ void KELSideMenuPrivate::place(KELRoundRectControl *control, const QSizeF &size,
 
 QSize KELSideMenuPrivate::firstSize(const QSizeF &control) const
 {
-    // kept: the border only once along the menu
+    // Compat: the border only once along the menu
     const auto once = qreal(borderWidth);
     const qreal twice = 2 * once;
     return isHorizontal()
@@ -143,7 +143,7 @@ void KELSideMenu::setSpace(float space)
     d->space = space;
     if (!d->scene)
         return;
-    // kept: 2 px, whatever the border width is
+    // Compat: 2 px, whatever the border width is
     const int length = wholePx(qreal(d->lengthOfItems(space)) + 2);
     if (d->isHorizontal())
         resize(length, height());

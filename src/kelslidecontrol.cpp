@@ -49,7 +49,7 @@ void drawGroove(QPainter *painter, const QRectF &rect)
 class KELSlideControlPrivate
 {
 public:
-    // kept: equal bounds divide by zero
+    // Compat: equal bounds divide by zero
     float fraction() const { return (value - minimun) / (maximun - minimun); }
     float range() const { return maximun - minimun; }
 
@@ -106,7 +106,7 @@ void KELSlideControl::setStep(float step)
 
 void KELSlideControl::setMaximun(float maximum)
 {
-    // kept: the value is limited to the bound that is replaced
+    // Compat: the value is limited to the bound that is replaced
     if (d->value > d->maximun)
         d->value = d->maximun;
     d->maximun = maximum;
@@ -114,7 +114,7 @@ void KELSlideControl::setMaximun(float maximum)
 
 void KELSlideControl::setMinimun(float minimum)
 {
-    // kept: the value is limited to the bound that is replaced
+    // Compat: the value is limited to the bound that is replaced
     if (d->value < d->minimun)
         d->value = d->minimun;
     d->minimun = minimum;
@@ -138,13 +138,13 @@ void KELSlideControl::setValue(float v)
     const QRectF &rect = m_style->boundRect;
     d->knobRect.moveLeft(rect.x() + qreal(knobOffset(d->fraction(), rect.width())));
     update();
-    Q_EMIT valueChanged(); // kept: also when the value is the same
+    Q_EMIT valueChanged(); // Compat: also when the value is the same
 }
 
 void KELSlideControl::setboundRect(const QRectF &rect)
 {
     KELRoundRectControl::setboundRect(rect);
-    // kept: 15 px further to the right than setValue() puts it
+    // Compat: 15 px further to the right than setValue() puts it
     const qreal left = rect.x() + 15 + qreal(knobOffset(d->fraction(), rect.width()));
     d->knobRect = QRectF(left, knobTop(rect.y(), rect.height()), knobSizePx, knobSizePx);
 }
@@ -152,7 +152,7 @@ void KELSlideControl::setboundRect(const QRectF &rect)
 void KELSlideControl::setboundRect(qreal x, qreal y, qreal w, qreal h)
 {
     KELRoundRectControl::setboundRect(x, y, w, h);
-    // kept: the minimum is not subtracted
+    // Compat: the minimum is not subtracted
     const qreal left = x + qreal(knobOffset(d->value / d->range(), w));
     d->knobRect = QRectF(left, knobTop(y, h), knobSizePx, knobSizePx);
 }
@@ -160,7 +160,7 @@ void KELSlideControl::setboundRect(qreal x, qreal y, qreal w, qreal h)
 void KELSlideControl::paint(QPainter *painter, const QStyleOptionGraphicsItem * /*styleOption*/,
                             QWidget * /*widget*/)
 {
-    // kept: the groove is placed by boundingRect(), the knob by the stored rectangle
+    // Compat: the groove is placed by boundingRect(), the knob by the stored rectangle
     const QRectF rect = boundingRect();
     if (!KELPainting::isPaintable(rect))
         return;
@@ -178,14 +178,14 @@ void KELSlideControl::paint(QPainter *painter, const QStyleOptionGraphicsItem * 
         painter->setBrush(KELPainting::usableBrush(m_style->backgroundBrush));
         drawGroove(painter, groove);
     }
-    // kept: without a groove the filled part is drawn with the painter's own pen
+    // Compat: without a groove the filled part is drawn with the painter's own pen
     if (d->minimun <= d->value && d->value <= d->maximun && fill.style() != Qt::NoBrush) {
         painter->setBrush(fill);
         drawGroove(
             painter,
             {groove.left(), groove.top(), d->knobRect.left() - rect.x() + 12, grooveHeightPx});
     }
-    // kept: without an outline the knob is drawn with the pen left by the steps before
+    // Compat: without an outline the knob is drawn with the pen left by the steps before
     if (outline.style() != Qt::NoBrush)
         painter->setPen(KELPainting::outlinePen(outline, knobOutlinePx));
     painter->setBrush(fill);
@@ -194,7 +194,7 @@ void KELSlideControl::paint(QPainter *painter, const QStyleOptionGraphicsItem * 
 
 void KELSlideControl::timerEvent(QTimerEvent *event)
 {
-    // kept: the base is not called, so its long press never comes
+    // Compat: the base is not called, so its long press never comes
     if (event->timerId() != d->timer.timerId())
         return;
     d->timer.stop();
@@ -224,7 +224,7 @@ void KELSlideControl::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
 {
     const QPointer<KELSlideControl> alive(this);
     KELRoundRectControl::mouseMoveEvent(event);
-    // kept: dragging stays true after the release
+    // Compat: dragging stays true after the release
     if (!alive || !d->dragging || KELPress::of(this)->hasLostPointer())
         return;
     const qreal way = (event->pos().x() - d->pressPos.x())

@@ -15,7 +15,7 @@ KELTextPixmap::KELTextPixmap(const QString &text, const QSize &size, const QBrus
     if (isNull())
         return;
 
-    // kept: only the colour of a background brush is used, never its gradient or pattern
+    // Compat: only the colour of a background brush is used, never its gradient or pattern
     fill(backgroundBrush == QBrush(Qt::NoBrush) ? QColor(0, 0, 0, 0) : backgroundBrush.color());
 
     QPainter painter(this);
