@@ -4,9 +4,9 @@
 #include "kelcombobox.h"
 
 #include "kelapplicationnotify.h"
+#include "kelitempointer_p.h"
 #include "kellabel.h"
 #include "kelpainting_p.h"
-#include "kelpart_p.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QMetaEnum>
@@ -48,7 +48,7 @@ QString upArrow()
     return {QChar(0x25B2)};
 }
 
-void showText(const KELPart<KELLabel> &label, const QString &text)
+void showText(const KELItemPointer<KELLabel> &label, const QString &text)
 {
     if (label)
         label->setText(text);
@@ -63,8 +63,8 @@ void removeFilter(QObject *filter)
 // Where a press on the receiver may come to the viewport: an ignored one goes on to parents, and a view in a proxy
 // gets its presses from the views of the proxy.
 // Views may show each other: those on the way here are left out.
-QVector<QPoint> positionsOn(const QWidget *viewport, const QWidget *receiver, const QPoint &pos,
-                            QVector<const QWidget *> way = {})
+QVector<QPoint> mapThroughProxies(const QWidget *viewport, const QWidget *receiver,
+                                  const QPoint &pos, QVector<const QWidget *> visited = {})
 {
     QWidget *const window = viewport->window();
     if (receiver->window() == window) {
@@ -77,12 +77,13 @@ QVector<QPoint> positionsOn(const QWidget *viewport, const QWidget *receiver, co
     const QGraphicsProxyWidget *const proxy = window->graphicsProxyWidget();
     if (!proxy || !proxy->scene())
         return positions;
-    way.append(viewport);
+    visited.append(viewport);
     const QList<QGraphicsView *> outerViews = proxy->scene()->views();
     for (const QGraphicsView *outer : outerViews) {
-        if (way.contains(outer->viewport()))
+        if (visited.contains(outer->viewport()))
             continue;
-        const QVector<QPoint> outerPositions = positionsOn(outer->viewport(), receiver, pos, way);
+        const QVector<QPoint> outerPositions = mapThroughProxies(outer->viewport(), receiver, pos,
+                                                                 visited);
         for (const QPoint &outerPos : outerPositions) {
             const QPointF inProxy = proxy->mapFromScene(outer->mapToScene(outerPos));
             positions.append(viewport->mapFrom(window, inProxy.toPoint()));
@@ -127,7 +128,7 @@ QPoint pressPos(const QEvent *event)
 class KELComboBoxItemPrivate
 {
 public:
-    KELPart<KELLabel> label;
+    KELItemPointer<KELLabel> label;
     QVariant value;
     QString display;
     KELComboBoxPrivate *box = nullptr; // of which it is an entry
@@ -139,14 +140,14 @@ public:
     explicit KELComboBoxPrivate(KELComboBox *comboBox) : q(comboBox) { }
 
     void createParts();
-    void createWatches();
+    void watchOutsidePresses();
     void placeParts(qreal width, qreal textWidth, qreal arrowX, qreal height);
     qreal listHeight() const;
     void setListHeight(qreal height);
     void toggle();
     void open();
     void close();
-    void dropWatches();
+    void unwatchOutsidePresses();
     void handleScenePress(const QGraphicsSceneMouseEvent *event);
     void handlePress(const QObject *receiver, const QEvent *event);
     bool isOutside(const QWidget *receiver, const QPoint &pos) const;
@@ -155,17 +156,17 @@ public:
     void forget(KELComboBoxItem *item);
 
     KELComboBox *const q;
-    KELPart<KELPushButton> button;
-    KELPart<KELLabel> text;
-    KELPart<KELLabel> arrow;
-    KELPart<KELLabel> panel;
+    KELItemPointer<KELPushButton> button;
+    KELItemPointer<KELLabel> text;
+    KELItemPointer<KELLabel> arrow;
+    KELItemPointer<KELLabel> panel;
     QList<KELComboBoxItem *> items;
     int selectIndex = -1;
     bool expanded = false;
     bool isClearing = false;
     bool isRaised = false; // the z-value is that of an open list
-    int turns = 0; // how often the list was opened or closed
-    int selections = 0;
+    int openGeneration = 0; // how often the list was opened or closed
+    int selectionGeneration = 0;
     int savedZ = 0;
     QPointer<KELApplicationNotify> notify;
     // While open: these see what the scene does not tell notify, see handlePress().
@@ -282,13 +283,13 @@ void KELComboBoxPrivate::toggle()
 void KELComboBoxPrivate::open()
 {
     const QPointer<KELComboBox> alive(q);
-    const int turn = ++turns;
+    const int generation = ++openGeneration;
     expanded = true;
     showText(arrow, upArrow());
-    createWatches();
+    watchOutsidePresses();
     if (panel)
         panel->show();
-    if (!alive || turn != turns)
+    if (!alive || generation != openGeneration)
         return;
     // Compat: cut to a whole number, and lowered to 1 when it was higher
     if (!isRaised)
@@ -300,19 +301,19 @@ void KELComboBoxPrivate::open()
 void KELComboBoxPrivate::close()
 {
     const QPointer<KELComboBox> alive(q);
-    const int turn = ++turns;
+    const int generation = ++openGeneration;
     expanded = false;
     showText(arrow, downArrow());
-    dropWatches();
+    unwatchOutsidePresses();
     if (panel)
         panel->hide();
-    if (alive && turn == turns && isRaised) {
+    if (alive && generation == openGeneration && isRaised) {
         isRaised = false;
         q->setZValue(savedZ);
     }
 }
 
-void KELComboBoxPrivate::createWatches()
+void KELComboBoxPrivate::watchOutsidePresses()
 {
     QCoreApplication *const app = QCoreApplication::instance();
     if (notify)
@@ -328,7 +329,7 @@ void KELComboBoxPrivate::createWatches()
     }
 }
 
-void KELComboBoxPrivate::dropWatches()
+void KELComboBoxPrivate::unwatchOutsidePresses()
 {
     removeFilter(notify);
     for (std::unique_ptr<KELApplicationNotify> &watch : watches) {
@@ -371,7 +372,7 @@ bool KELComboBoxPrivate::isOutside(const QWidget *receiver, const QPoint &pos) c
 {
     const QList<QGraphicsView *> views = q->scene()->views();
     for (const QGraphicsView *view : views) {
-        const QVector<QPoint> positions = positionsOn(view->viewport(), receiver, pos);
+        const QVector<QPoint> positions = mapThroughProxies(view->viewport(), receiver, pos);
         for (const QPoint &viewPos : positions) {
             const QPolygonF pixel = view->mapToScene(QRect(viewPos, QSize(1, 1)));
             if (view->viewport()->rect().contains(viewPos)
@@ -435,7 +436,7 @@ KELComboBox::KELComboBox(QGraphicsObject *parent) :
 
 KELComboBox::~KELComboBox()
 {
-    d->dropWatches();
+    d->unwatchOutsidePresses();
     if (d->button)
         d->button->disconnect(this);
     d->selectIndex = -1;
@@ -500,13 +501,13 @@ void KELComboBox::setSelectIndex(int index)
         showText(d->text, d->items.at(index)->display());
         return;
     }
-    const int selection = ++d->selections;
+    const int selection = ++d->selectionGeneration;
     d->selectIndex = index;
     if (d->expanded) {
         const QPointer<KELComboBox> alive(this);
         d->close();
         // A slot may have selected another one, or taken this one out.
-        if (!alive || d->selections != selection || d->selectIndex < 0)
+        if (!alive || d->selectionGeneration != selection || d->selectIndex < 0)
             return;
     }
     showText(d->text, selectedItem()->display());

@@ -164,7 +164,7 @@ public:
               Conversion conversion) noexcept;
     bool connectSource(KELDataBind *q);
     bool connectDestination(KELDataBind *q);
-    KELDataBind::BindMode connectAsAsked(KELDataBind *q, KELDataBind::BindMode asked, int srcIndex,
+    KELDataBind::BindMode connectForMode(KELDataBind *q, KELDataBind::BindMode asked, int srcIndex,
                                          int dstIndex);
 
     QPointer<QObject> src;
@@ -232,7 +232,7 @@ bool KELDataBindPrivate::connectDestination(KELDataBind *q)
     return connectNotify(q, dst, dstMetaProperty, dstSlot, &dstConnection);
 }
 
-KELDataBind::BindMode KELDataBindPrivate::connectAsAsked(KELDataBind *q,
+KELDataBind::BindMode KELDataBindPrivate::connectForMode(KELDataBind *q,
                                                          KELDataBind::BindMode asked, int srcIndex,
                                                          int dstIndex)
 {
@@ -296,7 +296,7 @@ void KELDataBindPrivate::setBind(KELDataBind *q, QObject *source, const char *so
         qDebug() << "error : could not find dst property '" << srcNameArgument.constData() << "'";
         return;
     }
-    const KELDataBind::BindMode effective = connectAsAsked(q, asked, srcIndex, dstIndex);
+    const KELDataBind::BindMode effective = connectForMode(q, asked, srcIndex, dstIndex);
     mode = effective;
 }
 

@@ -5,7 +5,7 @@
 
 #include "kelcontentview.h"
 #include "kelitemmove_p.h"
-#include "kelpart_p.h"
+#include "kelitempointer_p.h"
 
 #include <QtCore/QEasingCurve>
 #include <QtCore/QPointer>
@@ -51,7 +51,7 @@ public:
 
     KELDialogBase *const q;
     QPointer<KELContentView> view;
-    KELPart<QGraphicsPixmapItem> background;
+    KELItemPointer<QGraphicsPixmapItem> background;
 };
 
 void KELDialogBasePrivate::replaceBackground(const QPixmap &pixmap)

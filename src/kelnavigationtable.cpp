@@ -146,7 +146,7 @@ public:
     int tabAt(const QPointF &pos) const;
     void show(int index);
     void place(KELNavigationTableItem *page) const;
-    void layTabs() const;
+    void layoutTabs() const;
     void follow(KELNavigationTableItem *page);
     void forget(KELNavigationTableItem *page);
     void forgetMoved();
@@ -240,7 +240,7 @@ void KELNavigationTablePrivate::place(KELNavigationTableItem *page) const
                        table.boundRect.height() - top - qreal(table.tabHeight) - border);
 }
 
-void KELNavigationTablePrivate::layTabs() const
+void KELNavigationTablePrivate::layoutTabs() const
 {
     const KELNavigationTableStyle &table = style();
     const int count = items.size();
@@ -293,7 +293,7 @@ void KELNavigationTablePrivate::forget(KELNavigationTableItem *page)
     } else if (index < selectIndex) {
         --selectIndex;
     }
-    layTabs();
+    layoutTabs();
     q->update();
 }
 
@@ -355,7 +355,7 @@ void KELNavigationTable::addItem(KELNavigationTableItem *item)
         d->place(item);
     if (!alive)
         return;
-    d->layTabs();
+    d->layoutTabs();
     update();
 }
 

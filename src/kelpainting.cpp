@@ -3,7 +3,7 @@
 
 #include "kelpainting_p.h"
 
-#include "kelcaption_p.h"
+#include "kelcaptioncache_p.h"
 #include "kelroundrectcontrol.h"
 
 #include <QtGui/QPainter>
@@ -231,7 +231,7 @@ void KELPainting::drawGlyph(QPainter *painter, const KELRoundRectControlStyle &o
               rect);
 }
 
-void KELPainting::drawCaption(QPainter *painter, KELCaption *caption,
+void KELPainting::drawCaption(QPainter *painter, KELCaptionCache *caption,
                               const KELRoundRectControlStyle &option, const QRectF &rect)
 {
     if (!isPaintable(rect))
@@ -240,7 +240,7 @@ void KELPainting::drawCaption(QPainter *painter, KELCaption *caption,
     caption->draw(painter, rect, option.textFlags, option.text);
 }
 
-void KELPainting::drawTrimmedCaption(QPainter *painter, KELCaption *caption,
+void KELPainting::drawTrimmedCaption(QPainter *painter, KELCaptionCache *caption,
                                      const KELRoundRectControlStyle &option, const QRectF &rect,
                                      qreal trimWidth)
 {
@@ -250,7 +250,7 @@ void KELPainting::drawTrimmedCaption(QPainter *painter, KELCaption *caption,
     caption->drawTrimmed(painter, rect, option, trimWidth);
 }
 
-void KELPainting::drawContentCaption(QPainter *painter, KELCaption *caption,
+void KELPainting::drawContentCaption(QPainter *painter, KELCaptionCache *caption,
                                      const KELRoundRectControlStyle &option)
 {
     if (option.foregroundBrush.style() == Qt::NoBrush)

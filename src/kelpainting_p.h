@@ -17,7 +17,7 @@ class QPixmap;
 class QString;
 QT_END_NAMESPACE
 
-class KELCaption;
+class KELCaptionCache;
 class KELIconFont;
 struct KELRoundRectControlStyle;
 
@@ -83,15 +83,15 @@ void drawText(QPainter *painter, const QFont &font, const QBrush &brush, int fla
 void drawGlyph(QPainter *painter, const KELRoundRectControlStyle &option, const QRectF &rect);
 
 // Sets the painter's pen and font and draws the record's caption, as it is or elided to trimWidth.
-void drawCaption(QPainter *painter, KELCaption *caption, const KELRoundRectControlStyle &option,
-                 const QRectF &rect);
-void drawTrimmedCaption(QPainter *painter, KELCaption *caption,
+void drawCaption(QPainter *painter, KELCaptionCache *caption,
+                 const KELRoundRectControlStyle &option, const QRectF &rect);
+void drawTrimmedCaption(QPainter *painter, KELCaptionCache *caption,
                         const KELRoundRectControlStyle &option, const QRectF &rect,
                         qreal trimWidth);
 
 // Draws the record's caption into its content rectangle, elided if the record asks for it. Draws
 // nothing without a foreground brush.
-void drawContentCaption(QPainter *painter, KELCaption *caption,
+void drawContentCaption(QPainter *painter, KELCaptionCache *caption,
                         const KELRoundRectControlStyle &option);
 
 } // namespace KELPainting

@@ -49,7 +49,7 @@ QRectF pictureRect(const KELPushButtonStyle &option, float strip)
             rect.height() - qreal(strip) - margins.bottom() - margins.top()};
 }
 
-void drawCaptionStrip(QPainter *painter, KELCaption *caption, const KELPushButtonStyle &option,
+void drawCaptionStrip(QPainter *painter, KELCaptionCache *caption, const KELPushButtonStyle &option,
                       float strip)
 {
     const QRectF &rect = option.boundRect;
@@ -62,7 +62,7 @@ void drawCaptionStrip(QPainter *painter, KELCaption *caption, const KELPushButto
     KELPainting::drawTrimmedCaption(painter, caption, option, captionRect, rect.width());
 }
 
-void drawPixmapButton(QPainter *painter, KELCaption *caption, const KELPushButtonStyle &option)
+void drawPixmapButton(QPainter *painter, KELCaptionCache *caption, const KELPushButtonStyle &option)
 {
     if (option.foregroundBrush.style() == Qt::NoBrush) {
         KELPainting::drawPixmap(painter, option.boundRect, option.pixmap);
@@ -73,7 +73,7 @@ void drawPixmapButton(QPainter *painter, KELCaption *caption, const KELPushButto
     drawCaptionStrip(painter, caption, option, strip);
 }
 
-void drawGlyphButton(QPainter *painter, KELCaption *caption, const KELPushButtonStyle &option)
+void drawGlyphButton(QPainter *painter, KELCaptionCache *caption, const KELPushButtonStyle &option)
 {
     if (option.text.isEmpty()) {
         KELPainting::drawGlyph(painter, option, pictureRect(option, 0));
@@ -155,7 +155,7 @@ void KELPushButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *sty
     painter->setBrush(Qt::NoBrush);
     KELPainting::drawRoundRect(painter, option);
 
-    KELCaption *const caption = &KELControlPrivate::get(this)->caption;
+    KELCaptionCache *const caption = &KELControlPrivate::get(this)->caption;
     if (!option.pixmap.isNull())
         drawPixmapButton(painter, caption, option);
     else if (!option.icon.isNull())

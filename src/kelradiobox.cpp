@@ -19,17 +19,17 @@ namespace {
 constexpr qreal circleSizePx = 25;
 constexpr qreal dotInsetPx = 3;
 
-void setListening(KELRadioBox *box, bool listening)
+void setAcceptsPointer(KELRadioBox *box, bool accepts)
 {
-    box->setAcceptHoverEvents(listening);
-    box->setAcceptTouchEvents(listening);
-    box->setFlag(QGraphicsItem::ItemIsSelectable, listening);
-    box->setAcceptedMouseButtons(listening ? Qt::LeftButton : Qt::NoButton);
+    box->setAcceptHoverEvents(accepts);
+    box->setAcceptTouchEvents(accepts);
+    box->setFlag(QGraphicsItem::ItemIsSelectable, accepts);
+    box->setAcceptedMouseButtons(accepts ? Qt::LeftButton : Qt::NoButton);
 }
 
 void unselect(KELRadioBox *box)
 {
-    setListening(box, true);
+    setAcceptsPointer(box, true);
     box->setCheck(false);
 }
 
@@ -64,7 +64,7 @@ public:
     void abandonSelection(int id, const KELRadioBox *clicked) const;
     void enforceUnselected(int previousId, const KELRadioBox *previous) const;
     void applySelection(const KELRadioBox *clicked);
-    void stopListening(KELRadioBox *box) const;
+    void refusePointer(KELRadioBox *box) const;
 
     KELRadioBoxGroup *const q;
     int currentId = 0;
@@ -82,7 +82,7 @@ KELRadioBox::KELRadioBox(QGraphicsObject *parent) :
     KELRoundRectControl(parent, KELControlPrivate::newStyle(), new KELRadioBoxPrivate(this))
 {
     style();
-    setListening(this, true);
+    setAcceptsPointer(this, true);
 }
 
 KELRadioBox::~KELRadioBox()
@@ -125,12 +125,12 @@ void KELRadioBox::paint(QPainter *painter, const QStyleOptionGraphicsItem * /*st
 void KELRadioBox::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
     const QPointer<KELRadioBox> alive(this);
-    const bool listened = acceptedMouseButtons().testFlag(Qt::LeftButton);
+    const bool accepted = acceptedMouseButtons().testFlag(Qt::LeftButton);
     KELRoundRectControl::mousePressEvent(event);
     if (!KELPress::isOwn(alive) || event->button() != Qt::LeftButton)
         return;
     // A slot of this press may have had a group select the box: it stays checked then.
-    if (listened && !acceptedMouseButtons().testFlag(Qt::LeftButton))
+    if (accepted && !acceptedMouseButtons().testFlag(Qt::LeftButton))
         return;
     setCheck(!isCheck());
     KELPress::settle(alive, event);
@@ -168,7 +168,7 @@ void KELRadioBoxGroupPrivate::add(KELRadioBox *box, int id)
     if (id == currentId) {
         box->setCheck(true);
         if (alive && isSelected(box))
-            stopListening(box);
+            refusePointer(box);
         if (!alive || !boxToId.contains(box))
             return;
     }
@@ -244,7 +244,7 @@ void KELRadioBoxGroupPrivate::applySelection(const KELRadioBox *clicked)
     if (!box)
         return;
     const QPointer<KELRadioBoxGroup> alive(q);
-    stopListening(box);
+    refusePointer(box);
     if (!alive || !isSelected(box) || (box == clicked && box->isCheck()))
         return;
     const QPointer<KELRadioBox> aliveBox(box);
@@ -256,13 +256,13 @@ void KELRadioBoxGroupPrivate::applySelection(const KELRadioBox *clicked)
         box->update();
 }
 
-void KELRadioBoxGroupPrivate::stopListening(KELRadioBox *box) const
+void KELRadioBoxGroupPrivate::refusePointer(KELRadioBox *box) const
 {
     const QPointer<KELRadioBoxGroup> alive(q);
-    setListening(box, false);
+    setAcceptsPointer(box, false);
     // It may have been selected in the scene, so that a slot ran and chose another box.
     if (alive && boxToId.contains(box) && !isSelected(box))
-        setListening(box, true);
+        setAcceptsPointer(box, true);
 }
 
 KELRadioBoxGroup::KELRadioBoxGroup(QObject *parent) :

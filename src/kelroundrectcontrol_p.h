@@ -4,7 +4,7 @@
 #ifndef KELROUNDRECTCONTROL_P_H
 #define KELROUNDRECTCONTROL_P_H
 
-#include "kelcaption_p.h"
+#include "kelcaptioncache_p.h"
 #include "kelpress_p.h"
 #include "kelroundrectcontrol.h"
 
@@ -37,7 +37,7 @@ public:
     }
 
     KELPress press;
-    KELCaption caption;
+    KELCaptionCache caption;
 
 private:
     Q_DISABLE_COPY(KELControlPrivate)

@@ -288,7 +288,7 @@ const NamedChange changes[] = {
 
 } // namespace
 
-class tst_KELCaption : public KelTest
+class tst_KELCaptionCache : public KelTest
 {
     Q_OBJECT
 
@@ -306,7 +306,7 @@ private Q_SLOTS:
     void painterIsLeftAsByTheFirstPaint();
 };
 
-void tst_KELCaption::changeIsSeenAtOnce_data()
+void tst_KELCaptionCache::changeIsSeenAtOnce_data()
 {
     QTest::addColumn<int>("begin");
     QTest::addColumn<int>("index");
@@ -316,7 +316,7 @@ void tst_KELCaption::changeIsSeenAtOnce_data()
     }
 }
 
-void tst_KELCaption::changeIsSeenAtOnce()
+void tst_KELCaptionCache::changeIsSeenAtOnce()
 {
     QFETCH(int, begin);
     QFETCH(int, index);
@@ -332,7 +332,7 @@ void tst_KELCaption::changeIsSeenAtOnce()
     }
 }
 
-void tst_KELCaption::fontIsChangedInPlace()
+void tst_KELCaptionCache::fontIsChangedInPlace()
 {
     Scene scene;
     scene.text = QStringLiteral("A caption that is cut off");
@@ -345,14 +345,14 @@ void tst_KELCaption::fontIsChangedInPlace()
     }
 }
 
-void tst_KELCaption::removedFontIsSeenAtOnce_data()
+void tst_KELCaptionCache::removedFontIsSeenAtOnce_data()
 {
     QTest::addColumn<QString>("text");
     QTest::newRow("fits") << QString(QChar(0xE001));
     QTest::newRow("is cut off") << QString(40, QChar(0xE001));
 }
 
-void tst_KELCaption::removedFontIsSeenAtOnce()
+void tst_KELCaptionCache::removedFontIsSeenAtOnce()
 {
     QFETCH(QString, text);
     const int id = QFontDatabase::addApplicationFont(besideProgram(QStringLiteral("icons.ttf")));
@@ -378,14 +378,14 @@ void tst_KELCaption::removedFontIsSeenAtOnce()
     QCOMPARE(isAsByHand(), QString());
 }
 
-void tst_KELCaption::substitutionIsSeenAtOnce_data()
+void tst_KELCaptionCache::substitutionIsSeenAtOnce_data()
 {
     QTest::addColumn<bool>("isNew");
     QTest::newRow("the record as it is") << false;
     QTest::newRow("a new font in the record") << true;
 }
 
-void tst_KELCaption::substitutionIsSeenAtOnce()
+void tst_KELCaptionCache::substitutionIsSeenAtOnce()
 {
     QFETCH(bool, isNew);
     const QString family = QStringLiteral("No such family %1").arg(isNew);
@@ -408,7 +408,7 @@ void tst_KELCaption::substitutionIsSeenAtOnce()
     QFont::removeSubstitutions(family);
 }
 
-void tst_KELCaption::painterWithoutDeviceDrawsNothing()
+void tst_KELCaptionCache::painterWithoutDeviceDrawsNothing()
 {
     KELLabel label;
     apply(Scene(), &label);
@@ -421,7 +421,7 @@ void tst_KELCaption::painterWithoutDeviceDrawsNothing()
         QVERIFY2(warning.startsWith(QLatin1String("QPainter::")), qPrintable(warning));
 }
 
-void tst_KELCaption::controlIsDeletedByThePaintDevice()
+void tst_KELCaptionCache::controlIsDeletedByThePaintDevice()
 {
     const Scene scene;
     for (int paints = 0; paints < 4; ++paints) {
@@ -436,7 +436,7 @@ void tst_KELCaption::controlIsDeletedByThePaintDevice()
     }
 }
 
-void tst_KELCaption::captionStripIsSeenAtOnce()
+void tst_KELCaptionCache::captionStripIsSeenAtOnce()
 {
     const auto fill = [](KELPushButton *button, const QString &text, qreal width) {
         QPixmap pixmap(20, 20);
@@ -460,7 +460,7 @@ void tst_KELCaption::captionStripIsSeenAtOnce()
     }
 }
 
-void tst_KELCaption::painterIsLeftAsByTheFirstPaint()
+void tst_KELCaptionCache::painterIsLeftAsByTheFirstPaint()
 {
     Scene scene;
     scene.rect.setHeight(9); // is clipped
@@ -476,6 +476,6 @@ void tst_KELCaption::painterIsLeftAsByTheFirstPaint()
     }
 }
 
-KEL_TEST_MAIN(tst_KELCaption)
+KEL_TEST_MAIN(tst_KELCaptionCache)
 
-#include "tst_kelcaption.moc"
+#include "tst_kelcaptioncache.moc"

@@ -1,22 +1,22 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
-#ifndef KELPART_P_H
-#define KELPART_P_H
+#ifndef KELITEMPOINTER_P_H
+#define KELITEMPOINTER_P_H
 
 #include <QtCore/QRectF>
 #include <QtCore/QtGlobal>
 
 #include <utility>
 
-// A pointer to an item that somebody else owns and may delete: it is null from then on, already while the item
-// is being destroyed, which QPointer is not. The item lives on when the pointer dies.
+// Guarded pointer to an item owned elsewhere. Unlike QPointer it is cleared before the item's base destructors run.
+// The item outlives the pointer.
 template <class Item>
-class KELPart
+class KELItemPointer
 {
 public:
-    KELPart() = default;
-    ~KELPart()
+    KELItemPointer() = default;
+    ~KELItemPointer()
     {
         if (m_item)
             m_item->m_pointer = nullptr;
@@ -42,13 +42,13 @@ public:
     explicit operator bool() const { return m_item; }
 
 private:
-    Q_DISABLE_COPY(KELPart)
+    Q_DISABLE_COPY(KELItemPointer)
 
     class Tracked : public Item
     {
     public:
         template <class... Arguments>
-        explicit Tracked(KELPart *pointer, Arguments &&...arguments) :
+        explicit Tracked(KELItemPointer *pointer, Arguments &&...arguments) :
             Item(std::forward<Arguments>(arguments)...), m_pointer(pointer)
         { }
         ~Tracked() override
@@ -63,7 +63,7 @@ private:
             this->update();
         }
 
-        KELPart *m_pointer;
+        KELItemPointer *m_pointer;
     };
 
     Tracked *m_item = nullptr;

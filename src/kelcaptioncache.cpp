@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
-#include "kelcaption_p.h"
+#include "kelcaptioncache_p.h"
 
 #include "kelroundrectcontrol.h"
 
@@ -22,8 +22,8 @@
 
 namespace {
 
-// Flags that a kept layout knows. Everything else is Qt's: tabs, mnemonics, single lines, justified text.
-constexpr int knownFlags = Qt::AlignLeft | Qt::AlignHCenter | Qt::AlignTop | Qt::AlignBottom
+// Flags that a cached layout supports. Qt draws the rest: tabs, mnemonics, single lines, justified text.
+constexpr int supportedFlags = Qt::AlignLeft | Qt::AlignHCenter | Qt::AlignTop | Qt::AlignBottom
     | Qt::AlignVCenter | Qt::TextWordWrap | Qt::TextDontClip;
 
 constexpr qreal unlimitedWidthPx = 0x01000000;
@@ -69,7 +69,7 @@ int fontGeneration()
     return watch.generation();
 }
 
-// What QFont::insertSubstitution() has in place of the font.
+// The substitutes that QFont::insertSubstitution() registered for the font.
 QStringList substitutesOf(const QFont &font)
 {
     if (QFont::substitutions().isEmpty()) // as nearly always
@@ -81,26 +81,26 @@ QStringList substitutesOf(const QFont &font)
     return substitutes;
 }
 
-// What Qt's drawText() treats in a way of its own.
+// Characters that Qt's drawText() treats specially.
 bool isSpecial(QChar c)
 {
     return c == QLatin1Char('\t') || c == QLatin1Char('\r') || c == QChar(0x9C);
 }
 
-bool canBeKept(const QPainter &painter, int flags, const QString &text)
+bool canBeCached(const QPainter &painter, int flags, const QString &text)
 {
     if (!painter.isActive())
         return false;
     const QFont &font = painter.font();
-    return (flags & ~knownFlags) == 0 && painter.layoutDirection() != Qt::RightToLeft
+    return (flags & ~supportedFlags) == 0 && painter.layoutDirection() != Qt::RightToLeft
         && !font.underline() && !font.overline() && !font.strikeOut()
         && std::none_of(text.cbegin(), text.cend(), isSpecial);
 }
 
-// What a layout depends on, besides the place of the rectangle.
-struct Drawn
+// Everything a layout depends on, except the position of the rectangle.
+struct LayoutKey
 {
-    bool operator==(const Drawn &other) const
+    bool operator==(const LayoutKey &other) const
     {
         return flags == other.flags && dpi == other.dpi && direction == other.direction
             && fontGeneration == other.fontGeneration && isSame(size.width(), other.size.width())
@@ -118,7 +118,7 @@ struct Drawn
     int fontGeneration = 0;
 };
 
-Drawn drawnBy(const QPainter &painter, const QSizeF &size, int flags, const QString &text)
+LayoutKey layoutKeyFor(const QPainter &painter, const QSizeF &size, int flags, const QString &text)
 {
     return {text,
             painter.font(),
@@ -130,7 +130,7 @@ Drawn drawnBy(const QPainter &painter, const QSizeF &size, int flags, const QStr
             fontGeneration()};
 }
 
-// False for texts that have another width when they are elided: several lines, mnemonics, blanks at the end.
+// False for texts whose width changes when they are elided: several lines, mnemonics, trailing blanks.
 bool isMeasuredAsDrawn(const QString &text)
 {
     return !text.contains(QLatin1Char('\n')) && !text.contains(QLatin1Char('&'))
@@ -141,7 +141,7 @@ bool isMeasuredAsDrawn(const QString &text)
 class Layout
 {
 public:
-    explicit Layout(const Drawn &drawn);
+    explicit Layout(const LayoutKey &key);
 
     // True when the whole text is on one line that is not wider.
     bool fits(qreal widthPx) const;
@@ -151,7 +151,7 @@ private:
     Q_DISABLE_COPY(Layout)
 
     bool has(int flag) const { return (m_flags & flag) != 0; }
-    void breakLines(const Drawn &drawn);
+    void breakLines(const LayoutKey &key);
     void drawLines(QPainter *painter, const QRectF &rect, qreal top) const;
 
     QTextLayout m_layout;
@@ -160,25 +160,25 @@ private:
     qreal m_height = 0;
 };
 
-Layout::Layout(const Drawn &drawn) :
-    m_layout(QString(drawn.text).replace(QLatin1Char('\n'), QChar::LineSeparator), drawn.font),
-    m_flags(drawn.flags)
+Layout::Layout(const LayoutKey &key) :
+    m_layout(QString(key.text).replace(QLatin1Char('\n'), QChar::LineSeparator), key.font),
+    m_flags(key.flags)
 {
     QTextOption option;
-    option.setTextDirection(drawn.direction);
+    option.setTextDirection(key.direction);
     m_layout.setTextOption(option);
     m_layout.setCacheEnabled(true);
     m_layout.beginLayout();
-    breakLines(drawn);
+    breakLines(key);
     m_layout.endLayout();
 }
 
 // Lines start on whole pixels, and those that a clip hides anyway are left out.
-void Layout::breakLines(const Drawn &drawn)
+void Layout::breakLines(const LayoutKey &key)
 {
     const bool wordWrap = has(Qt::TextWordWrap);
-    const qreal lineWidth = wordWrap ? qMax<qreal>(0, drawn.size.width()) : unlimitedWidthPx;
-    const qreal leading = QFontMetricsF(drawn.font).leading();
+    const qreal lineWidth = wordWrap ? qMax<qreal>(0, key.size.width()) : unlimitedWidthPx;
+    const qreal leading = QFontMetricsF(key.font).leading();
     m_height = -leading;
     for (QTextLine line = m_layout.createLine(); line.isValid(); line = m_layout.createLine()) {
         line.setLineWidth(lineWidth);
@@ -186,7 +186,7 @@ void Layout::breakLines(const Drawn &drawn)
         line.setPosition(QPointF(0, m_height));
         m_height += line.ascent() + line.descent();
         m_width = qMax(m_width, line.naturalTextWidth());
-        if (!has(Qt::TextDontClip) && m_height >= drawn.size.height())
+        if (!has(Qt::TextDontClip) && m_height >= key.size.height())
             break;
     }
 }
@@ -229,7 +229,7 @@ void Layout::drawLines(QPainter *painter, const QRectF &rect, qreal top) const
 
 } // namespace
 
-struct KELCaption::Kept
+struct KELCaptionCache::CacheEntry
 {
     QString source;
     QFont sourceFont;
@@ -238,86 +238,86 @@ struct KELCaption::Kept
     int fontGeneration = -1;
     QString trimmed;
 
-    Drawn drawn;
-    std::shared_ptr<Layout> layout; // a paint device may get it replaced while it is drawn
+    LayoutKey key;
+    std::shared_ptr<Layout> layout; // a paint device may get it replaced while it is key
 };
 
-KELCaption::KELCaption() = default;
+KELCaptionCache::KELCaptionCache() = default;
 
-KELCaption::~KELCaption() = default;
+KELCaptionCache::~KELCaptionCache() = default;
 
-bool KELCaption::isTrimmed(const KELRoundRectControlStyle &option, qreal width) const
+bool KELCaptionCache::isElided(const KELRoundRectControlStyle &option, qreal width) const
 {
-    return m_kept && m_kept->fontGeneration == fontGeneration() && isSame(m_kept->width, width)
-        && m_kept->sourceFont.isCopyOf(option.font) && m_kept->source == option.text
-        && m_kept->sourceSubstitutes == substitutesOf(option.font);
+    return m_entry && m_entry->fontGeneration == fontGeneration() && isSame(m_entry->width, width)
+        && m_entry->sourceFont.isCopyOf(option.font) && m_entry->source == option.text
+        && m_entry->sourceSubstitutes == substitutesOf(option.font);
 }
 
-void KELCaption::keepTrimmed(const KELRoundRectControlStyle &option, qreal width,
-                             const QString &text)
+void KELCaptionCache::storeElided(const KELRoundRectControlStyle &option, qreal width,
+                                  const QString &text)
 {
-    m_kept->fontGeneration = fontGeneration();
-    m_kept->width = width;
-    m_kept->sourceFont = option.font;
-    m_kept->sourceSubstitutes = substitutesOf(option.font);
-    m_kept->source = option.text;
-    m_kept->trimmed = text;
+    m_entry->fontGeneration = fontGeneration();
+    m_entry->width = width;
+    m_entry->sourceFont = option.font;
+    m_entry->sourceSubstitutes = substitutesOf(option.font);
+    m_entry->source = option.text;
+    m_entry->trimmed = text;
 }
 
-void KELCaption::drawTrimmed(QPainter *painter, const QRectF &rect,
-                             const KELRoundRectControlStyle &option, qreal width)
+void KELCaptionCache::drawTrimmed(QPainter *painter, const QRectF &rect,
+                                  const KELRoundRectControlStyle &option, qreal width)
 {
     if (option.text.isEmpty())
         return;
-    if (!m_kept)
-        m_kept = std::make_unique<Kept>();
-    if (!isTrimmed(option, width)) {
-        if (drawWhole(painter, rect, option, width))
+    if (!m_entry)
+        m_entry = std::make_unique<CacheEntry>();
+    if (!isElided(option, width)) {
+        if (drawUnelided(painter, rect, option, width))
             return;
-        keepTrimmed(option, width, option.getTrimmingText(option.text, width, option.font));
+        storeElided(option, width, option.getTrimmingText(option.text, width, option.font));
     }
-    draw(painter, rect, option.textFlags, QString(m_kept->trimmed));
+    draw(painter, rect, option.textFlags, QString(m_entry->trimmed));
 }
 
-// The layout that draws a caption tells as well whether it fits: to ask first would be to lay it out twice.
-bool KELCaption::drawWhole(QPainter *painter, const QRectF &rect,
-                           const KELRoundRectControlStyle &option, qreal width)
+// The layout that draws a caption also reports whether it fits; asking first would lay it out twice.
+bool KELCaptionCache::drawUnelided(QPainter *painter, const QRectF &rect,
+                                   const KELRoundRectControlStyle &option, qreal width)
 {
-    if (!canBeKept(*painter, option.textFlags, option.text) || !isMeasuredAsDrawn(option.text)
+    if (!canBeCached(*painter, option.textFlags, option.text) || !isMeasuredAsDrawn(option.text)
         || !painter->font().isCopyOf(option.font))
         return false;
-    Drawn drawn = drawnBy(*painter, rect.size(), option.textFlags, option.text);
-    const Layout layout(drawn);
+    LayoutKey key = layoutKeyFor(*painter, rect.size(), option.textFlags, option.text);
+    const Layout layout(key);
     // A fraction of a pixel does not count when captions are elided.
     if (!layout.fits(std::floor(width)))
         return false;
-    keepTrimmed(option, width, option.text);
-    m_kept->layout.reset();
-    m_kept->drawn = std::move(drawn);
+    storeElided(option, width, option.text);
+    m_entry->layout.reset();
+    m_entry->key = std::move(key);
     layout.draw(painter, rect);
     return true;
 }
 
-void KELCaption::draw(QPainter *painter, const QRectF &rect, int flags, const QString &text)
+void KELCaptionCache::draw(QPainter *painter, const QRectF &rect, int flags, const QString &text)
 {
     if (text.isEmpty())
         return;
-    if (!canBeKept(*painter, flags, text)) {
+    if (!canBeCached(*painter, flags, text)) {
         painter->drawText(rect, flags, text);
         return;
     }
-    if (!m_kept)
-        m_kept = std::make_unique<Kept>();
-    Drawn drawn = drawnBy(*painter, rect.size(), flags, text);
-    if (!(m_kept->drawn == drawn)) {
-        // Most captions are drawn once, as an item keeps its picture, or change each time.
-        m_kept->layout.reset();
-        m_kept->drawn = std::move(drawn);
+    if (!m_entry)
+        m_entry = std::make_unique<CacheEntry>();
+    LayoutKey key = layoutKeyFor(*painter, rect.size(), flags, text);
+    if (!(m_entry->key == key)) {
+        // Most captions are key once, as an item keeps its picture, or change each time.
+        m_entry->layout.reset();
+        m_entry->key = std::move(key);
         painter->drawText(rect, flags, text);
         return;
     }
-    if (!m_kept->layout)
-        m_kept->layout = std::make_shared<Layout>(drawn);
-    const std::shared_ptr<Layout> layout = m_kept->layout;
+    if (!m_entry->layout)
+        m_entry->layout = std::make_shared<Layout>(key);
+    const std::shared_ptr<Layout> layout = m_entry->layout;
     layout->draw(painter, rect);
 }
