@@ -6,6 +6,7 @@
 #include "kelcontentview.h"
 #include "kelitemmove_p.h"
 #include "kelitempointer_p.h"
+#include "kelsceneview_p.h"
 
 #include <QtCore/QEasingCurve>
 #include <QtCore/QPointer>
@@ -25,14 +26,6 @@ constexpr double shortMessageSize = 2.2;
 
 constexpr int shakeMs = 300;
 constexpr int shakeSteps = 10;
-
-void setLook(KELDialogBase *dialog)
-{
-    dialog->setStyleSheet(QStringLiteral("background: transparent;"));
-    // Compat: all other flags go, so that a dialog with a parent is a child widget
-    dialog->setWindowFlags(Qt::FramelessWindowHint);
-    dialog->setAttribute(Qt::WA_TranslucentBackground);
-}
 
 // The body of a dialog, from the resources of the application.
 QPixmap scaledBody(const QSize &size)
@@ -72,7 +65,7 @@ void KELDialogBasePrivate::replaceBackground(const QPixmap &pixmap)
 KELDialogBase::KELDialogBase(QWidget *parent) : QDialog(parent), d(new KELDialogBasePrivate(this))
 {
     setGeometry(inputGeometry);
-    setLook(this);
+    KELSceneView::setWindowLook(this);
     d->view = new KELContentView(this);
     d->view->setGeometry(QRect(QPoint(0, 0), inputGeometry.size()));
     d->view->resize(inputGeometry.size());
@@ -84,7 +77,7 @@ KELDialogBase::KELDialogBase(QWidget *parent) : QDialog(parent), d(new KELDialog
 KELDialogBase::KELDialogBase(QString text, double size, QWidget *parent) :
     QDialog(parent), d(new KELDialogBasePrivate(this))
 {
-    setLook(this);
+    KELSceneView::setWindowLook(this);
     d->view = new KELContentView(this);
     const bool isLong = !text.isEmpty() && size > shortMessageSize;
     const QRect geometry = isLong ? longMessageGeometry : messageGeometry;

@@ -471,12 +471,5 @@ void KELNavigationTable::mousePressEvent(QGraphicsSceneMouseEvent *event)
 
 bool KELNavigationTable::sceneEventFilter(QGraphicsItem * /*watched*/, QEvent *event)
 {
-    switch (event->type()) {
-    case QEvent::GraphicsSceneMousePress:
-    case QEvent::GraphicsSceneMouseRelease:
-    case QEvent::GraphicsSceneMouseDoubleClick:
-        return static_cast<QGraphicsSceneMouseEvent *>(event)->button() != Qt::LeftButton;
-    default:
-        return false;
-    }
+    return KELControlPrivate::isEventOfOtherButton(event);
 }

@@ -8,7 +8,6 @@
 
 #include <QtGui/QFontMetrics>
 #include <QtGui/QPainter>
-#include <QtWidgets/QGraphicsSceneMouseEvent>
 
 namespace {
 
@@ -175,12 +174,5 @@ KELPushButtonStyle *KELPushButton::initStyle()
 
 bool KELPushButton::sceneEventFilter(QGraphicsItem * /*watched*/, QEvent *event)
 {
-    switch (event->type()) {
-    case QEvent::GraphicsSceneMousePress:
-    case QEvent::GraphicsSceneMouseRelease:
-    case QEvent::GraphicsSceneMouseDoubleClick:
-        return static_cast<QGraphicsSceneMouseEvent *>(event)->button() != Qt::LeftButton;
-    default:
-        return false;
-    }
+    return KELControlPrivate::isEventOfOtherButton(event);
 }

@@ -134,6 +134,18 @@ void KELControlPrivate::setDefaults(KELRoundRectControlStyle *style)
 
 KELControlPrivate::~KELControlPrivate() = default;
 
+bool KELControlPrivate::isEventOfOtherButton(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::GraphicsSceneMousePress:
+    case QEvent::GraphicsSceneMouseRelease:
+    case QEvent::GraphicsSceneMouseDoubleClick:
+        return static_cast<QGraphicsSceneMouseEvent *>(event)->button() != Qt::LeftButton;
+    default:
+        return false;
+    }
+}
+
 // Touches no menu that may be dead.
 void KELControlPrivate::learnContextMenu(const KELRoundRectControlStyle *style)
 {

@@ -25,6 +25,9 @@ public:
     static KELRoundRectControlStyle *newStyle();
     static void setDefaults(KELRoundRectControlStyle *style);
 
+    // For the sceneEventFilter() of controls that take the presses on their children: true for buttons but the left.
+    static bool isEventOfOtherButton(QEvent *event);
+
     // The record's context menu; null when it has died, which the record does not say.
     QMenu *liveContextMenu(const KELRoundRectControlStyle *style);
     // Runs it, unless it is open already. The control may be gone afterwards.

@@ -7,13 +7,18 @@
 #include <QtWidgets/QGraphicsScene>
 #include <QtWidgets/QGraphicsView>
 
+void KELSceneView::setWindowLook(QWidget *window)
+{
+    window->setStyleSheet(QStringLiteral("background: transparent;"));
+    window->setWindowFlags(Qt::FramelessWindowHint);
+    window->setAttribute(Qt::WA_TranslucentBackground);
+}
+
 QGraphicsScene *KELSceneView::setUp(QGraphicsView *view)
 {
     view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     view->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    view->setStyleSheet(QStringLiteral("background: transparent;"));
-    view->setWindowFlags(Qt::FramelessWindowHint);
-    view->setAttribute(Qt::WA_TranslucentBackground);
+    setWindowLook(view);
 
     auto *const scene = new QGraphicsScene(view);
     // setboundRect() does not tell the scene: an index would keep the old rectangle.

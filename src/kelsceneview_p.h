@@ -9,10 +9,14 @@
 QT_BEGIN_NAMESPACE
 class QGraphicsScene;
 class QGraphicsView;
+class QWidget;
 QT_END_NAMESPACE
 
 // What the frameless, transparent views with a scene of their own have in common.
 namespace KELSceneView {
+
+// The look of the library's windows. Compat: all other window flags go, so that one with a parent is a child widget.
+void setWindowLook(QWidget *window);
 
 // Gives the view its look and a scene, which it owns and returns.
 QGraphicsScene *setUp(QGraphicsView *view);
