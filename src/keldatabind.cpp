@@ -147,26 +147,26 @@ public:
 
     using Conversion = QVariant (IKELValueConverter::*)(QObject *, const QVariant &);
 
+    explicit KELDataBindPrivate(KELDataBind *bind) : q(bind) { }
     ~KELDataBindPrivate();
     void endCalls() const;
     void store(QObject *source, const QByteArray &sourceName, QObject *destination,
                const QByteArray &destinationName, IKELValueConverter *valueConverter);
     // Foreign code runs in these three: an exception of it ends the program there. It would leave a call that is
     // over on the list of those that run.
-    static bool connectNotify(KELDataBind *q, const QObject *object, const QMetaProperty &property,
-                              const QMetaMethod &slot,
-                              QMetaObject::Connection *connection) noexcept;
-    void setBind(KELDataBind *q, QObject *source, const char *sourceName, QObject *destination,
+    bool connectNotify(const QObject *object, const QMetaProperty &property,
+                       const QMetaMethod &slot, QMetaObject::Connection *connection) noexcept;
+    void setBind(QObject *source, const char *sourceName, QObject *destination,
                  const char *destinationName, KELDataBind::BindMode asked,
                  IKELValueConverter *valueConverter) noexcept;
     void copy(const QPointer<QObject> &from, NamedProperty *fromProperty,
               const QPointer<QObject> &to, NamedProperty *toProperty,
               Conversion conversion) noexcept;
-    bool connectSource(KELDataBind *q);
-    bool connectDestination(KELDataBind *q);
-    KELDataBind::BindMode connectForMode(KELDataBind *q, KELDataBind::BindMode asked, int srcIndex,
-                                         int dstIndex);
+    bool connectSource();
+    bool connectDestination();
+    KELDataBind::BindMode connectForMode(KELDataBind::BindMode asked, int srcIndex, int dstIndex);
 
+    KELDataBind *const q;
     QPointer<QObject> src;
     QPointer<QObject> dst;
     QString srcName;
@@ -211,8 +211,8 @@ void KELDataBindPrivate::store(QObject *source, const QByteArray &sourceName, QO
 }
 
 // False when the property has no notify signal, or is not one of this object since a setBind() that failed.
-bool KELDataBindPrivate::connectNotify(KELDataBind *q, const QObject *object,
-                                       const QMetaProperty &property, const QMetaMethod &slot,
+bool KELDataBindPrivate::connectNotify(const QObject *object, const QMetaProperty &property,
+                                       const QMetaMethod &slot,
                                        QMetaObject::Connection *connection) noexcept
 {
     if (!property.hasNotifySignal()
@@ -222,29 +222,28 @@ bool KELDataBindPrivate::connectNotify(KELDataBind *q, const QObject *object,
     return true;
 }
 
-bool KELDataBindPrivate::connectSource(KELDataBind *q)
+bool KELDataBindPrivate::connectSource()
 {
-    return connectNotify(q, src, srcMetaProperty, srcSlot, &srcConnection);
+    return connectNotify(src, srcMetaProperty, srcSlot, &srcConnection);
 }
 
-bool KELDataBindPrivate::connectDestination(KELDataBind *q)
+bool KELDataBindPrivate::connectDestination()
 {
-    return connectNotify(q, dst, dstMetaProperty, dstSlot, &dstConnection);
+    return connectNotify(dst, dstMetaProperty, dstSlot, &dstConnection);
 }
 
-KELDataBind::BindMode KELDataBindPrivate::connectForMode(KELDataBind *q,
-                                                         KELDataBind::BindMode asked, int srcIndex,
+KELDataBind::BindMode KELDataBindPrivate::connectForMode(KELDataBind::BindMode asked, int srcIndex,
                                                          int dstIndex)
 {
     const bool either = asked == KELDataBind::Auto || asked == KELDataBind::TwoWay;
     if (either || asked == KELDataBind::OneWay) {
         srcMetaProperty = src->metaObject()->property(srcIndex);
-        const bool connected = connectSource(q);
+        const bool connected = connectSource();
         if (connected && !either)
             return KELDataBind::OneWay;
         if (connected) {
             dstMetaProperty = dst->metaObject()->property(dstIndex);
-            if (connectDestination(q))
+            if (connectDestination())
                 return KELDataBind::TwoWay;
             // Compat: names the side that was found, here and below
             if (asked == KELDataBind::TwoWay)
@@ -254,7 +253,7 @@ KELDataBind::BindMode KELDataBindPrivate::connectForMode(KELDataBind *q,
     }
     if (either || asked == KELDataBind::OneWayToSource) {
         dstMetaProperty = dst->metaObject()->property(dstIndex);
-        if (connectDestination(q)) {
+        if (connectDestination()) {
             if (asked == KELDataBind::TwoWay)
                 qDebug() << "waring : could not find dst notify";
             return KELDataBind::OneWayToSource;
@@ -265,9 +264,8 @@ KELDataBind::BindMode KELDataBindPrivate::connectForMode(KELDataBind *q,
     return KELDataBind::Manual;
 }
 
-void KELDataBindPrivate::setBind(KELDataBind *q, QObject *source, const char *sourceName,
-                                 QObject *destination, const char *destinationName,
-                                 KELDataBind::BindMode asked,
+void KELDataBindPrivate::setBind(QObject *source, const char *sourceName, QObject *destination,
+                                 const char *destinationName, KELDataBind::BindMode asked,
                                  IKELValueConverter *valueConverter) noexcept
 {
     endCalls();
@@ -296,7 +294,7 @@ void KELDataBindPrivate::setBind(KELDataBind *q, QObject *source, const char *so
         qDebug() << "error : could not find dst property '" << srcNameArgument.constData() << "'";
         return;
     }
-    const KELDataBind::BindMode effective = connectForMode(q, asked, srcIndex, dstIndex);
+    const KELDataBind::BindMode effective = connectForMode(asked, srcIndex, dstIndex);
     mode = effective;
 }
 
@@ -339,7 +337,7 @@ QVariant KELDefaultValueConverter::ConvertBack(QObject * /*object*/, const QVari
     return {};
 }
 
-KELDataBind::KELDataBind(QObject *parent) : QObject(parent), d(new KELDataBindPrivate)
+KELDataBind::KELDataBind(QObject *parent) : QObject(parent), d(new KELDataBindPrivate(this))
 {
     const QMetaObject *const meta = &staticMetaObject;
     for (int i = 0; i < meta->methodCount() && !(d->srcSlot.isValid() && d->dstSlot.isValid());
@@ -360,7 +358,7 @@ KELDataBind::~KELDataBind()
 void KELDataBind::setBind(QObject *src, const char *srcProperty, QObject *dst,
                           const char *dstProperty, BindMode mode, IKELValueConverter *converter)
 {
-    d->setBind(this, src, srcProperty, dst, dstProperty, mode, converter);
+    d->setBind(src, srcProperty, dst, dstProperty, mode, converter);
 }
 
 KELDataBind *KELDataBind::bind(QObject *src, const char *srcProperty, QObject *dst,
@@ -379,9 +377,9 @@ void KELDataBind::bind()
         return;
     }
     if (d->mode == OneWay || d->mode == TwoWay)
-        d->connectSource(this);
+        d->connectSource();
     if (d->mode == OneWayToSource || d->mode == TwoWay)
-        d->connectDestination(this);
+        d->connectDestination();
 
     if (d->mode == OneWayToSource) {
         const BlockedSignals blocked(d->src);

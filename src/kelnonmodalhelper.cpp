@@ -61,15 +61,18 @@ bool isReceiverIgnored(const QObject *receiver)
 class KELNonModalhelperPrivate
 {
 public:
-    void handlePress(KELNonModalhelper *q, const QObject *receiver, const QMouseEvent *event);
-    void scheduleHide(KELNonModalhelper *q);
-    void hide(KELNonModalhelper *q);
-    void startTimer(KELNonModalhelper *q) { timer.start(timeout, Qt::PreciseTimer, q); }
+    explicit KELNonModalhelperPrivate(KELNonModalhelper *helper) : q(helper) { }
+
+    void handlePress(const QObject *receiver, const QMouseEvent *event);
+    void scheduleHide();
+    void hide();
+    void startTimer() { timer.start(timeout, Qt::PreciseTimer, q); }
 
     static QPointer<KELNonModalhelper> shownHelper(const QWidget *widget);
 
     static QList<QPointer<KELNonModalhelper>> NonModals; // made by the static show()
 
+    KELNonModalhelper *const q;
     KELApplicationNotify *notify = nullptr;
     QPointer<QWidget> widget;
     KELNonModalhelper::TriggerSource triggerSource = KELNonModalhelper::TriggerParent;
@@ -82,8 +85,7 @@ public:
 
 QList<QPointer<KELNonModalhelper>> KELNonModalhelperPrivate::NonModals;
 
-void KELNonModalhelperPrivate::handlePress(KELNonModalhelper *q, const QObject *receiver,
-                                           const QMouseEvent *event)
+void KELNonModalhelperPrivate::handlePress(const QObject *receiver, const QMouseEvent *event)
 {
     if (pending || !widget)
         return;
@@ -104,19 +106,19 @@ void KELNonModalhelperPrivate::handlePress(KELNonModalhelper *q, const QObject *
         isOutside = !widget->geometry().contains(event->screenPos().toPoint());
 
     if (isOutside)
-        scheduleHide(q);
+        scheduleHide();
     else
         q->startTime();
 }
 
-void KELNonModalhelperPrivate::scheduleHide(KELNonModalhelper *q)
+void KELNonModalhelperPrivate::scheduleHide()
 {
     // One press is seen at the native window and again at the widget.
     pending = true;
-    QTimer::singleShot(hideDelayMs, Qt::PreciseTimer, q, [q] { q->d->hide(q); });
+    QTimer::singleShot(hideDelayMs, Qt::PreciseTimer, q, [this] { hide(); });
 }
 
-void KELNonModalhelperPrivate::hide(KELNonModalhelper *q)
+void KELNonModalhelperPrivate::hide()
 {
     if (ignoreOnce || !widget) {
         ignoreOnce = false;
@@ -142,7 +144,7 @@ QPointer<KELNonModalhelper> KELNonModalhelperPrivate::shownHelper(const QWidget 
     return found == NonModals.cend() ? nullptr : *found;
 }
 
-KELNonModalhelper::KELNonModalhelper(QWidget *widget) : d(new KELNonModalhelperPrivate)
+KELNonModalhelper::KELNonModalhelper(QWidget *widget) : d(new KELNonModalhelperPrivate(this))
 {
     d->widget = widget;
     d->notify = new KELApplicationNotify(this, QEvent::MouseButtonPress);
@@ -151,7 +153,7 @@ KELNonModalhelper::KELNonModalhelper(QWidget *widget) : d(new KELNonModalhelperP
         [this](QObject *receiver, QEvent *event) {
             // An injected event may be of any type.
             if (event->type() == QEvent::MouseButtonPress)
-                d->handlePress(this, receiver, static_cast<QMouseEvent *>(event));
+                d->handlePress(receiver, static_cast<QMouseEvent *>(event));
         },
         Qt::DirectConnection);
     if (QCoreApplication *app = QCoreApplication::instance())
@@ -183,7 +185,7 @@ void KELNonModalhelper::enableTime(int ms)
     d->timeEnabled = true;
     d->timeout = ms < 1 ? defaultTimeoutMs : ms;
     if (d->widget && !d->widget->isHidden())
-        d->startTimer(this);
+        d->startTimer();
 }
 
 void KELNonModalhelper::stopTime()
@@ -200,7 +202,7 @@ bool KELNonModalhelper::isTimeEnable() const
 void KELNonModalhelper::startTime()
 {
     if (d->timeEnabled)
-        d->startTimer(this);
+        d->startTimer();
 }
 
 void KELNonModalhelper::ignoreOnce()
