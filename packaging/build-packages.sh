@@ -15,25 +15,25 @@ Usage: packaging/build-packages.sh [--twice] [amd64] [arm64]
 Builds the packages on amd64 Debian 12, for both architectures unless one is named, and runs lintian,
 which must find no error and no warning. The packages go to build/packages/ARCHITECTURE.
 
-  --twice   build a second time, in another folder, time zone and language; every package must be the
-            same, byte for byte
+  --twice   build a second time, in another folder, time zone and language; every package must be
+            identical, byte for byte
 
-The tests are not run: try-packages.sh runs them where the packages are installed.
+Does not run the tests: try-packages.sh runs them where the packages are installed.
 TEXT
 }
 
 twice=false
 architectures=()
-for word in "$@"; do
-    case $word in
+for argument in "$@"; do
+    case $argument in
     -h | --help)
         usage
         exit 0
         ;;
     --twice) twice=true ;;
-    amd64 | arm64) architectures+=("$word") ;;
+    amd64 | arm64) architectures+=("$argument") ;;
     *)
-        echo "build-packages.sh: unknown word '$word' (see packaging/build-packages.sh --help)" >&2
+        echo "build-packages.sh: unknown argument '$argument' (see packaging/build-packages.sh --help)" >&2
         exit 2
         ;;
     esac
@@ -75,7 +75,7 @@ for architecture in "${architectures[@]}"; do
             again=$work/$architecture-again/${package##*/}
             cmp "$package" "$again" || { diffoscope "$package" "$again" >&2 || true; exit 1; }
         done
-        echo "== $architecture: the packages are the same"
+        echo "== $architecture: the packages are identical"
     fi
     rm -rf "build/packages/$architecture"
     mv "$work/$architecture" "build/packages/$architecture"

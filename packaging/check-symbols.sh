@@ -13,11 +13,11 @@ usage() {
     cat <<'TEXT'
 Usage: packaging/check-symbols.sh [--update] LIBRARY
 
-Fails when LIBRARY (a libKELGdiControl.so.1 of amd64 or arm64) lacks a symbol of
-packaging/debian/libkelgdicontrol1.symbols or has others.
+Fails if LIBRARY (a libKELGdiControl.so.1 for amd64 or arm64) lacks a symbol that is listed in
+packaging/debian/libkelgdicontrol1.symbols, or exports one that is not.
 
-  --update   add the others to the file, as new in the version of packaging/debian/changelog. A symbol
-             that has gone breaks programs: its line is deleted by hand, where it was never released.
+  --update   add the new symbols to the file, with the version of packaging/debian/changelog. A missing
+             symbol breaks applications: delete its line by hand, and only if it was never released.
 TEXT
 }
 
@@ -41,7 +41,7 @@ case $(readelf -h "$1") in
 *AArch64*) architecture=arm64 ;;
 *X86-64*) architecture=amd64 ;;
 *)
-    echo "check-symbols.sh: $1 is of no architecture that is packaged" >&2
+    echo "check-symbols.sh: $1: unsupported architecture, expected amd64 or arm64" >&2
     exit 1
     ;;
 esac

@@ -12,12 +12,13 @@ usage() {
     cat <<'TEXT'
 Usage: packaging/try-packages.sh amd64|arm64
 
-Installs the packages of build/packages/ARCHITECTURE with apt in a bare Debian 12, made for this and
-deleted after it, and uses them there: runs kelgdi-selftest, builds an application with CMake, with
-pkg-config and with qmake, and purges the packages. Needs root, and some 2 GB below build. arm64 runs
-under emulation, for which the kernel needs binfmt_misc.
+Creates a minimal Debian 12, installs the packages from build/packages/ARCHITECTURE with apt, and tries
+them: runs kelgdi-selftest, builds an application with CMake, pkg-config and qmake, and purges the
+packages. The Debian is deleted afterwards. Needs root and about 2 GB below build. arm64 runs under
+emulation, for which the kernel needs binfmt_misc.
 
-  KEL_MIRROR   where Debian comes from, http://deb.debian.org/debian if not set
+Environment:
+  KEL_MIRROR   the Debian mirror, by default http://deb.debian.org/debian
 
 Ends with "N passed, M failed".
 TEXT
@@ -39,7 +40,7 @@ architecture=$1
 packages=$PWD/build/packages/$architecture
 mirror=${KEL_MIRROR:-http://deb.debian.org/debian}
 if ! ls "$packages"/*.deb >/dev/null 2>&1; then
-    echo "try-packages.sh: there are no packages in $packages: packaging/build-packages.sh makes them" >&2
+    echo "try-packages.sh: no packages in $packages; build them with packaging/build-packages.sh" >&2
     exit 1
 fi
 [ "$(id -u)" -eq 0 ] || exec sudo KEL_MIRROR="$mirror" "$PWD/packaging/try-packages.sh" "$@"
@@ -60,14 +61,14 @@ trap 'exit 143' TERM
 passed=0
 failed=0
 
-# apart COMMAND...: what it mounts is seen by nobody else and goes with it, and so does what it leaves running.
+# apart COMMAND...: in its own mount and process namespace. Its mounts and leftover processes end with it.
 apart() {
     unshare --mount --propagation private --pid --fork --kill-child -- "$@"
 }
 
 # inside USER COMMAND...
 inside() {
-    # shellcheck disable=SC2016 # expanded there
+    # shellcheck disable=SC2016 # expanded by the inner shell
     apart bash -c 'mount --rbind /dev "$0/dev" && mount -t proc proc "$0/proc" && exec chroot "$0" "$@"' \
         "$folder" /usr/bin/env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 http_proxy="${http_proxy-}" \
         DEBIAN_FRONTEND=noninteractive runuser --user "$1" -- "${@:2}" </dev/null
@@ -89,7 +90,7 @@ try() {
     fi
 }
 
-# installs NAME...: a name of ours is a file, another is Debian's.
+# installs NAME...: our packages from their files, others from Debian.
 installs() {
     local name files=()
     for name in "$@"; do
@@ -115,7 +116,7 @@ nothing_remains() {
 }
 
 exec 3>&1
-echo "== a bare Debian 12"
+echo "== creating a minimal Debian 12"
 chmod 755 "$folder"
 apart debootstrap --arch="$architecture" --variant=minbase bookworm "$folder" "$mirror" >>"$log" 2>&1 || {
     tail -n 40 "$log"
@@ -132,12 +133,13 @@ try "the self-test is installed" installs libkelgdicontrol1 kelgdi-gallery libke
 try "the self-test passes" selftest
 if [ "$architecture" = "$(dpkg --print-architecture)" ]; then
     try "Xvfb and xdotool are installed" installs xvfb xdotool
-    try "what needs them passes too" selftest '*-xcb' gallerypointer
+    try "the tests that need them pass" selftest '*-xcb' gallerypointer
 fi
 try "the development files are installed" installs libkelgdicontrol-dev libkelgdicontrol-doc \
     g++ cmake make ninja-build pkgconf
-for way in cmake pkgconfig qmake; do
-    try "an application, $way" inside tester /try/consume.sh "$way" /usr "lib/$triplet" "/home/tester/$way" g++
+for tool in cmake pkgconfig qmake; do
+    try "an application builds with $tool" inside tester /try/consume.sh "$tool" /usr "lib/$triplet" \
+        "/home/tester/$tool" g++
 done
 try "nothing remains when the packages are purged" nothing_remains
 

@@ -12,11 +12,11 @@ usage() {
     cat <<'TEXT'
 Usage: scripts/abi.sh --check | --update
 
-  --check    builds the library, lists what differs from tests/abi/KELGdiControl.abi, and fails when
-             programs that were built before would no longer run
-  --update   makes the library as it is now the baseline, and writes docs/guide/layout.md
+  --check    build the library, list the differences from tests/abi/KELGdiControl.abi, and fail if
+             existing applications would no longer run
+  --update   make the current library the baseline, and write docs/guide/layout.md
 
-What may change and what may not is in docs/guide/abi.md. ./check does the same for amd64 and arm64.
+docs/guide/abi.md says what may change. ./check makes the same comparison for amd64 and arm64.
 TEXT
 }
 

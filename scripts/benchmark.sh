@@ -12,15 +12,15 @@ usage() {
     cat <<'TEXT'
 Usage: scripts/benchmark.sh [--clock-only | --quick | --record]
 
-  (nothing)      counts the instructions of every benchmark under valgrind, and takes the time; fails when a
+  (no option)    count the instructions of every benchmark under valgrind, and measure the time; fails if a
                  limit in tests/benchmarks/limits.json is exceeded
-  --clock-only   takes the time only: needs no valgrind, and checks no limits
-  --quick        counts only paint, construction and binding; fails when one is worse by more than 3 % than
-                 tests/benchmarks/recorded.json says
-  --record       as --quick, but writes recorded.json
+  --clock-only   measure the time only: needs no valgrind, and checks no limits
+  --quick        count paint, construction and binding only; fails if a ratio is more than 3 % worse than in
+                 tests/benchmarks/recorded.json
+  --record       like --quick, but write recorded.json
 
-Rows of Qt Quick are filled where qtdeclarative5-dev, qml-module-qtquick2 and qml-module-qtquick-controls2 are
-installed.
+The Qt Quick rows need qtdeclarative5-dev, qml-module-qtquick2 and qml-module-qtquick-controls2; without them they
+stay empty.
 TEXT
 }
 

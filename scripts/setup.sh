@@ -8,7 +8,7 @@ export LC_ALL=C.UTF-8
 build_packages=(g++ cmake ninja-build qtbase5-dev fonts-dejavu-core fonts-font-awesome)
 check_packages=(dpkg-dev make pkgconf qt5-qmake xvfb xdotool reuse doxygen qhelpgenerator-qt5 python3 abigail-tools)
 arm64_packages=(g++-aarch64-linux-gnu qemu-user-static qtbase5-dev:arm64)
-# The tools, and what packaging/debian/control says for builds without tests.
+# The tools, and the build dependencies of packaging/debian/control without those of the tests.
 package_packages=(build-essential debhelper dpkg-dev lintian cmake ninja-build qtbase5-dev doxygen qhelpgenerator-qt5)
 package_arm64_packages=(crossbuild-essential-arm64 qtbase5-dev:arm64)
 try_packages=(debootstrap)
@@ -25,8 +25,8 @@ as_root() {
     fi
 }
 
-# is_installed NAME[:ARCHITECTURE]; without an architecture the package of this machine is meant, not
-# another one that is installed beside it.
+# is_installed NAME[:ARCHITECTURE]: by default for the architecture of this machine, not for another one
+# that is installed side by side.
 is_installed() {
     local name=${1%%:*} architectures
     case $1 in
@@ -37,7 +37,7 @@ is_installed() {
         | grep -qxE "${name//+/\\+}:($architectures) installed"
 }
 
-# need PACKAGE...: installs what is missing, and asks no network when nothing is.
+# need PACKAGE...: installs missing packages; uses no network if none is missing.
 need() {
     local package missing=() apt=(env DEBIAN_FRONTEND=noninteractive apt-get)
     for package in "$@"; do
@@ -45,7 +45,7 @@ need() {
     done
     [ ${#missing[@]} -gt 0 ] || return 0
     if ! command -v apt-get >/dev/null; then
-        echo "These Debian packages are needed, and there is no apt-get here: ${missing[*]}" >&2
+        echo "Missing Debian packages, and no apt-get to install them: ${missing[*]}" >&2
         return 1
     fi
     if [[ "${missing[*]}" == *:arm64* ]] && ! dpkg --print-foreign-architectures | grep -qx arm64; then

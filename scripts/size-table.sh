@@ -14,9 +14,9 @@ usage() {
     cat <<TEXT
 Usage: scripts/size-table.sh [--update]
 
-  (nothing)   builds the library as it is released, for amd64 and arm64, and prints a table: size when
-              stripped, relocations, dynamic symbols, what runs when it is loaded
-  --update    writes the table into $page
+  (no option)  build the library as released, for amd64 and arm64, and print a table: stripped size,
+               relocations, dynamic symbols, functions that run when it is loaded
+  --update     write the table into $page
 TEXT
 }
 

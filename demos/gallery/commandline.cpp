@@ -24,16 +24,16 @@ constexpr int badInputCode = 2;
 void addOwnOptions(QCommandLineParser *parser)
 {
     parser->addOptions({
-        {QStringLiteral("list"), QStringLiteral("Print the names of the pages.")},
+        {QStringLiteral("list"), QStringLiteral("Print the names of the pages and exit.")},
         {QStringLiteral("page"), QStringLiteral("Start with page <name>."), QStringLiteral("name")},
         {QStringLiteral("size"),
-         QStringLiteral("Size of the window, 100x100 to 8192x8192 (800x480)."),
+         QStringLiteral("Size of the window, from 100x100 to 8192x8192; default: 800x480."),
          QStringLiteral("WxH")},
         {QStringLiteral("icon-font"),
-         QStringLiteral("Use the icon font in <path> (Font Awesome, where installed)."),
+         QStringLiteral("Use the icon font in <path>; default: Font Awesome, if installed."),
          QStringLiteral("path")},
         {QStringLiteral("log"),
-         QStringLiteral("Write the signals to <file> as they fire; - is standard output."),
+         QStringLiteral("Log signals to <file> as they are emitted; - is standard output."),
          QStringLiteral("file")},
         {QStringLiteral("screenshot"), QStringLiteral("Save the page as PNG in <file> and exit."),
          QStringLiteral("file")},
@@ -41,7 +41,7 @@ void addOwnOptions(QCommandLineParser *parser)
          QStringLiteral("Save every page as <dir>/<name>.png and exit."), QStringLiteral("dir")},
         {QStringLiteral("geometry-of"),
          QStringLiteral(
-             "Print where control <name> of the page is in the window, as X,Y WxH, and exit."),
+             "Print the geometry of control <name> in the window, as X,Y WxH, and exit."),
          QStringLiteral("name")},
     });
 }
