@@ -10,18 +10,19 @@
 #include <QtCore/QObject>
 
 /*!
- * \brief Turns one type of event, seen as an event filter, into a signal.
+ * \brief An event filter that emits a signal for each event of one type.
  *
- * The notifier installs itself nowhere and never stops an event. Whoever creates it installs it, and takes it
- * out again before destroying it:
+ * The notifier does not install itself and never stops an event. Install it on the object to watch,
+ * and remove it before you destroy it:
  * \code
  * auto *notify = new KELApplicationNotify(this, QEvent::MouseButtonPress);
  * connect(notify, &KELApplicationNotify::notify, this, &Screen::wakeUp, Qt::DirectConnection);
  * QCoreApplication::instance()->installEventFilter(notify);
  * \endcode
  *
- * On the application object it sees the events of all objects. One press comes there at least twice: for the
- * QWindow and then for the widget below the pointer, and again for each parent of a widget that ignores it.
+ * On the application object it sees the events of all objects. One press arrives there at least
+ * twice: for the QWindow and then for the widget under the pointer, and again for each parent of a
+ * widget that ignores it.
  *
  * GUI thread only.
  */
@@ -30,30 +31,32 @@ class KELGDI_EXPORT KELApplicationNotify : public QObject
     Q_OBJECT
 
 public:
-    //! Creates a notifier for events of type \a type, as a child of \a parent. The type cannot be changed.
+    //! Creates a notifier for events of type \a type, as a child of \a parent. The type cannot be
+    //! changed.
     KELApplicationNotify(QObject *parent, QEvent::Type type);
 
-    //! Takes no filter out: Qt forgets a destroyed filter by itself.
+    //! Destroys the notifier without removing it as a filter: Qt drops destroyed filters itself.
     ~KELApplicationNotify() override;
 
     /*!
-     * Calls toNotify() when \a event is of the type to watch and still accepted, as a newly made event is.
+     * Calls toNotify() if \a event has the watched type and is still accepted, as a newly created
+     * event is.
      *
-     * Returns false, so that the event goes on to \a watched, which may be null; but true when a slot destroyed
-     * \a watched, as the event has no target any more.
+     * Returns false, so that the event is delivered to \a watched, which may be null. Returns true
+     * if a slot destroyed \a watched, because the event then has no target.
      */
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 public Q_SLOTS:
-    //! Emits notify() with the same arguments, whatever the type of \a event is: for injected events.
+    //! Emits notify() with the same arguments, whatever the type of \a event. For injected events.
     void toNotify(QObject *watched, QEvent *event);
 
 Q_SIGNALS:
     /*!
      * \a event is about to be delivered to \a watched.
      *
-     * The event is valid during the emission only: connect directly, and do not keep the pointer. A slot may
-     * delete the notifier and \a watched.
+     * The event is valid only during the emission: connect directly, and do not store the pointer.
+     * A slot may delete the notifier and \a watched.
      */
     void notify(QObject *watched, QEvent *event);
 

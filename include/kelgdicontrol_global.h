@@ -13,7 +13,7 @@
 
 /*!
  * \def KELGDI_EXPORT
- * \brief Marks the public classes; everything else in the library is hidden.
+ * \brief Exports a public class. All other symbols of the library are hidden.
  */
 #if defined(KELGDI_BUILD)
 #  define KELGDI_EXPORT Q_DECL_EXPORT

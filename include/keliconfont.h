@@ -18,31 +18,34 @@ QT_END_NAMESPACE
 /*!
  * \brief One glyph of the application's icon font, with the font to draw it in.
  *
- * An icon font is a font file whose glyphs are pictures. The application installs the file once,
- * before it creates controls, with installFont(); every KELIconFont made afterwards uses its family.
- * The library ships no font: which code points mean what is the application's own knowledge.
- *
- * A KELIconFont is a plain value. One that was built before installFont() keeps the family it was
- * built with.
+ * An icon font is a font file whose glyphs are pictures. The library ships none: the application
+ * chooses the font and knows its code points. Install the file once with installFont(), before you
+ * create controls.
  *
  * \code
  * KELIconFont::installFont("/usr/share/fonts-font-awesome/fonts/fontawesome-webfont.ttf");
  * button->style()->icon = KELIconFont(0xf015);
  * \endcode
  *
+ * A KELIconFont is a plain value. It uses the family that was installed when it was constructed; a
+ * later installFont() does not change it.
+ *
  * GUI thread only. An application object must exist before installFont() is called.
+ *
+ * \section iconfontcompat Compatibility notes
+ * installFont() spells its debug messages \c succeeful and \c intstall.
  */
 class KELGDI_EXPORT KELIconFont
 {
 public:
-    //! Builds a null glyph (code 0) in the family installed at this moment.
+    //! Constructs a null glyph (code 0) in the currently installed family.
     KELIconFont();
 
-    //! Builds the glyph \a code, one UTF-16 code unit, in the family installed at this moment.
-    //! Code 0 means "no icon".
+    //! Constructs the glyph \a code, one UTF-16 code unit, in the currently installed family. Code
+    //! 0 means "no icon".
     KELIconFont(unsigned short code);
 
-    //! Replaces the glyph by \a icon; the font stays as it is.
+    //! Replaces the glyph by \a icon. The font stays the same.
     void setIcon(const QChar &icon);
 
     //! Returns the glyph; its code is 0 when there is none.
@@ -51,44 +54,45 @@ public:
     //! Returns the glyph, as getIcon() does.
     operator QChar() const;
 
-    //! Returns a string of length one that holds the glyph, also when the glyph is null.
+    //! Returns the glyph as a string of length 1, even if the glyph is null.
     operator QString() const;
 
     //! Returns true when the glyph's code is 0.
     bool isNull() const;
 
-    //! Sets the pixel size of the glyph's font. \a pixelSize must be greater than 0; anything else
-    //! leaves the size as it was, and Qt prints a warning.
+    //! Sets the pixel size of the glyph's font. \a pixelSize must be greater than 0; any other
+    //! value leaves the size unchanged, and Qt prints a warning.
     void setPixelSize(int pixelSize);
 
     /*!
-     * Draws the glyph with \a painter into \a rect, placed by \a flags (Qt::AlignmentFlag and
+     * Draws the glyph with \a painter into \a rect, aligned by \a flags (Qt::AlignmentFlag and
      * Qt::TextFlag bits).
      *
-     * The painter's font is replaced; its pen is used as the caller set it. \a painter must not be
-     * null and must be active. A glyph that the font lacks is drawn as the font's "missing glyph" box,
-     * or in whatever font Qt substitutes.
+     * Replaces the painter's font and uses its current pen. \a painter must not be null and must be
+     * active. A glyph that the font lacks is drawn as the font's "missing glyph" box, or in the
+     * font that Qt substitutes.
      */
     void drawIcon(QPainter *painter, const QRectF &rect, int flags) const;
 
     //! Returns a font of the installed family in Qt's default size and weight.
     static QFont iconFont();
 
-    //! Returns the family of the installed icon font: empty until installFont() succeeded.
+    //! Returns the family of the installed icon font. Empty until installFont() has succeeded.
     static QString fontFamily();
 
     /*!
      * Registers the font file at \a path (a file or a Qt resource) and makes its first family the
-     * icon font of everything built from now on.
+     * icon font of all objects constructed from now on.
      *
-     * On success prints, with qDebug(), <tt>install from "PATH" , font "FAMILY" succeeful</tt>. When the
-     * file is missing or is not a font, prints <tt>could not intstall "PATH"</tt> and leaves the family as
-     * it was. A font that names no family is known by the name that the system gives it, in general that
-     * of its file.
+     * On success prints, with qDebug(), <tt>install from "PATH" , font "FAMILY" succeeful</tt>. If
+     * the file is missing or is not a font, prints <tt>could not intstall "PATH"</tt> and keeps the
+     * previous family. A font that names no family gets its name from the system, usually that of
+     * its file.
      */
     static void installFont(const QString &path);
 
-    //! The family of the installed icon font. Written by installFont() only; read it with fontFamily().
+    //! The family of the installed icon font. Only installFont() writes it; read it with
+    //! fontFamily().
     static QString g_fontFamily;
 
 private:

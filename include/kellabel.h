@@ -7,15 +7,23 @@
 #include "kelroundrectcontrol.h"
 
 /*!
- * \brief A caption: white text, no fill, no outline.
+ * \brief A caption: white text without fill or outline.
  *
  * \image html label.png
  *
- * Everything else is the base's: eliding, font, margins, a pixmap or a glyph instead of the text. With an
- * empty text nothing is drawn.
+ * \code
+ * auto *label = new KELLabel(panel);
+ * label->setboundRect(20, 10, 160, 30);
+ * label->setText(QObject::tr("Temperature"));
+ * label->style()->foregroundBrush = QColor(Qt::yellow);
+ * \endcode
  *
- * The label changes none of the base's input settings: see \ref passive for what a press on it does, and call
- * <tt>setAcceptedMouseButtons(Qt::NoButton)</tt> where taps are meant for the item below.
+ * All other features are those of KELRoundRectControl: eliding, font, margins, and a pixmap or a
+ * glyph instead of the text. A label with an empty text draws nothing.
+ *
+ * A label keeps the base's input settings, so it blocks presses on the items below. Call
+ * <tt>setAcceptedMouseButtons(Qt::NoButton)</tt> where taps are meant for the item below; see
+ * \ref passive.
  */
 class KELGDI_EXPORT KELLabel : public KELRoundRectControl
 {
@@ -32,9 +40,9 @@ public:
                QWidget *widget = nullptr) override;
 
     /*!
-     * Gives the present record the label's look and returns it: caption white, no background, outline 0 px.
-     * The other fields keep the base's defaults: caption centred, wrapped and elided, in the default font.
-     * The label goes on owning the record.
+     * Applies the label's defaults to the current record and returns it: white caption, no
+     * background, outline 0 px. The other fields keep the base's defaults: caption centred, wrapped
+     * and elided, in the default font. The label still owns the record.
      */
     KELRoundRectControlStyle *initStyle() override;
 

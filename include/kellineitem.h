@@ -15,35 +15,46 @@ class KELLineItemPrivate;
  *
  * \image html line-item.png
  *
- * Of the style record only \c borderBrush and \c borderWidth count (defaults: black, 0.5 px). The line is
- * drawn without antialiasing, with square ends that reach half its width beyond each point. A brush of style
- * Qt::NoBrush draws nothing; a width of 0 draws a line of one device pixel whatever the scale is, a width
- * that is negative or not finite draws nothing.
+ * \code
+ * auto *line = new KELLineItem(panel);
+ * line->setLine(QPointF(0, 40), QPointF(200, 40));
+ * line->style()->borderBrush = QColor(Qt::white);
+ * line->style()->borderWidth = 1;
+ * \endcode
  *
- * The control's rectangle is the box around the two points, so a horizontal line has height 0 and lies outside
- * with its whole width. Where it is to be more than 2 device px wide, enlarge the rectangle with setboundRect()
- * after setLine(), or switch the cache off with setCacheMode(QGraphicsItem::NoCache): see \ref outside. The
- * line itself does not follow setboundRect(). In a parent control the rectangle is shifted by the corner of the
- * parent's rectangle as every control's is, but the line is not; give such a parent a rectangle that begins at
- * (0, 0).
+ * A line uses two fields of the style record: \c borderBrush (default black) and \c borderWidth
+ * (default 0.5 px). It is drawn without antialiasing. The ends are square and reach half the width
+ * beyond each point. A brush of style Qt::NoBrush draws nothing. A width of 0 draws a line of one
+ * device pixel at any scale; a negative or non-finite width draws nothing.
  *
- * Pointer events follow the rectangle; see \ref passive for what a press does.
+ * The line accepts presses in its rectangle, see \ref passive.
+ *
+ * \section lineitemcompat Compatibility notes
+ * - The control's rectangle is the box around the two points. A horizontal line therefore has
+ *   height 0 and its whole width lies outside the rectangle. For a line more than 2 device px wide,
+ *   enlarge the rectangle with setboundRect() after setLine(), or switch the cache off with
+ *   <tt>setCacheMode(QGraphicsItem::NoCache)</tt>: see \ref outside.
+ * - setboundRect() does not move the line.
+ * - In a parent control the rectangle is offset by the corner of the parent's rectangle, as for
+ *   every control, but the line is not. Use a parent whose rectangle begins at (0, 0), or see
+ *   \ref placing.
  */
 class KELGDI_EXPORT KELLineItem : public KELRoundRectControl
 {
     Q_OBJECT
 
 public:
-    //! Creates a line from (0, 0) to (0, 0), as a child item of \a parent, or without parent when it is null.
-    //! The rectangle is the base's (100, 100, 100, 30) until setLine() is called.
+    //! Creates a line from (0, 0) to (0, 0), as a child item of \a parent, or without parent when
+    //! it is null. The rectangle is the base's (100, 100, 100, 30) until setLine() is called.
     explicit KELLineItem(QGraphicsObject *parent = nullptr);
     //! Destroys the line.
     ~KELLineItem() override;
 
     /*!
-     * Sets the line from \a p1 to \a p2, in item px, any values, and then the rectangle to the box around
-     * them with the virtual setboundRect(qreal, qreal, qreal, qreal). A point with a coordinate that is not finite
-     * draws nothing. Neither repaints nor tells the scene: see \ref geometry.
+     * Sets the line from \a p1 to \a p2, in item px, any values. Then sets the rectangle to the box
+     * around both points with the virtual setboundRect(qreal, qreal, qreal, qreal). A point with a
+     * non-finite coordinate draws nothing. Neither repaints nor notifies the scene: see
+     * \ref geometry.
      */
     void setLine(const QPointF &p1, const QPointF &p2);
 
@@ -51,7 +62,8 @@ public:
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *styleOption,
                QWidget *widget = nullptr) override;
 
-    //! Returns the present record as it is: a line has the base's defaults. The line goes on owning it.
+    //! Returns the current record unchanged: a line has the base's defaults. The line still owns
+    //! it.
     KELRoundRectControlStyle *initStyle() override;
 
 private:
