@@ -14,23 +14,34 @@ class KELRadioBoxPrivate;
  *
  * \image html radio-box.png
  *
- * On its own a radio box toggles with every press of the left button or a finger, as a check box does, and a
- * tap gives
+ * \code
+ * auto *box = new KELRadioBox;
+ * box->setboundRect(20, 20, 40, 40);
+ * QObject::connect(box, &KELRadioBox::checkChanged, [box] { setEco(box->isCheck()); });
+ * scene->addItem(box);
+ * \endcode
+ *
+ * A radio box without a group toggles with every press of the left button or a finger, as a check
+ * box does. A tap emits
  * \code
  * mousePress, checked or unchecked, checkChanged, mouseRelease, mouseClicked
  * \endcode
- * In a KELRadioBoxGroup one box of several is checked, and the checked one does not react to the pointer.
+ * In a KELRadioBoxGroup one box of several is checked, and the checked one does not react to the
+ * pointer.
  *
- * The circle is 25 px across, in the middle of the rectangle; its outline reaches half of \c borderWidth beyond,
- * so a control of 27 x 27 px holds it with the default width; see \ref outside. The dot is 19 px across. The
- * outline is drawn with \c borderBrush, the circle is filled with \c backgroundBrush and the dot with
- * \c foregroundBrush; a width of 0 draws an outline of one device pixel, a width that is negative or not finite
- * none. There is no disabled look and no caption: put a KELLabel beside the box.
+ * The circle is 25 px across and centred in the rectangle; the dot is 19 px across. The outline
+ * extends half of \c borderWidth beyond the circle: with the default width a control of 27 x 27 px
+ * holds it; see \ref outside. \c borderBrush draws the outline, \c backgroundBrush fills the
+ * circle, \c foregroundBrush fills the dot. A width of 0 draws an outline of one device pixel, a
+ * negative or non-finite width none. There is no disabled look and no caption: put a KELLabel
+ * beside the box.
  *
- * Inside a parent control the circle is placed by the record's rectangle as it stands, while boundingRect()
- * is moved by the corner of the parent's rectangle: give such a parent a rectangle that begins at
- * (0, 0). Pages below a title bar, pages with an outline and all but the first control of a
- * KELSideMenu have another one: \ref placing has the way out.
+ * \section radioboxcompat Compatibility notes
+ * - style() resets four fields of the record each time it is called.
+ * - Inside a parent control the circle is placed by the record's own rectangle, while
+ *   boundingRect() is offset by the corner of the parent's rectangle. Use a parent whose rectangle
+ *   begins at (0, 0). Pages below a title bar, pages with an outline and all but the first control
+ *   of a KELSideMenu begin elsewhere: see \ref placing.
  */
 class KELGDI_EXPORT KELRadioBox : public KELRoundRectControl
 {
@@ -39,20 +50,22 @@ class KELGDI_EXPORT KELRadioBox : public KELRoundRectControl
     Q_PROPERTY(bool check READ isCheck WRITE setCheck NOTIFY checkChanged)
 
 public:
-    //! Creates an unchecked radio box as a child item of \a parent, or without parent when it is null.
+    //! Creates an unchecked radio box as a child item of \a parent, or without parent when it is
+    //! null.
     explicit KELRadioBox(QGraphicsObject *parent = nullptr);
-    //! Takes the box out of its group, without a signal of the group, and destroys it.
+    //! Removes the box from its group, without a signal of the group, and destroys it.
     ~KELRadioBox() override;
 
     /*!
-     * Puts four fields of the record back to the defaults of a radio box and returns the record: no
+     * Resets four fields of the record to the defaults of a radio box and returns the record: no
      * background, outline white and 2 px, foreground RGB (50, 173, 235).
      *
-     * To change one of the four for good, edit the record through KELRoundRectControl::style():
+     * To change one of the four permanently, edit the record through KELRoundRectControl::style():
      * \code
      * box->KELRoundRectControl::style()->borderBrush = QColor(60, 60, 60);
      * \endcode
-     * or keep the pointer that this function returned once. The box owns the record. Never null.
+     * or store the pointer from a single call of this function. Never null. The box owns the
+     * record.
      */
     KELRoundRectControlStyle *style();
 
@@ -65,15 +78,15 @@ Q_SIGNALS:
     void checked();
     //! The box was unchecked.
     void unchecked();
-    //! The box was checked or unchecked. Comes right after checked() or unchecked().
+    //! The box was checked or unchecked. Emitted right after checked() or unchecked().
     void checkChanged();
 
 protected:
-    //! Presses as the base does, then toggles if \a event tells of the left button.
+    //! Handles the press as the base does, then toggles if \a event reports the left button.
     void mousePressEvent(QGraphicsSceneMouseEvent *event) override;
 
 public:
-    //! Emits checked() if \a check is true, else unchecked(), then checkChanged().
+    //! Emits checked() if \a check is true, otherwise unchecked(), then checkChanged().
     void onCheckedEvent(bool check) override;
 
 private:
@@ -81,7 +94,7 @@ private:
 };
 
 /*!
- * \brief Makes radio boxes exclude each other: the box whose id is the group's is the checked one.
+ * \brief Makes radio boxes exclusive: the box with the group's id is the checked one.
  *
  * \code
  * auto *group = new KELRadioBoxGroup(scene);
@@ -91,50 +104,59 @@ private:
  * \endcode
  *
  * \section radiotap A tap
- * A press on a box that is not checked gives, in this order,
+ * A press on an unchecked box emits, in this order,
  * \code
- * new box mousePress, new box checked, old box unchecked, old box checkChanged, idChanged, new box checkChanged
+ * new box mousePress, new box checked, old box unchecked, old box checkChanged,
+ * idChanged, new box checkChanged
  * \endcode
- * where slots connected to the new box's checked() before it was added run before the old box is
- * unchecked. The new box takes no more pointer input from then on, and Qt takes the pointer from it: neither
- * mouseRelease() nor mouseClicked() follows. A tap on the checked box goes to what lies below it.
+ * From then on the new box accepts no pointer input, and Qt takes the pointer from it: neither
+ * mouseRelease() nor mouseClicked() follows. A tap on the checked box goes to the item below it.
  *
- * Checking a box by program, with KELRoundRectControl::setCheck() or its property \c check, selects it as a tap does.
- * Do not uncheck the selected box by program: no box is checked then, the box still takes no pointer input, and
- * setId() with its id does nothing. Select another one instead.
+ * KELRoundRectControl::setCheck(true) and the property \c check select a box as a tap does. Do not
+ * uncheck the selected box from code: then no box is checked, the box still accepts no pointer
+ * input, and setId() with its id does nothing. Select another box instead.
  *
- * The group switches that by setAcceptHoverEvents(), setAcceptTouchEvents(), the flag ItemIsSelectable and
- * setAcceptedMouseButtons(), off for the box that is selected and on (left button only) for the one that was.
+ * The group switches pointer input with setAcceptHoverEvents(), setAcceptTouchEvents(), the flag
+ * ItemIsSelectable and setAcceptedMouseButtons(): off for the selected box, on (left button only)
+ * for the previously selected one.
  *
  * \section radiobind Bindings
- * A two-way KELDataBind of the property \c id with a property of another object comes to rest, also
- * when that one emits for every value; it may select the box with id 1, if there is one, in place
- * of any other but 0. It runs until the stack ends when the opposite of what was carried comes
- * back, as from a converter whose ConvertBack() does not undo Convert(), and there are boxes with
- * the ids 0 and 1.
+ * Do not bind a box to its own group or to another box of the group; connect to idChanged()
+ * instead. A binding of \c id with \c check of such a box undoes selections or leaves no box
+ * checked. A binding of \c check of two boxes with each other, or of \c id with \c check of two
+ * boxes, can recurse until the stack overflows.
  *
- * Do not bind a box to its own group or to another box of the group: \c id with \c check of such a
- * box undoes selections or leaves no box checked; \c check of two boxes with each other, or \c id
- * with \c check of two boxes, can run until the stack ends. Connect to idChanged() instead.
+ * A two-way KELDataBind of the property \c id with a property of another object settles, even if
+ * that property emits for every value. Because \c id is a bool, it may select the box with id 1, if
+ * there is one, instead of any other except 0. It recurses until the stack overflows if the
+ * opposite of the carried value comes back, as from a converter whose ConvertBack() does not undo
+ * Convert(), and there are boxes with the ids 0 and 1.
  *
  * \section radiolife Lifetime
- * The group does not own the boxes. Group and boxes may be destroyed in any order and in any slot of their signals. A
- * box that is destroyed leaves the group without a signal and frees its ids; if it was the selected one,
- * id() stays as it is with no box checked, until setId() selects another one or a box is added under that id.
- * Boxes that outlive the group stay as they are, the checked one without pointer input. A box belongs to one group.
- *
- * When a slot of the old box's unchecked() or checkChanged() selects a third box, the later wish counts: the
- * earlier one is given up, its box is unchecked if it was checked already, and idChanged() comes once. When a
- * slot of the new box's signals selects a third box, both selections are made, one inside the other, and
- * idChanged() comes twice, with the third id.
+ * The group does not own the boxes. Group and boxes may be destroyed in any order and in any slot
+ * of their signals. A destroyed box leaves the group without a signal and frees its ids. If it was
+ * the selected one, id() is unchanged and no box is checked until setId() selects another one or a
+ * box is added under that id. Boxes that outlive the group keep their state, the checked one
+ * without pointer input. A box belongs to one group.
  *
  * GUI thread only.
+ *
+ * \section radiogroupcompat Compatibility notes
+ * - The property \c id is a bool. It reads as true when id() is not 0, and writing it selects id 0
+ *   or 1.
+ * - Slots that were connected to the new box's checked() before the box was added run before the
+ *   old box is unchecked.
+ * - If a slot of the old box's unchecked() or checkChanged() selects a third box, the later
+ *   selection wins. The earlier one is abandoned, its box is unchecked if it was already checked,
+ *   and idChanged() is emitted once.
+ * - If a slot of the new box's signals selects a third box, both selections are made, nested, and
+ *   idChanged() is emitted twice, with the third id both times.
  */
 class KELGDI_EXPORT KELRadioBoxGroup : public QObject
 {
     Q_OBJECT
-    // kept: a bool, which only says whether the id is not 0
-    //! Whether id() is not 0; writing selects id 0 or 1. For the number use id() and setId().
+    // Compat: a bool, which only reports whether the id is not 0.
+    //! True if id() is not 0; writing selects id 0 or 1. For the number use id() and setId().
     Q_PROPERTY(bool id READ id WRITE setId NOTIFY idChanged)
 
 public:
@@ -143,28 +165,29 @@ public:
     //! Destroys the group. The boxes stay.
     ~KELRadioBoxGroup() override;
 
-    //! Returns the id of the selected box. Default 0, also when there is no such box.
+    //! Returns the id of the selected box. Default 0, even if no box has that id.
     int id() const;
 
     /*!
-     * Adds \a box under \a id, any number. If that is the group's present id, the box is checked, with its
-     * signals but without idChanged(), and takes no more pointer input; otherwise the box keeps the state it has.
-     * Null is ignored.
+     * Adds \a box under \a id, any number. If that is the group's current id, the box is checked,
+     * with its signals but without idChanged(), and accepts no more pointer input. Otherwise the
+     * box keeps its state. Null is ignored.
      *
-     * If there is a box with that id already, nothing changes and this debug message is written (for id 3):
-     * <tt>waring : id 3 is already exist</tt>. A box that is added again under another id has both;
-     * however it is selected, id() is the one given last. There is no way to take a living box out.
+     * If a box already has that id, nothing changes and this debug message is written (for id 3):
+     * <tt>waring : id 3 is already exist</tt>. A box that is added again under another id has both
+     * ids; however it is selected, id() returns the one given last. A living box cannot be removed.
      */
     void addRadioBox(KELRadioBox *box, int id);
 
 public Q_SLOTS:
-    //! Selects the box with id \a idin: the old box becomes unchecked and takes pointer input again, the new one is
-    //! checked and takes none; emits idChanged() last. Does nothing when \a idin is the present id or that of no box.
+    //! Selects the box with id \a idin. The old box is unchecked and accepts pointer input again,
+    //! the new one is checked and accepts none. Emits idChanged() last. Does nothing if \a idin is
+    //! the current id or no box has it.
     void setId(int idin);
 
 Q_SIGNALS:
-    //! Another box was selected. Comes after the signals of both boxes, except for checkChanged() of a box that was
-    //! tapped, see \ref radiotap.
+    //! Another box was selected. Emitted after the signals of both boxes, except for checkChanged()
+    //! of a box that was tapped, see \ref radiotap.
     void idChanged();
 
 private:
