@@ -16,38 +16,38 @@ struct KELGDI_EXPORT KELNavigationTableStyle : public KELRoundRectControlStyle
 {
     //! The text of the title bar. Default "KELRoundRectControlStyle".
     QString title = QString();
-    //! The fill of the title bar; a brush of style Qt::NoBrush draws none. Gradients are limited, see
-    //! \ref stylebrushes. Default RGBA (40, 40, 40, 160).
+    //! The fill of the title bar. A brush of style Qt::NoBrush draws none. Gradients are limited,
+    //! see \ref stylebrushes. Default RGBA (40, 40, 40, 160).
     QBrush titleBackgroundBrush = QBrush();
-    //! The brush of the 1 px pen for the title; Qt::NoBrush draws none. Gradients are limited,
-    //! see \ref stylebrushes. Default white.
+    //! The brush of the 1 px pen for the title. Qt::NoBrush draws none. Gradients are limited, see
+    //! \ref stylebrushes. Default white.
     QBrush titleForegroundBrush = QBrush();
     //! The height of the title bar in item px. Default 35.
     float titleHeight;
-    //! The height of the strip of tabs in item px. Default 80.
+    //! The height of the tab strip in item px. Default 80.
     float tabHeight;
     //! Whether there is a title bar. Pages added afterwards begin below it. Default false.
     bool showTitle;
 };
 
 /*!
- * \brief The style record of a page; the tab of the page is drawn from it.
+ * \brief The style record of a page, from which the table draws its tab.
  *
- * \c text, \c icon and \c iconSize are those of the tab, \c backgroundBrush is the fill of the tab while
- * another page is shown, \c margins are those of the caption.
+ * \c text, \c icon and \c iconSize are those of the tab, \c backgroundBrush is the fill of the tab
+ * while another page is shown, \c margins are those of the caption.
  */
 struct KELGDI_EXPORT KELNavigationTableItemStyle : public KELRoundRectControlStyle
 {
-    //! The fill of the tab while the page is shown. Gradients are limited, see \ref stylebrushes. Default RGBA
-    //! (0, 0, 0, 210).
+    //! The fill of the tab while the page is shown. Gradients are limited, see \ref stylebrushes.
+    //! Default RGBA (0, 0, 0, 210).
     QBrush buttonBackground = QBrush();
-    //! The brush of the 1 px pen for glyph and caption of the tab; Qt::NoBrush draws neither. Gradients are
-    //! limited, see \ref stylebrushes. Default white.
+    //! The brush of the 1 px pen for glyph and caption of the tab. Qt::NoBrush draws neither.
+    //! Gradients are limited, see \ref stylebrushes. Default white.
     QBrush buttonForeground = QBrush();
 };
 
 /*!
- * \brief A page of a KELNavigationTable: an empty control to put other controls on, as child items.
+ * \brief A page of a KELNavigationTable: an empty control that holds other controls as child items.
  *
  * \code
  * auto *page = new KELNavigationTableItem;
@@ -56,12 +56,12 @@ struct KELGDI_EXPORT KELNavigationTableItemStyle : public KELRoundRectControlSty
  * table->addItem(page);
  * \endcode
  *
- * The tab is part of the table's picture. After setText() or another change of the page's look it
- * shows what it showed before until update() of the table.
+ * The table paints the tab. After setText() or another change of the page's look call update() of
+ * the table to show it.
  *
- * \warning With a title bar, or an outline of the page, the rectangle of a page does not begin at
- * (0, 0), and a KELRadioBox or a KELSlideControl on it is drawn beside its place: \ref placing has
- * the way out.
+ * \section pagecompat Compatibility notes
+ * With a title bar, or an outline of the page, the rectangle of a page does not begin at (0, 0). A
+ * KELRadioBox or a KELSlideControl on it is then drawn out of place: see \ref placing.
  */
 class KELGDI_EXPORT KELNavigationTableItem : public KELRoundRectControl
 {
@@ -71,7 +71,7 @@ public:
     //! Creates a page as a child item of \a parent.
     explicit KELNavigationTableItem(QGraphicsObject *parent = nullptr);
 
-    //! Destroys the page with all controls on it; its table forgets it.
+    //! Destroys the page with all controls on it and removes it from its table.
     ~KELNavigationTableItem() override;
 
     //! Sets the fill of the tab while the page is shown. Does not repaint the table.
@@ -84,8 +84,9 @@ public:
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *styleOption,
                QWidget *widget = nullptr) override;
 
-    //! Makes the page's record, a KELNavigationTableItemStyle: the present look without background and outline,
-    //! margins 3 px. For constructors only, see KELRoundRectControl::initStyle().
+    //! Creates the page's record, a KELNavigationTableItemStyle: the current look without
+    //! background and outline, margins 3 px. For constructors only, see
+    //! KELRoundRectControl::initStyle().
     KELRoundRectControlStyle *initStyle() override;
 
 private:
@@ -97,7 +98,8 @@ private:
 };
 
 /*!
- * \brief Pages of which one is shown, with a strip of tabs at the bottom and, if wanted, a title bar on top.
+ * \brief Pages with a strip of tabs at the bottom and an optional title bar; one page is shown at a
+ * time.
  *
  * \image html navigation-table.png
  *
@@ -109,40 +111,55 @@ private:
  * scene->addItem(table);
  * \endcode
  *
- * The tabs have equal widths, computed in single precision, and are shown from two pages on. A press with
- * the left button, or of a finger, on a tab shows its page at once. The press itself is not reported: the
- * table emits mouseRelease() and mouseDoubleClicked(), but neither mousePress() nor mouseClicked().
+ * The tabs have equal widths, computed in single precision, and appear with the second page. A
+ * press with the left button or a finger on a tab shows its page at once.
  *
  * \section tablegeometry Geometry
- * Set the rectangle, and \c showTitle, \c titleHeight and \c tabHeight of the style, before adding pages:
- * pages are placed when they are added, tabs when the last page was added or deleted; later changes do not
- * move them. Let the rectangle begin at (0, 0): the tabs are at the bottom of (0, 0, width,
- * height), wherever the rectangle is, while title bar, background and pages go with it. To have the
- * table elsewhere, give it a KELContentView of its own, as a child widget, and move that. setPos()
- * is for a table without a KELComboBox, which would lose presses on its entries: see \ref placing.
+ * Set the rectangle, and \c showTitle, \c titleHeight and \c tabHeight of the style, before adding
+ * pages. Pages are placed when they are added, the tabs each time a page is added or deleted; later
+ * changes do not move them.
  *
- * A page is as high as what title bar and tabs leave, and as wide as the table; an outline width of the page
- * moves its left and top edge inwards.
+ * A page fills the width of the table and the height between title bar and tabs. An outline width
+ * of the page moves its left and top edge inwards.
+ *
+ * Let the rectangle begin at (0, 0), see \ref tablecompat. To place the table elsewhere, give it a
+ * KELContentView of its own, as a child widget, and move that. Use setPos() only for a table
+ * without a KELComboBox, which would lose presses on its entries: see \ref placing.
  *
  * \section tablelook Look
- * Background (RGBA 20, 15, 55, 200) and pixmap fill the content; outline, corner radii, \c text and \c icon of the
- * table are not drawn. Title and tabs are drawn in the \c font and with the \c textFlags of the table; of a page count
- * \c icon, \c iconSize, \c text and \c margins, and its \c font for the height of the caption's line. The captions
- * of tabs are always elided, \c trimText of the table is for the title.
+ * Background (RGBA 20, 15, 55, 200) and pixmap fill the content. The table uses its \c font and
+ * \c textFlags for title and tabs. From a page it uses \c icon, \c iconSize, \c text and
+ * \c margins, and \c font for the height of the caption's line. The captions of tabs are always
+ * elided; \c trimText of the table applies to the title. Outline, corner radii, \c text and \c icon
+ * of the table are not drawn.
  *
  * \section tablelife Lifetime
- * The table owns its pages, which are its child items. A page may get another parent item within the table, for
- * example a child item of the table that animates it: it stays the page it is, is shown and hidden as before, and is
- * deleted with that item. The wrapper must be in the table first. A page that is deleted by somebody else, that is no
- * descendant of the table any more, alone or with what it is wrapped in, or that is taken out of the scene leaves the
- * table: the tabs are laid out anew, and when it was the one shown none is shown, until another is selected or added.
- * It leaves at once; but with a QGraphicsItem that is no QGraphicsObject it leaves when the table is next asked,
- * changed, pressed or painted, as such an item does not tell that it is moved.
+ * The table owns its pages, which are its child items. A page leaves the table when
+ * - other code deletes it;
+ * - it is no longer a descendant of the table, alone or with the item that wraps it;
+ * - it is removed from the scene.
  *
- * The table and its pages may be deleted in any slot, with the one exception that is Qt's: not in signals of an item
- * on a page, sent while the page is shown, hidden or added; use deleteLater() there.
+ * The tabs are then laid out again. If the page was the one shown, none is shown until another is
+ * selected or added.
+ *
+ * A page may get another parent item within the table, for example a child item of the table that
+ * animates it. It stays the same page, is shown and hidden as before, and is deleted with that
+ * item. The wrapper must be in the table first.
+ *
+ * The table and its pages may be deleted in any slot, with one exception that Qt imposes: not in
+ * signals of an item on a page, emitted while the page is shown, hidden or added; use deleteLater()
+ * there.
  *
  * GUI thread only.
+ *
+ * \section tablecompat Compatibility notes
+ * - A press is not reported: the table emits mouseRelease() and mouseDoubleClicked(), but neither
+ *   mousePress() nor mouseClicked().
+ * - The tabs are at the bottom of (0, 0, width, height), wherever the rectangle is. Title bar,
+ *   background and pages follow the rectangle.
+ * - A page leaves the table at once. With a wrapper that is a QGraphicsItem but not a
+ *   QGraphicsObject it leaves when the table is next queried, changed, pressed or painted, because
+ *   such an item does not report that it is moved.
  */
 class KELGDI_EXPORT KELNavigationTable : public KELRoundRectControl
 {
@@ -156,47 +173,52 @@ public:
     ~KELNavigationTable() override;
 
     /*!
-     * Appends \a item as a page and takes ownership of it. It is shown when no other page is, otherwise hidden.
+     * Appends \a item as a page and takes ownership of it. It is shown if no other page is,
+     * otherwise hidden.
      *
-     * A page of another table, or an item in another scene, is taken out there first. Null, a page of this
-     * table and an item that contains the table are ignored.
+     * A page of another table, or an item in another scene, is removed there first. Null, a page of
+     * this table and an item that contains the table are ignored.
      *
-     * What Qt signals of a new parent comes when the page has it: childrenChanged() of the old parent and of the
-     * table, visibleChanged() and enabledChanged() of the page if they are so, parentChanged() of the page.
+     * Qt's signals for a new parent are emitted after the page has it: childrenChanged() of the old
+     * parent and of the table, visibleChanged() and enabledChanged() of the page if these states
+     * changed, parentChanged() of the page.
      */
     void addItem(KELNavigationTableItem *item);
 
-    //! Shows the page at \a index and hides the other. Ignores the present index and one that is no page's. No
-    //! signal is emitted.
+    //! Shows the page at \a index and hides the other. Ignores the current index and an index
+    //! without a page. Emits no signal.
     void setSelectIndex(int index);
 
     //! Returns the page that is shown, or null.
     KELNavigationTableItem *selectItem() const;
 
-    //! Returns the index of the page that is shown; -1, the default, when none is.
+    //! Returns the index of the page that is shown, or -1, the default, if none is.
     int selectIndex() const;
 
     /*!
-     * Fills \a option, a fresh record, with what the table shows; \a styleOption is not read. Without title bar
-     * \c titleHeight is 0, with less than two pages \c tabHeight is 0. \a option must not be null.
+     * Fills \a option, a fresh record, with what the table shows. \a styleOption is not read.
+     * \c titleHeight is 0 without title bar, \c tabHeight is 0 with less than two pages. \a option
+     * must not be null.
      */
     void initStyleOption(KELNavigationTableStyle *option,
                          const QStyleOptionGraphicsItem *styleOption) const;
 
-    //! Paints title bar, background and tabs with \a painter; \a styleOption and \a widget are not read.
+    //! Paints title bar, background and tabs with \a painter. \a styleOption and \a widget are not
+    //! read.
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *styleOption,
                QWidget *widget = nullptr) override;
 
-    //! Makes the table's record, a KELNavigationTableStyle with its defaults. For constructors only, see
-    //! KELRoundRectControl::initStyle().
+    //! Creates the table's record, a KELNavigationTableStyle with its defaults. For constructors
+    //! only, see KELRoundRectControl::initStyle().
     KELRoundRectControlStyle *initStyle() override;
 
 protected:
-    //! Shows the page whose tab is pressed. Any button that reaches the table does.
+    //! Shows the page whose tab is pressed. Any button that reaches the table does so.
     void mousePressEvent(QGraphicsSceneMouseEvent *event) override;
 
-    //! Swallows presses, releases and double clicks by another button than the left one on items that have the
-    //! table as their scene event filter; \a watched is not read. The table itself watches none.
+    //! Consumes presses, releases and double clicks of any button but the left one on items that
+    //! have the table as their scene event filter. \a watched is not read. The table itself watches
+    //! no items.
     bool sceneEventFilter(QGraphicsItem *watched, QEvent *event) override;
 
 private:
