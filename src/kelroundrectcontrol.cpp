@@ -147,27 +147,33 @@ bool KELControlPrivate::isEventOfOtherButton(QEvent *event)
 }
 
 // Touches no menu that may be dead.
-void KELControlPrivate::learnContextMenu(const KELRoundRectControlStyle *style)
+void KELControlPrivate::learnContextMenu(KELRoundRectControl *control)
 {
+    const QMenu *const address = control->style()->contextMenu;
     const QWidgetList widgets = QApplication::allWidgets();
-    const auto found = std::find_if(widgets.begin(), widgets.end(), [style](const QWidget *widget) {
-        return widget == style->contextMenu;
-    });
+    const auto found = std::find(widgets.begin(), widgets.end(), address);
     QMenu *const menu = found == widgets.end() ? nullptr : qobject_cast<QMenu *>(*found);
-    knownMenu.reset(new KnownMenu{style->contextMenu, menu});
+    knownMenu.reset(new KnownMenu{address, menu, {}});
+    if (!menu)
+        return;
+    // The next menu may have the address of this one.
+    knownMenu->destroyed = QObject::connect(menu, &QObject::destroyed, control, [control, address] {
+        if (control->style()->contextMenu == address)
+            control->style()->contextMenu = nullptr;
+    });
 }
 
-void KELControlPrivate::openContextMenu(const KELRoundRectControlStyle *style, const QPoint &pos)
+void KELControlPrivate::openContextMenu(KELRoundRectControl *control, const QPoint &pos)
 {
-    QMenu *const menu = liveContextMenu(style);
+    QMenu *const menu = liveContextMenu(control);
     if (menu && !menu->isVisible())
         menu->exec(pos);
 }
 
-QMenu *KELControlPrivate::liveContextMenu(const KELRoundRectControlStyle *style)
+QMenu *KELControlPrivate::liveContextMenu(KELRoundRectControl *control)
 {
-    noteContextMenu(style);
-    return style->contextMenu ? knownMenu->menu.data() : nullptr;
+    noteContextMenu(control);
+    return control->style()->contextMenu ? knownMenu->menu.data() : nullptr;
 }
 
 KELRoundRectControl::KELRoundRectControl(QGraphicsObject *parent) :
@@ -185,7 +191,7 @@ KELRoundRectControl::KELRoundRectControl(QGraphicsObject *parent,
 
 KELRoundRectControl::~KELRoundRectControl()
 {
-    if (QMenu *menu = d->liveContextMenu(m_style))
+    if (QMenu *menu = d->liveContextMenu(this))
         menu->deleteLater();
     if (leftControl == this)
         leftControl = nullptr;
@@ -316,7 +322,7 @@ void KELRoundRectControl::timerEvent(QTimerEvent *event)
     QGraphicsObject::timerEvent(event);
     if (event->timerId() != d->press.longPressTimer.timerId())
         return;
-    const QMenu *const openMenu = d->liveContextMenu(m_style);
+    const QMenu *const openMenu = d->liveContextMenu(this);
     if (!d->press.becomeLong() || (openMenu && openMenu->isVisible()))
         return;
     const QPoint menuPos(qRound(d->press.pressPos.x()), qRound(d->press.pressPos.y()));
@@ -324,14 +330,14 @@ void KELRoundRectControl::timerEvent(QTimerEvent *event)
     Q_EMIT mouseLongPress();
     // Compat: the item-local press position is used as a screen position
     if (alive)
-        d->openContextMenu(m_style, menuPos);
+        d->openContextMenu(this, menuPos);
 }
 
 void KELRoundRectControl::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
     if (!d->press.arrive(event))
         return;
-    d->noteContextMenu(m_style);
+    d->noteContextMenu(this);
     const QPointer<KELRoundRectControl> alive(this);
     QGraphicsObject::mousePressEvent(event);
     if (alive) {
@@ -407,12 +413,12 @@ void KELRoundRectControl::hoverLeaveEvent(QGraphicsSceneHoverEvent *event)
 void KELRoundRectControl::contextMenuEvent(QGraphicsSceneContextMenuEvent *event)
 {
     QGraphicsObject::contextMenuEvent(event);
-    if (!d->liveContextMenu(m_style))
+    if (!d->liveContextMenu(this))
         return;
     // Accepted first: once the menu was open, the items below may be gone.
     event->accept();
     d->press.cancel();
-    d->openContextMenu(m_style, event->screenPos());
+    d->openContextMenu(this, event->screenPos());
 }
 
 void KELRoundRectControl::onCheckedEvent(bool /*check*/) { }

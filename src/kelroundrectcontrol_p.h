@@ -29,14 +29,15 @@ public:
     static bool isEventOfOtherButton(QEvent *event);
 
     // The record's context menu; null when it has died, which the record does not say.
-    QMenu *liveContextMenu(const KELRoundRectControlStyle *style);
+    QMenu *liveContextMenu(KELRoundRectControl *control);
     // Runs it, unless it is open already. The control may be gone afterwards.
-    void openContextMenu(const KELRoundRectControlStyle *style, const QPoint &pos);
-    // Remembers the record's context menu while it is alive.
-    void noteContextMenu(const KELRoundRectControlStyle *style)
+    void openContextMenu(KELRoundRectControl *control, const QPoint &pos);
+    // Learns of the record's context menu while it is alive, so that the field is cleared when it dies.
+    void noteContextMenu(KELRoundRectControl *control)
     {
-        if (style->contextMenu && (!knownMenu || knownMenu->address != style->contextMenu))
-            learnContextMenu(style);
+        const QMenu *const menu = control->style()->contextMenu;
+        if (menu && (!knownMenu || knownMenu->address != menu || !knownMenu->menu))
+            learnContextMenu(control);
     }
 
     KELPress press;
@@ -47,11 +48,14 @@ private:
 
     struct KnownMenu
     {
+        ~KnownMenu() { QObject::disconnect(destroyed); }
+
         const QMenu *address;
         QPointer<QMenu> menu;
+        QMetaObject::Connection destroyed;
     };
 
-    void learnContextMenu(const KELRoundRectControlStyle *style);
+    void learnContextMenu(KELRoundRectControl *control);
 
     std::unique_ptr<KnownMenu> knownMenu; // once there was one
 };
