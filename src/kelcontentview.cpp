@@ -4,6 +4,7 @@
 #include "kelcontentview.h"
 
 #include "kelitemmove_p.h"
+#include "kelrounding_p.h"
 #include "kelroundrectcontrol.h"
 #include "kelsceneview_p.h"
 
@@ -11,17 +12,13 @@
 #include <QtCore/QVector>
 #include <QtWidgets/QGraphicsScene>
 
-#include <limits>
 #include <utility>
 
 namespace {
 
-int truncatedPx(qreal value)
+int viewPx(qreal value)
 {
-    if (!qIsFinite(value))
-        return 0;
-    constexpr qreal limit = std::numeric_limits<int>::max();
-    return int(qBound(-limit, value, limit));
+    return qIsFinite(value) ? KELRounding::towardsZero(value, KELRounding::anyInt) : 0;
 }
 
 } // namespace
@@ -128,7 +125,7 @@ void KELContentView::setContent(KELRoundRectControl *control)
     if (!alive || content != d->intactContent())
         return;
     const QRectF rect = content->rect();
-    resize(truncatedPx(rect.width()), truncatedPx(rect.height()));
+    resize(viewPx(rect.width()), viewPx(rect.height()));
 }
 
 void KELContentView::setFocusItem(QGraphicsItem *item)

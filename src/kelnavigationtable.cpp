@@ -5,6 +5,7 @@
 
 #include "kelitemmove_p.h"
 #include "kelpainting_p.h"
+#include "kelrounding_p.h"
 #include "kelroundrectcontrol_p.h"
 
 #include <QtCore/QList>
@@ -24,13 +25,6 @@ constexpr qreal titleOverhangPx = 30;
 const KELNavigationTableItemStyle &styleOf(const KELNavigationTableItem *page)
 {
     return *static_cast<const KELNavigationTableItemStyle *>(page->style());
-}
-
-// Each number for itself. Unlike qRound(), which takes negative halves up.
-QRect roundedAwayFromZero(const QRectF &rect)
-{
-    const auto rounded = [](qreal value) { return KELPainting::truncatedPx(std::round(value)); };
-    return {rounded(rect.x()), rounded(rect.y()), rounded(rect.width()), rounded(rect.height())};
 }
 
 void fill(QPainter *painter, const QRectF &rect, const QBrush &brush)
@@ -435,7 +429,7 @@ void KELNavigationTable::paint(QPainter *painter, const QStyleOptionGraphicsItem
     painter->setBrush(Qt::NoBrush);
     drawTitle(painter, option, title);
     if (!option.pixmap.isNull() && KELPainting::isPaintable(content))
-        painter->drawPixmap(roundedAwayFromZero(content), option.pixmap);
+        painter->drawPixmap(KELRounding::halvesAwayFromZero(content), option.pixmap);
 
     if (d->items.size() < 2)
         return;

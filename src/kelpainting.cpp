@@ -4,6 +4,7 @@
 #include "kelpainting_p.h"
 
 #include "kelcaptioncache_p.h"
+#include "kelrounding_p.h"
 #include "kelroundrectcontrol.h"
 
 #include <QtGui/QPainter>
@@ -13,9 +14,6 @@
 #include <vector>
 
 namespace {
-
-// Far beyond any screen, and small enough that x + width cannot overflow an int.
-constexpr qreal farAwayPx = (1 << 30) - 1;
 
 // Item px. Where the numbers of a radial gradient overflow, Qt reads beyond its table of colours. A single one does
 // that from 1e38 on, several together, with a transformation, from 1e12 on.
@@ -90,11 +88,6 @@ bool isUsable(const QGradient &gradient)
     }
 }
 
-int roundedPx(qreal value)
-{
-    return qRound(qBound(-farAwayPx, value, farAwayPx));
-}
-
 void setCaptionLook(QPainter *painter, const KELRoundRectControlStyle &option)
 {
     painter->setFont(option.font);
@@ -120,22 +113,11 @@ bool KELPainting::isPaintable(const QRectF &rect)
         && qIsFinite(rect.height());
 }
 
-QRect KELPainting::roundedEach(const QRectF &rect)
-{
-    return {roundedPx(rect.x()), roundedPx(rect.y()), roundedPx(rect.width()),
-            roundedPx(rect.height())};
-}
-
 QRectF KELPainting::contentRect(const QRectF &rect, const QMarginsF &margins)
 {
     return {rect.x() + margins.left(), rect.y() + margins.top(),
             rect.width() - margins.right() - margins.left(),
             rect.height() - margins.bottom() - margins.top()};
-}
-
-int KELPainting::truncatedPx(qreal value)
-{
-    return int(qBound(-farAwayPx, value, farAwayPx));
 }
 
 const QBrush &KELPainting::usableGradient(const QBrush &brush)
@@ -201,7 +183,7 @@ void KELPainting::drawEllipse(QPainter *painter, const QRectF &rect)
 void KELPainting::drawPixmap(QPainter *painter, const QRectF &rect, const QPixmap &pixmap)
 {
     if (isPaintable(rect))
-        painter->drawPixmap(roundedEach(rect), pixmap);
+        painter->drawPixmap(KELRounding::halvesUp(rect), pixmap);
 }
 
 void KELPainting::drawGlyph(QPainter *painter, KELIconFont glyph, int pixelSize,

@@ -32,13 +32,7 @@ QBrush solidBrush(QRgb rgba);
 // True when all four values are finite: only such a rectangle can be painted.
 bool isPaintable(const QRectF &rect);
 
-// x, y, width and height each rounded for itself, unlike QRectF::toRect().
-QRect roundedEach(const QRectF &rect);
-
 QRectF contentRect(const QRectF &rect, const QMarginsF &margins);
-
-// value cut to a whole number towards zero; far off screen where an int could not hold it. Not for NaN.
-int truncatedPx(qreal value);
 
 // For brushes that are gradients.
 const QBrush &usableGradient(const QBrush &brush);

@@ -4,6 +4,7 @@
 #include "kelprocessbar.h"
 
 #include "kelpainting_p.h"
+#include "kelrounding_p.h"
 
 #include <QtCore/QPointer>
 #include <QtGui/QPainter>
@@ -68,7 +69,7 @@ void KELProcessBar::paint(QPainter *painter, const QStyleOptionGraphicsItem * /*
     painter->setPen(Qt::NoPen);
     painter->setBrush(KELPainting::usableBrush(m_style->backgroundBrush));
     painter->drawRect(bar);
-    const int fillWidth = KELPainting::truncatedPx(d->value * bar.width() / completePercent);
+    const int fillWidth = KELRounding::towardsZero(d->value * bar.width() / completePercent);
     painter->setBrush(KELPainting::usableBrush(m_style->borderBrush));
     painter->drawRect(QRectF(bar.left(), bar.top(), fillWidth, barHeightPx));
 

@@ -4,6 +4,7 @@
 #include "kelroundrectcontrol.h"
 
 #include "kelpainting_p.h"
+#include "kelrounding_p.h"
 #include "kelroundrectcontrol_p.h"
 
 #include <QtCore/QTimerEvent>
@@ -18,15 +19,6 @@
 #include <utility>
 
 namespace {
-
-// Text layout counts in 1/64 px, in an int, and subtracts the width of the ellipsis.
-constexpr double minTrimWidthPx = -16777216.0;
-constexpr double maxTrimWidthPx = 33554431.0;
-
-int trimWidthPx(double width)
-{
-    return qIsNaN(width) ? 0 : int(qBound(minTrimWidthPx, width, maxTrimWidthPx));
-}
 
 // An item whose rectangle a child is asking for, on the stack.
 class AskedParent
@@ -103,7 +95,7 @@ QString KELRoundRectControlStyle::getTrimmingText(const QString &source, double 
                                                   const QFont &sourceFont) const
 {
     const QFontMetrics metrics(sourceFont);
-    const int widthPx = trimWidthPx(width);
+    const int widthPx = KELRounding::towardsZero(width, KELRounding::textWidthPx);
     QStringList lines = source.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     for (QString &line : lines) {
         // Compat: measured with mnemonics, drawn without: an ampersand takes no width here

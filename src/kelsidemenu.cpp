@@ -6,6 +6,7 @@
 #include "kelitemmove_p.h"
 #include "kellineitem.h"
 #include "kelpainting_p.h"
+#include "kelrounding_p.h"
 #include "kelsceneview_p.h"
 
 #include <QtCore/QList>
@@ -14,15 +15,6 @@
 #include <QtWidgets/QGraphicsScene>
 
 #include <algorithm>
-
-namespace {
-
-int wholePx(qreal value)
-{
-    return qIsNaN(value) ? 0 : KELPainting::truncatedPx(value);
-}
-
-} // namespace
 
 class KELSideMenuPrivate
 {
@@ -85,9 +77,10 @@ QSize KELSideMenuPrivate::firstSize(const QSizeF &control) const
     // Compat: the border only once along the menu
     const auto once = qreal(borderWidth);
     const qreal twice = 2 * once;
-    return isHorizontal()
-        ? QSize(wholePx(control.width() + once), wholePx(control.height() + twice))
-        : QSize(wholePx(control.width() + twice), wholePx(control.height() + once));
+    return isHorizontal() ? QSize(KELRounding::towardsZero(control.width() + once),
+                                  KELRounding::towardsZero(control.height() + twice))
+                          : QSize(KELRounding::towardsZero(control.width() + twice),
+                                  KELRounding::towardsZero(control.height() + once));
 }
 
 // The size of the view for one more control, before which everything ends at position.
@@ -96,10 +89,11 @@ QSize KELSideMenuPrivate::grownSize(const QSize &view, const QSizeF &control, fl
     const auto border = qreal(borderWidth);
     const qreal along = isHorizontal() ? control.width() : control.height();
     const qreal across = isHorizontal() ? control.height() : control.width();
-    const int length = wholePx(qreal(position) + along + qreal(space) + 2 * border);
+    const int length = KELRounding::towardsZero(qreal(position) + along + qreal(space)
+                                                + 2 * border);
     int thickness = isHorizontal() ? view.height() : view.width();
     if (thickness < across + border)
-        thickness = wholePx(across + 2 * border);
+        thickness = KELRounding::towardsZero(across + 2 * border);
     return isHorizontal() ? QSize(length, thickness) : QSize(thickness, length);
 }
 
@@ -144,7 +138,7 @@ void KELSideMenu::setSpace(float space)
     if (!d->scene)
         return;
     // Compat: 2 px, whatever the border width is
-    const int length = wholePx(qreal(d->lengthOfItems(space)) + 2);
+    const int length = KELRounding::towardsZero(qreal(d->lengthOfItems(space)) + 2);
     if (d->isHorizontal())
         resize(length, height());
     else

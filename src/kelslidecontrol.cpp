@@ -4,6 +4,7 @@
 #include "kelslidecontrol.h"
 
 #include "kelpainting_p.h"
+#include "kelrounding_p.h"
 #include "kelroundrectcontrol_p.h"
 
 #include <QtCore/QTimerEvent>
@@ -17,13 +18,6 @@ constexpr qreal grooveHeightPx = 4;
 constexpr qreal grooveInsetPx = 3;
 constexpr qreal grooveRoundnessPercent = 3;
 constexpr float knobOutlinePx = 2.0F;
-constexpr float firstWholeFloat = 8388608.0F; // from here on every float is a whole number
-
-// Halves go up: 2.5 to 3, -2.5 to -2.
-float roundedSteps(float steps)
-{
-    return qAbs(steps) < firstWholeFloat ? float(qRound(steps)) : steps;
-}
 
 qreal knobTop(qreal y, qreal height)
 {
@@ -126,7 +120,7 @@ void KELSlideControl::setValue(float v)
         const float difference = v - d->value;
         if (qAbs(difference) < d->step)
             return;
-        v = d->value + roundedSteps(difference / d->step) * d->step;
+        v = d->value + KELRounding::halvesUp(difference / d->step) * d->step;
     }
     if (v > d->maximun)
         d->value = d->maximun;
