@@ -3,20 +3,17 @@
 
 #include "kelpress_p.h"
 
+#include "kelproxies_p.h"
 #include "kelroundrectcontrol_p.h"
 #include "keltouchrouter_p.h"
 
 #include <QtCore/QAbstractEventDispatcher>
 #include <QtCore/QCoreApplication>
 #include <QtCore/QPointer>
-#include <QtCore/QVector>
 #include <QtWidgets/QApplication>
-#include <QtWidgets/QGraphicsProxyWidget>
 #include <QtWidgets/QGraphicsScene>
 #include <QtWidgets/QGraphicsSceneMouseEvent>
-#include <QtWidgets/QGraphicsView>
 
-#include <algorithm>
 #include <array>
 
 namespace {
@@ -47,31 +44,6 @@ bool blocks(const QWidget *modal, const QWidget *widget)
         return false;
     return modal->windowModality() != Qt::WindowModal
         || outermostParent(modal) == outermostParent(widget);
-}
-
-// True when a pointer over this viewport reaches the items of scene. Views may show each other: those that were
-// visited are left out.
-bool deliversTo(const QWidget *viewport, const QGraphicsScene *scene,
-                QVector<const QWidget *> visited = {})
-{
-    if (!viewport || !viewport->isVisible() || !viewport->isEnabled())
-        return false;
-    const auto *view = qobject_cast<const QGraphicsView *>(viewport->parentWidget());
-    if (view && (view->scene() != scene || !view->isInteractive()))
-        return false;
-
-    const QGraphicsProxyWidget *proxy = viewport->window()->graphicsProxyWidget();
-    if (!proxy)
-        return true;
-    if (!proxy->isVisible() || !proxy->isEnabled() || !proxy->scene())
-        return false;
-    visited.append(viewport);
-    const QList<QGraphicsView *> outerViews = proxy->scene()->views();
-    return std::any_of(outerViews.begin(), outerViews.end(),
-                       [proxy, &visited](const QGraphicsView *outer) {
-                           return !visited.contains(outer->viewport())
-                               && deliversTo(outer->viewport(), proxy->scene(), visited);
-                       });
 }
 
 // True when the scene sends the pointer to the item, or to a child whose events the item handles.
@@ -115,7 +87,7 @@ KELPress::Origin::Origin(const KELRoundRectControl *control,
     isOfFurtherFinger(KELTouchRouter::isSource(event)),
     grabbedBefore(!isOfFurtherFinger && !event->isAccepted() && sceneTargets(control)),
     viewport(event->widget()),
-    hadView(deliversTo(viewport, control->scene())),
+    hadView(KELProxies::deliversTo(viewport, control->scene())),
     popup(QApplication::activePopupWidget()),
     modal(QApplication::activeModalWidget())
 { }
@@ -236,7 +208,7 @@ bool KELPress::isLost() const
         return !m_origin->mayBeReturned || m_control->isSelected() || !scene
             || scene->mouseGrabberItem();
     }
-    return (m_origin->hadView && !deliversTo(m_origin->viewport, m_control->scene()))
+    return (m_origin->hadView && !KELProxies::deliversTo(m_origin->viewport, m_control->scene()))
         || m_origin->isCovered();
 }
 

@@ -18,6 +18,8 @@
 #include <QtGui/QWindow>
 #include <QtWidgets/QGraphicsSceneMouseEvent>
 
+#include <typeinfo>
+
 // Called for every QObject at its beginning and its end.
 extern Q_CORE_EXPORT quintptr qtHookData[];
 
@@ -135,7 +137,7 @@ inline void addEntries(KELComboBox *box, const QStringList &texts)
 inline const QStringList threeTexts = {QStringLiteral("one"), QStringLiteral("two"),
                                        QStringLiteral("three")};
 
-// The notifiers that live, while a census does.
+// The event filters of combo boxes that live, while a census does.
 class NotifierCensus
 {
 public:
@@ -151,15 +153,15 @@ public:
         qtHookData[4] = 0;
     }
 
-    static QList<KELApplicationNotify *> all()
+    static QObjectList all()
     {
         const QMutexLocker locker(mutex());
-        QList<KELApplicationNotify *> notifiers;
+        QObjectList filters;
         for (QObject *object : qAsConst(*objects())) {
-            if (auto *const notifier = qobject_cast<KELApplicationNotify *>(object))
-                notifiers.append(notifier);
+            if (qobject_cast<KELApplicationNotify *>(object) || filtersPressesOutside(object))
+                filters.append(object);
         }
-        return notifiers;
+        return filters;
     }
 
     // How many of them hear of a press on any object.
@@ -170,16 +172,22 @@ public:
         QMouseEvent press(QEvent::MouseButtonPress, QPointF(), Qt::LeftButton, Qt::LeftButton,
                           Qt::NoModifier);
         QTouchEvent touch(QEvent::TouchBegin);
-        const QList<KELApplicationNotify *> notifiers = all();
-        for (KELApplicationNotify *notifier : notifiers) {
-            if (hearsOfPresses(notifier, &scenePress) || hearsOfPresses(notifier, &press)
-                || hearsOfPresses(notifier, &touch))
+        const QObjectList filters = all();
+        for (QObject *filter : filters) {
+            auto *const notifier = qobject_cast<KELApplicationNotify *>(filter);
+            if (!notifier || hearsOfPresses(notifier, &scenePress)
+                || hearsOfPresses(notifier, &press) || hearsOfPresses(notifier, &touch))
                 ++count;
         }
         return count;
     }
 
 private:
+    // A private class of the library, which filters the application as long as it lives.
+    static bool filtersPressesOutside(const QObject *object)
+    {
+        return QByteArray(typeid(*object).name()).contains("KELOutsidePress");
+    }
     static void enter(QObject *object)
     {
         const QMutexLocker locker(mutex());

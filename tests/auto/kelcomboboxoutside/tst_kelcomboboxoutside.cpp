@@ -82,6 +82,9 @@ private Q_SLOTS:
     void touchThatIsNoMousePressCloses();
     void pressOnAnotherWindowCloses_data() { addInputs(); }
     void pressOnAnotherWindowCloses();
+    void pressedWidgetDiesInASlot_data() { addInputs(); }
+    void pressedWidgetDiesInASlot();
+    void pressIgnoredByAnotherFilterDoesNotClose();
     void pressOnAWindowWithoutWidgetsCloses_data() { addInputs(); }
     void pressOnAWindowWithoutWidgetsCloses();
     void secondViewOfTheScene_data() { addInputs(); }
@@ -252,6 +255,48 @@ void tst_KELComboBoxOutside::pressOnAnotherWindowCloses()
         other.touchRelease(QPoint(50, 50));
     else
         other.release(QPoint(50, 50));
+}
+
+void tst_KELComboBoxOutside::pressedWidgetDiesInASlot()
+{
+    QFETCH(int, input);
+    WindowStage window;
+    QPointer<QWidget> pad(new QWidget(&window.window));
+    pad->setGeometry(100, 350, 100, 100);
+    pad->setAttribute(Qt::WA_AcceptTouchEvents);
+    QVERIFY(window.show());
+    window.tap(Input(input), QPoint(100, 40));
+    connect(ComboParts(*window.stage.box).panel, &QGraphicsObject::visibleChanged, this,
+            [&pad] { delete pad; });
+    window.press(Input(input), QPoint(150, 400));
+    QVERIFY(!pad);
+    QCOMPARE(listState(*window.stage.box), QStringLiteral("closed"));
+    window.release(Input(input), QPoint(150, 400));
+}
+
+void tst_KELComboBoxOutside::pressIgnoredByAnotherFilterDoesNotClose()
+{
+    class Ignore : public QObject
+    {
+    public:
+        bool eventFilter(QObject * /*watched*/, QEvent *event) override
+        {
+            event->ignore();
+            return false;
+        }
+    };
+    ComboStage stage;
+    QVERIFY(stage.show());
+    stage.open();
+    Ignore ignore;
+    QCoreApplication::instance()->installEventFilter(&ignore);
+    QWidget other;
+    QMouseEvent press(QEvent::MouseButtonPress, QPointF(5, 5), Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    QCoreApplication::sendEvent(&other, &press);
+    QCOMPARE(listState(*stage.box), QStringLiteral("shown 1, up 1, filters 0, z 1"));
+    QCoreApplication::instance()->removeEventFilter(&ignore);
+    QCOMPARE(listState(*stage.box), QStringLiteral("open"));
 }
 
 void tst_KELComboBoxOutside::pressOnAWindowWithoutWidgetsCloses()
