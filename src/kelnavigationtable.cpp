@@ -16,8 +16,6 @@
 #include <QtWidgets/QGraphicsScene>
 #include <QtWidgets/QGraphicsSceneMouseEvent>
 
-#include <cmath>
-
 namespace {
 
 constexpr qreal titleOverhangPx = 30;
@@ -138,6 +136,9 @@ public:
         return *static_cast<const KELNavigationTableStyle *>(q->style());
     }
     int tabAt(const QPointF &pos) const;
+    void adopt(KELNavigationTableItem *page);
+    void attach(KELNavigationTableItem *page);
+    void showAdopted(const QPointer<KELNavigationTableItem> &page);
     void show(int index);
     void place(KELNavigationTableItem *page) const;
     void layoutTabs() const;
@@ -198,6 +199,39 @@ int KELNavigationTablePrivate::tabAt(const QPointF &pos) const
             return i;
     }
     return -1;
+}
+
+// Emits signals of QGraphicsObject: a slot may do anything to page and table.
+void KELNavigationTablePrivate::adopt(KELNavigationTableItem *page)
+{
+    const QPointer<KELNavigationTable> alive(q);
+    const QPointer<KELNavigationTableItem> adopted(page);
+    if (page->d->table)
+        page->d->table->forget(page);
+    const KELItemMove move = KELItemMove::to(q, page);
+    if (alive && adopted && page->parentItem() == q && !page->d->table)
+        attach(page);
+    move.report();
+}
+
+void KELNavigationTablePrivate::attach(KELNavigationTableItem *page)
+{
+    items.append(page);
+    page->d->table = this;
+    follow(page);
+}
+
+// The first page is shown, any other hidden, unless a slot has selected it.
+void KELNavigationTablePrivate::showAdopted(const QPointer<KELNavigationTableItem> &page)
+{
+    const QPointer<KELNavigationTable> alive(q);
+    const auto isPage = [&] { return !alive.isNull() && !page.isNull() && page->d->table == this; };
+    if (isPage() && current != page)
+        page->hide();
+    if (isPage() && !current)
+        show(items.indexOf(page));
+    if (isPage())
+        place(page);
 }
 
 // Hiding and showing pages emits signals of QGraphicsObject: a slot may select another page, delete pages or
@@ -327,26 +361,11 @@ void KELNavigationTable::addItem(KELNavigationTableItem *item)
     d->forgetMoved();
     if (!item || item->d->table == d || item->isAncestorOf(this))
         return;
-    // What follows emits signals of QGraphicsObject, and slots may do anything to page and table.
     const QPointer<KELNavigationTable> alive(this);
     const QPointer<KELNavigationTableItem> page(item);
-    const auto isPage = [&] { return !alive.isNull() && !page.isNull() && page->d->table == d; };
-
-    if (item->d->table)
-        item->d->table->forget(item);
-    const KELItemMove move = KELItemMove::to(this, item);
-    if (alive && page && page->parentItem() == this && !page->d->table) {
-        d->items.append(item);
-        item->d->table = d;
-        d->follow(item);
-    }
-    move.report();
-    if (isPage() && d->current != item) // unless a slot has selected it
-        item->hide();
-    if (isPage() && !d->current)
-        d->show(d->items.indexOf(item));
-    if (isPage())
-        d->place(item);
+    d->adopt(item);
+    if (alive)
+        d->showAdopted(page);
     if (!alive)
         return;
     d->layoutTabs();
