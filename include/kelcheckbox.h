@@ -105,6 +105,17 @@ public:
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *styleOption,
                QWidget *widget = nullptr) override;
 
+    //! Emits checked() or unchecked(), then checkChanged(). The state is read from the record;
+    //! \a check is not read.
+    void onCheckedEvent(bool check) override;
+
+    /*!
+     * Creates the check box's record, a KELCheckBoxStyle: the current look with track RGB (200,
+     * 200, 200), knob RGB (0, 123, 185), outline white and 2 px, radii 15 px. For constructors
+     * only, see KELRoundRectControl::initStyle().
+     */
+    KELRoundRectControlStyle *initStyle() override;
+
 Q_SIGNALS:
     //! The switch was turned on.
     void checked();
@@ -116,18 +127,6 @@ Q_SIGNALS:
 protected:
     //! Handles the press as the base does, then toggles if \a event reports the left button.
     void mousePressEvent(QGraphicsSceneMouseEvent *event) override;
-
-public:
-    //! Emits checked() or unchecked(), then checkChanged(). The state is read from the record;
-    //! \a check is not read.
-    void onCheckedEvent(bool check) override;
-
-    /*!
-     * Creates the check box's record, a KELCheckBoxStyle: the current look with track RGB (200,
-     * 200, 200), knob RGB (0, 123, 185), outline white and 2 px, radii 15 px. For constructors
-     * only, see KELRoundRectControl::initStyle().
-     */
-    KELRoundRectControlStyle *initStyle() override;
 
 private:
     Q_DISABLE_COPY(KELCheckBox)

@@ -73,6 +73,9 @@ public:
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *styleOption,
                QWidget *widget = nullptr) override;
 
+    //! Emits checked() if \a check is true, otherwise unchecked(), then checkChanged().
+    void onCheckedEvent(bool check) override;
+
 Q_SIGNALS:
     //! The box was checked.
     void checked();
@@ -84,10 +87,6 @@ Q_SIGNALS:
 protected:
     //! Handles the press as the base does, then toggles if \a event reports the left button.
     void mousePressEvent(QGraphicsSceneMouseEvent *event) override;
-
-public:
-    //! Emits checked() if \a check is true, otherwise unchecked(), then checkChanged().
-    void onCheckedEvent(bool check) override;
 
 private:
     Q_DISABLE_COPY(KELRadioBox)

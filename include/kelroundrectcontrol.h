@@ -385,7 +385,7 @@ protected:
     //! a menu the event stays ignored.
     void contextMenuEvent(QGraphicsSceneContextMenuEvent *event) override;
 
-public:
+public: // again: the order of virtual functions is part of the ABI
     //! Called by setCheck() after the state has changed to \a check. Empty here; derived controls
     //! emit their signals from it.
     virtual void onCheckedEvent(bool check);

@@ -142,6 +142,13 @@ public:
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *styleOption,
                QWidget *widget = nullptr) override;
 
+    /*!
+     * Applies the slider's defaults to the current record and returns it: groove light grey, filled
+     * part and knob RGB (50, 173, 235), outline of the knob white. The slider still owns the
+     * record.
+     */
+    KELRoundRectControlStyle *initStyle() override;
+
 public Q_SLOTS:
     /*!
      * Sets the value to \a v by the rules of \ref slidevalue, moves the knob, repaints and emits
@@ -167,14 +174,6 @@ protected:
     //! Handles the move as the base does, then drags the knob if a press grabbed it and the pointer
     //! was not lost.
     void mouseMoveEvent(QGraphicsSceneMouseEvent *event) override;
-
-public:
-    /*!
-     * Applies the slider's defaults to the current record and returns it: groove light grey, filled
-     * part and knob RGB (50, 173, 235), outline of the knob white. The slider still owns the
-     * record.
-     */
-    KELRoundRectControlStyle *initStyle() override;
 
 private:
     Q_DISABLE_COPY(KELSlideControl)

@@ -26,7 +26,8 @@ int viewPx(qreal value)
 class KELContentViewPrivate
 {
 public:
-    // Null also while the content is being destroyed: only its base classes are left then.
+    // Unlike QPointer null while the content's base classes are being destroyed, too. KELItemPointer does that only for
+    // items that it creates.
     KELRoundRectControl *intactContent() const
     {
         return qobject_cast<KELRoundRectControl *>(content);
