@@ -64,6 +64,7 @@ struct KELPress::Origin
 
     bool isCovered() const;
 
+    const QPointF pos;
     const Qt::MouseButtons button;
     const bool isOfFurtherFinger;
     // The scene ignores a press before it sends it to an item that holds the grab already.
@@ -83,6 +84,7 @@ struct KELPress::Origin
 
 KELPress::Origin::Origin(const KELRoundRectControl *control,
                          const QGraphicsSceneMouseEvent *event) :
+    pos(event->pos()),
     button(event->button() & control->acceptedMouseButtons()),
     isOfFurtherFinger(KELTouchRouter::isSource(event)),
     grabbedBefore(!isOfFurtherFinger && !event->isAccepted() && sceneTargets(control)),
@@ -135,7 +137,6 @@ void KELPress::begin(QGraphicsSceneMouseEvent *event)
 {
     // A coarse timer may fire 25 ms early.
     longPressTimer.start(longPressMs, Qt::PreciseTimer, m_control);
-    pressPos = event->pos();
     watch(event);
     setPressedLook(true);
 }
@@ -172,7 +173,7 @@ void KELPress::watch(const QGraphicsSceneMouseEvent *event)
 
 void KELPress::move(const QPointF &pos)
 {
-    if (longPressTimer.isActive() && (pressPos - pos).manhattanLength() > clickSlopPx)
+    if (longPressTimer.isActive() && (m_origin->pos - pos).manhattanLength() > clickSlopPx)
         longPressTimer.stop();
 }
 
@@ -210,6 +211,11 @@ bool KELPress::isLost() const
     }
     return (m_origin->hadView && !KELProxies::deliversTo(m_origin->viewport, m_control->scene()))
         || m_origin->isCovered();
+}
+
+QPointF KELPress::pos() const
+{
+    return m_origin ? m_origin->pos : QPointF();
 }
 
 bool KELPress::isHeld() const

@@ -69,8 +69,10 @@ public:
     // slot deleted the control, which is null then.
     static void settle(KELRoundRectControl *control, QGraphicsSceneMouseEvent *event);
 
+    // Of the press that runs, in the control.
+    QPointF pos() const;
+
     QBasicTimer longPressTimer;
-    QPointF pressPos; // in the control
 
 private:
     Q_DISABLE_COPY(KELPress)
@@ -85,11 +87,11 @@ private:
     void recheckGrab();
     void setPressedLook(bool pressed);
 
-    KELRoundRectControl *const m_control;
-    std::unique_ptr<Origin> m_origin; // while pressed
     bool m_hasStaleGrab = false;
     bool m_isOwn = false;
     bool m_wasGrabbed = false; // when the press arrived
+    KELRoundRectControl *const m_control;
+    std::unique_ptr<Origin> m_origin; // while pressed, and so while the timer runs
 };
 
 #endif

@@ -183,7 +183,8 @@ KELRoundRectControl::KELRoundRectControl(QGraphicsObject *parent,
 
 KELRoundRectControl::~KELRoundRectControl()
 {
-    if (QMenu *menu = d->liveContextMenu(this))
+    QMenu *const menu = m_style->contextMenu ? d->liveContextMenu(this) : nullptr;
+    if (menu)
         menu->deleteLater();
     if (leftControl == this)
         leftControl = nullptr;
@@ -317,7 +318,7 @@ void KELRoundRectControl::timerEvent(QTimerEvent *event)
     const QMenu *const openMenu = d->liveContextMenu(this);
     if (!d->press.becomeLong() || (openMenu && openMenu->isVisible()))
         return;
-    const QPoint menuPos(qRound(d->press.pressPos.x()), qRound(d->press.pressPos.y()));
+    const QPoint menuPos = d->press.pos().toPoint();
     const QPointer<KELRoundRectControl> alive(this);
     Q_EMIT mouseLongPress();
     // Compat: the item-local press position is used as a screen position
