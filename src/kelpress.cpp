@@ -4,7 +4,7 @@
 #include "kelpress_p.h"
 
 #include "kelproxies_p.h"
-#include "kelroundrectcontrol_p.h"
+#include "kelroundrectcontrol.h"
 #include "keltouchrouter_p.h"
 
 #include <QtCore/QAbstractEventDispatcher>
@@ -112,11 +112,6 @@ bool KELPress::Origin::isCovered() const
 KELPress::KELPress(KELRoundRectControl *control) : m_control(control) { }
 
 KELPress::~KELPress() = default;
-
-KELPress *KELPress::of(const KELRoundRectControl *control)
-{
-    return &KELControlPrivate::get(control)->press;
-}
 
 bool KELPress::isOwn(const KELRoundRectControl *control)
 {

@@ -126,6 +126,12 @@ void KELControlPrivate::setDefaults(KELRoundRectControlStyle *style)
 
 KELControlPrivate::~KELControlPrivate() = default;
 
+// Here, because the gestures' layer must not include the control's private class.
+KELPress *KELPress::of(const KELRoundRectControl *control)
+{
+    return &KELControlPrivate::get(control)->press;
+}
+
 bool KELControlPrivate::isEventOfOtherButton(QEvent *event)
 {
     switch (event->type()) {
