@@ -4,24 +4,7 @@
 #include "pageregistry.h"
 
 #include "iconset.h"
-#include "pages/checkboxpage.h"
-#include "pages/comboboxpage.h"
-#include "pages/contentviewpage.h"
-#include "pages/databindpage.h"
-#include "pages/dialogbasepage.h"
-#include "pages/iconfontpage.h"
-#include "pages/labelpage.h"
-#include "pages/lineitempage.h"
-#include "pages/navigationtablepage.h"
-#include "pages/nonmodaldialogpage.h"
-#include "pages/nonmodalhelperpage.h"
-#include "pages/progressbarpage.h"
-#include "pages/pushbuttonpage.h"
-#include "pages/radioboxpage.h"
-#include "pages/roundrectpage.h"
-#include "pages/sidemenupage.h"
-#include "pages/slidecontrolpage.h"
-#include "pages/textpixmappage.h"
+#include "pages.h"
 
 namespace {
 
