@@ -142,11 +142,3 @@ const QVector<SilentSignal> &silentSignals()
     };
     return all;
 }
-
-bool isNoObject(const QString &className)
-{
-    static const QStringList values = {
-        QStringLiteral("IKELValueConverter"), QStringLiteral("KELDefaultValueConverter"),
-        QStringLiteral("KELIconFont"), QStringLiteral("KELTextPixmap")};
-    return values.contains(className) || className.endsWith(QLatin1String("Style"));
-}

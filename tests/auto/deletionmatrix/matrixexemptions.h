@@ -50,7 +50,5 @@ struct SilentSignal
 
 const QVector<Exemption> &exemptions();
 const QVector<SilentSignal> &silentSignals();
-// A class of the library without signals.
-bool isNoObject(const QString &className);
 
 #endif

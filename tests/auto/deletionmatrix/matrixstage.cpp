@@ -3,21 +3,7 @@
 
 #include "matrixstage.h"
 
-#include <kelapplicationnotify.h>
-#include <kelcheckbox.h>
-#include <kelcombobox.h>
-#include <kelcontentview.h>
-#include <keldialogbase.h>
-#include <kellabel.h>
-#include <kellineitem.h>
-#include <kelnavigationtable.h>
-#include <kelnonmodaldialog.h>
-#include <kelnonmodalhelper.h>
-#include <kelprocessbar.h>
-#include <kelpushbutton.h>
-#include <kelradiobox.h>
-#include <kelsidemenu.h>
-#include <kelslidecontrol.h>
+#include "controlclasses.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QMetaProperty>
@@ -462,18 +448,8 @@ QObject *Stage::at(int index) const
 
 const QVector<StageKind> &stageKinds()
 {
-    static const QVector<StageKind> kinds = {
+    static const QVector<StageKind> special = {
         {"plain base", buildPlainBase},
-        control<KELRoundRectControl>("base"),
-        control<KELPushButton>("push button"),
-        control<KELLabel>("label"),
-        control<KELLineItem>("line"),
-        control<KELCheckBox>("check box"),
-        control<KELRadioBox>("radio box"),
-        control<KELProcessBar>("progress bar"),
-        control<KELSlideControl>("slider"),
-        control<KELNavigationTableItem>("page alone"),
-        control<KELComboBoxItem>("entry alone"),
         movableControl<KELPushButton>("movable button"),
         movableControl<KELSlideControl>("movable slider"),
         controlWithMenu<KELPushButton>("button with a menu"),
@@ -495,5 +471,16 @@ const QVector<StageKind> &stageKinds()
         {"notifier of a scene", buildNotifyOfAScene},
         {"bindings", buildBinding},
     };
+    static const QVector<StageKind> kinds = [] {
+        QVector<StageKind> all;
+        forEachControl([&all](auto tag) {
+            using Control = typename decltype(tag)::Type;
+            // Empty ones do not bear the actions.
+            if (std::is_same_v<Control, KELComboBox> || std::is_same_v<Control, KELNavigationTable>)
+                return;
+            all.append(control<Control>(Control::staticMetaObject.className()));
+        });
+        return all + special;
+    }();
     return kinds;
 }

@@ -1,18 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
+#include "controlclasses.h"
 #include "keltest.h"
-
-#include <kelcheckbox.h>
-#include <kelcombobox.h>
-#include <kellabel.h>
-#include <kellineitem.h>
-#include <kelnavigationtable.h>
-#include <kelprocessbar.h>
-#include <kelpushbutton.h>
-#include <kelradiobox.h>
-#include <kelslidecontrol.h>
-#include <keltextpixmap.h>
 
 #include <QtGui/QPainter>
 #include <QtWidgets/QStyleOptionGraphicsItem>
@@ -222,6 +212,13 @@ QList<Place> places()
     };
 }
 
+void addPlaces()
+{
+    QTest::addColumn<Painted>("paint");
+    for (const Place &place : places())
+        QTest::newRow(place.name) << place.paint;
+}
+
 } // namespace
 
 // What brushes of a style record paint, and that those do nothing with which Qt would crash.
@@ -328,9 +325,15 @@ void tst_KELBrushes::unusableGradientPaintsNothing()
 
 void tst_KELBrushes::unusableInEveryPlace_data()
 {
-    QTest::addColumn<Painted>("paint");
-    for (const Place &place : places())
-        QTest::newRow(place.name) << place.paint;
+    addPlaces();
+    // Whether they show there or not.
+    forEachControl([](auto tag) {
+        using Control = typename decltype(tag)::Type;
+        const char *const name = Control::staticMetaObject.className();
+        QTest::addRow("background of a %s", name) << painted<Control>(backgroundOf);
+        QTest::addRow("foreground of a %s", name) << painted<Control>(foregroundOf);
+        QTest::addRow("outline of a %s", name) << painted<Control>(outlineOf);
+    });
 }
 
 void tst_KELBrushes::unusableInEveryPlace()
@@ -383,7 +386,7 @@ void tst_KELBrushes::usableGradientPaints()
 
 void tst_KELBrushes::usableInEveryPlace_data()
 {
-    unusableInEveryPlace_data();
+    addPlaces();
 }
 
 void tst_KELBrushes::usableInEveryPlace()

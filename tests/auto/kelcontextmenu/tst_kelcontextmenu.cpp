@@ -1,14 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
+#include "controlclasses.h"
 #include "keltest.h"
-
-#include <kelcheckbox.h>
-#include <kellabel.h>
-#include <kellineitem.h>
-#include <kelnavigationtable.h>
-#include <kelprocessbar.h>
-#include <kelpushbutton.h>
 
 #include <QtCore/QEventLoop>
 #include <QtCore/QTimer>
@@ -63,11 +57,13 @@ private Q_SLOTS:
 void tst_KELContextMenu::rightClickOpensTheMenuOnce_data()
 {
     QTest::addColumn<Factory>("factory");
-    QTest::newRow("base") << Factory([] { return new KELRoundRectControl; });
-    QTest::newRow("label") << Factory([] { return new KELLabel; });
-    QTest::newRow("line") << Factory([] { return new KELLineItem; });
-    QTest::newRow("bar") << Factory([] { return new KELProcessBar; });
-    QTest::newRow("page") << Factory([] { return new KELNavigationTableItem; });
+    forEachControl([](auto tag) {
+        using Control = typename decltype(tag)::Type;
+        if (Control().acceptedMouseButtons().testFlag(Qt::RightButton)) {
+            QTest::newRow(Control::staticMetaObject.className())
+                << Factory([] { return new Control; });
+        }
+    });
     QTest::newRow("push button with the right button") << Factory([] {
         auto *const button = new KELPushButton;
         button->setAcceptedMouseButtons(Qt::AllButtons);

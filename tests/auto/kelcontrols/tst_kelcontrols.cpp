@@ -1,17 +1,10 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
+#include "controlclasses.h"
 #include "keltest.h"
 
-#include <kelcheckbox.h>
-#include <kelcombobox.h>
-#include <kellabel.h>
-#include <kelnavigationtable.h>
-#include <kelprocessbar.h>
-#include <kelpushbutton.h>
-#include <kelradiobox.h>
-#include <kelslidecontrol.h>
-
+#include <algorithm>
 #include <iterator>
 #include <memory>
 
@@ -52,55 +45,80 @@ KELRoundRectControl *makeTable(bool pixmap, bool caption)
     return table;
 }
 
-// One line a class, or a layout of it. A line is not here: its place is not that of its rectangle. So it is
-// with the tabs of a navigation table.
-// A combo box paints nothing itself; its parts are of the classes here.
 struct ControlClass
 {
-    const char *name;
+    QByteArray name;
+    const QMetaObject *meta;
     Maker make;
     // A pixmap is placed at whole pixels of the item: it may leave a rectangle that is not by one of
     // them.
     bool hasPixmap;
-    bool isCutToItsShape;
     // How far beyond its rectangle it paints, in item px: an outline that is not inset, and parts of fixed size
     // in a control smaller than they are.
     qreal reachPx = 0;
     qreal tinyReachPx = 0;
+    bool isCutToItsShape = meta->inherits(&KELPushButton::staticMetaObject);
 };
 
-const ControlClass controlClasses[] = {
-    {"base, all at once", [] { return make<KELRoundRectControl>(true, true, true, true); }, true,
-     false},
-    {"base, caption", [] { return make<KELRoundRectControl>(false, false, true, true); }, false,
-     false},
-    {"base, glyph", [] { return make<KELRoundRectControl>(false, true, false, true); }, false,
-     false},
-    {"push button, pixmap above caption",
-     [] { return make<KELPushButton>(true, false, true, true); }, true, true},
-    {"push button, pixmap alone", [] { return make<KELPushButton>(true, false, true, false); },
-     true, true},
-    {"push button, glyph above caption",
-     [] { return make<KELPushButton>(false, true, true, true); }, false, true},
-    {"push button, glyph alone", [] { return make<KELPushButton>(false, true, false, true); },
-     false, true},
-    {"push button, caption alone", [] { return make<KELPushButton>(false, false, true, true); },
-     false, true},
-    {"push button, nothing inside", [] { return make<KELPushButton>(false, false, false, false); },
-     false, true},
-    {"label, all at once", [] { return make<KELLabel>(true, true, true, true); }, true, false},
-    {"label, caption", [] { return make<KELLabel>(false, false, true, true); }, false, false},
-    {"check box", [] { return make<KELCheckBox>(true, true, true, true); }, false, false, 1, 27},
-    {"radio box", [] { return make<KELRadioBox>(true, true, true, true); }, false, false, 0, 13.5},
-    {"progress bar", makeAtHalf<KELProcessBar>, false, false, 0, 15},
-    {"slide control", makeAtHalf<KELSlideControl>, false, false, 1, 31},
-    {"combo box entry, pixmap above caption",
-     [] { return make<KELComboBoxItem>(true, false, true, true); }, true, true},
-    {"combo box entry, caption alone",
-     [] { return make<KELComboBoxItem>(false, false, true, true); }, false, true},
-    {"navigation table, pixmap", [] { return makeTable(true, false); }, true, false},
-    {"navigation table, title", [] { return makeTable(false, true); }, false, false, 0, 35},
+template <typename Control>
+constexpr const QMetaObject *meta = &Control::staticMetaObject;
+
+// Layouts of a class, where there is more than a picture and a caption, and what paints beyond its rectangle.
+const ControlClass specialClasses[] = {
+    {"push button, pixmap above caption", meta<KELPushButton>,
+     [] { return make<KELPushButton>(true, false, true, true); }, true},
+    {"push button, pixmap alone", meta<KELPushButton>,
+     [] { return make<KELPushButton>(true, false, true, false); }, true},
+    {"push button, glyph above caption", meta<KELPushButton>,
+     [] { return make<KELPushButton>(false, true, true, true); }, false},
+    {"push button, glyph alone", meta<KELPushButton>,
+     [] { return make<KELPushButton>(false, true, false, true); }, false},
+    {"push button, caption alone", meta<KELPushButton>,
+     [] { return make<KELPushButton>(false, false, true, true); }, false},
+    {"push button, nothing inside", meta<KELPushButton>,
+     [] { return make<KELPushButton>(false, false, false, false); }, false},
+    {"check box", meta<KELCheckBox>, [] { return make<KELCheckBox>(true, true, true, true); },
+     false, 1, 27},
+    {"radio box", meta<KELRadioBox>, [] { return make<KELRadioBox>(true, true, true, true); },
+     false, 0, 13.5},
+    {"progress bar", meta<KELProcessBar>, makeAtHalf<KELProcessBar>, false, 0, 15},
+    {"slide control", meta<KELSlideControl>, makeAtHalf<KELSlideControl>, false, 1, 31},
+    {"navigation table, pixmap", meta<KELNavigationTable>, [] { return makeTable(true, false); },
+     true},
+    {"navigation table, title", meta<KELNavigationTable>, [] { return makeTable(false, true); },
+     false, 0, 35},
 };
+
+// A line is not where its rectangle is, and neither are the tabs of a navigation table. A combo box paints nothing
+// itself; its parts are of the other classes.
+const QMetaObject *const leftOut[] = {meta<KELLineItem>, meta<KELNavigationTableItem>,
+                                      meta<KELComboBox>};
+
+// The special ones, and three layouts of each other control.
+const std::vector<ControlClass> &controlClasses()
+{
+    static const std::vector<ControlClass> classes = [] {
+        std::vector<ControlClass> all(std::begin(specialClasses), std::end(specialClasses));
+        forEachControl([&all](auto tag) {
+            using Control = typename decltype(tag)::Type;
+            const auto isThis = [](const ControlClass &special) {
+                return special.meta == meta<Control>;
+            };
+            if (std::any_of(std::begin(specialClasses), std::end(specialClasses), isThis)
+                || std::count(std::begin(leftOut), std::end(leftOut), meta<Control>) > 0)
+                return;
+            const QByteArray name(meta<Control>->className());
+            all.push_back({name + ", all at once", meta<Control>,
+                           [] { return make<Control>(true, true, true, true); }, true});
+            all.push_back({name + ", caption", meta<Control>,
+                           [] { return make<Control>(false, false, true, true); }, false});
+            all.push_back({name + ", glyph", meta<Control>,
+                           [] { return make<Control>(false, true, false, true); }, false});
+        });
+        return all;
+    }();
+    return classes;
+}
 
 struct State
 {
@@ -191,11 +209,13 @@ void addClassesAndStates(bool (*isMeant)(const ControlClass &) = isAny)
 {
     QTest::addColumn<int>("controlClass");
     QTest::addColumn<int>("state");
-    for (int i = 0; i < int(std::size(controlClasses)); ++i) {
-        if (!isMeant(controlClasses[i]))
+    for (size_t i = 0; i < controlClasses().size(); ++i) {
+        if (!isMeant(controlClasses()[i]))
             continue;
-        for (int j = 0; j < int(std::size(states)); ++j)
-            QTest::addRow("%s, %s", controlClasses[i].name, states[j].name) << i << j;
+        for (size_t j = 0; j < std::size(states); ++j) {
+            QTest::addRow("%s, %s", controlClasses()[i].name.constData(), states[j].name)
+                << int(i) << int(j);
+        }
     }
 }
 
@@ -229,7 +249,7 @@ private:
     static const ControlClass &controlClass()
     {
         QFETCH(int, controlClass);
-        return controlClasses[controlClass];
+        return controlClasses()[size_t(controlClass)];
     }
     static std::unique_ptr<KELRoundRectControl> control()
     {

@@ -4,36 +4,27 @@
 #ifndef LIFETIMESTAGE_H
 #define LIFETIMESTAGE_H
 
+#include "controlclasses.h"
 #include "keltest.h"
-
-#include <kelcheckbox.h>
-#include <kelcombobox.h>
-#include <kellabel.h>
-#include <kelnavigationtable.h>
-#include <kelprocessbar.h>
-#include <kelpushbutton.h>
-#include <kelradiobox.h>
-#include <kelslidecontrol.h>
 
 #include <QtCore/QAbstractEventDispatcher>
 #include <QtCore/QPointer>
 
+#include <algorithm>
 #include <functional>
+#include <vector>
 
-enum class Kind {
-    PlainBase,
-    SelectableBase,
-    PushButton,
-    Label,
-    CheckBox,
-    RadioBox,
-    ProgressBar,
-    SlideControl,
-    NavigationTable,
-    NavigationTableItem,
-    ComboBox,
-    ComboBoxItem
+// A class, and the base once more with the flag that makes it keep a press.
+struct Kind
+{
+    const char *name;
+    const QMetaObject *meta;
+    KELRoundRectControl *(*create)(QGraphicsObject *parent);
+    bool isSelectable;
+
+    bool is(const QMetaObject &other) const { return meta == &other; }
 };
+
 enum class Signal { Press, Release, Clicked, SecondPress, DoubleClicked, LongPress, Enter, Leave };
 enum class Way { Delete, DeleteLater, ClearScene, DeleteParent };
 enum class Input { Mouse, Touch };
@@ -49,43 +40,40 @@ inline void hoverOver(const QGraphicsView &view, const QPoint &pos)
     QCoreApplication::sendEvent(view.viewport(), &event);
 }
 
-inline KELRoundRectControl *newControl(Kind kind, QGraphicsObject *parent)
+inline const std::vector<Kind> &kinds()
 {
-    switch (kind) {
-    case Kind::PlainBase:
-    case Kind::SelectableBase:
-        break;
-    case Kind::PushButton:
-        return new KELPushButton(parent);
-    case Kind::Label:
-        return new KELLabel(parent);
-    case Kind::CheckBox:
-        return new KELCheckBox(parent);
-    case Kind::RadioBox:
-        return new KELRadioBox(parent);
-    case Kind::ProgressBar:
-        return new KELProcessBar(parent);
-    case Kind::SlideControl:
-        return new KELSlideControl(parent);
-    case Kind::NavigationTable:
-        return new KELNavigationTable(parent);
-    case Kind::NavigationTableItem:
-        return new KELNavigationTableItem(parent);
-    case Kind::ComboBox:
-        return new KELComboBox(parent);
-    case Kind::ComboBoxItem:
-        return new KELComboBoxItem(parent);
-    }
-    return new KELRoundRectControl(parent);
+    static const std::vector<Kind> all = [] {
+        std::vector<Kind> found;
+        forEachControl([&found](auto tag) {
+            using Control = typename decltype(tag)::Type;
+            const QMetaObject &meta = Control::staticMetaObject;
+            found.push_back({meta.className(), &meta,
+                             [](QGraphicsObject *parent) -> KELRoundRectControl * {
+                                 return new Control(parent);
+                             },
+                             Control().flags().testFlag(QGraphicsItem::ItemIsSelectable)});
+        });
+        found.push_back({"selectable base", &KELRoundRectControl::staticMetaObject,
+                         [](QGraphicsObject *parent) { return new KELRoundRectControl(parent); },
+                         true});
+        return found;
+    }();
+    return all;
 }
 
-inline KELRoundRectControl *makeControl(Kind kind, QGraphicsObject *parent)
+template <typename Control>
+const Kind &kindOf()
 {
-    KELRoundRectControl *control = newControl(kind, parent);
+    return *std::find_if(kinds().begin(), kinds().end(),
+                         [](const Kind &kind) { return kind.is(Control::staticMetaObject); });
+}
+
+inline KELRoundRectControl *makeControl(const Kind &kind, QGraphicsObject *parent)
+{
+    KELRoundRectControl *control = kind.create(parent);
     control->setAcceptHoverEvents(true);
     control->setAcceptTouchEvents(true);
-    if (kind == Kind::SelectableBase)
-        control->setFlag(QGraphicsItem::ItemIsSelectable);
+    control->setFlag(QGraphicsItem::ItemIsSelectable, kind.isSelectable);
     control->setboundRect(100, 100, 100, 50);
     return control;
 }
@@ -102,7 +90,7 @@ public:
 class Stage
 {
 public:
-    explicit Stage(Kind kind) : group(new Group), below(new KELPushButton), control(nullptr)
+    explicit Stage(const Kind &kind) : group(new Group), below(new KELPushButton), control(nullptr)
     {
         below->setboundRect(90, 90, 120, 70);
         view.ownScene.addItem(below);
@@ -218,18 +206,6 @@ struct Named
     int value;
 };
 
-inline const Named kinds[] = {{"plain base", int(Kind::PlainBase)},
-                              {"selectable base", int(Kind::SelectableBase)},
-                              {"push button", int(Kind::PushButton)},
-                              {"label", int(Kind::Label)},
-                              {"check box", int(Kind::CheckBox)},
-                              {"radio box", int(Kind::RadioBox)},
-                              {"progress bar", int(Kind::ProgressBar)},
-                              {"slide control", int(Kind::SlideControl)},
-                              {"navigation table", int(Kind::NavigationTable)},
-                              {"page of a navigation table", int(Kind::NavigationTableItem)},
-                              {"combo box", int(Kind::ComboBox)},
-                              {"entry of a combo box", int(Kind::ComboBoxItem)}};
 inline const Named ways[] = {{"delete", int(Way::Delete)},
                              {"deleteLater", int(Way::DeleteLater)},
                              {"scene cleared", int(Way::ClearScene)},

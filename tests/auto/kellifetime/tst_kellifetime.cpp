@@ -3,8 +3,6 @@
 
 #include "lifetimestage.h"
 
-#include <kelcontentview.h>
-
 #include <QtCore/QTimer>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QMenu>
@@ -41,23 +39,32 @@ public:
 
 enum class MenuMoment { Open, AboutToShow, AboutToHide, Triggered };
 
-bool isPossible(Kind kind, Signal signal, Input input)
+bool isPossible(const Kind &kind, Signal signal, Input input)
 {
     // What is not selectable ignores presses and so gets no release.
-    const bool ignoresPresses = kind == Kind::PlainBase || kind == Kind::Label
-        || kind == Kind::ProgressBar || kind == Kind::NavigationTableItem;
-    if (ignoresPresses && (signal == Signal::Release || signal == Signal::Clicked))
+    if (!kind.isSelectable && (signal == Signal::Release || signal == Signal::Clicked))
         return false;
-    if (kind == Kind::SlideControl && signal == Signal::LongPress)
+    if (kind.is(KELSlideControl::staticMetaObject) && signal == Signal::LongPress)
         return false;
     // Its button takes all of them.
-    if (kind == Kind::ComboBox)
+    if (kind.is(KELComboBox::staticMetaObject))
         return false;
     // It does not hear of its presses.
-    if (kind == Kind::NavigationTable && signal != Signal::Release
+    if (kind.is(KELNavigationTable::staticMetaObject) && signal != Signal::Release
         && signal != Signal::DoubleClicked && signal != Signal::Enter && signal != Signal::Leave)
         return false;
     return input == Input::Mouse || (signal != Signal::Enter && signal != Signal::Leave);
+}
+
+// A data column that names one of the kinds.
+int indexOf(const Kind &kind)
+{
+    return int(&kind - kinds().data());
+}
+
+const Kind &kindAt(int index)
+{
+    return kinds()[size_t(index)];
 }
 
 bool needsTwoTaps(Signal signal)
@@ -182,14 +189,14 @@ void tst_KELLifetime::deletedInASlot_data()
     QTest::addColumn<int>("way");
     QTest::addColumn<int>("input");
 
-    for (const Named &kind : kinds) {
+    for (const Kind &kind : kinds()) {
         for (const Named &signal : signalNames) {
             for (const Named &input : inputs) {
-                if (!isPossible(Kind(kind.value), Signal(signal.value), Input(input.value)))
+                if (!isPossible(kind, Signal(signal.value), Input(input.value)))
                     continue;
                 for (const Named &way : ways) {
                     QTest::addRow("%s, %s by %s, %s", kind.name, signal.name, input.name, way.name)
-                        << kind.value << signal.value << way.value << input.value;
+                        << indexOf(kind) << signal.value << way.value << input.value;
                 }
             }
         }
@@ -203,7 +210,7 @@ void tst_KELLifetime::deletedInASlot()
     QFETCH(int, way);
     QFETCH(int, input);
     const auto device = Input(input);
-    Stage stage{Kind(kind)};
+    Stage stage{kindAt(kind)};
     int presses = 0;
     connectTo(stage.control, Signal(signal), &stage.view, [&] {
         if (Signal(signal) != Signal::SecondPress || ++presses == 2)
@@ -226,7 +233,7 @@ void tst_KELLifetime::deletedInASlot()
         break;
     case Signal::LongPress:
         stage.press(device);
-        if (Kind(kind) != Kind::PushButton)
+        if (!kindAt(kind).is(KELPushButton::staticMetaObject))
             stage.endLongPressTime();
         QTRY_COMPARE(stage.destroyCalls, 1);
         stage.release(device);
@@ -258,9 +265,9 @@ void tst_KELLifetime::deletedInASlotOfDestroyed_data()
     QTest::addColumn<int>("kind");
     QTest::addColumn<int>("way");
 
-    for (const Named &kind : kinds) {
-        QTest::addRow("%s, scene cleared", kind.name) << kind.value << int(Way::ClearScene);
-        QTest::addRow("%s, parent deleted", kind.name) << kind.value << int(Way::DeleteParent);
+    for (const Kind &kind : kinds()) {
+        QTest::addRow("%s, scene cleared", kind.name) << indexOf(kind) << int(Way::ClearScene);
+        QTest::addRow("%s, parent deleted", kind.name) << indexOf(kind) << int(Way::DeleteParent);
     }
 }
 
@@ -268,7 +275,7 @@ void tst_KELLifetime::deletedInASlotOfDestroyed()
 {
     QFETCH(int, kind);
     QFETCH(int, way);
-    Stage stage{Kind(kind)};
+    Stage stage{kindAt(kind)};
     QVERIFY(stage.view.showAndWait());
     stage.press(Input::Mouse);
     connect(stage.control, &QObject::destroyed, &stage.view, [&] { stage.destroy(Way(way)); });
@@ -290,15 +297,18 @@ void tst_KELLifetime::deletedWithItsMenu_data()
                              {"when about to show", int(MenuMoment::AboutToShow)},
                              {"when about to hide", int(MenuMoment::AboutToHide)},
                              {"when triggered", int(MenuMoment::Triggered)}};
+    // Each of them waits: not every kind in every row.
+    const Kind *const byLongPress[] = {&kindOf<KELRoundRectControl>(), &kinds().back(),
+                                       &kindOf<KELPushButton>()};
     for (const Named &moment : moments) {
         for (const Named &way : ways) {
-            for (const Named &kind : kinds) {
+            for (const Kind &kind : kinds()) {
                 QTest::addRow("%s, menu by event, %s, %s", kind.name, moment.name, way.name)
-                    << kind.value << false << moment.value << way.value;
+                    << indexOf(kind) << false << moment.value << way.value;
             }
-            const Named &kind = kinds[size_t(moment.value + way.value) % 3];
+            const Kind &kind = *byLongPress[size_t(moment.value + way.value) % 3];
             QTest::addRow("%s, menu by long press, %s, %s", kind.name, moment.name, way.name)
-                << kind.value << true << moment.value << way.value;
+                << indexOf(kind) << true << moment.value << way.value;
         }
     }
 }
@@ -309,7 +319,7 @@ void tst_KELLifetime::deletedWithItsMenu()
     QFETCH(bool, byLongPress);
     QFETCH(int, moment);
     QFETCH(int, way);
-    Stage stage{Kind(kind)};
+    Stage stage{kindAt(kind)};
     const QPointer<QMenu> menu(new QMenu);
     QAction *action = menu->addAction(QStringLiteral("Stop"));
     stage.control->style()->contextMenu = menu;
@@ -366,7 +376,7 @@ void tst_KELLifetime::menuDeletedWhileOpen_data()
 void tst_KELLifetime::menuDeletedWhileOpen()
 {
     QFETCH(bool, byLongPress);
-    Stage stage{Kind::PushButton};
+    Stage stage{kindOf<KELPushButton>()};
     const QPointer<QMenu> menu(new QMenu);
     menu->addAction(QStringLiteral("Stop"));
     stage.control->style()->contextMenu = menu;
@@ -401,7 +411,7 @@ void tst_KELLifetime::deletedBeforeItsMenuOpens_data()
 void tst_KELLifetime::deletedBeforeItsMenuOpens()
 {
     QFETCH(int, way);
-    Stage stage{Kind::PushButton};
+    Stage stage{kindOf<KELPushButton>()};
     const QPointer<QMenu> menu(new QMenu);
     menu->addAction(QStringLiteral("Stop"));
     stage.control->style()->contextMenu = menu;
@@ -428,11 +438,11 @@ void tst_KELLifetime::deletedWhilePressed_data()
     QTest::addColumn<int>("way");
     QTest::addColumn<int>("input");
 
-    for (const Named &kind : kinds) {
+    for (const Kind &kind : kinds()) {
         for (const Named &way : ways) {
             for (const Named &input : inputs) {
                 QTest::addRow("%s, %s, %s", kind.name, way.name, input.name)
-                    << kind.value << way.value << input.value;
+                    << indexOf(kind) << way.value << input.value;
             }
         }
     }
@@ -443,11 +453,12 @@ void tst_KELLifetime::deletedWhilePressed()
     QFETCH(int, kind);
     QFETCH(int, way);
     QFETCH(int, input);
-    Stage stage{Kind(kind)};
+    Stage stage{kindAt(kind)};
     QVERIFY(stage.view.showAndWait());
     stage.press(Input(input));
     QCOMPARE(stage.control->isMouseDown(),
-             Kind(kind) != Kind::NavigationTable && Kind(kind) != Kind::ComboBox);
+             !kindAt(kind).is(KELNavigationTable::staticMetaObject)
+                 && !kindAt(kind).is(KELComboBox::staticMetaObject));
     stage.destroy(Way(way));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(!stage.control);
@@ -488,7 +499,7 @@ void tst_KELLifetime::deletedWhenChecked()
 
 void tst_KELLifetime::deletedByALaterSlotOfTheSameSignal()
 {
-    Stage stage{Kind::PushButton};
+    Stage stage{kindOf<KELPushButton>()};
     QStringList calls;
     connect(stage.control, &KELRoundRectControl::mouseClicked, &stage.view,
             [&] { calls.append(QStringLiteral("first")); });
@@ -517,7 +528,7 @@ void tst_KELLifetime::siblingDeletedInASlot_data()
 void tst_KELLifetime::siblingDeletedInASlot()
 {
     QFETCH(int, signal);
-    Stage stage{Kind::PushButton};
+    Stage stage{kindOf<KELPushButton>()};
     connectTo(stage.control, Signal(signal), &stage.view, [&] { delete stage.below; });
     QVERIFY(stage.view.showAndWait());
     stage.hover(besideTheControl);
@@ -543,7 +554,7 @@ void tst_KELLifetime::viewDeletedLaterInASlot_data()
 void tst_KELLifetime::viewDeletedLaterInASlot()
 {
     QFETCH(int, signal);
-    auto *stage = new Stage(Kind::PushButton);
+    auto *stage = new Stage(kindOf<KELPushButton>());
     const QPointer<KELRoundRectControl> control(stage->control);
     QObject context;
     bool posted = false;
@@ -578,10 +589,10 @@ void tst_KELLifetime::contentReplacedInASlot()
 {
     QFETCH(int, signal);
     KELContentView view;
-    const QPointer<KELRoundRectControl> first(makeControl(Kind::PushButton, nullptr));
+    const QPointer<KELRoundRectControl> first(makeControl(kindOf<KELPushButton>(), nullptr));
     first->setboundRect(0, 0, 200, 100);
     view.setContent(first);
-    const QPointer<KELRoundRectControl> second(makeControl(Kind::PushButton, nullptr));
+    const QPointer<KELRoundRectControl> second(makeControl(kindOf<KELPushButton>(), nullptr));
     second->setboundRect(0, 0, 100, 60);
     int calls = 0;
     connectTo(first, Signal(signal), &view, [&] {
