@@ -97,6 +97,58 @@ int indexOfProperty(const QObject *object, const QByteArray &name)
     return object ? object->metaObject()->indexOfProperty(name.constData()) : -1;
 }
 
+enum class Notifies : quint8 { Yes, No, Any };
+
+struct ModeRow
+{
+    KELDataBind::BindMode requested;
+    Notifies sourceNotifies;
+    Notifies destinationNotifies;
+    KELDataBind::BindMode effective;
+    const char *message;
+};
+
+constexpr Notifies yes = Notifies::Yes;
+constexpr Notifies no = Notifies::No;
+constexpr Notifies any = Notifies::Any;
+
+constexpr const char *noNotify = "waring : could not find any notify";
+// Compat: these two name the side that was found
+constexpr const char *noSrcNotify = "waring : could not find src notify";
+constexpr const char *noDstNotify = "waring : could not find dst notify";
+
+// The table of modes in the reference of KELDataBind, without its last row.
+constexpr std::array<ModeRow, 13> modeTable = {{
+    {KELDataBind::Auto, yes, yes, KELDataBind::TwoWay, nullptr},
+    {KELDataBind::Auto, yes, no, KELDataBind::OneWay, nullptr},
+    {KELDataBind::Auto, no, yes, KELDataBind::OneWayToSource, nullptr},
+    {KELDataBind::Auto, no, no, KELDataBind::Manual, noNotify},
+    {KELDataBind::Manual, any, any, KELDataBind::Manual, nullptr},
+    {KELDataBind::OneWay, yes, any, KELDataBind::OneWay, nullptr},
+    {KELDataBind::OneWay, no, any, KELDataBind::Manual, noNotify},
+    {KELDataBind::TwoWay, yes, yes, KELDataBind::TwoWay, nullptr},
+    {KELDataBind::TwoWay, yes, no, KELDataBind::OneWay, noSrcNotify},
+    {KELDataBind::TwoWay, no, yes, KELDataBind::OneWayToSource, noDstNotify},
+    {KELDataBind::TwoWay, no, no, KELDataBind::Manual, noNotify},
+    {KELDataBind::OneWayToSource, any, yes, KELDataBind::OneWayToSource, nullptr},
+    {KELDataBind::OneWayToSource, any, no, KELDataBind::Manual, noNotify},
+}};
+
+bool fits(Notifies wanted, bool notifies)
+{
+    return wanted == any || (wanted == yes) == notifies;
+}
+
+ModeRow modeRowFor(KELDataBind::BindMode requested, bool sourceNotifies, bool destinationNotifies)
+{
+    for (const ModeRow &row : modeTable) {
+        if (row.requested == requested && fits(row.sourceNotifies, sourceNotifies)
+            && fits(row.destinationNotifies, destinationNotifies))
+            return row;
+    }
+    return {requested, any, any, KELDataBind::Manual, noNotify};
+}
+
 // Written to while the signals of the object are blocked.
 class BlockedSignals
 {
@@ -152,19 +204,18 @@ public:
     void endCalls() const;
     void store(QObject *source, const QByteArray &sourceName, QObject *destination,
                const QByteArray &destinationName, IKELValueConverter *valueConverter);
-    // Foreign code runs in these three: an exception of it ends the program there. It would leave a call that is
-    // over on the list of those that run.
-    bool connectNotify(const QObject *object, const QMetaProperty &property,
-                       const QMetaMethod &slot, QMetaObject::Connection *connection) noexcept;
+    // These three run foreign code. An exception from it must end the program here: unwinding would
+    // leave a dead Call in the list.
+    void connectNotify(const QObject *object, const QMetaProperty &property,
+                       const QMetaMethod &slot, QMetaObject::Connection *connection) const noexcept;
     void setBind(QObject *source, const char *sourceName, QObject *destination,
-                 const char *destinationName, KELDataBind::BindMode asked,
+                 const char *destinationName, KELDataBind::BindMode requested,
                  IKELValueConverter *valueConverter) noexcept;
     void copy(const QPointer<QObject> &from, NamedProperty *fromProperty,
               const QPointer<QObject> &to, NamedProperty *toProperty,
               Conversion conversion) noexcept;
-    bool connectSource();
-    bool connectDestination();
-    KELDataBind::BindMode connectForMode(KELDataBind::BindMode asked, int srcIndex, int dstIndex);
+    void connectSignals(KELDataBind::BindMode effective);
+    void connectForMode(KELDataBind::BindMode requested, int srcIndex, int dstIndex);
 
     KELDataBind *const q;
     QPointer<QObject> src;
@@ -210,62 +261,38 @@ void KELDataBindPrivate::store(QObject *source, const QByteArray &sourceName, QO
     dstProperty.setName(dstName);
 }
 
-// False when the property has no notify signal, or is not one of this object since a setBind() that failed.
-bool KELDataBindPrivate::connectNotify(const QObject *object, const QMetaProperty &property,
+// Connects nothing if the property is not one of this object since a setBind() that failed.
+void KELDataBindPrivate::connectNotify(const QObject *object, const QMetaProperty &property,
                                        const QMetaMethod &slot,
-                                       QMetaObject::Connection *connection) noexcept
+                                       QMetaObject::Connection *connection) const noexcept
 {
-    if (!property.hasNotifySignal()
-        || !object->metaObject()->inherits(property.enclosingMetaObject()))
-        return false;
-    *connection = QObject::connect(object, property.notifySignal(), q, slot);
-    return true;
+    if (property.hasNotifySignal()
+        && object->metaObject()->inherits(property.enclosingMetaObject()))
+        *connection = QObject::connect(object, property.notifySignal(), q, slot);
 }
 
-bool KELDataBindPrivate::connectSource()
+void KELDataBindPrivate::connectSignals(KELDataBind::BindMode effective)
 {
-    return connectNotify(src, srcMetaProperty, srcSlot, &srcConnection);
+    if (effective == KELDataBind::OneWay || effective == KELDataBind::TwoWay)
+        connectNotify(src, srcMetaProperty, srcSlot, &srcConnection);
+    if (effective == KELDataBind::OneWayToSource || effective == KELDataBind::TwoWay)
+        connectNotify(dst, dstMetaProperty, dstSlot, &dstConnection);
 }
 
-bool KELDataBindPrivate::connectDestination()
+void KELDataBindPrivate::connectForMode(KELDataBind::BindMode requested, int srcIndex, int dstIndex)
 {
-    return connectNotify(dst, dstMetaProperty, dstSlot, &dstConnection);
-}
-
-KELDataBind::BindMode KELDataBindPrivate::connectForMode(KELDataBind::BindMode asked, int srcIndex,
-                                                         int dstIndex)
-{
-    const bool either = asked == KELDataBind::Auto || asked == KELDataBind::TwoWay;
-    if (either || asked == KELDataBind::OneWay) {
-        srcMetaProperty = src->metaObject()->property(srcIndex);
-        const bool connected = connectSource();
-        if (connected && !either)
-            return KELDataBind::OneWay;
-        if (connected) {
-            dstMetaProperty = dst->metaObject()->property(dstIndex);
-            if (connectDestination())
-                return KELDataBind::TwoWay;
-            // Compat: names the side that was found, here and below
-            if (asked == KELDataBind::TwoWay)
-                qDebug() << "waring : could not find src notify";
-            return KELDataBind::OneWay;
-        }
-    }
-    if (either || asked == KELDataBind::OneWayToSource) {
-        dstMetaProperty = dst->metaObject()->property(dstIndex);
-        if (connectDestination()) {
-            if (asked == KELDataBind::TwoWay)
-                qDebug() << "waring : could not find dst notify";
-            return KELDataBind::OneWayToSource;
-        }
-    }
-    if (asked != KELDataBind::Manual)
-        qDebug() << "waring : could not find any notify";
-    return KELDataBind::Manual;
+    srcMetaProperty = src->metaObject()->property(srcIndex);
+    dstMetaProperty = dst->metaObject()->property(dstIndex);
+    const ModeRow row = modeRowFor(requested, srcMetaProperty.hasNotifySignal(),
+                                   dstMetaProperty.hasNotifySignal());
+    connectSignals(row.effective);
+    if (row.message)
+        qDebug() << row.message;
+    mode = row.effective;
 }
 
 void KELDataBindPrivate::setBind(QObject *source, const char *sourceName, QObject *destination,
-                                 const char *destinationName, KELDataBind::BindMode asked,
+                                 const char *destinationName, KELDataBind::BindMode requested,
                                  IKELValueConverter *valueConverter) noexcept
 {
     endCalls();
@@ -274,7 +301,8 @@ void KELDataBindPrivate::setBind(QObject *source, const char *sourceName, QObjec
     const QByteArray dstNameArgument(destinationName);
     store(source, srcNameArgument, destination, dstNameArgument, valueConverter);
 
-    // Compat: before the names are checked, so that a source without such a property gets a dynamic one
+    // Compat: before the names are checked, so that a source without such a property gets a dynamic
+    // one
     if (source && destination) {
         const QVariant value = destination->property(dstNameArgument);
         if (!call.isOver() && src)
@@ -294,8 +322,7 @@ void KELDataBindPrivate::setBind(QObject *source, const char *sourceName, QObjec
         qDebug() << "error : could not find dst property '" << srcNameArgument.constData() << "'";
         return;
     }
-    const KELDataBind::BindMode effective = connectForMode(asked, srcIndex, dstIndex);
-    mode = effective;
+    connectForMode(requested, srcIndex, dstIndex);
 }
 
 // Getter, converter and setter may destroy the objects and the binding, or bind it anew.
@@ -376,11 +403,7 @@ void KELDataBind::bind()
         qDebug() << "error : bind is not setted";
         return;
     }
-    if (d->mode == OneWay || d->mode == TwoWay)
-        d->connectSource();
-    if (d->mode == OneWayToSource || d->mode == TwoWay)
-        d->connectDestination();
-
+    d->connectSignals(d->mode);
     if (d->mode == OneWayToSource) {
         const BlockedSignals blocked(d->src);
         dstValueChanged();
