@@ -437,6 +437,7 @@ private Q_SLOTS:
     void converterDeletesItself();
     void converterDiesBeforeTheBinding_data();
     void converterDiesBeforeTheBinding();
+    void converterDiesWithTheDestination();
     void converterDeletedThroughTheInterface();
     void destroyedInAPropertyEvent_data();
     void destroyedInAPropertyEvent();
@@ -685,6 +686,24 @@ void tst_KELDataBindLifetime::converterDiesBeforeTheBinding()
     stage.destroy(order);
     delete stage.binding;
     QCOMPARE(takeDebugLines(), QStringList());
+}
+
+// In the source's getter. AddressSanitizer sees a look at the converter after that.
+void tst_KELDataBindLifetime::converterDiesWithTheDestination()
+{
+    Stage stage(Operation::ChangeSource, false);
+    std::unique_ptr<Converter> converter(new Converter);
+    stage.binding->unbind();
+    stage.binding->setBind(stage.source, "value", stage.destination, "value", KELDataBind::OneWay,
+                           converter.get());
+    stage.setHook(Moment::SourceGetter, [&] {
+        stage.destroy(QStringLiteral("d"));
+        converter.reset();
+    });
+    stage.operate();
+    QVERIFY(!converter);
+    QCOMPARE(takeDebugLines(), QStringList());
+    verifyDead(stage);
 }
 
 void tst_KELDataBindLifetime::converterDeletedThroughTheInterface()
