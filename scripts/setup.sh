@@ -14,6 +14,7 @@ package_arm64_packages=(crossbuild-essential-arm64 qtbase5-dev:arm64)
 try_packages=(debootstrap)
 try_arm64_packages=(binfmt-support qemu-user-static)
 lint_packages=(clang-format clang-tidy clazy)
+picture_packages=(graphviz python3)
 coverage_packages=(gcovr)
 benchmark_packages=(python3 valgrind)
 
