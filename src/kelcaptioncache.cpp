@@ -28,13 +28,13 @@ constexpr int supportedFlags = Qt::AlignLeft | Qt::AlignHCenter | Qt::AlignTop |
 
 constexpr qreal unlimitedWidthPx = 0x01000000;
 
-// Exactly, unlike QSizeF compares; a value that is not a number is never the same.
+// Exactly, unlike QSizeF compares; NaN equals nothing.
 bool isSame(qreal a, qreal b)
 {
     return std::equal_to<>()(a, b);
 }
 
-// Counts how often the fonts that are installed have changed.
+// Counts the changes of the installed fonts.
 class FontWatch
 {
 public:
@@ -72,7 +72,7 @@ int fontGeneration()
 // The substitutes that QFont::insertSubstitution() registered for the font.
 QStringList substitutesOf(const QFont &font)
 {
-    if (QFont::substitutions().isEmpty()) // as nearly always
+    if (QFont::substitutions().isEmpty()) // the usual case
         return {};
     QStringList substitutes = QFont::substitutes(font.family());
     const QStringList families = font.families();
@@ -173,7 +173,7 @@ Layout::Layout(const LayoutKey &key) :
     m_layout.endLayout();
 }
 
-// Lines start on whole pixels, and those that a clip hides anyway are left out.
+// Lines start on whole pixels. Lines outside the clip are skipped.
 void Layout::breakLines(const LayoutKey &key)
 {
     const bool wordWrap = has(Qt::TextWordWrap);
@@ -239,7 +239,7 @@ struct KELCaptionCache::CacheEntry
     QString trimmed;
 
     LayoutKey key;
-    std::shared_ptr<Layout> layout; // a paint device may get it replaced while it is key
+    std::shared_ptr<Layout> layout; // painting may re-enter the cache and replace it
 };
 
 KELCaptionCache::KELCaptionCache() = default;
@@ -288,7 +288,7 @@ bool KELCaptionCache::drawUnelided(QPainter *painter, const QRectF &rect,
         return false;
     LayoutKey key = layoutKeyFor(*painter, rect.size(), option.textFlags, option.text);
     const Layout layout(key);
-    // A fraction of a pixel does not count when captions are elided.
+    // getTrimmingText() elides to whole pixels.
     if (!layout.fits(std::floor(width)))
         return false;
     storeElided(option, width, option.text);
@@ -310,7 +310,7 @@ void KELCaptionCache::draw(QPainter *painter, const QRectF &rect, int flags, con
         m_entry = std::make_unique<CacheEntry>();
     LayoutKey key = layoutKeyFor(*painter, rect.size(), flags, text);
     if (!(m_entry->key == key)) {
-        // Most captions are key once, as an item keeps its picture, or change each time.
+        // Most captions are drawn once, because the item caches its pixmap, or change every time.
         m_entry->layout.reset();
         m_entry->key = std::move(key);
         painter->drawText(rect, flags, text);

@@ -129,7 +129,7 @@ void KELCheckBox::initStyleOption(KELCheckBoxStyle *option,
     option->trimText = own.trimText;
     option->margins = own.margins;
     option->isCheck = own.isCheck;
-    // These fields have no initialiser: written always, so that no picture depends on chance.
+    // No default initialiser: always assign.
     option->borderWidth = 0;
     option->textFlags = 0;
     option->contextMenu = nullptr;

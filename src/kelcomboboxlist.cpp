@@ -51,7 +51,7 @@ void KELComboBoxList::connectScenePresses()
     QObject::connect(
         m_scenePresses, &KELApplicationNotify::notify, m_comboBox,
         [this](QObject * /*receiver*/, QEvent *event) {
-            // An injected event may be of any type.
+            // Applications may emit notify() themselves, with any event.
             if (event->type() == QEvent::GraphicsSceneMousePress)
                 handleScenePress(static_cast<QGraphicsSceneMouseEvent *>(event));
         },
@@ -131,7 +131,7 @@ void KELComboBoxList::handleScenePress(const QGraphicsSceneMouseEvent *event)
 {
     if (!m_isOpen || !isShown())
         return;
-    // Compat: the position in the item that is pressed is taken for one in the scene
+    // Compat: the position in the pressed item is used as a scene position
     const QPointF pos = event->pos();
     const bool isOnButton = m_parts->button && m_parts->button->sceneBoundingRect().contains(pos);
     if (!isOnButton && !m_parts->panel->sceneBoundingRect().contains(pos))

@@ -43,13 +43,13 @@ public:
     QVector<QPointer<QGraphicsObject>> superseded; // given while replacing, and never shown
 };
 
-// One by one: a slot may delete the scene, which none of the dying items is in then.
+// One at a time: a slot may delete the scene, and an item must have left it by then.
 void KELContentViewPrivate::clearScene(const QPointer<KELContentView> &alive) const
 {
     while (alive && scene) {
         const QList<QGraphicsItem *> items = scene->items(Qt::AscendingOrder);
         if (items.isEmpty()) {
-            scene->clear(); // forgets what items it had
+            scene->clear(); // resets the scene's internal item state
             return;
         }
         KELItemMove::erase(items.first()->topLevelItem());
@@ -65,7 +65,7 @@ void KELContentViewPrivate::deleteSuperseded(const QPointer<KELContentView> &ali
     }
 }
 
-// The scene would have owned the content.
+// Nobody owns a content that reached no scene.
 void KELContentViewPrivate::deleteHomeless() const
 {
     KELRoundRectControl *const control = intactContent();
@@ -100,8 +100,8 @@ void KELContentView::setContent(KELRoundRectControl *control)
     if (!control || !d->scene)
         return;
 
-    // All that follows runs slots of the items, which may delete the view and the scene, or call here again: the
-    // outermost call shows the control given last.
+    // The rest may run item slots, which may delete view and scene or re-enter: the outermost call shows the control
+    // given last.
     const QPointer<KELContentView> alive(this);
     const bool outermost = !std::exchange(d->replacing, true);
     if (!outermost && d->content != control)

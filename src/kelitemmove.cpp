@@ -93,7 +93,7 @@ void KELItemMove::erase(QGraphicsItem *item)
 {
     KELItemMove move = away(item);
     delete item;
-    move.m_oldScene.isFocusItemDead = true; // if it has changed
+    move.m_oldScene.isFocusItemDead = true; // only used if the focus item changed
     move.report();
 }
 

@@ -12,27 +12,27 @@ class QGraphicsScene;
 QT_END_NAMESPACE
 
 /*
- * Moves an item between parents and scenes. Qt emits signals while it still needs the item, its parents and the
- * scenes: here they come when it is done, by report(), so that slots may delete any of these.
+ * Moves an item between parents and scenes. Qt emits signals while it still uses the item, its parents and the scenes.
+ * Here report() emits them after the move, so slots may delete any of the objects.
  */
 class KELItemMove
 {
 public:
-    // Out of its scene and its parent, to nobody.
+    // Out of its scene and its parent; nobody owns it then.
     static KELItemMove away(QGraphicsItem *item);
     // Into a scene, without a parent.
     static KELItemMove into(QGraphicsScene *scene, QGraphicsItem *item);
     // To a parent, and with that into its scene.
     static KELItemMove to(QGraphicsItem *parent, QGraphicsItem *item);
 
-    // Deletes an item when it is in no scene any more, and reports.
+    // Takes an item out of its scene, deletes it and reports.
     static void erase(QGraphicsItem *item);
 
     // Emits what has changed. Once.
     void report() const;
 
 private:
-    // What a scene signals, before the move.
+    // What a scene signals, as it was before the move.
     struct Scene
     {
         explicit Scene(QGraphicsScene *watched);

@@ -281,7 +281,7 @@ void KELNavigationTablePrivate::layoutTabs() const
     }
 }
 
-// Page has a new parent item, or something in which it is wrapped has: watches them while they are in the table.
+// The page, or an item that wraps it, has a new parent item: watches all of them while they are in the table.
 void KELNavigationTablePrivate::follow(KELNavigationTableItem *page)
 {
     if (!q->isAncestorOf(page)) {
@@ -298,7 +298,7 @@ void KELNavigationTablePrivate::follow(KELNavigationTableItem *page)
     }
 }
 
-// A plain item does not tell when it is moved away, with a page in it.
+// A plain item that wraps a page does not report that it was moved away.
 void KELNavigationTablePrivate::forgetMoved()
 {
     for (int i = items.size() - 1; i >= 0; --i) {
@@ -406,7 +406,7 @@ void KELNavigationTable::initStyleOption(KELNavigationTableStyle *option,
     option->pixmap = own.pixmap;
     option->icon = own.icon;
     option->iconSize = own.iconSize;
-    // These fields have no initialiser: written always, so that no picture depends on chance.
+    // No default initialiser: always assign.
     option->borderWidth = 0;
     option->contextMenu = nullptr;
 

@@ -40,7 +40,7 @@ KELNonModalDialog::~KELNonModalDialog()
 
 void KELNonModalDialog::showOne(KELNonModalDialog *dialog)
 {
-    // Hide events may do anything to any panel, also ask for the active one: the lock is not held then.
+    // Hide events run application code, which may call activeDialog(): do not hold the lock.
     QList<QPointer<KELNonModalDialog>> dialogs;
     {
         const QMutexLocker locker(&g_modalLock);

@@ -113,7 +113,7 @@ void KELNonModalhelperPrivate::handlePress(const QObject *receiver, const QMouse
 
 void KELNonModalhelperPrivate::scheduleHide()
 {
-    // One press is seen at the native window and again at the widget.
+    // Qt delivers a press to the native window and to the widget: handle it once.
     pending = true;
     QTimer::singleShot(hideDelayMs, Qt::PreciseTimer, q, [this] { hide(); });
 }
@@ -151,7 +151,7 @@ KELNonModalhelper::KELNonModalhelper(QWidget *widget) : d(new KELNonModalhelperP
     connect(
         d->notify, &KELApplicationNotify::notify, d->notify,
         [this](QObject *receiver, QEvent *event) {
-            // An injected event may be of any type.
+            // Applications may emit notify() themselves, with any event.
             if (event->type() == QEvent::MouseButtonPress)
                 d->handlePress(receiver, static_cast<QMouseEvent *>(event));
         },
@@ -163,7 +163,7 @@ KELNonModalhelper::KELNonModalhelper(QWidget *widget) : d(new KELNonModalhelperP
 KELNonModalhelper::~KELNonModalhelper()
 {
     KELNonModalhelperPrivate::NonModals.removeOne(this);
-    // None is left when a helper outlives the application object.
+    // The helper may outlive the application object.
     if (QCoreApplication *app = QCoreApplication::instance())
         app->removeEventFilter(d->notify);
     d->timer.stop();
@@ -190,7 +190,7 @@ void KELNonModalhelper::enableTime(int ms)
 
 void KELNonModalhelper::stopTime()
 {
-    // Compat: the period stays enabled, and begins with the next show
+    // Compat: the period stays enabled, and starts at the next show
     d->timer.stop();
 }
 
@@ -242,7 +242,7 @@ void KELNonModalhelper::show(QWidget *widget, TriggerSource source, bool enableT
         helper->stopTime();
     if (!isNew)
         return;
-    // Known before the widget is shown: its show event may call this again.
+    // Registered before the widget is shown: its show event may call this again.
     KELNonModalhelperPrivate::NonModals.append(helper);
     helper->show();
 }

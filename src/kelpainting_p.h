@@ -29,7 +29,7 @@ constexpr int centredWordWrap = 0x1084; // Qt::AlignCenter | Qt::TextWordWrap
 // A solid brush that all controls share: each new one costs an allocation.
 QBrush solidBrush(QRgb rgba);
 
-// True when all four values are finite: only such a rectangle can be painted.
+// Qt cannot paint a rectangle with a NaN or infinite value.
 bool isPaintable(const QRectF &rect);
 
 QRectF contentRect(const QRectF &rect, const QMarginsF &margins);

@@ -56,7 +56,7 @@ bool sceneTargets(const QGraphicsObject *item)
 
 } // namespace
 
-// The state in which a press arrived, and what it needs to stay one.
+// Snapshot of the state in which a press arrived, to detect its loss.
 struct KELPress::Origin
 {
     Origin(const KELRoundRectControl *control, const QGraphicsSceneMouseEvent *event);
@@ -67,7 +67,7 @@ struct KELPress::Origin
     const QPointF pos;
     const Qt::MouseButtons button;
     const bool isOfFurtherFinger;
-    // The scene ignores a press before it sends it to an item that holds the grab already.
+    // Qt marks the event ignored before it delivers it to an item that already holds the grab.
     const bool grabbedBefore;
     const QPointer<QWidget> viewport;
     const bool hadView;
@@ -76,7 +76,7 @@ struct KELPress::Origin
 
     bool isBegun = false;
     bool isHeld = false; // the pointer belongs to the control until the release
-    bool mayBeReturned = false; // by a derived class that ignores the press which the base took
+    bool mayBeReturned = false; // a derived class may still ignore the press that the base accepted
     bool isRefused = false; // a selectable control keeps presses of the left button only
     bool isRecheckDue = false;
     std::array<QMetaObject::Connection, 3> connections;
@@ -144,7 +144,7 @@ void KELPress::beginUnseen(QGraphicsSceneMouseEvent *event)
 
 void KELPress::watch(const QGraphicsSceneMouseEvent *event)
 {
-    if (!m_origin) // a slot of the selection pressed and released the control meanwhile
+    if (!m_origin) // a selectionChanged() slot has run a whole press in between
         m_origin = std::make_unique<Origin>(m_control, event);
     m_hasStaleGrab = false;
     Origin &origin = *m_origin;
@@ -199,7 +199,7 @@ bool KELPress::isLost() const
     if (!m_origin->isHeld)
         return false;
     if (!m_origin->isOfFurtherFinger && !sceneTargets(m_control)) {
-        // From the item that ignores a press the scene takes grab and selection.
+        // The scene takes grab and selection away from an item that ignores the press.
         const QGraphicsScene *const scene = m_control->scene();
         return !m_origin->mayBeReturned || m_control->isSelected() || !scene
             || scene->mouseGrabberItem();
@@ -255,16 +255,17 @@ void KELPress::settle(KELRoundRectControl *control, QGraphicsSceneMouseEvent *ev
     }
     KELPress *const press = of(control);
     if (press->m_origin && !sceneTargets(control))
-        press->m_origin->mayBeReturned = false; // taken by a slot, as the event is still on its way
+        press->m_origin->mayBeReturned
+            = false; // a slot took the grab while the event was being delivered
     press->dropIfLost();
-    // A derived control may accept the press after the base ignored it, and so get the rest of it.
+    // A derived control may still accept the press that the base ignored, and so receive the rest of it.
     Origin *const origin = press->m_origin.get();
     if (origin && !origin->isHeld && !event->isAccepted() && !origin->isRecheckDue) {
         origin->isRecheckDue = true;
         QMetaObject::invokeMethod(
             control, [press] { press->recheckGrab(); }, Qt::QueuedConnection);
     }
-    // From an item that ignored the press the scene takes the grab, and warns when it is gone already.
+    // If the press is ignored, the scene ungrabs the item, and warns if the grab is already gone.
     if (press->m_wasGrabbed && !sceneTargets(control))
         event->accept();
 }
@@ -284,7 +285,7 @@ bool KELPress::redeliverIfMisrouted(QGraphicsSceneMouseEvent *event)
     if (!m_hasStaleGrab)
         return false;
     m_hasStaleGrab = false;
-    // A press that arrives accepted was aimed here: the scene had let go of the old grab by itself.
+    // A press that arrives accepted was aimed here: the scene itself had released the old grab.
     if (event->isAccepted() || !sceneTargets(m_control))
         return false;
     const QPointer<KELRoundRectControl> alive(m_control);

@@ -16,8 +16,8 @@ QT_END_NAMESPACE
 class KELRoundRectControl;
 
 /*
- * The press of one control, from the finger that comes down to the one that leaves. The control's pointer events ask
- * the verb of their name.
+ * The press of one control, from finger down to finger up. Each pointer event of the control calls the function of the
+ * same meaning.
  *
  *  state     | long-press timer | isMouseDown | next
  *  ----------+------------------+-------------+------------------------------------------------------------------
@@ -51,7 +51,7 @@ public:
     void move(const QPointF &pos);
     // True for a click.
     bool end();
-    // Neither click nor long press any more.
+    // The press can no longer become a click or a long press.
     void cancel() { longPressTimer.stop(); }
     // When the timer fires: false for a press that was lost meanwhile.
     bool becomeLong();

@@ -165,7 +165,7 @@ void KELPushButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *sty
 
 KELPushButtonStyle *KELPushButton::initStyle()
 {
-    // The record adds nothing that owns memory.
+    // The record adds nothing that owns memory, so the destructor resets nothing.
     KELPushButtonStyle *const buttonStyle = KELOwnStyle<KELPushButtonStyle>(nullptr).replace(
         m_style, setDefaults);
     m_style = buttonStyle;

@@ -35,7 +35,7 @@ void unselect(KELRadioBox *box)
 
 } // namespace
 
-// In place of the base's: a box has no member of its own.
+// Replaces the base's private object: the public class has no member of its own, which is its ABI.
 class KELRadioBoxPrivate : public KELControlPrivate
 {
 public:
@@ -129,7 +129,7 @@ void KELRadioBox::mousePressEvent(QGraphicsSceneMouseEvent *event)
     KELRoundRectControl::mousePressEvent(event);
     if (!KELPress::isOwn(alive) || event->button() != Qt::LeftButton)
         return;
-    // A slot of this press may have had a group select the box: it stays checked then.
+    // A slot of this press may have selected the box in its group: it stays checked then.
     if (accepted && !acceptedMouseButtons().testFlag(Qt::LeftButton))
         return;
     setCheck(!isCheck());
@@ -188,7 +188,7 @@ void KELRadioBoxGroupPrivate::forget(KELRadioBox *box)
 
 void KELRadioBoxGroupPrivate::selectClicked(KELRadioBox *box)
 {
-    // A slot of this very checked() has selected another box: that one stays.
+    // A slot of this very checked() has selected another box: the newer selection wins.
     if (box == boxBeingChecked && !box->isCheck())
         return;
     select(boxToId[box], box);
@@ -218,7 +218,7 @@ void KELRadioBoxGroupPrivate::select(int id, const KELRadioBox *clicked)
         Q_EMIT alive->idChanged();
 }
 
-// A slot has selected another box before id was selected: that one stays.
+// A slot has selected another box before id was selected: the newer selection wins.
 void KELRadioBoxGroupPrivate::abandonSelection(int id, const KELRadioBox *clicked) const
 {
     KELRadioBox *const box = idToBox.value(id);
@@ -260,7 +260,7 @@ void KELRadioBoxGroupPrivate::refusePointer(KELRadioBox *box) const
 {
     const QPointer<KELRadioBoxGroup> alive(q);
     setAcceptsPointer(box, false);
-    // It may have been selected in the scene, so that a slot ran and chose another box.
+    // This may have deselected it in the scene, and a slot of that may have selected another box.
     if (alive && boxToId.contains(box) && !isSelected(box))
         setAcceptsPointer(box, true);
 }
@@ -284,7 +284,7 @@ void KELRadioBoxGroup::addRadioBox(KELRadioBox *box, int id)
     if (!box)
         return;
     if (d->idToBox.contains(id)) {
-        // Compat: spelled so
+        // Compat: misspelling kept
         qDebug() << "waring : id" << id << "is already exist";
         return;
     }

@@ -20,7 +20,7 @@
 
 namespace {
 
-// An item whose rectangle a child is asking for, on the stack.
+// Marks a parent while a child asks for its rectangle; ends the recursion if the parent asks its children.
 class AskedParent
 {
 public:
@@ -49,8 +49,9 @@ private:
 
 const AskedParent *AskedParent::innermost = nullptr;
 
-// The control that the pointer has left, until its mouseLeave() is emitted. While Qt sends hover events it holds the
-// item that is entered next, which a slot of mouseLeave() may delete: so that one emits it first.
+// The control that the pointer has left, until its mouseLeave() is emitted. Qt keeps a raw pointer to the next item
+// while it sends hover events. A slot of mouseLeave() may delete that item, so the next item emits the signal when it
+// is entered.
 KELRoundRectControl *leftControl = nullptr;
 
 void emitPendingLeave()
@@ -59,14 +60,14 @@ void emitPendingLeave()
         Q_EMIT control->mouseLeave();
 }
 
-// For all items of a scene at once, when the pointer leaves the view.
+// When the pointer leaves the view, Qt sends a leave to every hovered item; nothing is entered next.
 bool isOfALeftView(const QGraphicsSceneHoverEvent *event)
 {
     return !event->widget()->underMouse() && event->screenPos() == QCursor::pos()
         && event->lastScreenPos() == event->screenPos();
 }
 
-// As Qt looks for the item under the pointer.
+// Mirrors Qt's own search for the hovered item.
 bool isItemEnteredNext(const QGraphicsSceneHoverEvent *event)
 {
     const auto *viewport = event->widget();
@@ -144,7 +145,7 @@ bool KELControlPrivate::isEventOfOtherButton(QEvent *event)
     }
 }
 
-// Touches no menu that may be dead.
+// The record's pointer may dangle: it is compared with living widgets, never dereferenced.
 void KELControlPrivate::learnContextMenu(KELRoundRectControl *control)
 {
     const QMenu *const address = control->style()->contextMenu;
@@ -154,7 +155,7 @@ void KELControlPrivate::learnContextMenu(KELRoundRectControl *control)
     knownMenu.reset(new KnownMenu{address, menu, {}});
     if (!menu)
         return;
-    // The next menu may have the address of this one.
+    // A later menu may reuse this address, so the field is cleared when this one dies.
     knownMenu->destroyed = QObject::connect(menu, &QObject::destroyed, control, [control, address] {
         if (control->style()->contextMenu == address)
             control->style()->contextMenu = nullptr;
@@ -233,7 +234,7 @@ void KELRoundRectControl::initStyleOption(KELRoundRectControlStyle *option,
     option->xRadius = m_style->xRadius;
     option->yRadius = m_style->yRadius;
     option->trimText = m_style->trimText;
-    // These fields have no initialiser: written always, so that no picture depends on chance.
+    // No default initialiser: always assign.
     option->borderWidth = 0;
     option->textFlags = m_style->textFlags;
     option->contextMenu = nullptr;

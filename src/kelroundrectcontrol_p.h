@@ -25,14 +25,14 @@ public:
     static KELRoundRectControlStyle *newStyle();
     static void setDefaults(KELRoundRectControlStyle *style);
 
-    // For the sceneEventFilter() of controls that take the presses on their children: true for buttons but the left.
+    // For the sceneEventFilter() of controls that take the presses on their children: true for any button but the left one.
     static bool isEventOfOtherButton(QEvent *event);
 
-    // The record's context menu; null when it has died, which the record does not say.
+    // The record's context menu; or null if it was deleted; the record's raw pointer cannot tell.
     QMenu *liveContextMenu(KELRoundRectControl *control);
     // Runs it, unless it is open already. The control may be gone afterwards.
     void openContextMenu(KELRoundRectControl *control, const QPoint &pos);
-    // Learns of the record's context menu while it is alive, so that the field is cleared when it dies.
+    // Starts tracking the record's context menu, so that the field is cleared when the menu dies.
     void noteContextMenu(KELRoundRectControl *control)
     {
         const QMenu *const menu = control->style()->contextMenu;

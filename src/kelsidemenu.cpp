@@ -83,7 +83,7 @@ QSize KELSideMenuPrivate::firstSize(const QSizeF &control) const
                                   KELRounding::towardsZero(control.height() + once));
 }
 
-// The size of the view for one more control, before which everything ends at position.
+// View size after appending a control behind the items that end at position.
 QSize KELSideMenuPrivate::grownSize(const QSize &view, const QSizeF &control, float position) const
 {
     const auto border = qreal(borderWidth);
@@ -156,7 +156,7 @@ void KELSideMenu::addItem(KELRoundRectControl *control)
         return;
     control->style()->borderWidth = d->borderWidth;
     const QSizeF size = control->boundingRect().size();
-    // The scene emits signals when the view is resized, and so do new items.
+    // Resizing the view and adding items emit signals.
     const QPointer<KELSideMenu> alive(this);
     const QPointer<KELRoundRectControl> added(control);
     if (d->scene->items().isEmpty()) {

@@ -24,7 +24,7 @@ qreal knobTop(qreal y, qreal height)
     return y + height * 0.5 - knobSizePx * 0.5;
 }
 
-// In single precision, as values are.
+// In single precision, like the values.
 float knobOffset(float fraction, qreal width)
 {
     return float(qreal(fraction) * (width - knobSizePx));

@@ -32,7 +32,7 @@ QWidget *widgetOf(const QWindow *window)
     return found == widgets.end() ? nullptr : *found;
 }
 
-// Pictures, lines and the like take no press, but the scene offers them each.
+// Pictures, lines and the like ignore presses; Qt tries each in turn, so skip them.
 bool isDecoration(const QGraphicsItem *item)
 {
     const auto *const text = qgraphicsitem_cast<const QGraphicsTextItem *>(item);
@@ -42,7 +42,7 @@ bool isDecoration(const QGraphicsItem *item)
         && !(item->flags() & (QGraphicsItem::ItemIsSelectable | QGraphicsItem::ItemIsMovable));
 }
 
-// The item that Qt sends the item's pointer events to.
+// The item that receives the item's pointer events.
 const QGraphicsItem *handlerOf(const QGraphicsItem *item)
 {
     const QGraphicsItem *handler = item;
@@ -103,7 +103,7 @@ void KELTouchRouter::follow(KELRoundRectControl *control, const QGraphicsSceneMo
         router = new KELTouchRouter(QCoreApplication::instance());
         QCoreApplication::instance()->installEventFilter(router);
         router->m_mouseScreenPos = event->screenPos();
-        // A view inside a proxy has none.
+        // A view inside a proxy has no native window.
         router->m_mouseWindow = event->widget() ? event->widget()->window()->windowHandle()
                                                 : nullptr;
         router->watchDeathOf(router->m_mouseWindow);
@@ -159,14 +159,14 @@ void KELTouchRouter::handle(QWindow *window, QEvent::Type type, const Points &po
     stopUnlessNeeded();
 }
 
-// Qt does not tell of which finger it makes a mouse: it is the first one of those that were down already. In a view
-// inside a proxy the place of the press may be another one.
+// Qt does not say which finger drives the mouse: it is the first one that was down. In a view inside a proxy the press
+// position may differ.
 void KELTouchRouter::findMouse(const Points &points)
 {
     if (m_mouseId != unknownId)
         return;
     for (const QTouchEvent::TouchPoint &point : points) {
-        // Its release was lost, and Qt waits for its number to come again, which is below later ones.
+        // Its release was lost. Qt keeps waiting for that id, which is lower than any newer one.
         if (!m_isMouseDown && point.id() < m_lowestFingerId)
             m_mouseId = point.id();
         if (point.state() == Qt::TouchPointPressed || indexOf(point.id()) >= 0)
@@ -197,11 +197,11 @@ void KELTouchRouter::handleFinger(QWindow *window, const QTouchEvent::TouchPoint
     const QPointer<KELTouchRouter> alive(this);
     int index = indexOf(point.id());
     if (point.state() == Qt::TouchPointPressed && index >= 0) {
-        m_fingers.removeAt(index); // its release was kept from the window
+        m_fingers.removeAt(index); // its release never reached the window
         index = -1;
     }
     if (index < 0) {
-        // A finger that came down together with the first one is seen with its next event.
+        // A finger that came down in one event with the first one is handled on its next event.
         const Finger finger = fingerOf(window, point);
         m_fingers.append(finger);
         m_lowestFingerId = qMin(m_lowestFingerId, finger.id);
@@ -211,7 +211,8 @@ void KELTouchRouter::handleFinger(QWindow *window, const QTouchEvent::TouchPoint
             return;
         index = indexOf(point.id());
         if (index >= 0 && !isKept)
-            m_fingers[index].control = nullptr; // as from a mouse, it gets no release
+            m_fingers[index].control
+                = nullptr; // as with the mouse, an ignored press gets no release
     }
     if (point.state() == Qt::TouchPointPressed || index < 0)
         return;
@@ -278,7 +279,7 @@ bool KELTouchRouter::send(QEvent::Type type, const Finger &finger, const QPoint 
     event.setButtonDownScreenPos(Qt::LeftButton, finger.downScreenPos);
     const bool isRelease = type == QEvent::GraphicsSceneMouseRelease;
     event.setButton(type == QEvent::GraphicsSceneMouseMove ? Qt::NoButton : Qt::LeftButton);
-    // While the first finger is down, Qt must not forget which items that one moves.
+    // Qt must not forget which items the first finger is moving.
     event.setButtons(isRelease ? QGuiApplication::mouseButtons()
                                : Qt::MouseButtons(Qt::LeftButton));
     event.setModifiers(QGuiApplication::keyboardModifiers());
@@ -291,7 +292,7 @@ bool KELTouchRouter::send(QEvent::Type type, const Finger &finger, const QPoint 
     return event.isAccepted();
 }
 
-// Qt sends it to each window that has fingers, but also to a single one that a dialog blocks.
+// Qt cancels every window that has touches, and also a single window that a dialog blocks.
 void KELTouchRouter::cancel(const QWindow *window)
 {
     if (m_isMouseDown && (!m_mouseWindow || m_mouseWindow == window)) {
@@ -320,7 +321,7 @@ void KELTouchRouter::watchDeathOf(QWindow *window)
     }
 }
 
-// Nothing more is heard of the fingers in them.
+// A dead window reports no more touches.
 void KELTouchRouter::forgetDeadWindows()
 {
     m_fingers.erase(std::remove_if(m_fingers.begin(), m_fingers.end(),

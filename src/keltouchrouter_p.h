@@ -21,16 +21,17 @@ QT_END_NAMESPACE
 class KELRoundRectControl;
 
 /*
- * Makes presses of the fingers that Qt makes no mouse of, and tells a pressed control that its touch was cancelled.
+ * Turns further fingers, which Qt does not turn into mouse events, into presses, and ends the press of a control when
+ * its touch is cancelled.
  *
- * Qt turns one finger at a time into a mouse, and sends the others to no widget once the first one was ignored. The
- * windows still get them all. The router watches from the press of a control that comes from a finger until no
- * finger is down.
+ * Qt synthesises the mouse from one finger at a time and sends the others to no widget once the first was ignored.
+ * Windows still receive them all. The router filters from the first press of a control by a finger until no finger is
+ * down.
  */
 class KELTouchRouter : public QObject
 {
 public:
-    // The control is pressed by the finger of which Qt makes a mouse.
+    // The control is pressed by the finger that drives the mouse.
     static void follow(KELRoundRectControl *control, const QGraphicsSceneMouseEvent *event);
 
     // True for an event of a further finger.
