@@ -22,7 +22,8 @@
 
 namespace {
 
-// Flags that a cached layout supports. Qt draws the rest: tabs, mnemonics, single lines, justified text.
+// Flags that a cached layout supports. Qt draws the rest: tabs, mnemonics, single lines, justified
+// text.
 constexpr int supportedFlags = Qt::AlignLeft | Qt::AlignHCenter | Qt::AlignTop | Qt::AlignBottom
     | Qt::AlignVCenter | Qt::TextWordWrap | Qt::TextDontClip;
 
@@ -130,7 +131,8 @@ LayoutKey layoutKeyFor(const QPainter &painter, const QSizeF &size, int flags, c
             fontGeneration()};
 }
 
-// False for texts whose width changes when they are elided: several lines, mnemonics, trailing blanks.
+// False for texts whose width changes when they are elided: several lines, mnemonics, trailing
+// blanks.
 bool isMeasuredAsDrawn(const QString &text)
 {
     return !text.contains(QLatin1Char('\n')) && !text.contains(QLatin1Char('&'))
@@ -279,7 +281,8 @@ void KELCaptionCache::drawTrimmed(QPainter *painter, const QRectF &rect,
     draw(painter, rect, option.textFlags, QString(m_entry->trimmed));
 }
 
-// The layout that draws a caption also reports whether it fits; asking first would lay it out twice.
+// The layout that draws a caption also reports whether it fits; asking first would lay it out
+// twice.
 bool KELCaptionCache::drawUnelided(QPainter *painter, const QRectF &rect,
                                    const KELRoundRectControlStyle &option, qreal width)
 {

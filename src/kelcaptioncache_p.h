@@ -16,8 +16,9 @@ QT_END_NAMESPACE
 struct KELRoundRectControlStyle;
 
 /*
- * Caches a control's caption from one paint to the next: the elided text and, once the same caption is drawn a second
- * time, its layout. Invisible to callers: an entry is reused only if every input is unchanged.
+ * Caches a control's caption from one paint to the next: the elided text and, once the same caption
+ * is drawn a second time, its layout. Invisible to callers: an entry is reused only if every input
+ * is unchanged.
  */
 class KELCaptionCache
 {
@@ -28,7 +29,8 @@ public:
     // As QPainter::drawText(), with the painter's pen and font.
     void draw(QPainter *painter, const QRectF &rect, int flags, const QString &text);
 
-    // The same with the record's caption, after KELRoundRectControlStyle::getTrimmingText() in its font.
+    // The same with the record's caption, after KELRoundRectControlStyle::getTrimmingText() in its
+    // font.
     void drawTrimmed(QPainter *painter, const QRectF &rect, const KELRoundRectControlStyle &option,
                      qreal width);
 

@@ -66,8 +66,8 @@ void KELComboBoxList::toggle()
         open();
 }
 
-// What is shown, hidden and raised emits signals of QGraphicsObject: a slot may open or close the list or delete
-// the control.
+// What is shown, hidden and raised emits signals of QGraphicsObject: a slot may open or close the
+// list or delete the control.
 void KELComboBoxList::open()
 {
     const QPointer<KELComboBox> alive(m_comboBox);

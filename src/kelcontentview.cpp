@@ -26,8 +26,8 @@ int viewPx(qreal value)
 class KELContentViewPrivate
 {
 public:
-    // Unlike QPointer null while the content's base classes are being destroyed, too. KELItemPointer does that only for
-    // items that it creates.
+    // Unlike QPointer null while the content's base classes are being destroyed, too.
+    // KELItemPointer does that only for items that it creates.
     KELRoundRectControl *intactContent() const
     {
         return qobject_cast<KELRoundRectControl *>(content);
@@ -100,8 +100,8 @@ void KELContentView::setContent(KELRoundRectControl *control)
     if (!control || !d->scene)
         return;
 
-    // The rest may run item slots, which may delete view and scene or re-enter: the outermost call shows the control
-    // given last.
+    // The rest may run item slots, which may delete view and scene or re-enter: the outermost call
+    // shows the control given last.
     const QPointer<KELContentView> alive(this);
     const bool outermost = !std::exchange(d->replacing, true);
     if (!outermost && d->content != control)

@@ -14,9 +14,9 @@
 
 namespace {
 
-// property() and setProperty() of one name, without looking the name up each time. Values of one plain type are passed
-// to the meta-call as they are: QMetaProperty looks the type up in each call and copies the value, which makes a
-// binding 1.27 to 1.34 times as slow.
+// property() and setProperty() of one name, without looking the name up each time. Values of one
+// plain type are passed to the meta-call as they are: QMetaProperty looks the type up in each call
+// and copies the value, which makes a binding 1.27 to 1.34 times as slow.
 class NamedProperty
 {
 public:

@@ -49,7 +49,8 @@ public:
 
 void KELDialogBasePrivate::replaceBackground(const QPixmap &pixmap)
 {
-    // Items on the old one are destroyed with it; their slots may set another one or delete the dialog.
+    // Items on the old one are destroyed with it; their slots may set another one or delete the
+    // dialog.
     const QPointer<KELDialogBase> alive(q);
     while (alive) {
         QGraphicsPixmapItem *const old = background.get();
@@ -88,7 +89,8 @@ KELDialogBase::KELDialogBase(QString text, double size, QWidget *parent) :
 
 KELDialogBase::~KELDialogBase()
 {
-    // The view would die with the other children, but its items have slots that may still call here.
+    // The view would die with the other children, but its items have slots that may still call
+    // here.
     const QPointer<KELContentView> view = std::exchange(d->view, nullptr);
     if (view && view->parent() == this)
         delete view;

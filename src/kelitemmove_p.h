@@ -12,8 +12,9 @@ class QGraphicsScene;
 QT_END_NAMESPACE
 
 /*
- * Moves an item between parents and scenes. Qt emits signals while it still uses the item, its parents and the scenes.
- * Here report() emits them after the move, so slots may delete any of the objects.
+ * Moves an item between parents and scenes. Qt emits signals while it still uses the item, its
+ * parents and the scenes. Here report() emits them after the move, so slots may delete any of the
+ * objects.
  */
 class KELItemMove
 {

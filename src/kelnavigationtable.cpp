@@ -234,8 +234,8 @@ void KELNavigationTablePrivate::showAdopted(const QPointer<KELNavigationTableIte
         place(page);
 }
 
-// Hiding and showing pages emits signals of QGraphicsObject: a slot may select another page, delete pages or
-// the table.
+// Hiding and showing pages emits signals of QGraphicsObject: a slot may select another page, delete
+// pages or the table.
 void KELNavigationTablePrivate::show(int index)
 {
     const QPointer<KELNavigationTable> alive(q);
@@ -263,7 +263,8 @@ void KELNavigationTablePrivate::place(KELNavigationTableItem *page) const
     const auto border = qreal(page->style()->borderWidth);
     const auto top = qreal(table.showTitle ? table.titleHeight : 0);
     page->prepareGeometryChange();
-    // Compat: only the left and the top edge go inwards, and the tabs get their room also when a single page has none
+    // Compat: only the left and the top edge go inwards, and the tabs get their room also when a
+    // single page has none
     page->setboundRect(border, top + border, table.boundRect.width() - border,
                        table.boundRect.height() - top - qreal(table.tabHeight) - border);
 }
@@ -281,7 +282,8 @@ void KELNavigationTablePrivate::layoutTabs() const
     }
 }
 
-// The page, or an item that wraps it, has a new parent item: watches all of them while they are in the table.
+// The page, or an item that wraps it, has a new parent item: watches all of them while they are in
+// the table.
 void KELNavigationTablePrivate::follow(KELNavigationTableItem *page)
 {
     if (!q->isAncestorOf(page)) {

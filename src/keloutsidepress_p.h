@@ -14,9 +14,9 @@ class QPolygonF;
 class QWidget;
 QT_END_NAMESPACE
 
-// While it exists: reports each press by mouse or touch that hits none of a control's items, on the bare scene, on
-// another item, widget or window. A scene reports presses to its event filters only once an enabled item takes them;
-// this filter of the application sees them all.
+// While it exists: reports each press by mouse or touch that hits none of a control's items, on the
+// bare scene, on another item, widget or window. A scene reports presses to its event filters only
+// once an enabled item takes them; this filter of the application sees them all.
 class KELOutsidePress : public QObject
 {
 public:

@@ -15,8 +15,8 @@
 
 namespace {
 
-// Item px. Where the numbers of a radial gradient overflow, Qt reads beyond its table of colours. One value
-// overflows from 1e38 on, several with a transformation from 1e12 on.
+// Item px. Where the numbers of a radial gradient overflow, Qt reads beyond its table of colours.
+// One value overflows from 1e38 on, several with a transformation from 1e12 on.
 constexpr qreal gradientLimit = 100000;
 
 bool isUsable(qreal value)
@@ -36,8 +36,8 @@ bool areElementsUsable(const QTransform &transform)
         && isUsable(transform.m31()) && isUsable(transform.m32()) && isUsable(transform.m33());
 }
 
-// Qt inverts after the view's transformation, and rounding hides a singular matrix there. QTransform::inverted() does
-// not say how small the numbers are.
+// Qt inverts after the view's transformation, and rounding hides a singular matrix there.
+// QTransform::inverted() does not say how small the numbers are.
 bool isUsable(const QTransform &transform)
 {
     if (transform.isIdentity())
@@ -54,8 +54,8 @@ bool isUsable(const QGradientStops &stops)
                        [](const QGradientStop &stop) { return isUsable(stop.first); });
 }
 
-// Qt divides by the square of the radii's difference less that of the centres' distance. If the circles touch
-// from inside, Qt draws nothing; if they nearly do, the divisor underflows.
+// Qt divides by the square of the radii's difference less that of the centres' distance. If the
+// circles touch from inside, Qt draws nothing; if they nearly do, the divisor underflows.
 bool areCirclesUsable(const QRadialGradient &gradient)
 {
     constexpr qreal share = 1e-6;

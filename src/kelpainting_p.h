@@ -37,8 +37,8 @@ QRectF contentRect(const QRectF &rect, const QMarginsF &margins);
 // For brushes that are gradients.
 const QBrush &usableGradient(const QBrush &brush);
 
-// brush as it is, or without a style where Qt cannot paint with it: a gradient with a number that is not finite or
-// beyond 100,000.
+// brush as it is, or without a style where Qt cannot paint with it: a gradient with a number that
+// is not finite or beyond 100,000.
 inline const QBrush &usableBrush(const QBrush &brush)
 {
     const Qt::BrushStyle style = brush.style();
@@ -47,7 +47,8 @@ inline const QBrush &usableBrush(const QBrush &brush)
         : brush;
 }
 
-// The pen of lines and outlines; a width that is not finite draws none, and so does a brush that is not usable.
+// The pen of lines and outlines; a width that is not finite draws none, and so does a brush that is
+// not usable.
 QPen outlinePen(const QBrush &brush, float width);
 
 // The pen of captions and glyphs.

@@ -258,7 +258,8 @@ void KELPress::settle(KELRoundRectControl *control, QGraphicsSceneMouseEvent *ev
         press->m_origin->mayBeReturned
             = false; // a slot took the grab while the event was being delivered
     press->dropIfLost();
-    // A derived control may still accept the press that the base ignored, and so receive the rest of it.
+    // A derived control may still accept the press that the base ignored, and so receive the rest
+    // of it.
     Origin *const origin = press->m_origin.get();
     if (origin && !origin->isHeld && !event->isAccepted() && !origin->isRecheckDue) {
         origin->isRecheckDue = true;

@@ -16,26 +16,27 @@ QT_END_NAMESPACE
 class KELRoundRectControl;
 
 /*
- * The press of one control, from finger down to finger up. Each pointer event of the control calls the function of the
- * same meaning.
+ * The press of one control, from finger down to finger up. Each pointer event of the control calls
+ * the function of the same meaning.
  *
  *  state     | long-press timer | isMouseDown | next
- *  ----------+------------------+-------------+------------------------------------------------------------------
+ *  ----------+------------------+-------------+-----------------------------------------------
  *  idle      | stopped          | false       | begin(): may click
- *  may click | runs             | true        | end(): idle, a click; move() too far, becomeLong(), cancel(): no click
+ *  may click | runs             | true        | end(): idle, a click;
+ *            |                  |             | move() too far, becomeLong(), cancel(): no click
  *  no click  | stopped          | true        | end(): idle
  *  lost      | stopped          | false       | begin(): may click; end(): idle
  *
- * may click and no click become lost when the pointer goes elsewhere. Qt reports a lost mouse grab to
- * QGraphicsItem::sceneEvent() only, and not at all when a popup or a dialog takes the release. So the current state
- * is compared with the one in which the press arrived: whenever the control is enabled, disabled, shown or hidden,
- * and on every event-loop iteration.
+ * may click and no click become lost when the pointer goes elsewhere. Qt reports a lost mouse grab
+ * to QGraphicsItem::sceneEvent() only, and not at all when a popup or a dialog takes the release.
+ * So the current state is compared with the one in which the press arrived: whenever the control is
+ * enabled, disabled, shown or hidden, and on every event-loop iteration.
  *
- * A lost press may leave a stale grab: the scene still targets the control and sends it the next press, wherever
- * that is. Such a press is redelivered to the scene.
+ * A lost press may leave a stale grab: the scene still targets the control and sends it the next
+ * press, wherever that is. Such a press is redelivered to the scene.
  *
- * A press that is ignored, by a control that is not selectable or by a derived class, has no pointer to lose, and no
- * end: it stays pressed.
+ * A press that is ignored, by a control that is not selectable or by a derived class, has no
+ * pointer to lose, and no end: it stays pressed.
  */
 class KELPress
 {
@@ -63,10 +64,11 @@ public:
     bool redeliverIfMisrouted(QGraphicsSceneMouseEvent *event);
 
     static KELPress *of(const KELRoundRectControl *control);
-    // After the base has handled a press: false for a press of another control, or when a slot deleted this one.
+    // After the base has handled a press: false for a press of another control, or when a slot
+    // deleted this one.
     static bool isOwn(const KELRoundRectControl *control);
-    // Last in each handler of a press that runs slots: restores the event's accepted flag and the grab, even if a
-    // slot deleted the control, which is null then.
+    // Last in each handler of a press that runs slots: restores the event's accepted flag and the
+    // grab, even if a slot deleted the control, which is null then.
     static void settle(KELRoundRectControl *control, QGraphicsSceneMouseEvent *event);
 
     // Of the press that runs, in the control.

@@ -11,8 +11,8 @@
 #include <cmath>
 #include <limits>
 
-// How numbers of applications become whole ones, each named after its rule. All accept any number: one beyond the
-// range becomes the nearest in it, NaN becomes 0.
+// How numbers of applications become whole ones, each named after its rule. All accept any number:
+// one beyond the range becomes the nearest in it, NaN becomes 0.
 namespace KELRounding {
 
 struct Range

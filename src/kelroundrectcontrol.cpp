@@ -20,7 +20,8 @@
 
 namespace {
 
-// Marks a parent while a child asks for its rectangle; ends the recursion if the parent asks its children.
+// Marks a parent while a child asks for its rectangle; ends the recursion if the parent asks its
+// children.
 class AskedParent
 {
 public:
@@ -49,9 +50,9 @@ private:
 
 const AskedParent *AskedParent::innermost = nullptr;
 
-// The control that the pointer has left, until its mouseLeave() is emitted. Qt keeps a raw pointer to the next item
-// while it sends hover events. A slot of mouseLeave() may delete that item, so the next item emits the signal when it
-// is entered.
+// The control that the pointer has left, until its mouseLeave() is emitted. Qt keeps a raw pointer
+// to the next item while it sends hover events. A slot of mouseLeave() may delete that item, so the
+// next item emits the signal when it is entered.
 KELRoundRectControl *leftControl = nullptr;
 
 void emitPendingLeave()
@@ -60,7 +61,8 @@ void emitPendingLeave()
         Q_EMIT control->mouseLeave();
 }
 
-// When the pointer leaves the view, Qt sends a leave to every hovered item; nothing is entered next.
+// When the pointer leaves the view, Qt sends a leave to every hovered item; nothing is entered
+// next.
 bool isOfALeftView(const QGraphicsSceneHoverEvent *event)
 {
     return !event->widget()->underMouse() && event->screenPos() == QCursor::pos()

@@ -25,7 +25,8 @@ public:
     static KELRoundRectControlStyle *newStyle();
     static void setDefaults(KELRoundRectControlStyle *style);
 
-    // For the sceneEventFilter() of controls that take the presses on their children: true for any button but the left one.
+    // For the sceneEventFilter() of controls that take the presses on their children: true for any
+    // button but the left one.
     static bool isEventOfOtherButton(QEvent *event);
 
     // The record's context menu; or null if it was deleted; the record's raw pointer cannot tell.
@@ -61,9 +62,10 @@ private:
 };
 
 /*
- * The record that a class of the library made, with fields behind those of the base. A control deletes its record as
- * the base's type, which does not destroy those fields: the class resets them before. A class that derives from it
- * may have stored a record without them, of which nobody can tell.
+ * The record that a class of the library made, with fields behind those of the base. A control
+ * deletes its record as the base's type, which does not destroy those fields: the class resets them
+ * before. A class that derives from it may have stored a record without them, of which nobody can
+ * tell.
  */
 template <class Style>
 class KELOwnStyle

@@ -30,7 +30,8 @@ void KELSceneView::tearDown(const QGraphicsView *view, QPointer<QGraphicsScene> 
 {
     QGraphicsScene *const own = *scene;
     scene->clear();
-    // Without an application object Qt cannot take a scene out of a view: it goes with the other children.
+    // Without an application object Qt cannot take a scene out of a view: it goes with the other
+    // children.
     if (own && own->parent() == view && QCoreApplication::instance())
         delete own;
 }

@@ -159,8 +159,8 @@ void KELTouchRouter::handle(QWindow *window, QEvent::Type type, const Points &po
     stopUnlessNeeded();
 }
 
-// Qt does not say which finger drives the mouse: it is the first one that was down. In a view inside a proxy the press
-// position may differ.
+// Qt does not say which finger drives the mouse: it is the first one that was down. In a view
+// inside a proxy the press position may differ.
 void KELTouchRouter::findMouse(const Points &points)
 {
     if (m_mouseId != unknownId)

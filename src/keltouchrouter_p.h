@@ -21,12 +21,12 @@ QT_END_NAMESPACE
 class KELRoundRectControl;
 
 /*
- * Turns further fingers, which Qt does not turn into mouse events, into presses, and ends the press of a control when
- * its touch is cancelled.
+ * Turns further fingers, which Qt does not turn into mouse events, into presses, and ends the press
+ * of a control when its touch is cancelled.
  *
- * Qt synthesises the mouse from one finger at a time and sends the others to no widget once the first was ignored.
- * Windows still receive them all. The router filters from the first press of a control by a finger until no finger is
- * down.
+ * Qt synthesises the mouse from one finger at a time and sends the others to no widget once the
+ * first was ignored. Windows still receive them all. The router filters from the first press of a
+ * control by a finger until no finger is down.
  */
 class KELTouchRouter : public QObject
 {

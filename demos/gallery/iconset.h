@@ -28,7 +28,8 @@ public:
     bool has(ushort codePoint) const;
     // The glyph, or a null one when the font lacks it.
     KELIconFont glyph(ushort codePoint) const;
-    // All code points with something to see: the private use area, or everything when that is empty.
+    // All code points with something to see: the private use area, or everything when that is
+    // empty.
     QVector<ushort> codePoints() const;
 
 private:

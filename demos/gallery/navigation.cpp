@@ -140,8 +140,9 @@ QVector<QRectF> Navigation::slotRects() const
     return Parts::grid(room, m_perLeaf, 1, rowGapPx);
 }
 
-// The menu lines up its entries without a gap, as one of its own would be a line: each is added as long as its slot
-// and the gap behind it, and cut to the slot afterwards. Then come the glyphs, which would push other entries on.
+// The menu lines up its entries without a gap, as one of its own would be a line: each is added as
+// long as its slot and the gap behind it, and cut to the slot afterwards. Then come the glyphs,
+// which would push other entries on.
 void Navigation::addMenu(int firstPage, QWidget *view)
 {
     const QVector<QRectF> cells = slotRects();

@@ -18,16 +18,16 @@ struct PageEntry;
 /*
  * A button for each page: a column, or a row when the bar is wider than high.
  *
- * The buttons are in a side menu. When not all of them fit, there are more menus, of which one is shown, and two
- * buttons that turn to the next one.
+ * The buttons are in a side menu. When not all of them fit, there are more menus, of which one is
+ * shown, and two buttons that turn to the next one.
  */
 class Navigation : public KELRoundRectControl
 {
     Q_OBJECT
 
 public:
-    // icons and pages must outlive the bar. Its menus are child widgets of view, in which parent is in its place
-    // already.
+    // icons and pages must outlive the bar. Its menus are child widgets of view, in which parent is
+    // in its place already.
     Navigation(const IconSet *icons, const std::vector<PageEntry> &pages, const QRectF &area,
                QGraphicsObject *parent, QWidget *view);
     ~Navigation() override;

@@ -21,8 +21,8 @@ KELRoundRectControl *addLabel(QGraphicsObject *parent, const QRectF &rect, const
 // A white box with a thin outline; the pointer goes through it.
 KELRoundRectControl *addCard(QGraphicsObject *parent, const QRectF &rect);
 
-// The same with a rectangle of its own that begins at (0, 0): line items, radio boxes and sliders need such
-// a parent.
+// The same with a rectangle of its own that begins at (0, 0): line items, radio boxes and sliders
+// need such a parent.
 KELRoundRectControl *addPanel(QGraphicsObject *parent, const QRectF &rect);
 
 // The same in dark, for what is white by default.

@@ -17,8 +17,9 @@ namespace Parts {
 
 constexpr qreal sliderAndBarHeight = 2 * Theme::touch + Theme::gap;
 
-// A slider and a progress bar that drive each other, and buttons that set the bar. Lower than three rows
-// of Theme::touch, slider and bar share the first one. The value is the same wherever they are shown.
+// A slider and a progress bar that drive each other, and buttons that set the bar. Lower than three
+// rows of Theme::touch, slider and bar share the first one. The value is the same wherever they are
+// shown.
 void addSliderAndBar(const PageHost &host, QGraphicsObject *parent, const QRectF &rect);
 
 } // namespace Parts

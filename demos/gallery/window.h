@@ -23,8 +23,8 @@ public:
 
     void showPage(int page);
 
-    // Where the control of that object name is, in window pixels; null when there is none. The other views,
-    // menus, dialogs and panels, are searched, too, shown or not.
+    // Where the control of that object name is, in window pixels; null when there is none. The
+    // other views, menus, dialogs and panels, are searched, too, shown or not.
     QRect geometryOf(const QString &name) const;
 
 protected:

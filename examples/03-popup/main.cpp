@@ -9,8 +9,8 @@
 
 #include <QApplication>
 
-// What a window or panel shows. The brush of the view fills its edge, too: without a compositor the rest of a
-// translucent window is black.
+// What a window or panel shows. The brush of the view fills its edge, too: without a compositor the
+// rest of a translucent window is black.
 static void fill(KELContentView *view, KELRoundRectControl *content, const QColor &colour)
 {
     view->setFrameShape(QFrame::NoFrame);
@@ -49,7 +49,8 @@ int main(int argc, char *argv[])
     fill(&panel, makeSwitch(QStringLiteral("Night mode")), QColor(20, 32, 46));
     panel.enableTime(5000); // closes also when it is left alone
 
-    // The press on the button is one outside the panel and would close it, for the click to open it again.
+    // The press on the button is one outside the panel and would close it, for the click to open it
+    // again.
     QObject::connect(button, &KELPushButton::mousePress, &panel, [&panel] {
         if (panel.isVisible())
             panel.ignoreOnce();

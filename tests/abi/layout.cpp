@@ -24,7 +24,8 @@
 #include <cstddef>
 #include <type_traits>
 
-// The records hold Qt values, so offsetof is conditionally supported; both our compilers support it.
+// The records hold Qt values, so offsetof is conditionally supported; both our compilers support
+// it.
 #pragma GCC diagnostic ignored "-Winvalid-offsetof"
 
 #define KEL_FOLLOWS(Record, before, after) \

@@ -8,8 +8,8 @@
 #include <QtCore/QString>
 #include <QtWidgets/QGraphicsObject>
 
-// The least that a control could be: holds a rectangle and a text, paints nothing, and has the cache and the flags
-// that a control has.
+// The least that a control could be: holds a rectangle and a text, paints nothing, and has the
+// cache and the flags that a control has.
 class BareItem : public QGraphicsObject
 {
 public:

@@ -104,7 +104,8 @@ void measureWith(int count)
     });
 }
 
-// What the items of the entries cost without a combo box: each has one for itself and one for its text.
+// What the items of the entries cost without a combo box: each has one for itself and one for its
+// text.
 void measureBareItems()
 {
     constexpr int count = 1000;

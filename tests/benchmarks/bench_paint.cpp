@@ -51,8 +51,8 @@ QPixmap makePicture()
     return pixmap;
 }
 
-// What a scene gives an item whose cache mode is DeviceCoordinateCache: a picture of its own with one pixel more on
-// each side.
+// What a scene gives an item whose cache mode is DeviceCoordinateCache: a picture of its own with
+// one pixel more on each side.
 class Canvas
 {
 public:

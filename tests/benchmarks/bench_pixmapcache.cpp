@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
-// A screen of 1280 x 800 full of buttons of 100 x 30, as docs/guide/board.md describes it: what QPixmapCache's limit
-// means for a frame that only shows again what is there, and for one button that changes.
+// A screen of 1280 x 800 full of buttons of 100 x 30, as docs/guide/board.md describes it: what
+// QPixmapCache's limit means for a frame that only shows again what is there, and for one button
+// that changes.
 
 #include "benchmark.h"
 

@@ -24,15 +24,17 @@
 /*
  * What every benchmark program shares.
  *
- * A scenario is something that several contenders do, each in its own way. A contender is measured between client
- * requests to callgrind, which leaves one dump a contender, and by the clock, which counts only outside
- * callgrind. The programs print lines of fields with tabs between them, which the script "benchmarks" reads:
+ * A scenario is something that several contenders do, each in its own way. A contender is measured
+ * between client requests to callgrind, which leaves one dump a contender, and by the clock, which
+ * counts only outside callgrind. The programs print lines of fields with tabs between them, which
+ * the script "benchmarks" reads:
  *
  *     measured, scenario, contender, role, number of repetitions, nanoseconds of all of them
  *     value, scenario, contender, name, value
  *     left out, scenario, contender, reason
  *
- * A program whose name starts with start_ is one contender as a whole, from its first instruction on.
+ * A program whose name starts with start_ is one contender as a whole, from its first instruction
+ * on.
  */
 namespace Benchmark {
 
@@ -67,7 +69,8 @@ inline bool isWanted(Role role)
     return !isQuick || role != Role::Other;
 }
 
-// usual by the clock; instruction counts are linear in the number of repetitions, so that few are enough.
+// usual by the clock; instruction counts are linear in the number of repetitions, so that few are
+// enough.
 inline int repetitions(int usual)
 {
     constexpr int fewer = 100;

@@ -13,8 +13,8 @@
 #include <QtGui/QPixmap>
 
 /*
- * The floor of a paint: the bare calls of QPainter that give the pixels of a control. All that these are given,
- * pens, brushes, fonts, rectangles, captions cut to their width, was made before.
+ * The floor of a paint: the bare calls of QPainter that give the pixels of a control. All that
+ * these are given, pens, brushes, fonts, rectangles, captions cut to their width, was made before.
  */
 namespace HandDrawing {
 

@@ -9,8 +9,8 @@
 
 #include <memory>
 
-// A window of Qt Quick, never shown, with one item of Qt Quick Controls 2 that fills it, and the software renderer.
-// Without Qt Quick it is never ready.
+// A window of Qt Quick, never shown, with one item of Qt Quick Controls 2 that fills it, and the
+// software renderer. Without Qt Quick it is never ready.
 class QuickWindow
 {
 public:

@@ -22,8 +22,8 @@ void visitControl(const Visitor &visit)
         visit(ClassTag<Class>());
 }
 
-// Calls visit(ClassTag<Class>()) for each public control, the base among them: a test that makes its rows with it has
-// those of a new control, too.
+// Calls visit(ClassTag<Class>()) for each public control, the base among them: a test that makes
+// its rows with it has those of a new control, too.
 template <typename Visitor>
 void forEachControl(const Visitor &visit)
 {

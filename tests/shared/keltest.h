@@ -78,8 +78,8 @@ QImage paint(QGraphicsItem *item, const QSize &size, qreal scale = 1);
 // Empty when equal; otherwise says where the pictures differ and where it saved them.
 QString difference(const QImage &actual, const QImage &expected);
 
-// Paints the item into a picture 100 px larger than its bounding rectangle, on every side. Empty when
-// no pixel outside the rectangle changed; otherwise says which.
+// Paints the item into a picture 100 px larger than its bounding rectangle, on every side. Empty
+// when no pixel outside the rectangle changed; otherwise says which.
 QString pixelsOutside(QGraphicsItem *item, qreal scale = 1);
 
 } // namespace KelImage

@@ -82,8 +82,8 @@ void ComboBoxPage::attached()
     refresh();
 }
 
-// Not on the page, which may be scaled: a combo box compares presses with places in the scene. There it also
-// lies over everything, however far its list reaches.
+// Not on the page, which may be scaled: a combo box compares presses with places in the scene.
+// There it also lies over everything, however far its list reaches.
 KELComboBox *ComboBoxPage::addBox(const QRectF &rect, const QString &name)
 {
     const QRect place = mapRectToScene(rect.translated(boundingRect().topLeft())).toRect();

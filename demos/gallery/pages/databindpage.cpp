@@ -12,8 +12,8 @@
 #include <KELRadioBox>
 #include <KELSlideControl>
 
-// Stands for what an application would show. A progress bar itself is no destination for numbers: its
-// property is a bool.
+// Stands for what an application would show. A progress bar itself is no destination for numbers:
+// its property is a bool.
 class LevelModel : public QObject
 {
     Q_OBJECT
@@ -147,7 +147,8 @@ void DataBindPage::addSlider(const QRectF &row)
     m_slider = new KELSlideControl(panel);
     m_slider->setboundRect(0, 0, panel->rect().width(), panel->rect().height());
     m_slider->setObjectName(QStringLiteral("source-slider"));
-    // A slider emits for unchanged values, too: with a step it does nothing when its own value comes back.
+    // A slider emits for unchanged values, too: with a step it does nothing when its own value
+    // comes back.
     m_slider->setStep(step);
     connect(m_slider, &KELSlideControl::valueChanged, this, &DataBindPage::refresh);
 }

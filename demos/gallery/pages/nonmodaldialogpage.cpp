@@ -113,7 +113,8 @@ KELPushButton *NonModalDialogPage::addOpener(const QRectF &rect, const QString &
 KELNonModalDialog *NonModalDialogPage::makePanel(const QString &title, KELRoundRectControl *content)
 {
     auto *panel = new KELNonModalDialog(host.view);
-    // A window of its own, wherever the gallery is: presses are compared with its place on the screen.
+    // A window of its own, wherever the gallery is: presses are compared with its place on the
+    // screen.
     panel->setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
     panel->setAttribute(Qt::WA_ShowWithoutActivating);
     panel->setWindowTitle(title);
@@ -180,7 +181,8 @@ void NonModalDialogPage::makeSteps()
             [this] { showBelow(m_stepsOpener, m_firstStep); });
 }
 
-// The press that would close the panel is the opener's own: without ignoreOnce() the click opened it again.
+// The press that would close the panel is the opener's own: without ignoreOnce() the click opened
+// it again.
 void NonModalDialogPage::connectOpener(KELPushButton *opener,
                                        const QVector<KELNonModalDialog *> &panels)
 {

@@ -5,11 +5,12 @@
 #define KEL_NONCONST_DECLARATIONS_H
 
 /*
- * The public classes as a program may have declared them: queries that change nothing, but are not const. It asks the
- * library for names that the public headers do not give.
+ * The public classes as a program may have declared them: queries that change nothing, but are not
+ * const. It asks the library for names that the public headers do not give.
  *
- * Written by hand, and in place of the public headers: never include both. Sizes, bases and the order of virtual
- * functions are those of the library; moc must not see these classes, whose meta-objects the library has.
+ * Written by hand, and in place of the public headers: never include both. Sizes, bases and the
+ * order of virtual functions are those of the library; moc must not see these classes, whose
+ * meta-objects the library has.
  */
 
 #include <QtCore/QList>

@@ -29,7 +29,8 @@ static_assert(sizeof(KELDataBind) == 24, "KELDataBind");
 
 namespace {
 
-// A glyph of the icon font is drawn with the font of the application where no icon font is installed.
+// A glyph of the icon font is drawn with the font of the application where no icon font is
+// installed.
 constexpr ushort letterCode = 'A';
 
 bool isBlank(const QImage &image)
@@ -77,7 +78,8 @@ int Lamp::destroyed = 0;
 
 } // namespace
 
-// A program whose declarations of the queries are not const is linked, and is given the right functions.
+// A program whose declarations of the queries are not const is linked, and is given the right
+// functions.
 class tst_NonConst : public KelTest
 {
     Q_OBJECT

@@ -73,7 +73,8 @@ const QVector<Exemption> &exemptions()
              return !cell.isLater && cell.is("selectionChanged")
                  && (cell.victimHoldsTarget
                      || cell.victimHoldsSender
-                     // Another item is selected as well, by the second tap or by what the first one did.
+                     // Another item is selected as well, by the second tap or by what the first one
+                     // did.
                      || cell.victim == QLatin1String("button below")
                      || ((cell.stage == QLatin1String("open combo box")
                           || cell.stage == QLatin1String("navigation table"))

@@ -19,8 +19,8 @@
 
 class QMenu;
 
-// The objects of a cell whose destructor has begun. A slot that deletes one of these again is the application's
-// mistake, and no cell.
+// The objects of a cell whose destructor has begun. A slot that deletes one of these again is the
+// application's mistake, and no cell.
 class Dying
 {
 public:
@@ -37,7 +37,8 @@ private:
     }
 };
 
-// An object that an application makes: it tells of its death before the destructors of the library run.
+// An object that an application makes: it tells of its death before the destructors of the library
+// run.
 template <class Type>
 class Own : public Type
 {
@@ -137,7 +138,8 @@ protected:
     }
 };
 
-// What a cell plays on: objects that know of each other, all of which may be deleted. Built afresh for each cell.
+// What a cell plays on: objects that know of each other, all of which may be deleted. Built afresh
+// for each cell.
 class Stage
 {
 public:

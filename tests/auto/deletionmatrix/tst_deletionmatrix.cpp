@@ -32,17 +32,20 @@ extern "C" Q_DECL_EXPORT const char *__lsan_default_suppressions() // NOLINT
 #endif
 
 /*
- * Every signal that fires while something is done to the objects of a stage, with a slot that deletes one of them.
+ * Every signal that fires while something is done to the objects of a stage, with a slot that
+ * deletes one of them.
  *
- * What fires is found out by a rehearsal of each action on each stage, with all signals of all objects connected.
- * Each signal that fired makes cells: it times every object of the stage, deleted at once or later. Of cells that
- * differ in the place only, one is run. What is left out stands in matrixexemptions.cpp.
+ * What fires is found out by a rehearsal of each action on each stage, with all signals of all
+ * objects connected. Each signal that fired makes cells: it times every object of the stage,
+ * deleted at once or later. Of cells that differ in the place only, one is run. What is left out
+ * stands in matrixexemptions.cpp.
  *
- * The cells run in a process of their own, which is replaced when it ends: a cell that crashes or hangs is named,
- * and the others run all the same.
+ * The cells run in a process of their own, which is replaced when it ends: a cell that crashes or
+ * hangs is named, and the others run all the same.
  *
- * KEL_MATRIX_CELLS=<count> runs so many of them, chosen evenly, always the same; KEL_MATRIX_CELLS=all also those
- * that differ in the place only. KEL_MATRIX_CELL=<number> runs one in this process, for a debugger.
+ * KEL_MATRIX_CELLS=<count> runs so many of them, chosen evenly, always the same;
+ * KEL_MATRIX_CELLS=all also those that differ in the place only. KEL_MATRIX_CELL=<number> runs one
+ * in this process, for a debugger.
  */
 
 namespace {

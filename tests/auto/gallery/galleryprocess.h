@@ -20,7 +20,8 @@ struct Result
 // The gallery to start: what KEL_GALLERY says, or the one that is installed.
 QString program();
 
-// The environment of a machine without a display. runtimeDir keeps Qt from warning that there is none.
+// The environment of a machine without a display. runtimeDir keeps Qt from warning that there is
+// none.
 QProcessEnvironment environment(const QString &runtimeDir);
 
 // Runs the gallery to its end.

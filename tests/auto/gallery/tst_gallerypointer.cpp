@@ -33,8 +33,8 @@ QVector<double> valuesOf(const QStringList &log, const QString &control)
     return values;
 }
 
-// Whether each value of the slider is followed at once by its whole number from the bar, unless the bar is
-// there already.
+// Whether each value of the slider is followed at once by its whole number from the bar, unless the
+// bar is there already.
 bool barFollowsSlider(const QStringList &log, int barValue)
 {
     for (int i = 0; i < log.size(); ++i) {
@@ -418,7 +418,8 @@ void tst_GalleryPointer::sliderReachesBoundsOtherThanZero()
     startGallery("slide-control", logPath());
     const QRect slider = geometryOf("slide-control", "offset-slider");
     const int y = slider.center().y();
-    // At 45 from 20 to 120 the knob begins at a quarter of the travel: there the press moves nothing.
+    // At 45 from 20 to 120 the knob begins at a quarter of the travel: there the press moves
+    // nothing.
     const QPoint knob(slider.left() + 15 + (slider.width() - 30) / 4, y);
     QVERIFY(tap(knob));
     QTRY_COMPARE_WITH_TIMEOUT(gestures(),
@@ -627,7 +628,8 @@ void tst_GalleryPointer::manualBindingMovesByUpdateOnly()
     QStringList expected{"Mode: idChanged 1", "Binding: setBind(Manual)", "Model: levelChanged 50",
                          "Binding: error : bind is not setted", "Binding: update()"};
     QTRY_COMPARE_WITH_TIMEOUT(changes(), expected, patienceMs);
-    // The slider stands at the model's 50 now, without having said so: there a tap takes hold of it.
+    // The slider stands at the model's 50 now, without having said so: there a tap takes hold of
+    // it.
     const QRect slider = geometryOf("data-bind", "source-slider");
     QVERIFY(tap({slider.left() + 15 + (slider.width() - 30) / 2, slider.center().y()}));
     QTRY_COMPARE_WITH_TIMEOUT(gestures().last(), "Slider: mouseClicked", patienceMs);
@@ -745,7 +747,8 @@ void tst_GalleryPointer::dialogBlocksTheWindow()
     startGallery("dialog-base", logPath());
     QVERIFY(tap("dialog-base", "enter-pin"));
     QTRY_COMPARE_WITH_TIMEOUT(changes().size(), 1, patienceMs);
-    // Neither the button, whose upper half is free, nor another page, which would take the dialog away.
+    // Neither the button, whose upper half is free, nor another page, which would take the dialog
+    // away.
     const QPoint free = geometryOf("dialog-base", "enter-pin").topLeft() + QPoint(20, 20);
     QVERIFY(tap(free) && tap("dialog-base", "nav-data-bind"));
     QVERIFY(tapKeys({"2", "5", "8", "0"}));

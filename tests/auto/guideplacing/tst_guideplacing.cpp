@@ -316,7 +316,8 @@ void tst_GuidePlacing::withoutLayerTheCircleIsBesideItsPlace()
     removeLayer(stage.table);
     all<KELSlideControl>(stage.view).value(0)->hide();
     QVERIFY(stage.show());
-    // The circle would be 35 px further up, where the cache has cut it off; the press is taken below.
+    // The circle would be 35 px further up, where the cache has cut it off; the press is taken
+    // below.
     QVERIFY(drawnIn(blue, stage.view).isEmpty());
     click(stage.view, pageCorner + QPointF(100, 40));
     QVERIFY(all<KELRadioBox>(stage.view).value(1)->isCheck());

@@ -40,8 +40,8 @@ KELCheckBoxStyle *styleOf(const KELCheckBox &box)
     return static_cast<KELCheckBoxStyle *>(box.style());
 }
 
-// A check box drawn step by step from the description of its look. It shares no code with the library, so that
-// a mistake there shows up as a difference.
+// A check box drawn step by step from the description of its look. It shares no code with the
+// library, so that a mistake there shows up as a difference.
 struct HandDrawing
 {
     QRectF rect;

@@ -32,7 +32,8 @@ void connectTo(KELRoundRectControl *control, int signal, QObject *context,
         QObject::connect(control, &KELRoundRectControl::mouseClicked, context, slot);
 }
 
-// A new combo box in the place of the old one can be opened and used: nobody remembers the dead ones.
+// A new combo box in the place of the old one can be opened and used: nobody remembers the dead
+// ones.
 bool nextBoxWorks(ComboStage *stage, Input input)
 {
     QCoreApplication::processEvents();

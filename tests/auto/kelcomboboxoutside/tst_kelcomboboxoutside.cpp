@@ -454,8 +454,9 @@ void tst_KELComboBoxOutside::lastPixelIsInside_data()
     }
 }
 
-// A press belongs to a control as soon as the control has a part of the pixel, as in a scene. Kept as it is: what a
-// scene tells is the left top corner of the pixel, which is beside a control that begins within the pixel.
+// A press belongs to a control as soon as the control has a part of the pixel, as in a scene. Kept
+// as it is: what a scene tells is the left top corner of the pixel, which is beside a control that
+// begins within the pixel.
 void tst_KELComboBoxOutside::lastPixelIsInside()
 {
     QFETCH(int, input);
@@ -568,7 +569,8 @@ void tst_KELComboBoxOutside::entryBelowTheListCloses()
     QCOMPARE(changed.count(), 0);
 }
 
-// A press near the one before it, and soon after it, is a double click, also when it is beside the control.
+// A press near the one before it, and soon after it, is a double click, also when it is beside the
+// control.
 void tst_KELComboBoxOutside::doubleClickOutsideCloses()
 {
     ComboStage stage;
@@ -734,7 +736,8 @@ void tst_KELComboBoxOutside::viewInsideTheSceneItShows()
     QTest::mouseRelease(&other, Qt::LeftButton, Qt::NoModifier, QPoint(20, 20));
 }
 
-// Kept as it is: the press on the button of a box that was moved by setPos() counts as one beside it.
+// Kept as it is: the press on the button of a box that was moved by setPos() counts as one beside
+// it.
 void tst_KELComboBoxOutside::scenePressComparesItemPositions()
 {
     QFETCH(int, input);

@@ -402,7 +402,8 @@ void tst_KELComboBoxPointer::movedItemLeavesTheTree_data()
     QTest::newRow("entry, numbers") << false << false;
 }
 
-// A tree that was not told of the move goes on to find at the old place what is no longer in the scene.
+// A tree that was not told of the move goes on to find at the old place what is no longer in the
+// scene.
 void tst_KELComboBoxPointer::movedItemLeavesTheTree()
 {
     QFETCH(bool, isBox);

@@ -624,7 +624,8 @@ void tst_KELContentView::sceneFollowsItsItemsBeforeTheFirstResize()
 
 void tst_KELContentView::scalesWithTheLayout()
 {
-    // A layout in the window itself gives it size hints, which the offscreen platform complains about.
+    // A layout in the window itself gives it size hints, which the offscreen platform complains
+    // about.
     QWidget window;
     auto *host = new QWidget(&window);
     auto *layout = new QHBoxLayout(host);

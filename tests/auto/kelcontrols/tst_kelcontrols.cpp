@@ -50,11 +50,11 @@ struct ControlClass
     QByteArray name;
     const QMetaObject *meta;
     Maker make;
-    // A pixmap is placed at whole pixels of the item: it may leave a rectangle that is not by one of
-    // them.
+    // A pixmap is placed at whole pixels of the item: it may leave a rectangle that is not by one
+    // of them.
     bool hasPixmap;
-    // How far beyond its rectangle it paints, in item px: an outline that is not inset, and parts of fixed size
-    // in a control smaller than they are.
+    // How far beyond its rectangle it paints, in item px: an outline that is not inset, and parts
+    // of fixed size in a control smaller than they are.
     qreal reachPx = 0;
     qreal tinyReachPx = 0;
     bool isCutToItsShape = meta->inherits(&KELPushButton::staticMetaObject);
@@ -63,7 +63,8 @@ struct ControlClass
 template <typename Control>
 constexpr const QMetaObject *meta = &Control::staticMetaObject;
 
-// Layouts of a class, where there is more than a picture and a caption, and what paints beyond its rectangle.
+// Layouts of a class, where there is more than a picture and a caption, and what paints beyond its
+// rectangle.
 const ControlClass specialClasses[] = {
     {"push button, pixmap above caption", meta<KELPushButton>,
      [] { return make<KELPushButton>(true, false, true, true); }, true},
@@ -89,8 +90,8 @@ const ControlClass specialClasses[] = {
      false, 0, 35},
 };
 
-// A line is not where its rectangle is, and neither are the tabs of a navigation table. A combo box paints nothing
-// itself; its parts are of the other classes.
+// A line is not where its rectangle is, and neither are the tabs of a navigation table. A combo box
+// paints nothing itself; its parts are of the other classes.
 const QMetaObject *const leftOut[] = {meta<KELLineItem>, meta<KELNavigationTableItem>,
                                       meta<KELComboBox>};
 

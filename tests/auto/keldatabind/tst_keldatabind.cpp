@@ -414,7 +414,8 @@ void tst_KELDataBind::bindDoublesTheConnections()
         destination.forget();
         source.setValue(10 * connections);
         QCOMPARE(destination.writes.size(), there);
-        // The first of the writes changes the destination, and that comes back over every connection.
+        // The first of the writes changes the destination, and that comes back over every
+        // connection.
         QCOMPARE(source.writes.size(), 1 + (there ? back : 0));
 
         source.forget();
@@ -731,7 +732,8 @@ void tst_KELDataBind::destroyedBindingDisconnects()
     QCOMPARE(destination.value(), 0);
 }
 
-// A binding that lives in another thread is called there, which is never when that thread does not run.
+// A binding that lives in another thread is called there, which is never when that thread does not
+// run.
 void tst_KELDataBind::connectionsAreAutomatic()
 {
     Model source;

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
-// Throws in the way its argument names, while a binding calls. Exits with 42 when that ends the program as
-// std::terminate() does, and with 1 when the exception leaves the binding.
+// Throws in the way its argument names, while a binding calls. Exits with 42 when that ends the
+// program as std::terminate() does, and with 1 when the exception leaves the binding.
 
 #include <keldatabind.h>
 

@@ -50,8 +50,8 @@ struct Traces
     QVector<const char *> cases; // what the step is about, in words
 };
 
-// What KELDataBind promises, as an interpreter of steps: objects, their properties and connections are records.
-// A copy of a model is another world.
+// What KELDataBind promises, as an interpreter of steps: objects, their properties and connections
+// are records. A copy of a model is another world.
 class BindModel
 {
 public:

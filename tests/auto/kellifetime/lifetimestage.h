@@ -151,7 +151,8 @@ public:
         QCoreApplication::sendEvent(view.viewport(), &event);
     }
 
-    // Shows that the scene has forgotten the dead control: a new one in its place gets one whole tap.
+    // Shows that the scene has forgotten the dead control: a new one in its place gets one whole
+    // tap.
     bool nextControlIsClicked(Input input)
     {
         QCoreApplication::processEvents();

@@ -14,11 +14,11 @@
 
 /*
  * Left out, because Qt itself cannot do it, with any item:
- * - delete of the view inside a slot that runs during its own event: QGraphicsView touches itself and
- *   its scene after the scene has handled the event. deleteLater() works and is tested.
+ * - delete of the view inside a slot that runs during its own event: QGraphicsView touches itself
+ * and its scene after the scene has handled the event. deleteLater() works and is tested.
  * - delete of the scene inside such a slot, for the same reason.
- * - scene.clear() or delete of the parent item while the destroyed control is still being destroyed by
- *   a scene.clear() or a parent item: the inner call would delete what the outer one is deleting.
+ * - scene.clear() or delete of the parent item while the destroyed control is still being destroyed
+ * by a scene.clear() or a parent item: the inner call would delete what the outer one is deleting.
  */
 
 namespace {

@@ -729,7 +729,8 @@ void tst_KELLineItem::paintsNothingBeyondHalfItsWidth()
     for (const float width : {0.5F, 1.0F, 5.0F, 12.0F}) {
         item.style()->borderWidth = width;
         for (const qreal scale : scales) {
-            // The corner of a slanted line's square end is the farthest, and Qt rounds to whole pixels.
+            // The corner of a slanted line's square end is the farthest, and Qt rounds to whole
+            // pixels.
             const qreal reach = std::max(double(width), 1 / scale) / 2 * M_SQRT2 + 1 / scale;
             const QRectF box = item.boundingRect().adjusted(-reach, -reach, reach, reach);
             const QRectF scaled(box.topLeft() * scale, box.size() * scale);

@@ -12,8 +12,8 @@
 
 #include <cmath>
 
-// A navigation table drawn step by step from the description of its look. It shares no code with the library,
-// so that a mistake there shows up as a difference.
+// A navigation table drawn step by step from the description of its look. It shares no code with
+// the library, so that a mistake there shows up as a difference.
 class HandDrawing
 {
 public:

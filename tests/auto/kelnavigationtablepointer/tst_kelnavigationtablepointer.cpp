@@ -367,7 +367,8 @@ void tst_KELNavigationTablePointer::controlBesideTheTableIsFound_data()
     }
 }
 
-// A control that sticks out of the table moves when its page is placed. Where the table is, a tree always looks.
+// A control that sticks out of the table moves when its page is placed. Where the table is, a tree
+// always looks.
 void tst_KELNavigationTablePointer::controlBesideTheTableIsFound()
 {
     QFETCH(int, index);

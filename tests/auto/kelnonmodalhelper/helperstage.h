@@ -49,8 +49,8 @@ inline int remainingMs(KELNonModalhelper *helper)
         : QAbstractEventDispatcher::instance()->remainingTime(timers.constFirst().timerId);
 }
 
-// Waits until every hide scheduled so far has been carried out: timers of one length fire in the order in which
-// they were started.
+// Waits until every hide scheduled so far has been carried out: timers of one length fire in the
+// order in which they were started.
 inline void letScheduledHidesRun()
 {
     QEventLoop loop;

@@ -15,8 +15,8 @@
 
 #include <sys/wait.h>
 
-// The test program once more, as a process of its own that ends while helpers are at work. It prints "left" at the
-// last moment that it has, and is expected to print nothing else.
+// The test program once more, as a process of its own that ends while helpers are at work. It
+// prints "left" at the last moment that it has, and is expected to print nothing else.
 namespace LeavingProcess {
 
 // Outlive main(), and are destroyed after the application object.

@@ -341,7 +341,8 @@ void tst_KELNonModalhelperLifetime::staticShowInTheHideEvent()
         stage.pressOutside();
     QTRY_VERIFY_WITH_TIMEOUT(shownAgain, patienceMs);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    // A helper of the static show() is replaced in the middle of its work; another one is not touched.
+    // A helper of the static show() is replaced in the middle of its work; another one is not
+    // touched.
     QCOMPARE(old.isNull(), madeByStaticShow);
     QCOMPARE(stage.triggered, madeByStaticShow ? 0 : 1);
     QCOMPARE(watch.made.size(), 2);

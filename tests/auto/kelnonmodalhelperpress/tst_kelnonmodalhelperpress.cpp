@@ -360,7 +360,8 @@ struct RealRow
     Outcome other;
 };
 
-// With TriggerScreen the panel is a window of its own. A widget that ignores the press hands it to its parent.
+// With TriggerScreen the panel is a window of its own. A widget that ignores the press hands it to
+// its parent.
 const RealRow realRows[] = {
     {"on the widget", [](Stage *s) { return spotIn(s->panel, QPoint(60, 40)); }, nothing, restarts,
      restarts, restarts},

@@ -59,7 +59,8 @@ KELRoundRectControl *newControl(ControlType type)
     return control;
 }
 
-// Two controls in a view inside a window: the one that loses the pointer, and another one beside it.
+// Two controls in a view inside a window: the one that loses the pointer, and another one beside
+// it.
 struct Stage
 {
     explicit Stage(ControlType type) :

@@ -335,7 +335,8 @@ void tst_KELPress::hiddenOrDisabledProxyLosesThePress()
         delete proxy;
 }
 
-// It is never painted, which Qt would do for ever. The other view serves nobody, so that no view ends the search.
+// It is never painted, which Qt would do for ever. The other view serves nobody, so that no view
+// ends the search.
 void tst_KELPress::viewInsideTheSceneItShows()
 {
     KelTestView outer;

@@ -7,8 +7,8 @@
 #include <array>
 #include <map>
 
-// What a group and its boxes are to do, worked out here once more. Boxes are numbers; a box that does not exist
-// is neither checked nor deaf.
+// What a group and its boxes are to do, worked out here once more. Boxes are numbers; a box that
+// does not exist is neither checked nor deaf.
 class GroupModel
 {
 public:

@@ -45,8 +45,8 @@ inline bool hasTimer(QObject *object)
     return !QAbstractEventDispatcher::instance()->registeredTimers(object).isEmpty();
 }
 
-// Three boxes in a view above a push button, and a group they are not in yet. Writes the signals down with the
-// number of the box; "id" is idChanged().
+// Three boxes in a view above a push button, and a group they are not in yet. Writes the signals
+// down with the number of the box; "id" is idChanged().
 class GroupStage
 {
 public:

@@ -748,8 +748,8 @@ void tst_KELRoundRectControlPaint::nothingIsPaintedOutside()
     KELRoundRectControl control;
     furnish(&control, rect, look);
     const KELRoundRectControlStyle &style = *control.style();
-    // Qt smooths a line thinner than a pixel over the pixels beside it, and reckons with that wherever
-    // it repaints an item.
+    // Qt smooths a line thinner than a pixel over the pixels beside it, and reckons with that
+    // wherever it repaints an item.
     const bool isHairline = style.borderBrush.style() != Qt::NoBrush && style.borderWidth > 0
         && qreal(style.borderWidth) * scale <= 1;
     EnlargedItem item(&control, isHairline ? 1 / scale : 0);

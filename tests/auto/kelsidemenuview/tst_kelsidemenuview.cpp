@@ -508,7 +508,8 @@ void tst_KELSideMenuView::sceneDeletedWhileAdded()
     QVERIFY(!control->scene());
 }
 
-// Qt itself does not survive this while it resizes a widget, but it does when the event comes from elsewhere.
+// Qt itself does not survive this while it resizes a widget, but it does when the event comes from
+// elsewhere.
 void tst_KELSideMenuView::menuDeletedInASlotOfItsScene()
 {
     const QPointer<OpenMenu> menu(new OpenMenu(nullptr));

@@ -274,8 +274,8 @@ QString differenceFrom(
     return KelImage::difference(actual, wanted);
 }
 
-// How many pixels the painting reaches beyond each side of the bounding rectangle, whose corner and size have to
-// fall on whole pixels at this scale.
+// How many pixels the painting reaches beyond each side of the bounding rectangle, whose corner and
+// size have to fall on whole pixels at this scale.
 QMargins reachOf(KELSlideControl *slider, qreal scale)
 {
     constexpr int marginPx = 120;

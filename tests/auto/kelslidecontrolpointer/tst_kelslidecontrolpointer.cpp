@@ -474,8 +474,8 @@ void tst_KELSlideControlPointer::dragInSteps()
         stage.move(input, grip + QPoint(way, 0));
         QCOMPARE(stage.slider->value(), expected);
         QCOMPARE(stage.valueSignals(), signalCount);
-        // The way counts from the press, the step from the present value: back at the press, it is a whole
-        // number of steps.
+        // The way counts from the press, the step from the present value: back at the press, it is
+        // a whole number of steps.
         stage.move(input, grip);
         QCOMPARE(stage.slider->value(), 50.0F);
         stage.release(input, grip);
