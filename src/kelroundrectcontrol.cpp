@@ -272,7 +272,7 @@ QRectF KELRoundRectControl::boundingRect() const
     return m_style->boundRect.translated(parent->boundingRect().topLeft());
 }
 
-// Compat: neither overload tells the scene or repaints
+// Compat: neither overload notifies the scene or repaints
 void KELRoundRectControl::setboundRect(const QRectF &rect)
 {
     m_style->boundRect = rect;

@@ -70,7 +70,7 @@ void Parts::addSliderAndBar(const PageHost &host, QGraphicsObject *parent, const
 
     rememberValue(host, bar, QStringLiteral("Slider and bar"));
     slider->setValue(float(bar->value()));
-    // Watched first: the log tells who moved whom.
+    // Watched first: the log shows who moved whom.
     host.log->watch(slider, QStringLiteral("Slider"));
     host.log->watch(bar, QStringLiteral("Bar"));
     connectBothWays(slider, bar);

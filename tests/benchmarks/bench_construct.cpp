@@ -58,7 +58,7 @@ private:
     template <typename Make>
     static QByteArray heapBytes(Make make)
     {
-        // What the allocator keeps for itself counts little among so many.
+        // What the allocator keeps for itself counts little among this many.
         constexpr std::size_t count = 500;
         std::vector<std::unique_ptr<QObject>> contenders(count);
         const std::size_t before = mallinfo2().uordblks;

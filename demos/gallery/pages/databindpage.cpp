@@ -106,7 +106,7 @@ DataBindPage::DataBindPage(const PageHost &pageHost, const QRectF &area) :
     const int level = remembered(QStringLiteral("level"), firstLevel);
     makeModel(level);
     m_slider->setValue(float(level));
-    // Watched before the binding listens: the log tells who moved whom.
+    // Watched before the binding listens: the log shows who moved whom.
     host.log->watch(m_slider, QStringLiteral("Slider"));
     addModes(Parts::addDarkPanel(this, modes));
     bindAsSelected();

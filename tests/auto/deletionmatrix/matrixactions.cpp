@@ -71,7 +71,7 @@ void hover(const Spot &spot, const QPoint &pos)
     sendMouse(spot.viewport, QEvent::MouseMove, pos, Qt::NoButton, Qt::NoButton);
 }
 
-// As the window system tells of it. QTest::touchEvent() does the same, and sleeps.
+// As the window system reports it. QTest::touchEvent() does the same, and sleeps.
 void touch(const Spot &spot, Qt::TouchPointState state)
 {
     if (!spot.viewport)

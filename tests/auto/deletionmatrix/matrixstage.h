@@ -37,7 +37,7 @@ private:
     }
 };
 
-// An object that an application makes: it tells of its death before the destructors of the library
+// An object that an application makes: it reports its death before the destructors of the library
 // run.
 template <class Type>
 class Own : public Type
@@ -119,7 +119,7 @@ Q_SIGNALS:
     void converting();
 };
 
-// A panel that tells when it is hidden.
+// A panel that reports when it is hidden.
 class TellingPanel : public KELNonModalDialog
 {
     Q_OBJECT

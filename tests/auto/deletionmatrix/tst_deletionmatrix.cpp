@@ -43,7 +43,7 @@ extern "C" Q_DECL_EXPORT const char *__lsan_default_suppressions() // NOLINT
  * The cells run in a process of their own, which is replaced when it ends: a cell that crashes or
  * hangs is named, and the others run all the same.
  *
- * KEL_MATRIX_CELLS=<count> runs so many of them, chosen evenly, always the same;
+ * KEL_MATRIX_CELLS=<count> runs that many of them, chosen evenly, always the same;
  * KEL_MATRIX_CELLS=all also those that differ in the place only. KEL_MATRIX_CELL=<number> runs one
  * in this process, for a debugger.
  */
@@ -215,7 +215,7 @@ QString kindOf(const CellFacts &facts, int nth)
         .join(QLatin1Char(' '));
 }
 
-// What the process that plays tells the one that waits.
+// What the playing process reports to the waiting one.
 struct Board
 {
     int cell;
@@ -470,7 +470,7 @@ bool tst_DeletionMatrix::choose()
     std::mt19937 random(1); // NOLINT(cert-msc51-cpp): always the same cells
     QVector<Cell> chosen;
     for (int i = 0; i < m_cells.size(); ++i) {
-        // Selection sampling: each set of so many cells is as likely as any other.
+        // Selection sampling: each set of that many cells is as likely as any other.
         if (random() % quint32(m_cells.size() - i) < quint32(count - chosen.size()))
             chosen.append(m_cells.at(i));
     }

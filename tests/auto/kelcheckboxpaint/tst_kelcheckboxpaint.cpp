@@ -40,7 +40,7 @@ KELCheckBoxStyle *styleOf(const KELCheckBox &box)
     return static_cast<KELCheckBoxStyle *>(box.style());
 }
 
-// A check box drawn step by step from the description of its look. It shares no code with the
+// A check box drawn by hand, step by step. It shares no code with the
 // library, so that a mistake there shows up as a difference.
 struct HandDrawing
 {

@@ -299,7 +299,7 @@ inline QImage shownPicture(const QWidget &view)
     return window->windowHandle()->screen()->grabWindow(window->winId()).toImage();
 }
 
-// Empty when nothing changes once everything is painted anew.
+// Empty when nothing changes once everything is repainted.
 inline QString staleParts(const KelTestView &view)
 {
     const QImage shown = shownPicture(view);

@@ -736,7 +736,7 @@ void tst_KELComboBoxOutside::viewInsideTheSceneItShows()
     QTest::mouseRelease(&other, Qt::LeftButton, Qt::NoModifier, QPoint(20, 20));
 }
 
-// Kept as it is: the press on the button of a box that was moved by setPos() counts as one beside
+// Compat: the press on the button of a box that was moved by setPos() counts as one beside
 // it.
 void tst_KELComboBoxOutside::scenePressComparesItemPositions()
 {

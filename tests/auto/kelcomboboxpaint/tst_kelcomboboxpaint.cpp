@@ -45,7 +45,7 @@ void setCacheModes(QGraphicsItem *item, QGraphicsItem::CacheMode mode)
         setCacheModes(child, mode);
 }
 
-// A combo box in a scene that paints it anew each time.
+// A combo box in a scene that repaints it each time.
 class Picture
 {
 public:

@@ -329,7 +329,7 @@ void tst_KELComboBoxPointer::entryMovedByAFractionIsPaintedAnew_data()
     }
 }
 
-// As many pixels as before, so that only what is said to have changed is painted anew.
+// As many pixels as before, so that only what was reported as changed is repainted.
 void tst_KELComboBoxPointer::entryMovedByAFractionIsPaintedAnew()
 {
     QFETCH(int, indexMethod);

@@ -32,7 +32,7 @@ constexpr double infinite = std::numeric_limits<double>::infinity();
 const QRect shortMessage(185, 210, 430, 180);
 const QRect longMessage(185, 155, 430, 290);
 
-// The resource of this program is a picture of so many fields, each one pixel.
+// The resource of this program is a picture of this many fields, each one pixel.
 constexpr int fieldsPerSide = 10;
 
 // That picture in another size, which must be a multiple.

@@ -12,7 +12,7 @@
 
 #include <cmath>
 
-// A navigation table drawn step by step from the description of its look. It shares no code with
+// A navigation table drawn by hand, step by step. It shares no code with
 // the library, so that a mistake there shows up as a difference.
 class HandDrawing
 {

@@ -804,7 +804,7 @@ void tst_KELNavigationTablePaint::shownTableIsRepainted()
     QCOMPARE(areaOf(view.grab().toImage(), Qt::magenta), QRect(220, 230, 220, 80));
     table->setSelectIndex(0);
     QCOMPARE(areaOf(view.grab().toImage(), Qt::magenta), QRect(0, 230, 220, 80));
-    // A third page: all tabs are drawn anew.
+    // A third page: all tabs are redrawn.
     table->addItem(new KELNavigationTableItem(nullptr));
     QCOMPARE(areaOf(view.grab().toImage(), Qt::magenta), QRect(0, 230, 147, 80));
 }

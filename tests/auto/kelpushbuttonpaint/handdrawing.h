@@ -12,7 +12,7 @@
 
 #include <cmath>
 
-// A push button drawn step by step from the description of its look. It shares no code with the
+// A push button drawn by hand, step by step. It shares no code with the
 // library, so that a mistake there shows up as a difference.
 class HandDrawing
 {

@@ -16,7 +16,7 @@ const QSize canvas(150, 110);
 constexpr qreal scales[] = {0.5, 1, 1.5, 2};
 const QColor dotColour(50, 173, 235);
 
-// A radio box drawn step by step from the description of its look. It shares no code with the
+// A radio box drawn by hand, step by step. It shares no code with the
 // library, so that a mistake there shows up as a difference.
 struct HandDrawing
 {

@@ -63,7 +63,7 @@ public:
     }
     ~GroupStage()
     {
-        // The scene tells of its end when a box in it is marked.
+        // The scene emits selectionChanged() when it dies with a marked box.
         QObject::disconnect(&view.ownScene, &QGraphicsScene::selectionChanged, nullptr, nullptr);
         delete group;
     }

@@ -907,7 +907,7 @@ void tst_KELSlideControlPointer::secondButtonDuringADrag()
     stage.view.press(onKnobAtZero);
     stage.view.move(onKnobAtZero + QPoint(40, 0));
     QCOMPARE(stage.slider->value(), 20.0F);
-    // On the knob: the drag begins anew from here.
+    // On the knob: the drag starts again from here.
     stage.sendMouse(QEvent::MouseButtonPress, QPoint(85, 120), Qt::RightButton, both);
     QCOMPARE(stage.slider->value(), 20.0F);
     stage.view.move(QPoint(95, 120));

@@ -72,7 +72,7 @@ recipe_value() {
     sed -n "s/^$(printf '%s' "$1" | sed 's/[][]/\\&/g') ?*= \"\(.*\)\"\$/\1/p" "$recipe"
 }
 
-# package_config NAME ON|OFF: the words for CMake of a PACKAGECONFIG entry.
+# package_config NAME ON|OFF: the CMake arguments of a PACKAGECONFIG entry.
 package_config() {
     local value
     value=$(recipe_value "PACKAGECONFIG[$1]")
