@@ -44,7 +44,7 @@ struct KELComboBoxParts
 };
 
 // Opens the list of a combo box and closes it, also on a press outside.
-class KELComboBoxList
+class KELComboBoxList final : public KELOutsidePress::Client
 {
 public:
     KELComboBoxList(KELComboBox *comboBox, KELComboBoxParts *parts);
@@ -62,6 +62,8 @@ public:
 private:
     Q_DISABLE_COPY(KELComboBoxList)
 
+    bool isHit(const QPolygonF &pixel) const override;
+    void pressedOutside() override;
     bool isShown() const;
     void watchPresses();
     void handleScenePress(const QGraphicsSceneMouseEvent *event);

@@ -20,7 +20,7 @@ QString arrowWhenOpen()
 }
 
 // As a scene finds the item that is pressed.
-bool isHit(const QGraphicsItem *item, const QPolygonF &pixel)
+bool isOn(const QGraphicsItem *item, const QPolygonF &pixel)
 {
     return item != nullptr
         && item->mapFromScene(pixel).boundingRect().intersects(item->boundingRect());
@@ -110,14 +110,7 @@ void KELComboBoxList::watchPresses()
 {
     if (m_scenePresses)
         QCoreApplication::instance()->installEventFilter(m_scenePresses);
-    const auto isPartHit = [this](const QPolygonF &pixel) {
-        return isHit(m_parts->button.get(), pixel) || isHit(m_parts->panel.get(), pixel);
-    };
-    const auto closeShown = [this] {
-        if (isShown())
-            close();
-    };
-    m_outsidePress = std::make_unique<KELOutsidePress>(m_comboBox, isPartHit, closeShown);
+    m_outsidePress = std::make_unique<KELOutsidePress>(m_comboBox, this);
 }
 
 void KELComboBoxList::unwatchPresses()
@@ -125,6 +118,17 @@ void KELComboBoxList::unwatchPresses()
     if (QCoreApplication *app = QCoreApplication::instance())
         app->removeEventFilter(m_scenePresses);
     m_outsidePress.reset();
+}
+
+bool KELComboBoxList::isHit(const QPolygonF &pixel) const
+{
+    return isOn(m_parts->button.get(), pixel) || isOn(m_parts->panel.get(), pixel);
+}
+
+void KELComboBoxList::pressedOutside()
+{
+    if (isShown())
+        close();
 }
 
 void KELComboBoxList::handleScenePress(const QGraphicsSceneMouseEvent *event)

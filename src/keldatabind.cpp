@@ -100,40 +100,38 @@ int indexOfProperty(const QObject *object, const QByteArray &name)
 }
 
 enum class Notifies : quint8 { Yes, No, Any };
+enum class Warning : quint8 { None, NoNotify, NoSource, NoDestination };
 
 struct ModeRow
 {
-    KELDataBind::BindMode requested;
+    KELDataBind::BindMode requested : 8;
     Notifies sourceNotifies;
     Notifies destinationNotifies;
-    KELDataBind::BindMode effective;
-    const char *message;
+    KELDataBind::BindMode effective : 8;
+    Warning warning;
 };
 
 constexpr Notifies yes = Notifies::Yes;
 constexpr Notifies no = Notifies::No;
 constexpr Notifies any = Notifies::Any;
 
-constexpr const char *noNotify = "waring : could not find any notify";
-// Compat: these two name the side that was found
-constexpr const char *noSrcNotify = "waring : could not find src notify";
-constexpr const char *noDstNotify = "waring : could not find dst notify";
+constexpr Warning none = Warning::None;
 
 // As the table in the class reference, without its last row.
 constexpr std::array<ModeRow, 13> modeTable = {{
-    {KELDataBind::Auto, yes, yes, KELDataBind::TwoWay, nullptr},
-    {KELDataBind::Auto, yes, no, KELDataBind::OneWay, nullptr},
-    {KELDataBind::Auto, no, yes, KELDataBind::OneWayToSource, nullptr},
-    {KELDataBind::Auto, no, no, KELDataBind::Manual, noNotify},
-    {KELDataBind::Manual, any, any, KELDataBind::Manual, nullptr},
-    {KELDataBind::OneWay, yes, any, KELDataBind::OneWay, nullptr},
-    {KELDataBind::OneWay, no, any, KELDataBind::Manual, noNotify},
-    {KELDataBind::TwoWay, yes, yes, KELDataBind::TwoWay, nullptr},
-    {KELDataBind::TwoWay, yes, no, KELDataBind::OneWay, noSrcNotify},
-    {KELDataBind::TwoWay, no, yes, KELDataBind::OneWayToSource, noDstNotify},
-    {KELDataBind::TwoWay, no, no, KELDataBind::Manual, noNotify},
-    {KELDataBind::OneWayToSource, any, yes, KELDataBind::OneWayToSource, nullptr},
-    {KELDataBind::OneWayToSource, any, no, KELDataBind::Manual, noNotify},
+    {KELDataBind::Auto, yes, yes, KELDataBind::TwoWay, none},
+    {KELDataBind::Auto, yes, no, KELDataBind::OneWay, none},
+    {KELDataBind::Auto, no, yes, KELDataBind::OneWayToSource, none},
+    {KELDataBind::Auto, no, no, KELDataBind::Manual, Warning::NoNotify},
+    {KELDataBind::Manual, any, any, KELDataBind::Manual, none},
+    {KELDataBind::OneWay, yes, any, KELDataBind::OneWay, none},
+    {KELDataBind::OneWay, no, any, KELDataBind::Manual, Warning::NoNotify},
+    {KELDataBind::TwoWay, yes, yes, KELDataBind::TwoWay, none},
+    {KELDataBind::TwoWay, yes, no, KELDataBind::OneWay, Warning::NoSource},
+    {KELDataBind::TwoWay, no, yes, KELDataBind::OneWayToSource, Warning::NoDestination},
+    {KELDataBind::TwoWay, no, no, KELDataBind::Manual, Warning::NoNotify},
+    {KELDataBind::OneWayToSource, any, yes, KELDataBind::OneWayToSource, none},
+    {KELDataBind::OneWayToSource, any, no, KELDataBind::Manual, Warning::NoNotify},
 }};
 
 bool fits(Notifies wanted, bool notifies)
@@ -148,7 +146,16 @@ ModeRow modeRowFor(KELDataBind::BindMode requested, bool sourceNotifies, bool de
             && fits(row.destinationNotifies, destinationNotifies))
             return row;
     }
-    return {requested, any, any, KELDataBind::Manual, noNotify};
+    return {requested, any, any, KELDataBind::Manual, Warning::NoNotify};
+}
+
+void print(Warning warning)
+{
+    // Compat: misspelling kept; src and dst name the side that notifies
+    if (warning == Warning::NoNotify)
+        qDebug("waring : could not find any notify");
+    else if (warning != Warning::None)
+        qDebug("waring : could not find %s notify", warning == Warning::NoSource ? "src" : "dst");
 }
 
 // Writes while the object's signals are blocked.
@@ -288,8 +295,7 @@ void KELDataBindPrivate::connectForMode(KELDataBind::BindMode requested, int src
     const ModeRow row = modeRowFor(requested, srcMetaProperty.hasNotifySignal(),
                                    dstMetaProperty.hasNotifySignal());
     connectSignals(row.effective);
-    if (row.message)
-        qDebug() << row.message;
+    print(row.warning);
     mode = row.effective;
 }
 

@@ -14,8 +14,6 @@
 #include <QtWidgets/QGraphicsScene>
 #include <QtWidgets/QGraphicsView>
 
-#include <utility>
-
 namespace {
 
 bool isPress(const QEvent *event)
@@ -35,10 +33,8 @@ QPoint pressPos(const QEvent *event)
 
 } // namespace
 
-KELOutsidePress::KELOutsidePress(const QGraphicsItem *control,
-                                 std::function<bool(const QPolygonF &)> isHit,
-                                 std::function<void()> report) :
-    m_control(control), m_isHit(std::move(isHit)), m_report(std::move(report))
+KELOutsidePress::KELOutsidePress(const QGraphicsItem *control, Client *client) :
+    m_control(control), m_client(client)
 {
     QCoreApplication::instance()->installEventFilter(this);
 }
@@ -55,8 +51,7 @@ bool KELOutsidePress::eventFilter(QObject *watched, QEvent *event)
         return false;
     const QPointer<QObject> target(watched);
     const bool hadTarget = !target.isNull();
-    const std::function<void()> report = m_report;
-    report();
+    m_client->pressedOutside();
     // Qt must not go on to an object that a slot destroyed.
     return hadTarget && !target;
 }
@@ -79,7 +74,7 @@ bool KELOutsidePress::isOutside(const QWidget *receiver, const QPoint &pos) cons
                                                                     pos);
         for (const QPoint &viewPos : positions) {
             if (view->viewport()->rect().contains(viewPos)
-                && m_isHit(view->mapToScene(QRect(viewPos, QSize(1, 1)))))
+                && m_client->isHit(view->mapToScene(QRect(viewPos, QSize(1, 1)))))
                 return false;
         }
     }

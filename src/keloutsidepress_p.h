@@ -6,8 +6,6 @@
 
 #include <QtCore/QObject>
 
-#include <functional>
-
 QT_BEGIN_NAMESPACE
 class QGraphicsItem;
 class QPolygonF;
@@ -20,9 +18,19 @@ QT_END_NAMESPACE
 class KELOutsidePress : public QObject
 {
 public:
-    // isHit() decides on a pixel, in the scene of control. report() may delete the filter.
-    KELOutsidePress(const QGraphicsItem *control, std::function<bool(const QPolygonF &)> isHit,
-                    std::function<void()> report);
+    class Client
+    {
+    public:
+        // True when the pixel, in the scene of the control, is on one of the control's items.
+        virtual bool isHit(const QPolygonF &pixel) const = 0;
+        // May delete the filter.
+        virtual void pressedOutside() = 0;
+
+    protected:
+        ~Client() = default;
+    };
+
+    KELOutsidePress(const QGraphicsItem *control, Client *client);
     ~KELOutsidePress() override;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -34,8 +42,7 @@ private:
     bool isOutside(const QWidget *receiver, const QPoint &pos) const;
 
     const QGraphicsItem *const m_control;
-    const std::function<bool(const QPolygonF &)> m_isHit;
-    const std::function<void()> m_report;
+    Client *const m_client;
 };
 
 #endif
