@@ -12,11 +12,12 @@ usage() {
     cat <<'TEXT'
 Usage: scripts/abi.sh --check | --update
 
-  --check    build the library, list the differences from tests/abi/KELGdiControl.abi, and fail if
-             existing applications would no longer run
-  --update   make the current library the baseline, and write docs/guide/layout.md
+  --check    list the differences from tests/abi/interface.txt and from the symbols file of the
+             package, and fail if there is any
+  --update   make the present headers the baseline: write tests/abi/interface.txt,
+             docs/guide/layout.md and the symbols file
 
-docs/guide/abi.md says what may change. ./check makes the same comparison for amd64 and arm64.
+docs/guide/abi.md says what may change. ./check makes the same comparisons for amd64 and arm64.
 TEXT
 }
 
@@ -32,8 +33,13 @@ case ${1-} in
     ;;
 esac
 
-need "${build_packages[@]}" python3 abigail-tools
+need "${build_packages[@]}" dpkg-dev python3
 mkdir -p build
-{ cmake --preset dev && cmake --build --preset dev --target KELGdiControl; } >build/abi.log 2>&1 \
+{ cmake --preset dev && cmake --build --preset dev --target KELGdiControl kel_interface; } >build/abi.log 2>&1 \
     || { cat build/abi.log >&2; exit 1; }
-tests/abi/abi "${1#--}" build/dev/src/libKELGdiControl.so
+status=0
+tests/abi/abi "${1#--}" build/dev/tests/abi/CMakeFiles/kel_interface.dir/interface.cpp.o || status=1
+option=()
+[ "$1" = --check ] || option=(--update)
+packaging/check-symbols.sh "${option[@]}" build/dev/src/libKELGdiControl.so || status=1
+exit $status
