@@ -23,8 +23,9 @@ struct PageHost
 /*
  * Base of a page: title, one line about it, and the room below.
  *
- * A page is created again whenever it comes up or the window changes its size, so all of its layout
- * happens in the constructor. A new page is a .h/.cpp pair and one line in pageregistry.cpp.
+ * A page is made anew whenever it comes up or the window changes its size, so all of its layout
+ * happens in the constructor. A new page is a .h/.cpp pair and one line each in CMakeLists.txt and
+ * pageregistry.cpp.
  */
 class Page : public KELRoundRectControl
 {
