@@ -222,7 +222,7 @@ void addClassesAndStates(bool (*isMeant)(const ControlClass &) = isAny)
 
 } // namespace
 
-class tst_KELControls : public KelTest
+class tst_Controls : public KelTest
 {
     Q_OBJECT
 
@@ -259,7 +259,7 @@ private:
     }
 };
 
-void tst_KELControls::everyControlPaintsSomething()
+void tst_Controls::everyControlPaintsSomething()
 {
     const auto item = control();
     item->setboundRect(10, 10, 120, 80);
@@ -267,7 +267,7 @@ void tst_KELControls::everyControlPaintsSomething()
     QVERIFY(KelImage::paint(item.get(), QSize(140, 100)) != blank);
 }
 
-void tst_KELControls::paintsNothingOutside()
+void tst_Controls::paintsNothingOutside()
 {
     const auto item = control();
     for (const QSizeF &size : {QSizeF(120, 80), QSizeF(60, 50)}) {
@@ -281,7 +281,7 @@ void tst_KELControls::paintsNothingOutside()
     }
 }
 
-void tst_KELControls::paintsNothingOutsideAtFractions()
+void tst_Controls::paintsNothingOutsideAtFractions()
 {
     const auto item = control();
     const qreal pixmapSlack = controlClass().hasPixmap ? 1 : 0;
@@ -295,7 +295,7 @@ void tst_KELControls::paintsNothingOutsideAtFractions()
     }
 }
 
-void tst_KELControls::paintsNothingOutsideWhenTiny()
+void tst_Controls::paintsNothingOutsideWhenTiny()
 {
     const auto item = control();
     item->style()->borderBrush = QBrush(Qt::NoBrush);
@@ -307,7 +307,7 @@ void tst_KELControls::paintsNothingOutsideWhenTiny()
     }
 }
 
-void tst_KELControls::partsOfFixedSizeGoOutsideATinyControl()
+void tst_Controls::partsOfFixedSizeGoOutsideATinyControl()
 {
     const auto item = control();
     const qreal reach = controlClass().tinyReachPx;
@@ -320,7 +320,7 @@ void tst_KELControls::partsOfFixedSizeGoOutsideATinyControl()
     }
 }
 
-void tst_KELControls::sceneCutsOffWhatIsOutside()
+void tst_Controls::sceneCutsOffWhatIsOutside()
 {
     const auto item = control();
     QCOMPARE(item->flags().testFlag(QGraphicsItem::ItemClipsToShape),
@@ -346,7 +346,7 @@ void tst_KELControls::sceneCutsOffWhatIsOutside()
     }
 }
 
-void tst_KELControls::outlineWiderThanTheControlGoesOutside()
+void tst_Controls::outlineWiderThanTheControlGoesOutside()
 {
     const auto item = control();
     removePicture(item.get());
@@ -359,7 +359,7 @@ void tst_KELControls::outlineWiderThanTheControlGoesOutside()
     }
 }
 
-void tst_KELControls::paintsTheSameTwice()
+void tst_Controls::paintsTheSameTwice()
 {
     const auto item = control();
     item->setboundRect(10, 10, 120, 80);
@@ -367,7 +367,7 @@ void tst_KELControls::paintsTheSameTwice()
     QCOMPARE(KelImage::difference(KelImage::paint(item.get(), QSize(140, 100)), first), QString());
 }
 
-void tst_KELControls::roundCornersStayInside()
+void tst_Controls::roundCornersStayInside()
 {
     const auto item = control();
     KELRoundRectControlStyle *style = item->style();
@@ -382,5 +382,5 @@ void tst_KELControls::roundCornersStayInside()
         QCOMPARE(KelImage::pixelsOutside(item.get(), scale), QString());
 }
 
-KEL_TEST_MAIN(tst_KELControls)
-#include "tst_kelcontrols.moc"
+KEL_TEST_MAIN(tst_Controls)
+#include "tst_controls.moc"

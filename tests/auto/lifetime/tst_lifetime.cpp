@@ -148,7 +148,7 @@ struct ControlsOfTheProcess
 
 } // namespace
 
-class tst_KELLifetime : public KelTest
+class tst_Lifetime : public KelTest
 {
     Q_OBJECT
 
@@ -182,7 +182,7 @@ private Q_SLOTS:
     void outlivesTheApplication();
 };
 
-void tst_KELLifetime::deletedInASlot_data()
+void tst_Lifetime::deletedInASlot_data()
 {
     QTest::addColumn<int>("kind");
     QTest::addColumn<int>("signal");
@@ -203,7 +203,7 @@ void tst_KELLifetime::deletedInASlot_data()
     }
 }
 
-void tst_KELLifetime::deletedInASlot()
+void tst_Lifetime::deletedInASlot()
 {
     QFETCH(int, kind);
     QFETCH(int, signal);
@@ -260,7 +260,7 @@ void tst_KELLifetime::deletedInASlot()
     QVERIFY(stage.nextControlIsClicked(device));
 }
 
-void tst_KELLifetime::deletedInASlotOfDestroyed_data()
+void tst_Lifetime::deletedInASlotOfDestroyed_data()
 {
     QTest::addColumn<int>("kind");
     QTest::addColumn<int>("way");
@@ -271,7 +271,7 @@ void tst_KELLifetime::deletedInASlotOfDestroyed_data()
     }
 }
 
-void tst_KELLifetime::deletedInASlotOfDestroyed()
+void tst_Lifetime::deletedInASlotOfDestroyed()
 {
     QFETCH(int, kind);
     QFETCH(int, way);
@@ -286,7 +286,7 @@ void tst_KELLifetime::deletedInASlotOfDestroyed()
     QVERIFY(stage.nextControlIsClicked(Input::Mouse));
 }
 
-void tst_KELLifetime::deletedWithItsMenu_data()
+void tst_Lifetime::deletedWithItsMenu_data()
 {
     QTest::addColumn<int>("kind");
     QTest::addColumn<bool>("byLongPress");
@@ -313,7 +313,7 @@ void tst_KELLifetime::deletedWithItsMenu_data()
     }
 }
 
-void tst_KELLifetime::deletedWithItsMenu()
+void tst_Lifetime::deletedWithItsMenu()
 {
     QFETCH(int, kind);
     QFETCH(bool, byLongPress);
@@ -365,7 +365,7 @@ void tst_KELLifetime::deletedWithItsMenu()
     QVERIFY(stage.nextControlIsClicked(Input::Mouse));
 }
 
-void tst_KELLifetime::menuDeletedWhileOpen_data()
+void tst_Lifetime::menuDeletedWhileOpen_data()
 {
     QTest::addColumn<bool>("byLongPress");
 
@@ -373,7 +373,7 @@ void tst_KELLifetime::menuDeletedWhileOpen_data()
     QTest::newRow("by long press") << true;
 }
 
-void tst_KELLifetime::menuDeletedWhileOpen()
+void tst_Lifetime::menuDeletedWhileOpen()
 {
     QFETCH(bool, byLongPress);
     Stage stage{kindOf<KELPushButton>()};
@@ -400,7 +400,7 @@ void tst_KELLifetime::menuDeletedWhileOpen()
     QVERIFY(stage.nextControlIsClicked(Input::Mouse));
 }
 
-void tst_KELLifetime::deletedBeforeItsMenuOpens_data()
+void tst_Lifetime::deletedBeforeItsMenuOpens_data()
 {
     QTest::addColumn<int>("way");
 
@@ -408,7 +408,7 @@ void tst_KELLifetime::deletedBeforeItsMenuOpens_data()
         QTest::newRow(way.name) << way.value;
 }
 
-void tst_KELLifetime::deletedBeforeItsMenuOpens()
+void tst_Lifetime::deletedBeforeItsMenuOpens()
 {
     QFETCH(int, way);
     Stage stage{kindOf<KELPushButton>()};
@@ -432,7 +432,7 @@ void tst_KELLifetime::deletedBeforeItsMenuOpens()
     QVERIFY(stage.nextControlIsClicked(Input::Mouse));
 }
 
-void tst_KELLifetime::deletedWhilePressed_data()
+void tst_Lifetime::deletedWhilePressed_data()
 {
     QTest::addColumn<int>("kind");
     QTest::addColumn<int>("way");
@@ -448,7 +448,7 @@ void tst_KELLifetime::deletedWhilePressed_data()
     }
 }
 
-void tst_KELLifetime::deletedWhilePressed()
+void tst_Lifetime::deletedWhilePressed()
 {
     QFETCH(int, kind);
     QFETCH(int, way);
@@ -467,7 +467,7 @@ void tst_KELLifetime::deletedWhilePressed()
     QVERIFY(stage.nextControlIsClicked(Input(input)));
 }
 
-void tst_KELLifetime::deletedWhenChecked_data()
+void tst_Lifetime::deletedWhenChecked_data()
 {
     QTest::addColumn<bool>("later");
 
@@ -475,7 +475,7 @@ void tst_KELLifetime::deletedWhenChecked_data()
     QTest::newRow("deleteLater") << true;
 }
 
-void tst_KELLifetime::deletedWhenChecked()
+void tst_Lifetime::deletedWhenChecked()
 {
     QFETCH(bool, later);
     KelTestView view;
@@ -497,7 +497,7 @@ void tst_KELLifetime::deletedWhenChecked()
     QCoreApplication::processEvents();
 }
 
-void tst_KELLifetime::deletedByALaterSlotOfTheSameSignal()
+void tst_Lifetime::deletedByALaterSlotOfTheSameSignal()
 {
     Stage stage{kindOf<KELPushButton>()};
     QStringList calls;
@@ -515,7 +515,7 @@ void tst_KELLifetime::deletedByALaterSlotOfTheSameSignal()
     QCOMPARE(calls, QStringList({QStringLiteral("first"), QStringLiteral("second")}));
 }
 
-void tst_KELLifetime::siblingDeletedInASlot_data()
+void tst_Lifetime::siblingDeletedInASlot_data()
 {
     QTest::addColumn<int>("signal");
 
@@ -525,7 +525,7 @@ void tst_KELLifetime::siblingDeletedInASlot_data()
     }
 }
 
-void tst_KELLifetime::siblingDeletedInASlot()
+void tst_Lifetime::siblingDeletedInASlot()
 {
     QFETCH(int, signal);
     Stage stage{kindOf<KELPushButton>()};
@@ -541,7 +541,7 @@ void tst_KELLifetime::siblingDeletedInASlot()
     QVERIFY(stage.nextControlIsClicked(Input::Mouse));
 }
 
-void tst_KELLifetime::viewDeletedLaterInASlot_data()
+void tst_Lifetime::viewDeletedLaterInASlot_data()
 {
     QTest::addColumn<int>("signal");
 
@@ -551,7 +551,7 @@ void tst_KELLifetime::viewDeletedLaterInASlot_data()
     }
 }
 
-void tst_KELLifetime::viewDeletedLaterInASlot()
+void tst_Lifetime::viewDeletedLaterInASlot()
 {
     QFETCH(int, signal);
     auto *stage = new Stage(kindOf<KELPushButton>());
@@ -575,7 +575,7 @@ void tst_KELLifetime::viewDeletedLaterInASlot()
     QTRY_VERIFY(!control);
 }
 
-void tst_KELLifetime::contentReplacedInASlot_data()
+void tst_Lifetime::contentReplacedInASlot_data()
 {
     QTest::addColumn<int>("signal");
 
@@ -585,7 +585,7 @@ void tst_KELLifetime::contentReplacedInASlot_data()
     }
 }
 
-void tst_KELLifetime::contentReplacedInASlot()
+void tst_Lifetime::contentReplacedInASlot()
 {
     QFETCH(int, signal);
     KELContentView view;
@@ -620,7 +620,7 @@ void tst_KELLifetime::contentReplacedInASlot()
     QCOMPARE(clicked.count(), 1);
 }
 
-void tst_KELLifetime::menuIsDeletedWithTheControl()
+void tst_Lifetime::menuIsDeletedWithTheControl()
 {
     const QPointer<QMenu> menu(new QMenu);
     auto *control = new KELPushButton;
@@ -631,7 +631,7 @@ void tst_KELLifetime::menuIsDeletedWithTheControl()
     QVERIFY(!menu);
 }
 
-void tst_KELLifetime::derivedRecordIsDeletedAsTheBaseRecord()
+void tst_Lifetime::derivedRecordIsDeletedAsTheBaseRecord()
 {
     // The sanitizers watch this one.
     for (int i = 0; i < 3; ++i) {
@@ -644,7 +644,7 @@ void tst_KELLifetime::derivedRecordIsDeletedAsTheBaseRecord()
 }
 
 // The sanitizers watch this one, too.
-void tst_KELLifetime::shortRecordOfADerivedClassIsNotWrittenTo()
+void tst_Lifetime::shortRecordOfADerivedClassIsNotWrittenTo()
 {
     delete new WithShortRecord<KELCheckBox, KELCheckBoxStyle>;
     delete new WithShortRecord<KELNavigationTable, KELNavigationTableStyle>;
@@ -653,7 +653,7 @@ void tst_KELLifetime::shortRecordOfADerivedClassIsNotWrittenTo()
     QVERIFY(again.initStyle() == again.style());
 }
 
-void tst_KELLifetime::outlivesTheApplication()
+void tst_Lifetime::outlivesTheApplication()
 {
     // Destroyed after main(): a crash or a warning then ends the program with a failure.
     static ControlsOfTheProcess controls;
@@ -674,5 +674,5 @@ void tst_KELLifetime::outlivesTheApplication()
     QVERIFY(controls.alone);
 }
 
-KEL_TEST_MAIN(tst_KELLifetime)
-#include "tst_kellifetime.moc"
+KEL_TEST_MAIN(tst_Lifetime)
+#include "tst_lifetime.moc"

@@ -67,7 +67,7 @@ void addKindsAndCovers()
 } // namespace
 
 // What a check box and a radio box that is in no group have in common.
-class tst_KELToggle : public KelTest
+class tst_Toggle : public KelTest
 {
     Q_OBJECT
 
@@ -131,7 +131,7 @@ private Q_SLOTS:
     void unselectableBoxDeletedInASlot();
 };
 
-void tst_KELToggle::everyChangeEmitsTwoSignals()
+void tst_Toggle::everyChangeEmitsTwoSignals()
 {
     QFETCH(int, kind);
     Stage stage{Kind(kind)};
@@ -143,7 +143,7 @@ void tst_KELToggle::everyChangeEmitsTwoSignals()
     QVERIFY(!stage.box->isCheck());
 }
 
-void tst_KELToggle::settingThePresentStateDoesNothing()
+void tst_Toggle::settingThePresentStateDoesNothing()
 {
     QFETCH(int, kind);
     Stage stage{Kind(kind)};
@@ -157,7 +157,7 @@ void tst_KELToggle::settingThePresentStateDoesNothing()
     QVERIFY(stage.box->isCheck());
 }
 
-void tst_KELToggle::checkIsAProperty()
+void tst_Toggle::checkIsAProperty()
 {
     QFETCH(int, kind);
     Stage stage{Kind(kind)};
@@ -170,7 +170,7 @@ void tst_KELToggle::checkIsAProperty()
     QCOMPARE(stage.box->property("check"), QVariant(false));
 }
 
-void tst_KELToggle::stateIsStoredBeforeTheSignals()
+void tst_Toggle::stateIsStoredBeforeTheSignals()
 {
     QFETCH(int, kind);
     Stage stage{Kind(kind)};
@@ -182,7 +182,7 @@ void tst_KELToggle::stateIsStoredBeforeTheSignals()
     QCOMPARE(states, QList<bool>({true, true, false, false}));
 }
 
-void tst_KELToggle::uncheckedAgainInsideChecked()
+void tst_Toggle::uncheckedAgainInsideChecked()
 {
     QFETCH(int, kind);
     Stage stage{Kind(kind)};
@@ -192,7 +192,7 @@ void tst_KELToggle::uncheckedAgainInsideChecked()
     QVERIFY(!stage.box->isCheck());
 }
 
-void tst_KELToggle::checkedAgainInsideUnchecked()
+void tst_Toggle::checkedAgainInsideUnchecked()
 {
     QFETCH(int, kind);
     Stage stage{Kind(kind)};
@@ -204,7 +204,7 @@ void tst_KELToggle::checkedAgainInsideUnchecked()
     QVERIFY(stage.box->isCheck());
 }
 
-void tst_KELToggle::checkedAgainInsideCheckChanged()
+void tst_Toggle::checkedAgainInsideCheckChanged()
 {
     QFETCH(int, kind);
     Stage stage{Kind(kind)};
@@ -216,7 +216,7 @@ void tst_KELToggle::checkedAgainInsideCheckChanged()
     QVERIFY(stage.box->isCheck());
 }
 
-void tst_KELToggle::changeIsRepainted()
+void tst_Toggle::changeIsRepainted()
 {
     QFETCH(int, kind);
     Stage stage{Kind(kind)};
@@ -231,7 +231,7 @@ void tst_KELToggle::changeIsRepainted()
     QTRY_COMPARE(colour(), off);
 }
 
-void tst_KELToggle::pressToggles()
+void tst_Toggle::pressToggles()
 {
     QFETCH(int, kind);
     QFETCH(int, input);
@@ -255,7 +255,7 @@ void tst_KELToggle::pressToggles()
     QCOMPARE(stage.takeNames(), QStringLiteral("release click"));
 }
 
-void tst_KELToggle::moveAwayKeepsTheNewState()
+void tst_Toggle::moveAwayKeepsTheNewState()
 {
     QFETCH(int, kind);
     QFETCH(int, input);
@@ -268,7 +268,7 @@ void tst_KELToggle::moveAwayKeepsTheNewState()
     QVERIFY(stage.box->isCheck());
 }
 
-void tst_KELToggle::doubleClickTogglesTwice()
+void tst_Toggle::doubleClickTogglesTwice()
 {
     QFETCH(int, kind);
     QFETCH(int, input);
@@ -283,7 +283,7 @@ void tst_KELToggle::doubleClickTogglesTwice()
     QVERIFY(!stage.box->isCheck());
 }
 
-void tst_KELToggle::otherButtonsAreNotAccepted_data()
+void tst_Toggle::otherButtonsAreNotAccepted_data()
 {
     QTest::addColumn<int>("kind");
     QTest::addColumn<int>("button");
@@ -295,7 +295,7 @@ void tst_KELToggle::otherButtonsAreNotAccepted_data()
     }
 }
 
-void tst_KELToggle::otherButtonsAreNotAccepted()
+void tst_Toggle::otherButtonsAreNotAccepted()
 {
     QFETCH(int, kind);
     QFETCH(int, button);
@@ -307,12 +307,12 @@ void tst_KELToggle::otherButtonsAreNotAccepted()
     QVERIFY(!stage.box->isCheck());
 }
 
-void tst_KELToggle::otherButtonsPressButDoNotToggle_data()
+void tst_Toggle::otherButtonsPressButDoNotToggle_data()
 {
     otherButtonsAreNotAccepted_data();
 }
 
-void tst_KELToggle::otherButtonsPressButDoNotToggle()
+void tst_Toggle::otherButtonsPressButDoNotToggle()
 {
     QFETCH(int, kind);
     QFETCH(int, button);
@@ -329,7 +329,7 @@ void tst_KELToggle::otherButtonsPressButDoNotToggle()
     }
 }
 
-void tst_KELToggle::pressBesideTheBox()
+void tst_Toggle::pressBesideTheBox()
 {
     QFETCH(int, kind);
     QFETCH(int, input);
@@ -343,7 +343,7 @@ void tst_KELToggle::pressBesideTheBox()
     QCOMPARE(stage.takeNames(), QStringLiteral("press checked changed release click"));
 }
 
-void tst_KELToggle::disabledBoxDoesNotToggle()
+void tst_Toggle::disabledBoxDoesNotToggle()
 {
     QFETCH(int, kind);
     QFETCH(int, input);
@@ -356,7 +356,7 @@ void tst_KELToggle::disabledBoxDoesNotToggle()
     QCOMPARE(stage.takeNames(), QStringLiteral("checked changed"));
 }
 
-void tst_KELToggle::checkedInsideThePressSlot()
+void tst_Toggle::checkedInsideThePressSlot()
 {
     QFETCH(int, kind);
     Stage stage{Kind(kind)};
@@ -369,7 +369,7 @@ void tst_KELToggle::checkedInsideThePressSlot()
     QVERIFY(!stage.box->isCheck());
 }
 
-void tst_KELToggle::unselectableBoxToggles()
+void tst_Toggle::unselectableBoxToggles()
 {
     QFETCH(int, kind);
     Stage stage{Kind(kind)};
@@ -381,7 +381,7 @@ void tst_KELToggle::unselectableBoxToggles()
     QVERIFY(stage.box->isCheck());
 }
 
-void tst_KELToggle::pressSentByMistakeDoesNotToggle()
+void tst_Toggle::pressSentByMistakeDoesNotToggle()
 {
     QFETCH(int, kind);
     QFETCH(QString, cover);
@@ -402,7 +402,7 @@ void tst_KELToggle::pressSentByMistakeDoesNotToggle()
     QCOMPARE(stage.takeNames(), QStringLiteral("press unchecked changed release click"));
 }
 
-void tst_KELToggle::pressSentByMistakeToNothing()
+void tst_Toggle::pressSentByMistakeToNothing()
 {
     QFETCH(int, kind);
     QFETCH(QString, cover);
@@ -418,7 +418,7 @@ void tst_KELToggle::pressSentByMistakeToNothing()
     QVERIFY(stage.box->isCheck());
 }
 
-void tst_KELToggle::doubleClickSentByMistakeDoesNotToggle()
+void tst_Toggle::doubleClickSentByMistakeDoesNotToggle()
 {
     QFETCH(int, kind);
     QFETCH(QString, cover);
@@ -437,7 +437,7 @@ void tst_KELToggle::doubleClickSentByMistakeDoesNotToggle()
     QCOMPARE(otherClicked.count(), 1);
 }
 
-void tst_KELToggle::touchSentByMistakeDoesNotToggle()
+void tst_Toggle::touchSentByMistakeDoesNotToggle()
 {
     QFETCH(int, kind);
     QFETCH(QString, cover);
@@ -455,7 +455,7 @@ void tst_KELToggle::touchSentByMistakeDoesNotToggle()
     QCOMPARE(otherClicked.count(), 1);
 }
 
-void tst_KELToggle::nextPressAfterACoverToggles()
+void tst_Toggle::nextPressAfterACoverToggles()
 {
     QFETCH(int, kind);
     QFETCH(QString, cover);
@@ -472,7 +472,7 @@ void tst_KELToggle::nextPressAfterACoverToggles()
     QCOMPARE(stage.takeNames(), QStringLiteral("press checked changed release click"));
 }
 
-void tst_KELToggle::coverOpenedInsideChecked()
+void tst_Toggle::coverOpenedInsideChecked()
 {
     QFETCH(int, kind);
     QFETCH(QString, cover);
@@ -491,7 +491,7 @@ void tst_KELToggle::coverOpenedInsideChecked()
     QCOMPARE(otherClicked.count(), 1);
 }
 
-void tst_KELToggle::deletedInASlot_data()
+void tst_Toggle::deletedInASlot_data()
 {
     QTest::addColumn<int>("kind");
     QTest::addColumn<int>("signal");
@@ -510,7 +510,7 @@ void tst_KELToggle::deletedInASlot_data()
     }
 }
 
-void tst_KELToggle::deletedInASlot()
+void tst_Toggle::deletedInASlot()
 {
     QFETCH(int, kind);
     QFETCH(int, signal);
@@ -549,7 +549,7 @@ void tst_KELToggle::deletedInASlot()
     QVERIFY(next->isCheck());
 }
 
-void tst_KELToggle::deletedInASlotOfSetCheck_data()
+void tst_Toggle::deletedInASlotOfSetCheck_data()
 {
     QTest::addColumn<int>("kind");
     QTest::addColumn<int>("signal");
@@ -568,7 +568,7 @@ void tst_KELToggle::deletedInASlotOfSetCheck_data()
     }
 }
 
-void tst_KELToggle::deletedInASlotOfSetCheck()
+void tst_Toggle::deletedInASlotOfSetCheck()
 {
     QFETCH(int, kind);
     QFETCH(int, signal);
@@ -587,7 +587,7 @@ void tst_KELToggle::deletedInASlotOfSetCheck()
     QCOMPARE(changes, Signal(signal) == Signal::CheckChanged ? 1 : 0);
 }
 
-void tst_KELToggle::unselectableBoxDeletedInASlot_data()
+void tst_Toggle::unselectableBoxDeletedInASlot_data()
 {
     QTest::addColumn<int>("kind");
     QTest::addColumn<int>("signal");
@@ -608,7 +608,7 @@ void tst_KELToggle::unselectableBoxDeletedInASlot_data()
 }
 
 // Qt warns when an item that is gone has ignored its press.
-void tst_KELToggle::unselectableBoxDeletedInASlot()
+void tst_Toggle::unselectableBoxDeletedInASlot()
 {
     QFETCH(int, kind);
     QFETCH(int, signal);
@@ -626,5 +626,5 @@ void tst_KELToggle::unselectableBoxDeletedInASlot()
     QCOMPARE(stage.view.ownScene.mouseGrabberItem(), nullptr);
 }
 
-KEL_TEST_MAIN(tst_KELToggle)
-#include "tst_keltoggle.moc"
+KEL_TEST_MAIN(tst_Toggle)
+#include "tst_toggle.moc"

@@ -38,7 +38,7 @@ void rightPress(KelTestView *view, const QPoint &pos)
 using Factory = std::function<KELRoundRectControl *()>;
 Q_DECLARE_METATYPE(Factory)
 
-class tst_KELContextMenu : public KelTest
+class tst_ContextMenu : public KelTest
 {
     Q_OBJECT
 
@@ -54,7 +54,7 @@ private Q_SLOTS:
     void menuThatReplacesADeadOneOpens();
 };
 
-void tst_KELContextMenu::rightClickOpensTheMenuOnce_data()
+void tst_ContextMenu::rightClickOpensTheMenuOnce_data()
 {
     QTest::addColumn<Factory>("factory");
     forEachControl([](auto tag) {
@@ -71,7 +71,7 @@ void tst_KELContextMenu::rightClickOpensTheMenuOnce_data()
     });
 }
 
-void tst_KELContextMenu::rightClickOpensTheMenuOnce()
+void tst_ContextMenu::rightClickOpensTheMenuOnce()
 {
     QFETCH(Factory, factory);
     KelTestView view;
@@ -101,7 +101,7 @@ void tst_KELContextMenu::rightClickOpensTheMenuOnce()
     view.release(QPoint(70, 50), Qt::RightButton);
 }
 
-void tst_KELContextMenu::menuThatIsOpenIsNotOpenedAgain()
+void tst_ContextMenu::menuThatIsOpenIsNotOpenedAgain()
 {
     KelTestView view;
     auto *const button = new KELPushButton;
@@ -121,7 +121,7 @@ void tst_KELContextMenu::menuThatIsOpenIsNotOpenedAgain()
 }
 
 // A plain control keeps no press, and so loses none to the menu.
-void tst_KELContextMenu::noLongPressWhileTheMenuIsOpen()
+void tst_ContextMenu::noLongPressWhileTheMenuIsOpen()
 {
     KelTestView view;
     auto *const control = new KELRoundRectControl;
@@ -138,7 +138,7 @@ void tst_KELContextMenu::noLongPressWhileTheMenuIsOpen()
     menu->close();
 }
 
-void tst_KELContextMenu::menuDiesWithItsWindow_data()
+void tst_ContextMenu::menuDiesWithItsWindow_data()
 {
     QTest::addColumn<bool>("pressedBefore");
     QTest::newRow("never used") << false;
@@ -146,7 +146,7 @@ void tst_KELContextMenu::menuDiesWithItsWindow_data()
 }
 
 // Nobody deletes anything but the window.
-void tst_KELContextMenu::menuDiesWithItsWindow()
+void tst_ContextMenu::menuDiesWithItsWindow()
 {
     QFETCH(bool, pressedBefore);
     auto window = std::make_unique<QWidget>();
@@ -169,12 +169,12 @@ void tst_KELContextMenu::menuDiesWithItsWindow()
     QCOMPARE(controlDestroyed.count(), 1);
 }
 
-void tst_KELContextMenu::menuThatDiedIsNotOpened_data()
+void tst_ContextMenu::menuThatDiedIsNotOpened_data()
 {
     menuDiesWithItsWindow_data();
 }
 
-void tst_KELContextMenu::menuThatDiedIsNotOpened()
+void tst_ContextMenu::menuThatDiedIsNotOpened()
 {
     QFETCH(bool, pressedBefore);
     KelTestView view;
@@ -196,7 +196,7 @@ void tst_KELContextMenu::menuThatDiedIsNotOpened()
 }
 
 // At the address of the dead one.
-void tst_KELContextMenu::menuThatReplacesADeadOneOpens()
+void tst_ContextMenu::menuThatReplacesADeadOneOpens()
 {
     KelTestView view;
     auto *const button = new KELPushButton;
@@ -218,5 +218,5 @@ void tst_KELContextMenu::menuThatReplacesADeadOneOpens()
     }
 }
 
-KEL_TEST_MAIN(tst_KELContextMenu)
-#include "tst_kelcontextmenu.moc"
+KEL_TEST_MAIN(tst_ContextMenu)
+#include "tst_contextmenu.moc"

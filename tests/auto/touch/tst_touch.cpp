@@ -89,7 +89,7 @@ struct Stage
 using KeypadChange = std::function<void(KelTestView *, Keypad *)>;
 Q_DECLARE_METATYPE(KeypadChange)
 
-class tst_KELTouch : public KelTest
+class tst_Touch : public KelTest
 {
     Q_OBJECT
 
@@ -134,7 +134,7 @@ private Q_SLOTS:
     void cancelOfATouchPad();
 };
 
-void tst_KELTouch::cancelledTouchIsNoClick()
+void tst_Touch::cancelledTouchIsNoClick()
 {
     Stage stage;
     QVERIFY(stage.view.showAndWait());
@@ -145,7 +145,7 @@ void tst_KELTouch::cancelledTouchIsNoClick()
     QVERIFY(!stage.keypad.keys.at(1)->isMouseDown());
 }
 
-void tst_KELTouch::cancelledTouchOnACheckBoxIsNoClick()
+void tst_Touch::cancelledTouchOnACheckBoxIsNoClick()
 {
     Stage stage;
     QVERIFY(stage.view.showAndWait());
@@ -155,7 +155,7 @@ void tst_KELTouch::cancelledTouchOnACheckBoxIsNoClick()
     QVERIFY(stage.keypad.checkBox->isCheck());
 }
 
-void tst_KELTouch::cancelledDragLeavesTheSliderWhereItIs()
+void tst_Touch::cancelledDragLeavesTheSliderWhereItIs()
 {
     Stage stage;
     QVERIFY(stage.view.showAndWait());
@@ -171,7 +171,7 @@ void tst_KELTouch::cancelledDragLeavesTheSliderWhereItIs()
     QCOMPARE(stage.keypad.takeSignals(), QStringLiteral("slider-press slider-release"));
 }
 
-void tst_KELTouch::tapAfterACancelClicks()
+void tst_Touch::tapAfterACancelClicks()
 {
     Stage stage;
     QVERIFY(stage.view.showAndWait());
@@ -181,7 +181,7 @@ void tst_KELTouch::tapAfterACancelClicks()
     QCOMPARE(stage.keypad.takeClicks(), QStringLiteral("1"));
 }
 
-void tst_KELTouch::cancelEndsAllFingers()
+void tst_Touch::cancelEndsAllFingers()
 {
     Stage stage;
     QVERIFY(stage.view.showAndWait());
@@ -197,7 +197,7 @@ void tst_KELTouch::cancelEndsAllFingers()
 }
 
 // Five times each key, each tap beginning before the one on the other key ends.
-void tst_KELTouch::alternatingThumbsClickEachKey()
+void tst_Touch::alternatingThumbsClickEachKey()
 {
     Stage stage;
     QVERIFY(stage.view.showAndWait());
@@ -214,7 +214,7 @@ void tst_KELTouch::alternatingThumbsClickEachKey()
         QVERIFY(!key->style()->isMouseDown);
 }
 
-void tst_KELTouch::threeFingersClickInOrder()
+void tst_Touch::threeFingersClickInOrder()
 {
     Stage stage;
     QVERIFY(stage.view.showAndWait());
@@ -229,7 +229,7 @@ void tst_KELTouch::threeFingersClickInOrder()
     QCOMPARE(stage.keypad.takeClicks(), QStringLiteral("2 0 4 5"));
 }
 
-void tst_KELTouch::fingersOfOneEvent()
+void tst_Touch::fingersOfOneEvent()
 {
     Stage stage;
     QVERIFY(stage.view.showAndWait());
@@ -239,7 +239,7 @@ void tst_KELTouch::fingersOfOneEvent()
     QCOMPARE(stage.keypad.takeClicks(), QStringLiteral("5 0"));
 }
 
-void tst_KELTouch::fingersThatChangeInOneEvent()
+void tst_Touch::fingersThatChangeInOneEvent()
 {
     Stage stage;
     QVERIFY(stage.view.showAndWait());
@@ -250,7 +250,7 @@ void tst_KELTouch::fingersThatChangeInOneEvent()
     QCOMPARE(stage.keypad.takeClicks(), QStringLiteral("0 2 3"));
 }
 
-void tst_KELTouch::secondFingerIsAPressLikeAnother()
+void tst_Touch::secondFingerIsAPressLikeAnother()
 {
     Stage stage;
     QVERIFY(stage.view.showAndWait());
@@ -271,7 +271,7 @@ void tst_KELTouch::secondFingerIsAPressLikeAnother()
              QStringLiteral("0-press 3-press 3-release 3-click 0-release 0-click"));
 }
 
-void tst_KELTouch::secondFingerThatMovesTooFarIsNoClick()
+void tst_Touch::secondFingerThatMovesTooFarIsNoClick()
 {
     Stage stage;
     QVERIFY(stage.view.showAndWait());
@@ -286,7 +286,7 @@ void tst_KELTouch::secondFingerThatMovesTooFarIsNoClick()
     QCOMPARE(stage.keypad.takeClicks(), QStringLiteral("3 0"));
 }
 
-void tst_KELTouch::secondFingerHeldIsALongPress()
+void tst_Touch::secondFingerHeldIsALongPress()
 {
     Stage stage;
     QVERIFY(stage.view.showAndWait());
@@ -299,7 +299,7 @@ void tst_KELTouch::secondFingerHeldIsALongPress()
     QCOMPARE(stage.keypad.takeClicks(), QString());
 }
 
-void tst_KELTouch::firstFingerGoesOnDragging()
+void tst_Touch::firstFingerGoesOnDragging()
 {
     Stage stage;
     QVERIFY(stage.view.showAndWait());
@@ -317,7 +317,7 @@ void tst_KELTouch::firstFingerGoesOnDragging()
     QCOMPARE(stage.keypad.takeClicks(), QStringLiteral("3"));
 }
 
-void tst_KELTouch::secondFingerDragsASlider()
+void tst_Touch::secondFingerDragsASlider()
 {
     Stage stage;
     QVERIFY(stage.view.showAndWait());
@@ -333,7 +333,7 @@ void tst_KELTouch::secondFingerDragsASlider()
     QCOMPARE(stage.keypad.takeClicks(), QStringLiteral("2"));
 }
 
-void tst_KELTouch::secondFingerTogglesACheckBox()
+void tst_Touch::secondFingerTogglesACheckBox()
 {
     Stage stage;
     QVERIFY(stage.view.showAndWait());
@@ -346,7 +346,7 @@ void tst_KELTouch::secondFingerTogglesACheckBox()
     QCOMPARE(stage.keypad.takeClicks(), QStringLiteral("check check 2"));
 }
 
-void tst_KELTouch::secondFingerOnThePressedKeyIsIgnored()
+void tst_Touch::secondFingerOnThePressedKeyIsIgnored()
 {
     Stage stage;
     QVERIFY(stage.view.showAndWait());
@@ -359,7 +359,7 @@ void tst_KELTouch::secondFingerOnThePressedKeyIsIgnored()
     QCOMPARE(stage.keypad.takeSignals(), QStringLiteral("2-press 2-release 2-click"));
 }
 
-void tst_KELTouch::secondFingerOnADisabledOrHiddenKey()
+void tst_Touch::secondFingerOnADisabledOrHiddenKey()
 {
     Stage stage;
     QVERIFY(stage.view.showAndWait());
@@ -373,7 +373,7 @@ void tst_KELTouch::secondFingerOnADisabledOrHiddenKey()
 }
 
 // A label does not keep its press, whichever finger it is of.
-void tst_KELTouch::secondFingerOnNothingAndOnALabel()
+void tst_Touch::secondFingerOnNothingAndOnALabel()
 {
     Stage stage;
     QVERIFY(stage.view.showAndWait());
@@ -384,7 +384,7 @@ void tst_KELTouch::secondFingerOnNothingAndOnALabel()
     QCOMPARE(stage.keypad.takeSignals(), QStringLiteral("2-press label-press 2-release 2-click"));
 }
 
-void tst_KELTouch::secondFingerWhileTheFirstRestsOnALabel()
+void tst_Touch::secondFingerWhileTheFirstRestsOnALabel()
 {
     Stage stage;
     QVERIFY(stage.view.showAndWait());
@@ -396,7 +396,7 @@ void tst_KELTouch::secondFingerWhileTheFirstRestsOnALabel()
 }
 
 // An editable text takes the press, as that of a mouse.
-void tst_KELTouch::secondFingerOnAnEditorOverAKey()
+void tst_Touch::secondFingerOnAnEditorOverAKey()
 {
     Stage stage;
     auto *const editor = new QGraphicsTextItem(QStringLiteral("editable text"));
@@ -414,7 +414,7 @@ void tst_KELTouch::secondFingerOnAnEditorOverAKey()
     QCOMPARE(stage.keypad.takeClicks(), QStringLiteral("0"));
 }
 
-void tst_KELTouch::secondFingerOnAPictureOverAKey()
+void tst_Touch::secondFingerOnAPictureOverAKey()
 {
     Stage stage;
     auto *const text = new QGraphicsTextItem(QStringLiteral("text"));
@@ -435,7 +435,7 @@ void tst_KELTouch::secondFingerOnAPictureOverAKey()
     QCOMPARE(stage.keypad.takeClicks(), QStringLiteral("3 4 0"));
 }
 
-void tst_KELTouch::secondFingerWhereNothingIsToBePressed_data()
+void tst_Touch::secondFingerWhereNothingIsToBePressed_data()
 {
     QTest::addColumn<KeypadChange>("change");
     QTest::newRow("view not interactive")
@@ -451,7 +451,7 @@ void tst_KELTouch::secondFingerWhereNothingIsToBePressed_data()
            });
 }
 
-void tst_KELTouch::secondFingerWhereNothingIsToBePressed()
+void tst_Touch::secondFingerWhereNothingIsToBePressed()
 {
     QFETCH(KeypadChange, change);
     Stage stage;
@@ -469,7 +469,7 @@ void tst_KELTouch::secondFingerWhereNothingIsToBePressed()
 }
 
 // Qt would move it with the key of the first finger.
-void tst_KELTouch::secondFingerOnAMovableKeyIsIgnored()
+void tst_Touch::secondFingerOnAMovableKeyIsIgnored()
 {
     Stage stage;
     stage.keypad.keys.at(3)->setFlag(QGraphicsItem::ItemIsMovable);
@@ -480,7 +480,7 @@ void tst_KELTouch::secondFingerOnAMovableKeyIsIgnored()
     QCOMPARE(stage.keypad.takeClicks(), QStringLiteral("0"));
 }
 
-void tst_KELTouch::secondFingerWhileAPopupIsOpen()
+void tst_Touch::secondFingerWhileAPopupIsOpen()
 {
     Stage stage;
     QVERIFY(stage.view.showAndWait());
@@ -496,7 +496,7 @@ void tst_KELTouch::secondFingerWhileAPopupIsOpen()
     QVERIFY(!stage.keypad.takeSignals().contains(QLatin1Char('3')));
 }
 
-void tst_KELTouch::secondFingerDeletesItsWindow()
+void tst_Touch::secondFingerDeletesItsWindow()
 {
     Stage stage;
     QGraphicsScene scene(0, 0, 400, 300);
@@ -515,7 +515,7 @@ void tst_KELTouch::secondFingerDeletesItsWindow()
     QTRY_VERIFY(!keypad.keys.at(3)->style()->isMouseDown);
 }
 
-void tst_KELTouch::thumbsInAContentView()
+void tst_Touch::thumbsInAContentView()
 {
     KELContentView view;
     auto *const page = new KELRoundRectControl;
@@ -542,7 +542,7 @@ void tst_KELTouch::thumbsInAContentView()
     QCOMPARE(clicks.join(QLatin1Char(' ')), QStringLiteral("left right left"));
 }
 
-void tst_KELTouch::thumbsInAScaledView()
+void tst_Touch::thumbsInAScaledView()
 {
     Stage stage;
     stage.view.scale(0.5, 0.5);
@@ -556,7 +556,7 @@ void tst_KELTouch::thumbsInAScaledView()
     QCOMPARE(stage.keypad.takeClicks(), QStringLiteral("0 5"));
 }
 
-void tst_KELTouch::thumbsInAProxy()
+void tst_Touch::thumbsInAProxy()
 {
     KelTestView outer;
     auto *const inner = new KelTestView(QSize(380, 200));
@@ -571,7 +571,7 @@ void tst_KELTouch::thumbsInAProxy()
     QCOMPARE(keypad.takeClicks(), QStringLiteral("0 5"));
 }
 
-void tst_KELTouch::dialogTakesBothFingers()
+void tst_Touch::dialogTakesBothFingers()
 {
     Stage stage;
     QVERIFY(stage.view.showAndWait());
@@ -596,7 +596,7 @@ void tst_KELTouch::dialogTakesBothFingers()
 using Deletion = std::function<void(Stage *)>;
 Q_DECLARE_METATYPE(Deletion)
 
-void tst_KELTouch::secondFingerDeletes_data()
+void tst_Touch::secondFingerDeletes_data()
 {
     QTest::addColumn<QByteArray>("signal");
     QTest::addColumn<Deletion>("deletion");
@@ -620,7 +620,7 @@ void tst_KELTouch::secondFingerDeletes_data()
     }
 }
 
-void tst_KELTouch::secondFingerDeletes()
+void tst_Touch::secondFingerDeletes()
 {
     QFETCH(QByteArray, signal);
     QFETCH(Deletion, deletion);
@@ -644,7 +644,7 @@ void tst_KELTouch::secondFingerDeletes()
     stage.fingers.tap(0, Keypad::at(5));
 }
 
-void tst_KELTouch::noFilterIsLeft()
+void tst_Touch::noFilterIsLeft()
 {
     Stage stage;
     QVERIFY(stage.view.showAndWait());
@@ -664,14 +664,14 @@ void tst_KELTouch::noFilterIsLeft()
     QCOMPARE(children(), before);
 }
 
-void tst_KELTouch::noFilterIsLeftWhenTheWindowDies_data()
+void tst_Touch::noFilterIsLeftWhenTheWindowDies_data()
 {
     QTest::addColumn<int>("fingers");
     QTest::newRow("under the first finger") << 1;
     QTest::newRow("under two fingers") << 2;
 }
 
-void tst_KELTouch::noFilterIsLeftWhenTheWindowDies()
+void tst_Touch::noFilterIsLeftWhenTheWindowDies()
 {
     QFETCH(int, fingers);
     const auto children = [] { return qApp->findChildren<QObject *>().size(); };
@@ -698,7 +698,7 @@ void tst_KELTouch::noFilterIsLeftWhenTheWindowDies()
 }
 
 // Qt cancels the touch of a window behind a dialog when its last finger leaves.
-void tst_KELTouch::fingerBehindADialogLeaves()
+void tst_Touch::fingerBehindADialogLeaves()
 {
     Stage stage;
     Stage dialog;
@@ -725,7 +725,7 @@ void tst_KELTouch::fingerBehindADialogLeaves()
     QCOMPARE(dialog.keypad.takeClicks(), QStringLiteral("1 0"));
 }
 
-void tst_KELTouch::cancelOfATouchPad()
+void tst_Touch::cancelOfATouchPad()
 {
     Stage stage;
     QVERIFY(stage.view.showAndWait());
@@ -738,5 +738,5 @@ void tst_KELTouch::cancelOfATouchPad()
     QCOMPARE(stage.keypad.takeClicks(), QStringLiteral("1 0"));
 }
 
-KEL_TEST_MAIN(tst_KELTouch)
-#include "tst_keltouch.moc"
+KEL_TEST_MAIN(tst_Touch)
+#include "tst_touch.moc"

@@ -222,7 +222,7 @@ void addPlaces()
 } // namespace
 
 // What brushes of a style record paint, and that those do nothing with which Qt would crash.
-class tst_KELBrushes : public KelTest
+class tst_Brushes : public KelTest
 {
     Q_OBJECT
 
@@ -237,7 +237,7 @@ private Q_SLOTS:
     void usableInEveryPlace();
 };
 
-void tst_KELBrushes::unusableGradientPaintsNothing_data()
+void tst_Brushes::unusableGradientPaintsNothing_data()
 {
     QTest::addColumn<QBrush>("brush");
 
@@ -302,7 +302,7 @@ void tst_KELBrushes::unusableGradientPaintsNothing_data()
     QTest::newRow("all 0") << transformed(radial(), QTransform(0, 0, 0, 0, 0, 0, 0, 0, 0));
 }
 
-void tst_KELBrushes::unusableGradientPaintsNothing()
+void tst_Brushes::unusableGradientPaintsNothing()
 {
     QFETCH(QBrush, brush);
     const auto paint = [](const QBrush &background, const QTransform &transform) {
@@ -323,7 +323,7 @@ void tst_KELBrushes::unusableGradientPaintsNothing()
     }
 }
 
-void tst_KELBrushes::unusableInEveryPlace_data()
+void tst_Brushes::unusableInEveryPlace_data()
 {
     addPlaces();
     // Whether they show there or not.
@@ -336,7 +336,7 @@ void tst_KELBrushes::unusableInEveryPlace_data()
     });
 }
 
-void tst_KELBrushes::unusableInEveryPlace()
+void tst_Brushes::unusableInEveryPlace()
 {
     QFETCH(Painted, paint);
     const QImage nothing = paint(QColor(0, 0, 0, 0));
@@ -348,7 +348,7 @@ void tst_KELBrushes::unusableInEveryPlace()
              QString());
 }
 
-void tst_KELBrushes::usableGradientPaints_data()
+void tst_Brushes::usableGradientPaints_data()
 {
     QTest::addColumn<QBrush>("brush");
     QTest::newRow("linear") << linear();
@@ -367,7 +367,7 @@ void tst_KELBrushes::usableGradientPaints_data()
     QTest::newRow("preset") << QBrush(QGradient(QGradient::WarmFlame));
 }
 
-void tst_KELBrushes::usableGradientPaints()
+void tst_Brushes::usableGradientPaints()
 {
     QFETCH(QBrush, brush);
     KELRoundRectControl control;
@@ -384,16 +384,16 @@ void tst_KELBrushes::usableGradientPaints()
     QVERIFY(expected != KelImage::draw(canvas, 1, [](QPainter *) {}));
 }
 
-void tst_KELBrushes::usableInEveryPlace_data()
+void tst_Brushes::usableInEveryPlace_data()
 {
     addPlaces();
 }
 
-void tst_KELBrushes::usableInEveryPlace()
+void tst_Brushes::usableInEveryPlace()
 {
     QFETCH(Painted, paint);
     QVERIFY(paint(radial()) != paint(QColor(0, 0, 0, 0)));
 }
 
-KEL_TEST_MAIN(tst_KELBrushes)
-#include "tst_kelbrushes.moc"
+KEL_TEST_MAIN(tst_Brushes)
+#include "tst_brushes.moc"

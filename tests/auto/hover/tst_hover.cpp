@@ -54,7 +54,7 @@ struct Stage
 using Action = std::function<void(Stage *)>;
 Q_DECLARE_METATYPE(Action)
 
-class tst_KELHover : public KelTest
+class tst_Hover : public KelTest
 {
     Q_OBJECT
 
@@ -70,7 +70,7 @@ private Q_SLOTS:
     void leftControlThatDiesIsForgotten();
 };
 
-void tst_KELHover::leaveComesBeforeEnter()
+void tst_Hover::leaveComesBeforeEnter()
 {
     Stage stage;
     QVERIFY(stage.view.showAndWait());
@@ -82,7 +82,7 @@ void tst_KELHover::leaveComesBeforeEnter()
     QCOMPARE(stage.take(), QStringLiteral("-right +left"));
 }
 
-void tst_KELHover::leaveComesAtOnceWhenNothingIsEntered()
+void tst_Hover::leaveComesAtOnceWhenNothingIsEntered()
 {
     Stage stage;
     QVERIFY(stage.view.showAndWait());
@@ -92,7 +92,7 @@ void tst_KELHover::leaveComesAtOnceWhenNothingIsEntered()
 }
 
 // An item of another kind takes the hover events.
-void tst_KELHover::leaveComesWithoutAnEnter()
+void tst_Hover::leaveComesWithoutAnEnter()
 {
     Stage stage;
     QGraphicsRectItem item(QRectF(20, 220, 200, 60));
@@ -107,7 +107,7 @@ void tst_KELHover::leaveComesWithoutAnEnter()
     QCOMPARE(stage.take(), QStringLiteral("+left -left +right"));
 }
 
-void tst_KELHover::leavingTheView()
+void tst_Hover::leavingTheView()
 {
     Stage stage;
     QVERIFY(stage.view.showAndWait());
@@ -118,7 +118,7 @@ void tst_KELHover::leavingTheView()
     QCOMPARE(stage.take(), QStringLiteral("+left -left"));
 }
 
-void tst_KELHover::leaveSlotDeletes_data()
+void tst_Hover::leaveSlotDeletes_data()
 {
     QTest::addColumn<Action>("action");
     QTest::newRow("the one that is entered") << Action([](Stage *s) { delete s->right; });
@@ -138,7 +138,7 @@ void tst_KELHover::leaveSlotDeletes_data()
     });
 }
 
-void tst_KELHover::leaveSlotDeletes()
+void tst_Hover::leaveSlotDeletes()
 {
     QFETCH(Action, action);
     for (const bool plainEntered : {false, true}) {
@@ -164,12 +164,12 @@ void tst_KELHover::leaveSlotDeletes()
     }
 }
 
-void tst_KELHover::enterSlotDeletes_data()
+void tst_Hover::enterSlotDeletes_data()
 {
     leaveSlotDeletes_data();
 }
 
-void tst_KELHover::enterSlotDeletes()
+void tst_Hover::enterSlotDeletes()
 {
     QFETCH(Action, action);
     Stage stage;
@@ -181,7 +181,7 @@ void tst_KELHover::enterSlotDeletes()
     stage.hover(onLeft);
 }
 
-void tst_KELHover::leftControlThatDiesIsForgotten()
+void tst_Hover::leftControlThatDiesIsForgotten()
 {
     Stage stage;
     QGraphicsRectItem item(QRectF(20, 220, 200, 60));
@@ -196,5 +196,5 @@ void tst_KELHover::leftControlThatDiesIsForgotten()
     QVERIFY(stage.take().endsWith(QLatin1String("+right")));
 }
 
-KEL_TEST_MAIN(tst_KELHover)
-#include "tst_kelhover.moc"
+KEL_TEST_MAIN(tst_Hover)
+#include "tst_hover.moc"

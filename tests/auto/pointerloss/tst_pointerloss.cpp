@@ -291,7 +291,7 @@ bool hasTimer(QObject *object)
 
 } // namespace
 
-class tst_KELPointerLoss : public KelTest
+class tst_PointerLoss : public KelTest
 {
     Q_OBJECT
 
@@ -327,7 +327,7 @@ private Q_SLOTS:
     void childInsideAButtonClicksTheButton();
 };
 
-void tst_KELPointerLoss::pressIsDropped()
+void tst_PointerLoss::pressIsDropped()
 {
     QFETCH(int, type);
     QFETCH(bool, inSlot);
@@ -345,7 +345,7 @@ void tst_KELPointerLoss::pressIsDropped()
     QCOMPARE(stage.recorder.take(), QStringLiteral("press"));
 }
 
-void tst_KELPointerLoss::releaseAfterwardsIsNoClick()
+void tst_PointerLoss::releaseAfterwardsIsNoClick()
 {
     QFETCH(int, type);
     QFETCH(bool, inSlot);
@@ -365,7 +365,7 @@ void tst_KELPointerLoss::releaseAfterwardsIsNoClick()
     QTRY_VERIFY(!stage.control->style()->isMouseDown);
 }
 
-void tst_KELPointerLoss::nextTapReachesAnotherControl()
+void tst_PointerLoss::nextTapReachesAnotherControl()
 {
     QFETCH(int, type);
     QFETCH(bool, inSlot);
@@ -386,7 +386,7 @@ void tst_KELPointerLoss::nextTapReachesAnotherControl()
     QCOMPARE(stage.otherRecorder.take(), QStringLiteral("press release clicked"));
 }
 
-void tst_KELPointerLoss::nextTapOnTheSameControlWorks()
+void tst_PointerLoss::nextTapOnTheSameControlWorks()
 {
     QFETCH(int, type);
     QFETCH(bool, inSlot);
@@ -408,7 +408,7 @@ void tst_KELPointerLoss::nextTapOnTheSameControlWorks()
     }
 }
 
-void tst_KELPointerLoss::noLateLongPress_data()
+void tst_PointerLoss::noLateLongPress_data()
 {
     QTest::addColumn<Step>("lose");
     QTest::addColumn<Step>("restore");
@@ -426,7 +426,7 @@ void tst_KELPointerLoss::noLateLongPress_data()
     }
 }
 
-void tst_KELPointerLoss::noLateLongPress()
+void tst_PointerLoss::noLateLongPress()
 {
     QFETCH(Step, lose);
     QFETCH(Step, restore);
@@ -439,7 +439,7 @@ void tst_KELPointerLoss::noLateLongPress()
     restore(stage);
 }
 
-void tst_KELPointerLoss::pressedLookLeavesTheScreen_data()
+void tst_PointerLoss::pressedLookLeavesTheScreen_data()
 {
     QTest::addColumn<Step>("lose");
     QTest::addColumn<Step>("restore");
@@ -454,7 +454,7 @@ void tst_KELPointerLoss::pressedLookLeavesTheScreen_data()
     }
 }
 
-void tst_KELPointerLoss::pressedLookLeavesTheScreen()
+void tst_PointerLoss::pressedLookLeavesTheScreen()
 {
     QFETCH(Step, lose);
     QFETCH(Step, restore);
@@ -470,7 +470,7 @@ void tst_KELPointerLoss::pressedLookLeavesTheScreen()
     restore(stage);
 }
 
-void tst_KELPointerLoss::ungrabbedByTheChildOfAButton()
+void tst_PointerLoss::ungrabbedByTheChildOfAButton()
 {
     Stage stage{PushButton};
     auto *child = new QGraphicsRectItem(40, 30, 60, 40, stage.control);
@@ -484,7 +484,7 @@ void tst_KELPointerLoss::ungrabbedByTheChildOfAButton()
     QCOMPARE(stage.recorder.take(), QStringLiteral("press"));
 }
 
-void tst_KELPointerLoss::unselectableControlLosesAPress_data()
+void tst_PointerLoss::unselectableControlLosesAPress_data()
 {
     QTest::addColumn<bool>("inSlot");
     QTest::addColumn<Step>("lose");
@@ -495,7 +495,7 @@ void tst_KELPointerLoss::unselectableControlLosesAPress_data()
     }
 }
 
-void tst_KELPointerLoss::unselectableControlLosesAPress()
+void tst_PointerLoss::unselectableControlLosesAPress()
 {
     QFETCH(bool, inSlot);
     QFETCH(Step, lose);
@@ -507,7 +507,7 @@ void tst_KELPointerLoss::unselectableControlLosesAPress()
     QCOMPARE(stage.recorder.take(), QStringLiteral("press"));
 }
 
-void tst_KELPointerLoss::nextDoubleClickReachesAnotherControl()
+void tst_PointerLoss::nextDoubleClickReachesAnotherControl()
 {
     Stage stage{PushButton};
     QVERIFY(stage.show());
@@ -523,7 +523,7 @@ void tst_KELPointerLoss::nextDoubleClickReachesAnotherControl()
     QCOMPARE(stage.otherRecorder.take(), QStringLiteral("press release clicked"));
 }
 
-void tst_KELPointerLoss::nextDoubleClickOnTheSameControlWorks()
+void tst_PointerLoss::nextDoubleClickOnTheSameControlWorks()
 {
     Stage stage{PushButton};
     QVERIFY(stage.show());
@@ -537,7 +537,7 @@ void tst_KELPointerLoss::nextDoubleClickOnTheSameControlWorks()
     QCOMPARE(stage.recorder.take(), QStringLiteral("press double release clicked"));
 }
 
-void tst_KELPointerLoss::nextTouchReachesAnotherControl()
+void tst_PointerLoss::nextTouchReachesAnotherControl()
 {
     Stage stage{PushButton};
     QVERIFY(stage.show());
@@ -552,7 +552,7 @@ void tst_KELPointerLoss::nextTouchReachesAnotherControl()
     QCOMPARE(stage.otherRecorder.take(), QStringLiteral("press release clicked"));
 }
 
-void tst_KELPointerLoss::nextPressOnNothingReachesNobody()
+void tst_PointerLoss::nextPressOnNothingReachesNobody()
 {
     Stage stage{PushButton};
     QVERIFY(stage.show());
@@ -571,14 +571,14 @@ void tst_KELPointerLoss::nextPressOnNothingReachesNobody()
     QCOMPARE(stage.otherRecorder.take(), QStringLiteral("press release clicked"));
 }
 
-void tst_KELPointerLoss::releaseAfterTheLongPressMenuIsNoClick_data()
+void tst_PointerLoss::releaseAfterTheLongPressMenuIsNoClick_data()
 {
     QTest::addColumn<int>("type");
     QTest::newRow("selectable base") << int(SelectableBase);
     QTest::newRow("push button") << int(PushButton);
 }
 
-void tst_KELPointerLoss::releaseAfterTheLongPressMenuIsNoClick()
+void tst_PointerLoss::releaseAfterTheLongPressMenuIsNoClick()
 {
     QFETCH(int, type);
     Stage stage{ControlType(type)};
@@ -605,7 +605,7 @@ void tst_KELPointerLoss::releaseAfterTheLongPressMenuIsNoClick()
     QCOMPARE(stage.recorder.take(), QStringLiteral("press release clicked"));
 }
 
-void tst_KELPointerLoss::tapAfterTheLongPressMenuReachesAnotherControl()
+void tst_PointerLoss::tapAfterTheLongPressMenuReachesAnotherControl()
 {
     Stage stage{PushButton};
     QVERIFY(stage.show());
@@ -628,7 +628,7 @@ void tst_KELPointerLoss::tapAfterTheLongPressMenuReachesAnotherControl()
     QCOMPARE(stage.otherRecorder.take(), QStringLiteral("press release clicked"));
 }
 
-void tst_KELPointerLoss::pressSurvives_data()
+void tst_PointerLoss::pressSurvives_data()
 {
     QTest::addColumn<Step>("before");
     QTest::addColumn<Step>("during");
@@ -689,7 +689,7 @@ void tst_KELPointerLoss::pressSurvives_data()
     QTest::newRow("repainted") << nothing << Step([](Stage &s) { s.control->update(); });
 }
 
-void tst_KELPointerLoss::pressSurvives()
+void tst_PointerLoss::pressSurvives()
 {
     QFETCH(Step, before);
     QFETCH(Step, during);
@@ -720,14 +720,14 @@ void tst_KELPointerLoss::pressSurvives()
     }
 }
 
-void tst_KELPointerLoss::childInsideAButtonClicksTheButton_data()
+void tst_PointerLoss::childInsideAButtonClicksTheButton_data()
 {
     QTest::addColumn<bool>("selectable");
     QTest::newRow("plain child") << false;
     QTest::newRow("selectable child") << true;
 }
 
-void tst_KELPointerLoss::childInsideAButtonClicksTheButton()
+void tst_PointerLoss::childInsideAButtonClicksTheButton()
 {
     QFETCH(bool, selectable);
     Stage stage{PushButton};
@@ -745,6 +745,6 @@ void tst_KELPointerLoss::childInsideAButtonClicksTheButton()
     QCOMPARE(stage.recorder.take(), QStringLiteral("press long release"));
 }
 
-KEL_TEST_MAIN(tst_KELPointerLoss)
+KEL_TEST_MAIN(tst_PointerLoss)
 
-#include "tst_kelpointerloss.moc"
+#include "tst_pointerloss.moc"
