@@ -3,8 +3,8 @@
 
 # kel_forwarding_headers(<directory> <result> <family>=<Class>[,<Class>...] ...)
 #
-# Writes one CamelCase header per class into <directory>, so that <KELPushButton> works, and lists the
-# files in <result>.
+# Writes one CamelCase header per class into <directory>, so that <KELPushButton> works, and lists
+# the files in <result>.
 function(kel_forwarding_headers directory result)
     set(written)
     foreach(entry IN LISTS ARGN)

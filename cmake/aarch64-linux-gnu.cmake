@@ -1,7 +1,8 @@
 # SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 # SPDX-License-Identifier: MIT
 
-# 64-bit ARM on Debian: cross compiler, the arm64 libraries beside those of the host, tests under emulation.
+# 64-bit ARM on Debian: cross compiler, the arm64 libraries beside those of the host, tests under
+# emulation.
 
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR aarch64)

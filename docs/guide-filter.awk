@@ -1,9 +1,9 @@
 # SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 # SPDX-License-Identifier: MIT
 
-# Filters a page of the guide for Doxygen. The pages are plain Markdown, for a forge. Doxygen wants the title in the
-# first line, an explicit anchor at every heading, anchors that are unique across pages, and pictures by name alone.
-# Lines keep their numbers.
+# Filters a page of the guide for Doxygen. The pages are plain Markdown, for a forge. Doxygen wants
+# the title in the first line, an explicit anchor at every heading, anchors that are unique across
+# pages, and pictures by name alone. Lines keep their numbers.
 
 FNR == 1 {
     page = FILENAME

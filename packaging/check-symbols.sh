@@ -50,7 +50,8 @@ new=$(mktemp)
 trap 'rm -f "$new"' EXIT
 cd "$debian/.."
 version=$(dpkg-parsechangelog -S Version)
-# What is missing in the very version in which it came is not reported: when checking, name a later one.
+# What is missing in the very version in which it came is not reported: when checking, name a later
+# one.
 $update || version+=+check
 status=0
 report=$(dpkg-gensymbols -t -c4 -a"$architecture" -plibkelgdicontrol1 -v"$version" -I"$symbols" \

@@ -61,7 +61,8 @@ trap 'exit 143' TERM
 passed=0
 failed=0
 
-# apart COMMAND...: in its own mount and process namespace. Its mounts and leftover processes end with it.
+# apart COMMAND...: in its own mount and process namespace. Its mounts and leftover processes end
+# with it.
 apart() {
     unshare --mount --propagation private --pid --fork --kill-child -- "$@"
 }

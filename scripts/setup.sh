@@ -26,8 +26,8 @@ as_root() {
     fi
 }
 
-# is_installed NAME[:ARCHITECTURE]: by default for the architecture of this machine, not for another one
-# that is installed side by side.
+# is_installed NAME[:ARCHITECTURE]: by default for the architecture of this machine, not for another
+# one that is installed side by side.
 is_installed() {
     local name=${1%%:*} architectures
     case $1 in

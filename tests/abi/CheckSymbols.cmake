@@ -3,9 +3,9 @@
 
 # cmake -DNM=... -DREADELF=... -DLIBRARY=... -DCLASSES=<class>,... -DALIASES=... -P CheckSymbols.cmake
 #
-# The library has its soname and exports its public classes and nothing else: no helper of its own, and no template
-# of another library that the compiler put into it. Every second name is that of a const function, less the const, and
-# leads to it.
+# The library has its soname and exports its public classes and nothing else: no helper of its own,
+# and no template of another library that the compiler put into it. Every second name is that of a
+# const function, less the const, and leads to it.
 
 execute_process(COMMAND ${READELF} -d ${LIBRARY} OUTPUT_VARIABLE dynamic COMMAND_ERROR_IS_FATAL ANY)
 if(NOT dynamic MATCHES "\\(SONAME\\)[^\n]*\\[libKELGdiControl\\.so\\.1\\]")

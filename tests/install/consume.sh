@@ -4,8 +4,9 @@
 #
 # consume.sh WAY PREFIX LIBDIR DIRECTORY CXX
 #
-# Builds the consumer project of WAY (cmake, pkgconfig, qmake, qmake-include) against the library installed in PREFIX,
-# in DIRECTORY, and runs it. A library in /usr must be found without being told where.
+# Builds the consumer project of WAY (cmake, pkgconfig, qmake, qmake-include) against the library
+# installed in PREFIX, in DIRECTORY, and runs it. A library in /usr must be found without being told
+# where.
 
 set -euo pipefail
 way=$1 prefix=$2 libdir=$3 directory=$4

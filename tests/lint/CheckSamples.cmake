@@ -3,7 +3,8 @@
 
 # cmake -DPAGE=... -DSAMPLES=... -P CheckSamples.cmake
 #
-# The C++ in the page is, block for block, the files that the build compiles. SAMPLES is a list with commas.
+# The C++ in the page is, block for block, the files that the build compiles. SAMPLES is a list with
+# commas.
 
 file(READ ${PAGE} rest)
 string(REPLACE "," ";" samples "${SAMPLES}")

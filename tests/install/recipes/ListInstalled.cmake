@@ -3,7 +3,8 @@
 
 # cmake -DBUILD=... -DLIST=... -P ListInstalled.cmake
 #
-# Writes into LIST what an install of BUILD, which only needs to be configured, would install; one path a line.
+# Writes into LIST what an install of BUILD, which only needs to be configured, would install; one
+# path a line.
 
 set(installed)
 

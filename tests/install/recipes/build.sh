@@ -4,9 +4,10 @@
 #
 # build.sh yocto|buildroot VERSION DIRECTORY
 #
-# Builds and installs the library for aarch64 in DIRECTORY as the recipe and that system do: with its toolchain file,
-# its variables, its folders for what belongs to the host and to the target, and no other tools. There is no network
-# where that can be had, and what belongs to the target cannot be run.
+# Builds and installs the library for aarch64 in DIRECTORY as the recipe and that system do: with
+# its toolchain file, its variables, its folders for what belongs to the host and to the target, and
+# no other tools. There is no network where that can be had, and what belongs to the target cannot
+# be run.
 
 set -euo pipefail
 system=$1 version=$2 directory=$3
@@ -49,8 +50,8 @@ host_tools() {
     done
 }
 
-# target_files FOLDER HOST_BINARIES: Qt's headers, libraries and CMake packages where both systems have them, and no
-# program of Qt. HOST_BINARIES is where its CMake packages look for those.
+# target_files FOLDER HOST_BINARIES: Qt's headers, libraries and CMake packages where both systems
+# have them, and no program of Qt. HOST_BINARIES is where its CMake packages look for those.
 target_files() {
     local usr=$1/usr
     mkdir -p "$usr/lib/cmake" "$usr/lib/qt5" "$usr/include"
@@ -270,7 +271,8 @@ would_install() {
     [ -s "$1.list" ] || fail "nothing would be installed"
 }
 
-# installed FOLDER: everything is there, for aarch64, and knows neither this folder nor the one it was built in.
+# installed FOLDER: everything is there, for aarch64, and knows neither this folder nor the one it
+# was built in.
 installed() {
     local file usr=$1/usr
     PATH=/usr/bin:/bin
