@@ -148,33 +148,33 @@ bool KELControlPrivate::isEventOfOtherButton(QEvent *event)
 }
 
 // The record's pointer may dangle: it is compared with living widgets, never dereferenced.
-void KELControlPrivate::learnContextMenu(KELRoundRectControl *control)
+void KELControlPrivate::findContextMenu()
 {
-    const QMenu *const address = control->style()->contextMenu;
+    const QMenu *const address = q->style()->contextMenu;
     const QWidgetList widgets = QApplication::allWidgets();
     const auto found = std::find(widgets.begin(), widgets.end(), address);
     QMenu *const menu = found == widgets.end() ? nullptr : qobject_cast<QMenu *>(*found);
-    knownMenu.reset(new KnownMenu{address, menu, {}});
+    trackedMenu.reset(new TrackedMenu{address, menu, {}});
     if (!menu)
         return;
     // A later menu may reuse this address, so the field is cleared when this one dies.
-    knownMenu->destroyed = QObject::connect(menu, &QObject::destroyed, control, [control, address] {
-        if (control->style()->contextMenu == address)
-            control->style()->contextMenu = nullptr;
+    trackedMenu->destroyed = QObject::connect(menu, &QObject::destroyed, q, [this, address] {
+        if (q->style()->contextMenu == address)
+            q->style()->contextMenu = nullptr;
     });
 }
 
-void KELControlPrivate::openContextMenu(KELRoundRectControl *control, const QPoint &pos)
+void KELControlPrivate::openContextMenu(const QPoint &pos)
 {
-    QMenu *const menu = liveContextMenu(control);
+    QMenu *const menu = liveContextMenu();
     if (menu && !menu->isVisible())
         menu->exec(pos);
 }
 
-QMenu *KELControlPrivate::liveContextMenu(KELRoundRectControl *control)
+QMenu *KELControlPrivate::liveContextMenu()
 {
-    noteContextMenu(control);
-    return control->style()->contextMenu ? knownMenu->menu.data() : nullptr;
+    trackContextMenu();
+    return q->style()->contextMenu ? trackedMenu->menu.data() : nullptr;
 }
 
 KELRoundRectControl::KELRoundRectControl(QGraphicsObject *parent) :
@@ -192,7 +192,7 @@ KELRoundRectControl::KELRoundRectControl(QGraphicsObject *parent,
 
 KELRoundRectControl::~KELRoundRectControl()
 {
-    QMenu *const menu = m_style->contextMenu ? d->liveContextMenu(this) : nullptr;
+    QMenu *const menu = m_style->contextMenu ? d->liveContextMenu() : nullptr;
     if (menu)
         menu->deleteLater();
     if (leftControl == this)
@@ -324,7 +324,7 @@ void KELRoundRectControl::timerEvent(QTimerEvent *event)
     QGraphicsObject::timerEvent(event);
     if (event->timerId() != d->press.longPressTimer.timerId())
         return;
-    const QMenu *const openMenu = d->liveContextMenu(this);
+    const QMenu *const openMenu = d->liveContextMenu();
     if (!d->press.becomeLong() || (openMenu && openMenu->isVisible()))
         return;
     const QPoint menuPos = d->press.pos().toPoint();
@@ -332,14 +332,14 @@ void KELRoundRectControl::timerEvent(QTimerEvent *event)
     Q_EMIT mouseLongPress();
     // Compat: the item-local press position is used as a screen position
     if (alive)
-        d->openContextMenu(this, menuPos);
+        d->openContextMenu(menuPos);
 }
 
 void KELRoundRectControl::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
     if (!d->press.arrive(event))
         return;
-    d->noteContextMenu(this);
+    d->trackContextMenu();
     const QPointer<KELRoundRectControl> alive(this);
     QGraphicsObject::mousePressEvent(event);
     if (alive) {
@@ -415,12 +415,12 @@ void KELRoundRectControl::hoverLeaveEvent(QGraphicsSceneHoverEvent *event)
 void KELRoundRectControl::contextMenuEvent(QGraphicsSceneContextMenuEvent *event)
 {
     QGraphicsObject::contextMenuEvent(event);
-    if (!d->liveContextMenu(this))
+    if (!d->liveContextMenu())
         return;
     // Accepted first: once the menu was open, the items below may be gone.
     event->accept();
     d->press.cancel();
-    d->openContextMenu(this, event->screenPos());
+    d->openContextMenu(event->screenPos());
 }
 
 void KELRoundRectControl::onCheckedEvent(bool /*check*/) { }

@@ -16,7 +16,7 @@
 class KELControlPrivate
 {
 public:
-    explicit KELControlPrivate(KELRoundRectControl *control) : press(control) { }
+    explicit KELControlPrivate(KELRoundRectControl *control) : q(control) { }
     virtual ~KELControlPrivate();
 
     static KELControlPrivate *get(const KELRoundRectControl *control) { return control->d; }
@@ -30,35 +30,36 @@ public:
     static bool isEventOfOtherButton(QEvent *event);
 
     // The record's context menu; or null if it was deleted; the record's raw pointer cannot tell.
-    QMenu *liveContextMenu(KELRoundRectControl *control);
+    QMenu *liveContextMenu();
     // Runs it, unless it is open already. The control may be gone afterwards.
-    void openContextMenu(KELRoundRectControl *control, const QPoint &pos);
+    void openContextMenu(const QPoint &pos);
     // Starts tracking the record's context menu, so that the field is cleared when the menu dies.
-    void noteContextMenu(KELRoundRectControl *control)
+    void trackContextMenu()
     {
-        const QMenu *const menu = control->style()->contextMenu;
-        if (menu && (!knownMenu || knownMenu->address != menu || !knownMenu->menu))
-            learnContextMenu(control);
+        const QMenu *const menu = q->style()->contextMenu;
+        if (menu && (!trackedMenu || trackedMenu->address != menu || !trackedMenu->menu))
+            findContextMenu();
     }
 
-    KELPress press;
+    KELRoundRectControl *const q;
+    KELPress press{q};
     KELCaptionCache caption;
 
 private:
     Q_DISABLE_COPY(KELControlPrivate)
 
-    struct KnownMenu
+    struct TrackedMenu
     {
-        ~KnownMenu() { QObject::disconnect(destroyed); }
+        ~TrackedMenu() { QObject::disconnect(destroyed); }
 
         const QMenu *address;
         QPointer<QMenu> menu;
         QMetaObject::Connection destroyed;
     };
 
-    void learnContextMenu(KELRoundRectControl *control);
+    void findContextMenu();
 
-    std::unique_ptr<KnownMenu> knownMenu; // once there was one
+    std::unique_ptr<TrackedMenu> trackedMenu; // once there was one
 };
 
 /*
