@@ -4,6 +4,8 @@
 #ifndef KELGDICONTROL_GLOBAL_H
 #define KELGDICONTROL_GLOBAL_H
 
+#include "kelgdicontrol_version.h"
+
 #include <QtCore/qglobal.h>
 
 /*!

@@ -14,6 +14,10 @@
 static_assert(__cplusplus == 201103L,
               "C++11, as this program is built, is all that the library asks for");
 
+#if KELGDI_VERSION < KELGDI_VERSION_CHECK(1, 0, 0)
+#  error "the headers do not tell their version"
+#endif
+
 int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
