@@ -7,25 +7,37 @@
 #include <QtWidgets/QGraphicsScene>
 #include <QtWidgets/QGraphicsView>
 
-#include <algorithm>
-#include <iterator>
-
 namespace {
 
-// The viewports on the way out from a view. Views may show each other: none is visited twice.
-using Visited = QVector<const QWidget *>;
-
-QVector<const QGraphicsView *> viewsOf(const QGraphicsProxyWidget *proxy, const Visited &visited)
+// The viewports on the way out from a view, on the stack. Views may show each other: none is
+// visited twice.
+struct Hop
 {
-    QVector<const QGraphicsView *> views;
-    const QList<QGraphicsView *> all = proxy->scene()->views();
-    std::copy_if(
-        all.begin(), all.end(), std::back_inserter(views),
-        [&visited](const QGraphicsView *view) { return !visited.contains(view->viewport()); });
-    return views;
+    const QWidget *viewport;
+    const Hop *previous;
+
+    bool isVisited(const QWidget *other) const
+    {
+        const Hop *hop = this;
+        while (hop && hop->viewport != other)
+            hop = hop->previous;
+        return hop != nullptr;
+    }
+};
+
+// Calls visit(view) for the views of the proxy until it returns true.
+template <typename Visit>
+bool anyViewOf(const QGraphicsProxyWidget *proxy, const Hop &hop, const Visit &visit)
+{
+    const QList<QGraphicsView *> views = proxy->scene()->views();
+    for (const QGraphicsView *view : views) {
+        if (!hop.isVisited(view->viewport()) && visit(view))
+            return true;
+    }
+    return false;
 }
 
-bool delivers(const QWidget *viewport, const QGraphicsScene *scene, Visited visited)
+bool delivers(const QWidget *viewport, const QGraphicsScene *scene, const Hop *previous)
 {
     if (!viewport || !viewport->isVisible() || !viewport->isEnabled())
         return false;
@@ -38,36 +50,35 @@ bool delivers(const QWidget *viewport, const QGraphicsScene *scene, Visited visi
         return true;
     if (!proxy->isVisible() || !proxy->isEnabled() || !proxy->scene())
         return false;
-    visited.append(viewport);
-    const QVector<const QGraphicsView *> outerViews = viewsOf(proxy, visited);
-    return std::any_of(outerViews.begin(), outerViews.end(), [&](const QGraphicsView *outer) {
-        return delivers(outer->viewport(), proxy->scene(), visited);
+    const Hop hop = {viewport, previous};
+    return anyViewOf(proxy, hop, [proxy, &hop](const QGraphicsView *outer) {
+        return delivers(outer->viewport(), proxy->scene(), &hop);
     });
 }
 
 QVector<QPoint> mapped(const QWidget *viewport, const QWidget *receiver, const QPoint &pos,
-                       Visited visited)
+                       const Hop *previous)
 {
+    QVector<QPoint> positions;
     QWidget *const window = viewport->window();
     if (receiver->window() == window) {
-        const bool related = receiver == viewport || receiver->isAncestorOf(viewport)
-            || viewport->isAncestorOf(receiver);
-        return related ? QVector<QPoint>{viewport->mapFrom(window, receiver->mapTo(window, pos))}
-                       : QVector<QPoint>();
+        if (receiver == viewport || receiver->isAncestorOf(viewport)
+            || viewport->isAncestorOf(receiver))
+            positions.append(viewport->mapFrom(window, receiver->mapTo(window, pos)));
+        return positions;
     }
-    QVector<QPoint> positions;
     const QGraphicsProxyWidget *const proxy = window->graphicsProxyWidget();
     if (!proxy || !proxy->scene())
         return positions;
-    visited.append(viewport);
-    const QVector<const QGraphicsView *> outerViews = viewsOf(proxy, visited);
-    for (const QGraphicsView *outer : outerViews) {
-        const QVector<QPoint> outerPositions = mapped(outer->viewport(), receiver, pos, visited);
+    const Hop hop = {viewport, previous};
+    anyViewOf(proxy, hop, [&](const QGraphicsView *outer) {
+        const QVector<QPoint> outerPositions = mapped(outer->viewport(), receiver, pos, &hop);
         for (const QPoint &outerPos : outerPositions) {
             const QPointF inProxy = proxy->mapFromScene(outer->mapToScene(outerPos));
             positions.append(viewport->mapFrom(window, inProxy.toPoint()));
         }
-    }
+        return false;
+    });
     return positions;
 }
 
@@ -75,11 +86,11 @@ QVector<QPoint> mapped(const QWidget *viewport, const QWidget *receiver, const Q
 
 bool KELProxies::deliversTo(const QWidget *viewport, const QGraphicsScene *scene)
 {
-    return delivers(viewport, scene, {});
+    return delivers(viewport, scene, nullptr);
 }
 
 QVector<QPoint> KELProxies::mapToViewport(const QWidget *viewport, const QWidget *receiver,
                                           const QPoint &pos)
 {
-    return mapped(viewport, receiver, pos, {});
+    return mapped(viewport, receiver, pos, nullptr);
 }
