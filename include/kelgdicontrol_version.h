@@ -4,6 +4,8 @@
 #ifndef KELGDICONTROL_VERSION_H
 #define KELGDICONTROL_VERSION_H
 
+#include <QtCore/qglobal.h>
+
 /*!
  * \file
  * \brief The version of the headers. Every public header includes it.
@@ -20,18 +22,24 @@
  */
 #define KELGDI_VERSION_CHECK(major, minor, patch) (((major) << 16) | ((minor) << 8) | (patch))
 
+#define KELGDI_VERSION_MAJOR 1 //!< The first number of the version.
+#define KELGDI_VERSION_MINOR 0 //!< The second number of the version.
+#define KELGDI_VERSION_PATCH 0 //!< The third number of the version.
+
 /*!
  * \def KELGDI_VERSION
  * \brief The version that the application is compiled with, as KELGDI_VERSION_CHECK() writes it.
  * The library that it runs with may be a later one, see \ref abi.
  */
 #define KELGDI_VERSION \
-  KELGDI_VERSION_CHECK(@PROJECT_VERSION_MAJOR@, @PROJECT_VERSION_MINOR@, @PROJECT_VERSION_PATCH@)
+  KELGDI_VERSION_CHECK(KELGDI_VERSION_MAJOR, KELGDI_VERSION_MINOR, KELGDI_VERSION_PATCH)
 
 /*!
  * \def KELGDI_VERSION_STR
  * \brief The same version as a string, "major.minor.patch".
  */
-#define KELGDI_VERSION_STR "@PROJECT_VERSION@"
+#define KELGDI_VERSION_STR           \
+  QT_STRINGIFY(KELGDI_VERSION_MAJOR) \
+  "." QT_STRINGIFY(KELGDI_VERSION_MINOR) "." QT_STRINGIFY(KELGDI_VERSION_PATCH)
 
 #endif
