@@ -152,10 +152,11 @@ ModeRow modeRowFor(KELDataBind::BindMode requested, bool sourceNotifies, bool de
 void print(Warning warning)
 {
     // Compat: misspelling kept; src and dst name the side that notifies
-    if (warning == Warning::NoNotify)
-        qDebug("waring : could not find any notify");
-    else if (warning != Warning::None)
-        qDebug("waring : could not find %s notify", warning == Warning::NoSource ? "src" : "dst");
+    const char *const side = warning == Warning::NoSource ? "src"
+        : warning == Warning::NoDestination               ? "dst"
+                                                          : "any";
+    if (warning != Warning::None)
+        qDebug() << "waring : could not find" << side << "notify";
 }
 
 // Writes while the object's signals are blocked.
