@@ -12,17 +12,17 @@
 /*!
  * \brief An event filter that emits a signal for each event of one type.
  *
- * The notifier does not install itself and never stops an event. Install it on the object to watch,
- * and remove it before you destroy it:
+ * The notifier does not install itself and never consumes an event. Install it on the object to
+ * watch, and remove it when you are done:
  * \code
  * auto *notify = new KELApplicationNotify(this, QEvent::MouseButtonPress);
  * connect(notify, &KELApplicationNotify::notify, this, &Screen::wakeUp, Qt::DirectConnection);
  * QCoreApplication::instance()->installEventFilter(notify);
  * \endcode
  *
- * On the application object it sees the events of all objects. One press arrives there at least
- * twice: for the QWindow and then for the widget under the pointer, and again for each parent of a
- * widget that ignores it.
+ * Installed on the application object, it sees the events of all objects. One press arrives there
+ * at least twice: for the QWindow and then for the widget under the pointer, and again for each
+ * parent of a widget that ignores it.
  *
  * GUI thread only.
  */
@@ -39,16 +39,17 @@ public:
     ~KELApplicationNotify() override;
 
     /*!
-     * Calls toNotify() if \a event has the watched type and is still accepted, as a newly created
-     * event is.
+     * Calls toNotify() if \a event has the watched type and its accepted flag is still set, as it
+     * is in a newly created event.
      *
-     * Returns false, so that the event is delivered to \a watched, which may be null. Returns true
-     * if a slot destroyed \a watched, because the event then has no target.
+     * Returns false, so that the event is delivered. Returns true only if a slot has destroyed
+     * \a watched, because the event then has no target. \a watched may be null.
      */
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 public Q_SLOTS:
-    //! Emits notify() with the same arguments, whatever the type of \a event. For injected events.
+    //! Emits notify() with the same arguments, whatever the type of \a event. Call it to inject an
+    //! event.
     void toNotify(QObject *watched, QEvent *event);
 
 Q_SIGNALS:

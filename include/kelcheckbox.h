@@ -13,9 +13,9 @@ class KELCheckBoxPrivate;
  */
 struct KELGDI_EXPORT KELCheckBoxStyle : public KELRoundRectControlStyle
 {
-    //! The fill of the knob. A brush of style Qt::NoBrush draws none. Default of a check box: RGB
-    //! (0, 123, 185). Its colour also determines the track of a box that is on, see
-    //! \ref checkboxcolours. Gradients are limited, see \ref stylebrushes.
+    //! The fill of the knob. With Qt::NoBrush the knob is not drawn. The default in a check box is
+    //! RGB (0, 123, 185). The colour of the knob also determines that of the track while the box is
+    //! on; see \ref checkboxcolours. Gradients are limited; see \ref stylebrushes.
     QBrush indicatorBrush = QBrush();
 };
 
@@ -38,18 +38,18 @@ struct KELGDI_EXPORT KELCheckBoxStyle : public KELRoundRectControlStyle
  * \code
  * mousePress, checked or unchecked, checkChanged, mouseRelease, mouseClicked
  * \endcode
- * Other buttons are not accepted by default. If the application accepts them, they press but do not
- * toggle. setCheck() and the property \c check switch without a press.
+ * Other buttons are not accepted by default. If the application accepts them, they press the box
+ * but do not toggle it. setCheck() and the property \c check change the state without a press.
  *
  * \section checkboxgeometry Geometry
  * The track is 30 px high, vertically centred, and at most 80 px wide. In a wider control it is
- * centred, in a narrower one it spans the whole width. Half of its outline extends beyond it: with
- * the default width a control of 82 x 32 px holds it completely; see \ref outside. The knob is 24
- * px square, with the corner radii of the track.
+ * centred; in a narrower one it spans the whole width. The outline extends beyond the track by half
+ * of its width: with the default width, a track with its outline fits into a control of 82 x 32 px;
+ * see \ref outside. The knob is 24 px square and has the same corner radii as the track.
  *
  * \section checkboxcolours Colours
- * The colours are computed from the record at every paint. "c + 70" is a colour with 70 added to
- * red, green and blue.
+ * The colours are computed from the record on every paint. In the table, "+ 70" and "- 70" after a
+ * colour mean that 70 is added to, or subtracted from, its red, green and blue components.
  * | part    | box           | colour                                |
  * |---------|---------------|---------------------------------------|
  * | knob    | enabled       | \c indicatorBrush                     |
@@ -61,58 +61,59 @@ struct KELGDI_EXPORT KELCheckBoxStyle : public KELRoundRectControlStyle
  * | outline | enabled       | \c borderBrush                        |
  * | outline | disabled      | \c borderBrush, alpha - 130           |
  *
- * Choose a knob whose red, green and blue are at most 185 and whose alpha is at least 70. If the
- * box is ever disabled, also choose a track whose red, green and blue are at least 70 and whose
- * alpha is at least 170, and an outline whose alpha is at least 130. For other colours see
- * \ref checkboxcompat.
+ * Choose a knob colour with red, green and blue components of at most 185 and an alpha of 70 or
+ * more. If the box is ever disabled, also choose a track colour with red, green and blue components
+ * of 70 or more and an alpha of 170 or more, and an outline colour with an alpha of 130 or more.
+ * For other colours see \ref checkboxcompat.
  *
- * A part whose brush is of style Qt::NoBrush is not drawn, with the exceptions in
- * \ref checkboxcompat. The record's caption, pixmap and glyph are not drawn.
+ * A part whose brush is Qt::NoBrush is not drawn, except as noted in \ref checkboxcompat. The
+ * record's caption, pixmap and glyph are not drawn.
  *
  * \section checkboxcompat Compatibility notes
  * - The knob is 1.5 times \c borderWidth away from the top and from the left end, but always 3 px
  *   from the right end. The two ends look alike only with the default width of 2.
- * - The computed colours are not clamped to 0 to 255. A component out of range gives an invalid
- *   colour, which Qt paints black, and the warning "QColor::setRgb: RGB parameters out of range" at
- *   every paint.
+ * - The computed colours are not clamped to 0 to 255. A component outside this range makes the
+ *   colour invalid: Qt paints black, and prints the warning "QColor::setRgb: RGB parameters out of
+ *   range" on every paint.
  * - Without \c backgroundBrush or without an outline the track is still drawn, with the painter's
- *   current brush or pen: in a scene no brush and a black pen of 1 px.
- * - Without \c backgroundBrush the disabled knob is computed from black and so is invalid.
+ *   current brush or pen. In a scene there is no brush, and the pen is black and 1 px wide.
+ * - Without \c backgroundBrush the colour of the disabled knob is computed from black and is
+ *   therefore invalid.
  * - Without \c indicatorBrush the track of a box that is on is RGBA (70, 70, 70, 185).
  */
 class KELGDI_EXPORT KELCheckBox : public KELRoundRectControl
 {
     Q_OBJECT
-    //! Whether the switch is on. Default false.
+    //! Whether the switch is on. The default is false.
     Q_PROPERTY(bool check READ isCheck WRITE setCheck NOTIFY checkChanged)
 
 public:
-    //! Creates a check box that is off, as a child item of \a parent, or without parent when it is
+    //! Creates a check box that is off, as a child item of \a parent, or without a parent if it is
     //! null.
     explicit KELCheckBox(QGraphicsObject *parent = nullptr);
     //! Destroys the check box.
     ~KELCheckBox() override;
 
     /*!
-     * Fills \a option, a fresh record, with what the check box shows in its current state, see
-     * \ref checkboxcolours. \a styleOption is not read. Pixmap, glyph and \c iconSize are not
-     * copied, and the pressed state stays false. \a option must not be null.
+     * Fills \a option, which must be a newly created record, with what the check box shows in its
+     * current state; see \ref checkboxcolours. \a styleOption is not used. Pixmap, glyph and
+     * \c iconSize are not copied, and the pressed state stays false. \a option must not be null.
      */
     void initStyleOption(KELCheckBoxStyle *option,
                          const QStyleOptionGraphicsItem *styleOption) const;
 
-    //! Paints the check box with \a painter; \a styleOption and \a widget are not read.
+    //! Paints the check box with \a painter; \a styleOption and \a widget are not used.
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *styleOption,
                QWidget *widget = nullptr) override;
 
-    //! Emits checked() or unchecked(), then checkChanged(). The state is read from the record;
-    //! \a check is not read.
+    //! Emits checked() or unchecked(), then checkChanged(). The state is taken from the record;
+    //! \a check is not used.
     void onCheckedEvent(bool check) override;
 
     /*!
-     * Creates the check box's record, a KELCheckBoxStyle: the current look with track RGB (200,
-     * 200, 200), knob RGB (0, 123, 185), outline white and 2 px, radii 15 px. For constructors
-     * only, see KELRoundRectControl::initStyle().
+     * Creates the check box's record, a KELCheckBoxStyle: the current look, but with the track in
+     * RGB (200, 200, 200), the knob in RGB (0, 123, 185), a white 2 px outline and corner radii of
+     * 15 px. For constructors only; see KELRoundRectControl::initStyle().
      */
     KELRoundRectControlStyle *initStyle() override;
 
@@ -125,7 +126,8 @@ Q_SIGNALS:
     void checkChanged();
 
 protected:
-    //! Handles the press as the base does, then toggles if \a event reports the left button.
+    //! Handles the press as the base class does, then toggles if \a event is a press of the left
+    //! button.
     void mousePressEvent(QGraphicsSceneMouseEvent *event) override;
 
 private:

@@ -17,7 +17,7 @@ class KELComboBoxItemPrivate;
 class KELComboBoxPrivate;
 
 /*!
- * \brief An entry of a KELComboBox: a push button without background and outline, with a label on
+ * \brief An entry of a KELComboBox: a push button without a background or outline, with a label on
  * it.
  *
  * KELComboBox::addItem() creates the entries. Style the button with style() and the state functions
@@ -37,20 +37,20 @@ class KELGDI_EXPORT KELComboBoxItem : public KELPushButton
     Q_OBJECT
 
 public:
-    //! Creates an entry without value and text, as a child item of \a parent.
+    //! Creates an entry without a value or text, as a child item of \a parent.
     explicit KELComboBoxItem(QGraphicsObject *parent = nullptr);
 
-    //! Destroys the entry and removes it from its combo box, see KELComboBox::removeItem().
+    //! Destroys the entry and removes it from its combo box; see KELComboBox::removeItem().
     ~KELComboBoxItem() override;
 
-    //! Returns the text. Default null.
+    //! Returns the text. The default is null.
     QString display() const;
 
-    //! Sets the text and repaints it. A combo box that shows it as selected keeps showing the old
-    //! text until the entry is selected again.
+    //! Sets the text and repaints the entry's label. A combo box in which the entry is selected
+    //! keeps showing the old text until the entry is selected again.
     void setDisplay(QString display);
 
-    //! Returns the value. Default an invalid QVariant.
+    //! Returns the value. The default is an invalid QVariant.
     QVariant value() const;
 
     //! Sets the value and does nothing else.
@@ -62,8 +62,8 @@ public:
     //! Sets the rectangle of the entry (item px) and gives its label the same size.
     void setboundRect(qreal x, qreal y, qreal w, qreal h) override;
 
-    //! Removes background and outline from the button's record and returns it. For constructors
-    //! only.
+    //! Removes the background and the outline from the button's record and returns the record. For
+    //! constructors only.
     KELPushButtonStyle *initStyle() override;
 
 private:
@@ -75,8 +75,8 @@ private:
 };
 
 /*!
- * \brief A drop-down list: a tap opens the list below the selected entry, another tap selects an
- * entry.
+ * \brief A drop-down list: a tap opens the list below the control, and a tap on an entry selects
+ * it.
  *
  * \image html combo-box.png
  *
@@ -89,20 +89,20 @@ private:
  * scene->addItem(speed);
  * \endcode
  *
- * Place a combo box with setboundRect(), leave its pos() at (0, 0) and do not rotate or scale it;
- * the reason is in \ref comboboxcompat.
+ * Place a combo box with setboundRect(), leave its pos() at (0, 0), and do not rotate or scale it;
+ * \ref comboboxcompat explains why.
  *
  * A combo box is a composite and paints nothing itself. A KELPushButton covers it, with one
  * KELLabel for the text and one for the arrow. A third KELLabel below the control is the list, with
- * one KELComboBoxItem, 30 px high, for each entry. All are child items. They may be styled but not
- * deleted.
+ * one KELComboBoxItem, 30 px high, for each entry. All are child items. You may style them, but
+ * must not delete them.
  *
  * \section comboboxopen Opening and closing
  * A click on the button opens the list. It closes
  * - on a click on the button;
  * - when an entry is selected;
- * - on a press outside button and list, by mouse or touch: in the scene, in another one, on any
- *   widget or window of the application.
+ * - on a press outside the button and the list, by mouse or touch: in the same scene, in another
+ *   one, or on any widget or window of the application.
  *
  * A tap emits
  * \code
@@ -113,56 +113,57 @@ private:
  * \endcode
  *
  * While the list is open the control has z-value 1, and the combo box filters the events of the
- * application object. Keep the neighbours of the control below 1. The list is not clamped to the
- * scene or view; leave room below the control.
+ * application object. Keep the z-values of neighbouring items below 1. The list is not clamped to
+ * the scene or view; leave room below the control.
  *
  * \section comboboxentries Entries
- * Entries may be added and removed at any time, even while the list is open. After removals call
- * clearItem() and fill the list again.
+ * Entries may be added and removed at any time, even while the list is open. Removing an entry
+ * may leave a gap in the list. To close it, call clearItem() and add the remaining entries again.
  *
  * \section comboboxlife Lifetime
- * The combo box owns its entries. The combo box and its entries may be deleted in any slot of their
- * signals, an entry also in its own mouseClicked(). Qt imposes one exception: in visibleChanged()
- * of a child item, emitted while the list is shown or hidden, no item of the combo box may be
- * deleted; use deleteLater() there.
+ * The combo box owns its entries. The combo box and its entries may be deleted in any slot
+ * connected to their signals, and an entry even in a slot connected to its own mouseClicked(). Qt
+ * imposes one exception: a slot connected to visibleChanged() of a child item, which is emitted
+ * while the list is being shown or hidden, must not delete any item of the combo box. Use
+ * deleteLater() there.
  *
  * GUI thread only.
  *
  * \section comboboxcompat Compatibility notes
  * - Opening the list sets the control's z-value to 1 even if it was higher. Closing restores it as
  *   an int: truncated towards zero, clamped to the range of int, 0 for NaN.
- * - While the control is hidden no press closes the list.
- * - A press that reaches a control in the scene is compared with the list by its position in that
- *   control. After setPos(), of the combo box or of the other control, that differs from the
- *   position in the scene. Then a press on the button may close the list, so that the click opens
- *   it again, or a press on an entry may close it without selecting the entry. The same holds for a
- *   combo box inside an item that was moved by setPos(), such as a KELNavigationTable: see
- *   \ref placing.
- * - Entries behind a removed one keep their position, although the list becomes one entry shorter.
+ * - While the control is hidden, no press closes the list.
+ * - If a press reaches a control in the scene, the combo box compares the rectangle of its list
+ *   with the position of the press in the coordinates of that control. If the combo box or that
+ *   control has been moved with setPos(), these are not scene coordinates. A press on the button
+ *   may then close the list, so that the click opens it again, or a press on an entry may close the
+ *   list without selecting the entry. The same applies to a combo box inside an item that has been
+ *   moved with setPos(), such as a KELNavigationTable; see \ref placing.
+ * - Entries below a removed one keep their position, although the list becomes one entry shorter.
  *   The last entry then extends beyond the list, and a press there closes the list.
- * - An entry that was removed with removeItem() stays a child of the list's item until it gets
- *   another parent item. It can still be clicked, but selects nothing.
- * - The two setboundRect() have different minimum widths.
+ * - An entry that was removed with removeItem() remains a child item of the list until it is given
+ *   another parent item. It can still be clicked, but a click selects nothing.
+ * - The two overloads of setboundRect() have different minimum widths.
  */
 class KELGDI_EXPORT KELComboBox : public KELRoundRectControl
 {
     Q_OBJECT
 
 public:
-    //! Creates a combo box without entries, with the default rectangle of a control, as a child
-    //! item of \a parent.
+    //! Creates an empty combo box with the default rectangle of a control, as a child item of
+    //! \a parent.
     explicit KELComboBox(QGraphicsObject *parent = nullptr);
 
     //! Destroys the combo box and its entries. No signal is emitted.
     ~KELComboBox() override;
 
     //! Appends an entry with \a value that shows \a display or, if that is empty, the value as a
-    //! string. The entry is as wide as the control currently is, less 1 px.
+    //! string. The entry is 1 px narrower than the control currently is.
     void addItem(QVariant value, QString display);
 
     /*!
-     * Removes \a item from the entries without deleting or hiding it: delete it, or give it another
-     * parent.
+     * Removes \a item from the entries without deleting or hiding it. Delete it yourself, or give
+     * it another parent item.
      *
      * If it is the selected entry, nothing is selected afterwards and the text becomes empty.
      * Otherwise the selected entry stays selected. selectItemChanged() is not emitted. Does nothing
@@ -170,7 +171,7 @@ public:
      */
     void removeItem(KELComboBoxItem *item);
 
-    //! Deletes all entries, except those that a slot adds meanwhile, and then resizes the list.
+    //! Deletes all entries, except any that a slot adds during the call, and then resizes the list.
     //! selectItemChanged() is not emitted.
     void clearItem();
 
@@ -178,12 +179,12 @@ public:
      * Selects the entry at \a index, closes the list, shows the text of the entry and emits
      * selectItemChanged().
      *
-     * For the selected entry only the text is updated: the list stays as it is and no signal is
-     * emitted. Any other index without an entry is ignored.
+     * If the entry is already selected, only the displayed text is updated: an open list stays
+     * open, and no signal is emitted. An index without an entry is ignored.
      */
     void setSelectIndex(int index);
 
-    //! Returns the index of the selected entry, or -1, the default, if none is selected.
+    //! Returns the index of the selected entry, or -1 (the default) if none is selected.
     int selectIndex() const;
 
     //! Returns the selected entry, or null.
@@ -197,14 +198,15 @@ public:
     void bindEnum(QMetaEnum e);
 
     /*!
-     * Sets the rectangle (item px) to \a rect and lays out button, labels and list. They are at
-     * least 80 px wide; the control is as wide as \a rect. Entries keep their width.
+     * Sets the rectangle (item px) to \a rect and lays out the button, the labels and the list for
+     * a width of at least 80 px. The control itself is as wide as \a rect. Entries keep their
+     * width.
      */
     void setboundRect(const QRectF &rect) override;
 
     /*!
-     * Sets the rectangle (item px) and lays out button, labels and list. Control and parts are at
-     * least 60 px wide. Entries keep their width.
+     * Sets the rectangle (item px) and lays out the button, the labels and the list. Both the
+     * control and this layout are at least 60 px wide. Entries keep their width.
      */
     void setboundRect(qreal x, qreal y, qreal w, qreal h) override;
 
@@ -212,7 +214,8 @@ public:
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *styleOption,
                QWidget *widget = nullptr) override;
 
-    //! Removes background and outline from the record and returns it. For constructors only.
+    //! Removes the background and the outline from the record and returns the record. For
+    //! constructors only.
     KELRoundRectControlStyle *initStyle() override;
 
 Q_SIGNALS:

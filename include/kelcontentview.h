@@ -27,15 +27,15 @@ class KELRoundRectControl;
  * scene rectangle becomes the view's own rectangle and is fitted into the view. The content keeps
  * its size: it does not grow with the view.
  *
- * A view without a parent is a frameless window, a view with a parent an ordinary child widget.
+ * A view without a parent is a frameless window; a view with a parent is an ordinary child widget.
  *
  * \section viewscale Scale
  * A fitted view shows its content scaled down. On each side the frame takes frameWidth(), which is
- * 1 px with Qt's style Fusion and 2 px with Windows, and QGraphicsView::fitInView() leaves 2 px
- * more. With 1 px a side of n px is shown in n - 6 px, and the smaller of both scales applies: 0.98
- * at 400 x 300, 0.85 at 100 x 40. Without the frame it is 0.987 and 0.9. For one widget px per item
- * px remove the frame and reset the scale after each resize, including the one when the view is
- * shown:
+ * 1 px with Qt's Fusion style and 2 px with the Windows style, and QGraphicsView::fitInView()
+ * leaves another 2 px. With a 1 px frame, a side of n px is scaled to n - 6 px, and the smaller of
+ * the two scales applies: 0.98 at 400 x 300, 0.85 at 100 x 40. Without the frame, the scales are
+ * 0.987 and 0.9. To show one item px as one widget px, remove the frame and reset the scale after
+ * each resize, including the one that takes place when the view is shown:
  * \code
  * class ExactView : public KELContentView
  * {
@@ -57,16 +57,15 @@ class KELRoundRectControl;
  * \section viewscene Scene
  * The scene uses QGraphicsScene::NoIndex, because KELRoundRectControl::setboundRect() changes a
  * rectangle without notifying the scene. Without an index <tt>scene()->items()</tt> is not sorted,
- * whatever order you request. Ask for the items in a rectangle or at a point:
- * <tt>scene()->items(rect)</tt> and <tt>scene()->items(pos)</tt> list the visible ones from the
- * topmost down. The same holds for derived views, for the view of a KELDialogBase and for
- * KELSideMenu.
+ * whatever order you request. Query the items in a rectangle or at a point instead:
+ * <tt>scene()->items(rect)</tt> and <tt>scene()->items(pos)</tt> return the visible ones, topmost
+ * first. The same applies to derived views, to the view of a KELDialogBase and to KELSideMenu.
  *
  * \section contentviewcompat Compatibility notes
- * - The constructor replaces the window flags by Qt::FramelessWindowHint. Without a compositor a
+ * - The constructor replaces the window flags with Qt::FramelessWindowHint. Without a compositor a
  *   translucent top-level window shows black (or stale) pixels where nothing is drawn.
- * - Child widgets inherit the view's style sheet, "background: transparent;". A QMenu with the view
- *   as parent needs a background of its own.
+ * - Child widgets inherit the view's style sheet, "background: transparent;". A QMenu whose parent
+ *   is the view needs a background of its own.
  */
 class KELGDI_EXPORT KELContentView : public QGraphicsView
 {
@@ -82,39 +81,40 @@ public:
     /*!
      * Returns the control last passed to setContent().
      *
-     * Null before the first setContent(), and after other code has deleted that control.
+     * Returns null before the first call of setContent(), and after other code has deleted that
+     * control.
      */
     KELRoundRectControl *content() const;
 
     /*!
      * Shows \a control and resizes the view to int(width) x int(height) of its rect().
      *
-     * Place the control (KELRoundRectControl::setboundRect()) before this call: its size is read
-     * here. A width or height that is not finite counts as 0. \a control must not be null; a null
-     * pointer is ignored.
+     * Set the control's rectangle with KELRoundRectControl::setboundRect() before this call, which
+     * reads its size. A width or height that is not finite counts as 0. A null \a control is
+     * ignored.
      *
      * The scene takes ownership of \a control. Everything that was in the scene is deleted, the
      * previous content included. If \a control is already the content, or is elsewhere in this
      * scene, it survives: it is removed from the scene before the rest is deleted.
      *
      * \par Slots
-     * Slots of items that are deleted here, of \a control, of its previous parent item and of the
-     * scene run meanwhile. They may call setContent() again or delete controls. The control passed
-     * last is shown; one that it replaced before it was ever shown is deleted. Slots may also
-     * delete the view or its scene. The control is then deleted, as it would have been with the
-     * scene, unless a slot has given it another parent item or scene.
+     * Slots connected to the signals of items that are deleted here, of \a control, of its previous
+     * parent item and of the scene run during the call. They may call setContent() again or delete
+     * controls. The control passed last is shown; one that it replaced before it was ever shown is
+     * deleted. Slots may also delete the view or its scene. The control is then deleted, as it
+     * would have been with the scene, unless a slot has given it another parent item or scene.
      *
      * \par
      * Signals of \a control, of its previous parent item and of the scene are emitted after Qt has
-     * done what they report. For an item that is dead by then QGraphicsScene::focusItemChanged()
-     * gets null.
+     * completed the change that they report. QGraphicsScene::focusItemChanged() passes null for an
+     * item that no longer exists by then.
      *
      * \par
-     * Qt does not survive the deletion of the view or its scene in code that it calls in the middle
-     * of its own work: in event handlers of items (focus, mouse grab and activation move from old
-     * items to new ones), in events of the view and in slots of QGraphicsScene::sceneRectChanged(),
-     * both when the view is resized at the end. Use deleteLater() there. A slot must not call this
-     * function while code other than this view deletes the content.
+     * Qt may crash if the view or its scene is deleted by code that Qt calls while it still uses
+     * them: by event handlers of items (focus, mouse grab and activation move from old items to new
+     * ones) and, when the view is resized at the end, by event handlers of the view and slots
+     * connected to QGraphicsScene::sceneRectChanged(). Use deleteLater() there. A slot must not
+     * call this function while code other than this view is deleting the content.
      */
     void setContent(KELRoundRectControl *control);
 

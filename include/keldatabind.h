@@ -40,11 +40,12 @@ QT_WARNING_DISABLE_CLANG("-Wnon-virtual-dtor")
  *
  * \section convertercompat Compatibility notes
  * The destructor is public but not virtual. <tt>delete</tt> through a pointer to the interface, and
- * so <tt>std::unique_ptr<IKELValueConverter></tt>, runs no destructor of the derived class, whose
- * members leak, and frees a block of the size of the interface. Delete a converter as the type it
- * has, or hold it in a <tt>std::shared_ptr</tt> constructed from that type, which remembers it.
- * Make the class final. Only a converter that adds neither members nor a destructor loses nothing.
- * With <tt>-Wnon-virtual-dtor</tt> a compiler warns about every derived class.
+ * therefore <tt>std::unique_ptr<IKELValueConverter></tt>, does not run the destructor of the
+ * derived class, so its members leak, and frees the block with the size of the interface. Delete a
+ * converter through a pointer to its own type, or hold it in a <tt>std::shared_ptr</tt> constructed
+ * from such a pointer, which remembers the type. Make the class final. Only a converter that adds
+ * neither members nor a destructor is unaffected. With <tt>-Wnon-virtual-dtor</tt> a compiler warns
+ * about every derived class.
  */
 // NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): see above
 class KELGDI_EXPORT IKELValueConverter
@@ -56,22 +57,22 @@ public:
         DefaultConverterType = 1 //!< Values are copied as they are; neither function is called.
     };
 
-    //! The kind of this converter, set by its constructor. Default CustomConverterType.
+    //! The kind of this converter, set by its constructor. The default is CustomConverterType.
     ValueConverterType type;
 
-    //! Returns the value for the destination, converted from \a value, which was read from
-    //! \a object, the source. Return an invalid QVariant to leave the destination unchanged.
+    //! Converts \a value, which was read from the source \a object, and returns the value for the
+    //! destination. Return an invalid QVariant to leave the destination unchanged.
     virtual QVariant Convert(QObject *object, const QVariant &value) = 0;
 
-    //! Returns the value for the source, converted from \a value, which was read from \a object,
-    //! the destination. Return an invalid QVariant to leave the source unchanged.
+    //! Converts \a value, which was read from the destination \a object, and returns the value for
+    //! the source. Return an invalid QVariant to leave the source unchanged.
     virtual QVariant ConvertBack(QObject *object, const QVariant &value) = 0;
 
     //! Returns true if the converter is of kind \a t.
     bool operator==(ValueConverterType t) const;
 
-    //! Destroys only the interface, because it is not virtual: delete a converter as the type it
-    //! has.
+    //! Destroys only the interface, because it is not virtual: delete a converter through a pointer
+    //! to its own type.
     ~IKELValueConverter() = default;
 
 protected:
@@ -119,7 +120,7 @@ QT_WARNING_POP
  * binding listens to their notify signals. If a property has none, changes on its side go
  * unnoticed.
  *
- * The binding does not own source, destination or converter.
+ * The binding does not own its source, destination or converter.
  *
  * \section bindmodes Modes
  * setBind() connects what the mode requests and the two properties support. bindMode() returns the
@@ -147,44 +148,45 @@ QT_WARNING_POP
  * - no dst notify: <tt>waring : could not find dst notify</tt>
  *
  * \section bindvalues Values
- * Values are copied as QVariant, by QObject::property() and QObject::setProperty(), with the
- * conversions of these functions. With a converter of kind IKELValueConverter::CustomConverterType
- * every value passes through it first.
+ * Values are copied as QVariants with QObject::property() and QObject::setProperty(), which apply
+ * their usual conversions. With a converter of kind IKELValueConverter::CustomConverterType every
+ * value passes through it first.
  * - A value that cannot be converted to the type of the property is not written.
  * - An invalid value resets a property with a RESET function and otherwise writes the default of
  *   the type.
  * - Writing to a property without a WRITE function does nothing.
- * - A name that is not a declared property is a dynamic property. Those cannot be bound, but see
- *   setBind().
+ * - A name that is not a declared property refers to a dynamic property. Dynamic properties cannot
+ *   be bound, but see setBind().
  *
- * Only the properties themselves stop the echo of a two-way binding: one of the two setters must
- * not emit its notify signal for an unchanged value. Two that always emit call each other until the
- * stack overflows. KELSlideControl::setValue() without a step always emits. Its partner must begin
- * with <tt>if (value == m_value) return;</tt>, as check boxes do. Two sliders without a step never
- * settle; with a step in one of them they do.
+ * A two-way binding relies on the properties to stop the echo: at least one of the two setters must
+ * not emit its notify signal for an unchanged value. Two setters that always emit call each other
+ * until the stack overflows. KELSlideControl::setValue() always emits if there is no step, so the
+ * other setter must begin with <tt>if (value == m_value) return;</tt>, as that of a check box does.
+ * Two sliders without a step never settle; if one of them has a step, they do.
  *
  * Guarded setters do not help if the value that comes back differs each time, as with a converter
  * whose ConvertBack() does not undo Convert(). For radio boxes see \ref radiobind.
  *
  * \section bindlife Lifetime
- * Once the source or the destination is destroyed, the binding does nothing. Source, destination
- * and binding may be destroyed at any time, even in a setter, getter, slot or converter that the
- * binding itself is calling. A converter may be destroyed when no binding uses it, or as the last
- * thing it does in Convert() or ConvertBack().
+ * Once the source or the destination is destroyed, the binding does nothing. The source, the
+ * destination and the binding may be destroyed at any time, even in a setter, getter, slot or
+ * converter that the binding itself is calling. A converter may be destroyed when no binding uses
+ * it, or as the last thing it does in Convert() or ConvertBack().
  *
  * \section bindexceptions Exceptions
- * No exception may leave the getters, setters, converters, slots and event handlers that run while
- * a binding copies a value or connects. It ends the program at once, by std::terminate(), even if
- * an outer function would have caught it.
+ * No exception may escape from the getters, setters, converters, slots and event handlers that run
+ * while a binding copies a value or connects. An exception that does calls std::terminate() at
+ * once, even if an outer function would have caught it.
  *
  * GUI thread only.
  *
  * \section bindcompat Compatibility notes
  * - setBind() copies the destination's value to the source first, without the converter and in
- *   every mode. A source without such a property then has a dynamic one of that name.
- * - setBind() and bind() do not disconnect first: without unbind() each signal is handled twice.
+ *   every mode. A source without such a property gets a dynamic one of that name.
+ * - setBind() and bind() do not disconnect first: without a call of unbind(), each signal is
+ *   handled twice.
  * - Both error messages for an undeclared name contain the name of the source's property.
- * - bind() and update() end with the signals of the written object unblocked, even if the
+ * - bind() and update() leave the signals of the object that they write to unblocked, even if the
  *   application had blocked them.
  * - hasError() is also true for a binding in mode Manual.
  */
@@ -196,47 +198,47 @@ public:
     //! The directions in which changes are copied.
     enum BindMode : int {
         Auto = 0, //!< In the directions that the properties allow. Never an effective mode.
-        Manual = 1, //!< Not at all; values move when setBind() or update() is called.
+        Manual = 1, //!< Not at all; only setBind() and update() copy.
         OneWay = 2, //!< From the source to the destination.
         TwoWay = 3, //!< In both directions.
         OneWayToSource = 4 //!< From the destination to the source.
     };
 
-    //! Creates a binding without source and destination, as a child of \a parent.
+    //! Creates a binding without a source or destination, as a child of \a parent.
     explicit KELDataBind(QObject *parent = nullptr);
 
-    //! Ends the binding. Does not delete source, destination or converter.
+    //! Ends the binding. Does not delete the source, the destination or the converter.
     ~KELDataBind() override;
 
     /*!
      * Binds the property \a srcProperty of \a src and the property \a dstProperty of \a dst in mode
-     * \a mode, with \a converter or, if it is null, without. Names are UTF-8.
+     * \a mode. A null \a converter means that values are not converted. Names are UTF-8.
      *
-     * In this order:
-     * 1. The arguments are stored.
-     * 2. The destination's value is copied to the source, without the converter and in every mode.
-     * 3. Names that are not declared are reported and end the call. The effective mode, the
-     *    connections and the meta-properties of an earlier call are left unchanged. The messages
-     *    are <tt>error : could not find src property ' name '</tt> and
+     * The call does the following, in this order:
+     * 1. It stores the arguments.
+     * 2. It copies the destination's value to the source, without the converter and in every mode.
+     * 3. If a name is not that of a declared property, it prints a debug message and returns. The
+     *    effective mode, the connections and the meta-properties of an earlier call are left
+     *    unchanged. The messages are <tt>error : could not find src property ' name '</tt> and
      *    <tt>error : could not find dst property ' name '</tt>; in both the name is that of the
      *    source's property.
-     * 4. Notify signals are connected as in \ref bindmodes.
+     * 4. It connects the notify signals as described in \ref bindmodes.
      *
-     * Because the copy comes first, a source without such a property has a dynamic one of that name
-     * afterwards. A null name is an empty one, which no property has; a null object has no
-     * property.
+     * Because the copy comes first, a source without such a property gets a dynamic one of that
+     * name. A null name counts as an empty one, and no property has an empty name; a null object
+     * has no properties.
      *
-     * Earlier connections stay: call unbind() first to replace a binding, otherwise each signal is
-     * handled twice. If a slot calls setBind() on this binding while it copies, that call replaces
-     * what the outer one was about to do.
+     * Earlier connections remain: call unbind() first to replace a binding, otherwise each signal
+     * is handled twice. If a slot calls setBind() on this binding while the value is being copied,
+     * the nested call takes effect and the outer one is abandoned.
      */
     void setBind(QObject *src, const char *srcProperty, QObject *dst, const char *dstProperty,
                  BindMode mode, IKELValueConverter *converter = nullptr);
 
     /*!
      * Creates a binding as a child of \a src, calls setBind() with the arguments and returns it.
-     * The binding is destroyed with the source. With a null \a src it has no parent and the caller
-     * owns it. Returns null if a setter destroyed the source meanwhile.
+     * The binding is destroyed together with the source. If \a src is null, the binding has no
+     * parent and the caller owns it. Returns null if a setter destroys the source during the call.
      */
     static KELDataBind *bind(QObject *src, const char *srcProperty, QObject *dst,
                              const char *dstProperty, BindMode mode,
@@ -244,13 +246,13 @@ public:
 
     /*!
      * Reconnects after unbind(), in the effective mode, and copies the value once: to the
-     * destination, or in mode OneWayToSource to the source. The signals of the object written to
-     * are blocked meanwhile and unblocked afterwards, even if the application had blocked them with
-     * QObject::blockSignals().
+     * destination or, in mode OneWayToSource, to the source. During the copy the signals of the
+     * object written to are blocked; afterwards they are unblocked, even if the application had
+     * blocked them with QObject::blockSignals().
      *
-     * Writes <tt>error : bind is not setted</tt> and does nothing else if the effective mode is
-     * Manual or an object is gone. Does not disconnect first: without unbind() every change is
-     * copied twice from then on.
+     * If the effective mode is Manual or an object no longer exists, prints the debug message
+     * <tt>error : bind is not setted</tt> and does nothing else. Does not disconnect first: without
+     * a call of unbind(), every change is copied twice from then on.
      */
     void bind();
 
@@ -258,10 +260,10 @@ public:
     void unbind();
 
     //! Copies the destination's value to the source once, through the converter, in any mode, with
-    //! the source's signals blocked as in bind(). Does nothing if an object is gone.
+    //! the source's signals blocked as in bind(). Does nothing if an object no longer exists.
     void update();
 
-    //! Returns the effective mode. Default Manual.
+    //! Returns the effective mode. The default is Manual.
     BindMode bindMode() const;
 
     //! Returns true if the effective mode is Manual: nothing is connected.

@@ -45,7 +45,7 @@ public:
     //! 0 means "no icon".
     KELIconFont(unsigned short code);
 
-    //! Replaces the glyph by \a icon. The font stays the same.
+    //! Replaces the glyph with \a icon. The font stays the same.
     void setIcon(const QChar &icon);
 
     //! Returns the glyph; its code is 0 when there is none.
@@ -74,7 +74,7 @@ public:
      */
     void drawIcon(QPainter *painter, const QRectF &rect, int flags) const;
 
-    //! Returns a font of the installed family in Qt's default size and weight.
+    //! Returns a font of the installed family, with Qt's default size and weight.
     static QFont iconFont();
 
     //! Returns the family of the installed icon font. Empty until installFont() has succeeded.
@@ -82,12 +82,12 @@ public:
 
     /*!
      * Registers the font file at \a path (a file or a Qt resource) and makes its first family the
-     * icon font of all objects constructed from now on.
+     * icon font of all KELIconFont objects constructed from then on.
      *
-     * On success prints, with qDebug(), <tt>install from "PATH" , font "FAMILY" succeeful</tt>. If
+     * On success, prints, with qDebug(), <tt>install from "PATH" , font "FAMILY" succeeful</tt>. If
      * the file is missing or is not a font, prints <tt>could not intstall "PATH"</tt> and keeps the
-     * previous family. A font that names no family gets its name from the system, usually that of
-     * its file.
+     * previous family. If the font does not name its family, the system chooses the name, usually
+     * that of the file.
      */
     static void installFont(const QString &path);
 

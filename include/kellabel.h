@@ -21,8 +21,8 @@
  * All other features are those of KELRoundRectControl: eliding, font, margins, and a pixmap or a
  * glyph instead of the text. A label with an empty text draws nothing.
  *
- * A label keeps the base's input settings, so it blocks presses on the items below. Call
- * <tt>setAcceptedMouseButtons(Qt::NoButton)</tt> where taps are meant for the item below; see
+ * A label keeps the base class's input settings, so it blocks presses on the items below. If taps
+ * are meant for the item below, call <tt>setAcceptedMouseButtons(Qt::NoButton)</tt>; see
  * \ref passive.
  */
 class KELGDI_EXPORT KELLabel : public KELRoundRectControl
@@ -30,7 +30,7 @@ class KELGDI_EXPORT KELLabel : public KELRoundRectControl
     Q_OBJECT
 
 public:
-    //! Creates a label as a child item of \a parent, or without parent when it is null.
+    //! Creates a label as a child item of \a parent, or without a parent if it is null.
     explicit KELLabel(QGraphicsObject *parent = nullptr);
     //! Destroys the label.
     ~KELLabel() override;
@@ -40,9 +40,9 @@ public:
                QWidget *widget = nullptr) override;
 
     /*!
-     * Applies the label's defaults to the current record and returns it: white caption, no
-     * background, outline 0 px. The other fields keep the base's defaults: caption centred, wrapped
-     * and elided, in the default font. The label still owns the record.
+     * Applies the label's defaults to the current record and returns it: a white caption, no
+     * background and a 0 px outline. The other fields keep the base class's defaults: caption
+     * centred, wrapped and elided, in the default font. The label still owns the record.
      */
     KELRoundRectControlStyle *initStyle() override;
 

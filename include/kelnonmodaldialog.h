@@ -26,13 +26,13 @@ class KELNonModalDialogPrivate;
  * KELNonModalDialog::showOne(panel);
  * \endcode
  *
- * The panel is a KELContentView and hides through a KELNonModalhelper with source
- * KELNonModalhelper::TriggerScreen. See there what counts as a press outside, and in
- * \ref helpertoggle how the button that opens the panel can close it again. The panel is hidden,
- * not deleted, and can be shown again.
+ * The panel is a KELContentView that a KELNonModalhelper hides, with the trigger source
+ * KELNonModalhelper::TriggerScreen. See that class for what counts as a press outside, and
+ * \ref helpertoggle for how the button that opens the panel can close it again. The panel is
+ * hidden, not deleted, and can be shown again.
  *
- * A panel may be deleted at any time, even in a slot of disappeared(), but not in its own events or
- * in those of its items.
+ * A panel may be deleted at any time, even in a slot connected to disappeared(), but not in its own
+ * event handlers or in those of its items.
  *
  * GUI thread only.
  *
@@ -41,19 +41,19 @@ class KELNonModalDialogPrivate;
  * without overlap, eglfs) use a child of the full-screen window.
  *
  * With a parent the panel is a child widget, because KELContentView replaces the window flags, and
- * its geometry() is in the coordinates of the parent. It then closes on the correct presses only
- * where the parent's corner is that of the screen, as in a full-screen window. Elsewhere use
- * KELNonModalhelper::TriggerParent: presses on the parent itself close the panel, presses on
- * siblings do not.
+ * its geometry() is in the coordinates of the parent. It then closes on the correct presses only if
+ * the top-left corner of the parent is that of the screen, as in a full-screen window. Otherwise
+ * use KELNonModalhelper::TriggerParent: presses on the parent itself then close the panel, and
+ * presses on siblings do not.
  *
  * \section nonmodallock One at a time
- * showOne() and activeDialog() know all living panels. Code that runs synchronously while showOne()
- * hides and shows panels, hide events for example, may construct, destroy, show and hide panels and
- * call showOne() and activeDialog().
+ * showOne() and activeDialog() take all existing panels into account. Code that runs synchronously
+ * while showOne() hides and shows panels, such as a hide event handler, may construct, destroy,
+ * show and hide panels and call showOne() and activeDialog().
  * - A panel constructed then is not hidden by the running showOne().
  * - A panel shown then is hidden, unless showOne() has already passed it.
- * - A nested showOne() is complete when it returns. The outer one then continues: in the end its
- *   panel is shown, if it is still alive.
+ * - A nested showOne() is complete when it returns. The outer call then continues: in the end its
+ *   panel is shown, if it still exists.
  */
 class KELGDI_EXPORT KELNonModalDialog : public KELContentView
 {
@@ -67,9 +67,9 @@ public:
     ~KELNonModalDialog() override;
 
     /*!
-     * Hides every visible panel but \a dialog, in the order of their construction, and then shows
-     * \a dialog, if it is not null and has not been deleted meanwhile. The panels hidden this way
-     * do not emit disappeared(). See \ref nonmodallock for what hide events may do.
+     * Hides every visible panel except \a dialog, in order of construction, and then shows
+     * \a dialog, unless it is null or has been deleted in the meantime. The panels hidden this way
+     * do not emit disappeared(). See \ref nonmodallock for what hide event handlers may do.
      */
     static void showOne(KELNonModalDialog *dialog);
 
@@ -77,26 +77,26 @@ public:
     //! first.
     static KELNonModalDialog *activeDialog();
 
-    //! Sets which presses close the panel. Default KELNonModalhelper::TriggerScreen.
+    //! Sets which presses close the panel. The default is KELNonModalhelper::TriggerScreen.
     void setTriggerSource(KELNonModalhelper::TriggerSource source);
 
     //! Returns which presses close the panel.
     KELNonModalhelper::TriggerSource triggerSource() const;
 
-    //! From now on, closes the panel if no press inside has come for \a ms milliseconds after it
-    //! was shown. Values below 1 mean 3000. Cannot be undone.
+    //! From now on, the panel closes by itself \a ms milliseconds after it was shown or, if that
+    //! was later, last pressed inside. Values below 1 mean 3000. Cannot be undone.
     void enableTime(int ms);
 
     //! Makes the panel ignore the next press outside instead of closing.
     void ignoreOnce();
 
 Q_SIGNALS:
-    //! The panel has closed by itself, after a press outside or at the end of the period of
-    //! enableTime(). Not emitted when the application hides the panel.
+    //! The panel has closed by itself, after a press outside it or because the timeout set with
+    //! enableTime() expired. Not emitted when the application hides the panel.
     void disappeared();
 
 protected:
-    //! Starts the period of enableTime().
+    //! Starts the timeout set with enableTime().
     void showEvent(QShowEvent *event) override;
 
 private:

@@ -13,8 +13,8 @@
  */
 struct KELGDI_EXPORT KELPushButtonStyle : public KELRoundRectControlStyle
 {
-    //! The margins, in item px, of the picture above a caption or of a glyph without caption.
-    //! Default (5, 1, 5, 1).
+    //! The margins, in item px, around the picture above a caption, or around a glyph without a
+    //! caption. The default is (5, 1, 5, 1).
     QMarginsF iconMargins = QMarginsF();
 };
 
@@ -32,8 +32,8 @@ struct KELGDI_EXPORT KELPushButtonStyle : public KELRoundRectControlStyle
  * \endcode
  *
  * The button accepts the left mouse button, touch and hover. It declares no signals of its own:
- * connect mouseClicked(), mouseLongPress() and the others of KELRoundRectControl; \ref gesture has
- * their order.
+ * connect to mouseClicked(), mouseLongPress() and the other signals of KELRoundRectControl; see
+ * \ref gesture for their order.
  *
  * \section layouts Layouts
  * | picture | condition            | what is drawn                                            |
@@ -49,7 +49,7 @@ struct KELGDI_EXPORT KELPushButtonStyle : public KELRoundRectControlStyle
  * margin plus the bottom margin.
  *
  * \section states States
- * The look of a state is a function that edits a copy of the style record at every paint:
+ * The look of a state is a function that edits a copy of the style record on every paint:
  * \code
  * button->setIsMouseDownTemplate([](KELPushButtonStyle &look) {
  *     look.backgroundBrush = QColor(0, 120, 215);
@@ -59,10 +59,10 @@ struct KELGDI_EXPORT KELPushButtonStyle : public KELRoundRectControlStyle
  * the pressed look, which takes precedence where both write the same field.
  *
  * A state function that sets a border brush on a button without an outline must also set
- * \c borderWidth. It must not replace the state functions of the button that it runs for.
+ * \c borderWidth. It must not replace the state functions of the button for which it is called.
  *
  * \section pushbuttoncompat Compatibility notes
- * - Above a strip the caption is elided to the width of the whole button, whatever the value of
+ * - A caption in a strip is always elided, to the width of the whole button, whatever the value of
  *   \c trimText.
  * - A state function that sets a foreground brush where there is none changes the layout of a
  *   button with a pixmap. The default disabled look does so.
@@ -72,43 +72,43 @@ class KELGDI_EXPORT KELPushButton : public KELRoundRectControl
     Q_OBJECT
 
 public:
-    //! Creates a button as a child item of \a parent, or without parent when it is null.
+    //! Creates a button as a child item of \a parent, or without a parent if it is null.
     explicit KELPushButton(QGraphicsObject *parent = nullptr);
     //! Destroys the button.
     ~KELPushButton() override;
 
-    //! Sets the look while pressed. An empty function leaves the look unchanged. Default:
-    //! background RGBA (50, 70, 100, 200). Does not repaint the button.
+    //! Sets the look while pressed. An empty function leaves the look unchanged. The default sets
+    //! the background to RGBA (50, 70, 100, 200). Does not repaint the button.
     void setIsMouseDownTemplate(const std::function<void(KELPushButtonStyle &)> &look);
 
     //! Sets the look while checked. An empty function, the default, leaves the look unchanged. Does
     //! not repaint the button.
     void setIsCheckedTemplate(const std::function<void(KELPushButtonStyle &)> &look);
 
-    //! Sets the look while disabled. An empty function leaves the look unchanged. Default: caption
-    //! and outline RGBA (150, 150, 150, 100). Does not repaint the button.
+    //! Sets the look while disabled. An empty function leaves the look unchanged. The default sets
+    //! the caption and the outline to RGBA (150, 150, 150, 100). Does not repaint the button.
     void setIsDisableTemplate(const std::function<void(KELPushButtonStyle &)> &look);
 
     /*!
-     * Fills \a option, a fresh record, with what the button shows in its current state.
-     * \a styleOption is not read. In addition to KELRoundRectControl::initStyleOption() it copies
-     * \c iconMargins and the two states and applies the state functions. \a option must not be
-     * null.
+     * Fills \a option, which must be a newly created record, with what the button shows in its
+     * current state. \a styleOption is not used. In addition to
+     * KELRoundRectControl::initStyleOption() it copies \c iconMargins and the two states and
+     * applies the state functions. \a option must not be null.
      */
     void initStyleOption(KELPushButtonStyle *option,
                          const QStyleOptionGraphicsItem *styleOption) const;
 
-    //! Paints the button with \a painter; \a styleOption and \a widget are not read.
+    //! Paints the button with \a painter; \a styleOption and \a widget are not used.
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *styleOption,
                QWidget *widget = nullptr) override;
 
-    //! Creates the button's record: the current look with background RGBA (0, 0, 0, 20) and outline
-    //! 2 px. For constructors only, see KELRoundRectControl::initStyle().
+    //! Creates the button's record: the current look, but with the background RGBA (0, 0, 0, 20)
+    //! and a 2 px outline. For constructors only; see KELRoundRectControl::initStyle().
     KELPushButtonStyle *initStyle() override;
 
 protected:
     //! Consumes presses, releases and double clicks of any button but the left one on child items.
-    //! \a watched is not read.
+    //! \a watched is not used.
     bool sceneEventFilter(QGraphicsItem *watched, QEvent *event) override;
 
 private:

@@ -26,39 +26,39 @@ class KELRadioBoxPrivate;
  * \code
  * mousePress, checked or unchecked, checkChanged, mouseRelease, mouseClicked
  * \endcode
- * In a KELRadioBoxGroup one box of several is checked, and the checked one does not react to the
- * pointer.
+ * In a KELRadioBoxGroup only one of several boxes is checked, and the checked one does not react to
+ * the pointer.
  *
  * The circle is 25 px across and centred in the rectangle; the dot is 19 px across. The outline
- * extends half of \c borderWidth beyond the circle: with the default width a control of 27 x 27 px
- * holds it; see \ref outside. \c borderBrush draws the outline, \c backgroundBrush fills the
- * circle, \c foregroundBrush fills the dot. A width of 0 draws an outline of one device pixel, a
- * negative or non-finite width none. There is no disabled look and no caption: put a KELLabel
- * beside the box.
+ * extends half of \c borderWidth beyond the circle: with the default width, the box fits into a
+ * control of 27 x 27 px; see \ref outside. \c borderBrush draws the outline, \c backgroundBrush
+ * fills the circle, \c foregroundBrush fills the dot. A width of 0 draws an outline of one device
+ * pixel; with a negative or non-finite width no outline is drawn. There is no disabled look and no
+ * caption: put a KELLabel beside the box.
  *
  * \section radioboxcompat Compatibility notes
  * - style() resets four fields of the record each time it is called.
  * - Inside a parent control the circle is placed by the record's own rectangle, while
  *   boundingRect() is offset by the corner of the parent's rectangle. Use a parent whose rectangle
  *   begins at (0, 0). Pages below a title bar, pages with an outline and all but the first control
- *   of a KELSideMenu begin elsewhere: see \ref placing.
+ *   of a KELSideMenu begin elsewhere; see \ref placing.
  */
 class KELGDI_EXPORT KELRadioBox : public KELRoundRectControl
 {
     Q_OBJECT
-    //! Whether the box is checked. Default false.
+    //! Whether the box is checked. The default is false.
     Q_PROPERTY(bool check READ isCheck WRITE setCheck NOTIFY checkChanged)
 
 public:
-    //! Creates an unchecked radio box as a child item of \a parent, or without parent when it is
+    //! Creates an unchecked radio box as a child item of \a parent, or without a parent if it is
     //! null.
     explicit KELRadioBox(QGraphicsObject *parent = nullptr);
-    //! Removes the box from its group, without a signal of the group, and destroys it.
+    //! Removes the box from its group and destroys it. The group emits no signal.
     ~KELRadioBox() override;
 
     /*!
      * Resets four fields of the record to the defaults of a radio box and returns the record: no
-     * background, outline white and 2 px, foreground RGB (50, 173, 235).
+     * background, a white 2 px outline and the foreground RGB (50, 173, 235).
      *
      * To change one of the four permanently, edit the record through KELRoundRectControl::style():
      * \code
@@ -69,7 +69,7 @@ public:
      */
     KELRoundRectControlStyle *style();
 
-    //! Paints the radio box with \a painter; \a styleOption and \a widget are not read.
+    //! Paints the radio box with \a painter; \a styleOption and \a widget are not used.
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *styleOption,
                QWidget *widget = nullptr) override;
 
@@ -85,7 +85,8 @@ Q_SIGNALS:
     void checkChanged();
 
 protected:
-    //! Handles the press as the base does, then toggles if \a event reports the left button.
+    //! Handles the press as the base class does, then toggles if \a event is a press of the left
+    //! button.
     void mousePressEvent(QGraphicsSceneMouseEvent *event) override;
 
 private:
@@ -121,22 +122,22 @@ private:
  *
  * \section radiobind Bindings
  * Do not bind a box to its own group or to another box of the group; connect to idChanged()
- * instead. A binding of \c id with \c check of such a box undoes selections or leaves no box
- * checked. A binding of \c check of two boxes with each other, or of \c id with \c check of two
- * boxes, can recurse until the stack overflows.
+ * instead. Binding \c id to \c check of such a box undoes selections or leaves no box checked.
+ * Binding \c check of one box to \c check of another, or \c id to \c check of two boxes, can
+ * recurse until the stack overflows.
  *
- * A two-way KELDataBind of the property \c id with a property of another object settles, even if
- * that property emits for every value. Because \c id is a bool, it may select the box with id 1, if
- * there is one, instead of any other except 0. It recurses until the stack overflows if the
- * opposite of the carried value comes back, as from a converter whose ConvertBack() does not undo
- * Convert(), and there are boxes with the ids 0 and 1.
+ * A two-way KELDataBind between the property \c id and a property of another object settles, even
+ * if that property emits for every value. Because \c id is a bool, the binding may select the box
+ * with id 1, if there is one, in place of a box with any other id except 0. It recurses until the
+ * stack overflows if the opposite of the value that it sends comes back, as from a converter whose
+ * ConvertBack() does not undo Convert(), and there are boxes with the ids 0 and 1.
  *
  * \section radiolife Lifetime
- * The group does not own the boxes. Group and boxes may be destroyed in any order and in any slot
- * of their signals. A destroyed box leaves the group without a signal and frees its ids. If it was
- * the selected one, id() is unchanged and no box is checked until setId() selects another one or a
- * box is added under that id. Boxes that outlive the group keep their state, the checked one
- * without pointer input. A box belongs to one group.
+ * The group does not own the boxes. The group and the boxes may be destroyed in any order and in
+ * any slot connected to their signals. A destroyed box leaves the group without a signal and frees
+ * its ids. If it was the selected one, id() is unchanged and no box is checked until setId()
+ * selects another one or a box is added under that id. Boxes that outlive the group keep their
+ * state; the checked one still accepts no pointer input. A box belongs to one group.
  *
  * GUI thread only.
  *
@@ -145,11 +146,11 @@ private:
  *   or 1.
  * - Slots that were connected to the new box's checked() before the box was added run before the
  *   old box is unchecked.
- * - If a slot of the old box's unchecked() or checkChanged() selects a third box, the later
- *   selection wins. The earlier one is abandoned, its box is unchecked if it was already checked,
- *   and idChanged() is emitted once.
- * - If a slot of the new box's signals selects a third box, both selections are made, nested, and
- *   idChanged() is emitted twice, with the third id both times.
+ * - If a slot connected to the old box's unchecked() or checkChanged() selects a third box, the
+ *   later selection wins. The earlier one is abandoned: its box is unchecked if it was already
+ *   checked, and idChanged() is emitted once.
+ * - If a slot connected to the new box's signals selects a third box, both selections are made,
+ *   nested, and idChanged() is emitted twice, with the third id both times.
  */
 class KELGDI_EXPORT KELRadioBoxGroup : public QObject
 {
@@ -164,17 +165,18 @@ public:
     //! Destroys the group. The boxes stay.
     ~KELRadioBoxGroup() override;
 
-    //! Returns the id of the selected box. Default 0, even if no box has that id.
+    //! Returns the id of the selected box. The default is 0, even if no box has that id.
     int id() const;
 
     /*!
-     * Adds \a box under \a id, any number. If that is the group's current id, the box is checked,
-     * with its signals but without idChanged(), and accepts no more pointer input. Otherwise the
-     * box keeps its state. Null is ignored.
+     * Adds \a box with the id \a id, which may be any number. If it is the group's current id, the
+     * box is checked, with its signals but without idChanged(), and accepts no more pointer input.
+     * Otherwise the box keeps its state. Null is ignored.
      *
-     * If a box already has that id, nothing changes and this debug message is written (for id 3):
-     * <tt>waring : id 3 is already exist</tt>. A box that is added again under another id has both
-     * ids; however it is selected, id() returns the one given last. A living box cannot be removed.
+     * If a box already has that id, nothing changes, and this debug message is printed (here for id
+     * 3): <tt>waring : id 3 is already exist</tt>. A box that is added again under another id has
+     * both ids; however it is selected, id() returns the one given last. A box cannot be removed
+     * from a group except by destroying it.
      */
     void addRadioBox(KELRadioBox *box, int id);
 
@@ -186,7 +188,7 @@ public Q_SLOTS:
 
 Q_SIGNALS:
     //! Another box was selected. Emitted after the signals of both boxes, except for checkChanged()
-    //! of a box that was tapped, see \ref radiotap.
+    //! of a box that was tapped; see \ref radiotap.
     void idChanged();
 
 private:

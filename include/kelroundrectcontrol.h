@@ -28,7 +28,7 @@ class KELControlPrivate;
  * \brief The style record: how a control looks, and its pointer state.
  *
  * Every control owns one record and returns it from KELRoundRectControl::style(). Edit it freely;
- * the change shows at the next paint. If the control is already shown, call
+ * the change takes effect on the next paint. If the control is already visible, call
  * QGraphicsItem::update().
  *
  * \code
@@ -38,23 +38,24 @@ class KELControlPrivate;
  * \endcode
  *
  * The record is plain data: copying it copies every field. The defaults given here are those of a
- * control. Controls that need more fields derive from this record and append them.
+ * control. Controls that need more fields use a derived record, which appends them.
  *
  * \section stylebrushes Brushes
  * These gradients paint nothing, because Qt would crash with some of them:
- * - a gradient with a value that is not finite or beyond 100,000, in its points, radii, angle or
- *   stops, in the transformation of the brush or in the inverse of that transformation;
+ * - a gradient in which a value of its points, radii, angle or stops, of the transformation of the
+ *   brush or of the inverse of that transformation is not finite or is greater than 100,000 in
+ *   magnitude;
  * - a gradient whose transformation has no inverse;
- * - a radial gradient whose two circles touch from inside, or come within a millionth of that.
+ * - a radial gradient whose two circles touch internally, or come within a millionth of that.
  *
- * The limits also hold for the brushes of derived records.
+ * These limits also apply to the brushes of derived records.
  *
  * \section stylememory Memory
- * A \c delete expression frees a record as the type that it names. A control deletes its record as
- * a KELRoundRectControlStyle even if it is a derived record, and then does not destroy the fields
- * of the derived record. A derived record must therefore add only plain values, or values that the
+ * The destructor of a record is not virtual. A control deletes its record through a pointer to
+ * KELRoundRectControlStyle, even if it is a derived record, so the fields that the derived record
+ * adds are not destroyed. A derived record must therefore add only plain values, or values that the
  * derived control resets to their empty state in its own destructor. A control that replaces its
- * base class's record deletes the old one as the type it has.
+ * base class's record deletes the old one through a pointer to its own type.
  *
  * \section stylecompat Compatibility notes
  * \c borderWidth, \c textFlags, \c trimText, \c contextMenu and \c iconSize have no initialiser.
@@ -62,50 +63,52 @@ class KELControlPrivate;
  */
 struct KELGDI_EXPORT KELRoundRectControlStyle
 {
-    //! The control's rectangle in its own coordinates, in item px. Default (100, 100, 100, 30).
-    //! Change it with KELRoundRectControl::setboundRect(). A rectangle with a non-finite value
+    //! The control's rectangle in its own coordinates, in item px. The default is (100, 100, 100,
+    //! 30). Change it with KELRoundRectControl::setboundRect(). A rectangle with a non-finite value
     //! draws nothing.
     QRectF boundRect = QRectF();
-    //! The fill. A brush of style Qt::NoBrush draws none. Default RGBA (0, 0, 0, 20).
+    //! The fill. With Qt::NoBrush the control is not filled. The default is RGBA (0, 0, 0, 20).
     QBrush backgroundBrush = QBrush(Qt::NoBrush);
-    //! The brush of the 1 px pen for caption and glyph. Qt::NoBrush draws no caption. Default
-    //! black.
+    //! The brush of the 1 px pen for the caption and the glyph. With Qt::NoBrush no caption is
+    //! drawn. The default is black.
     QBrush foregroundBrush = QBrush(Qt::NoBrush);
-    //! The brush of the outline. Qt::NoBrush draws none. Default black.
+    //! The brush of the outline. With Qt::NoBrush no outline is drawn. The default is black.
     QBrush borderBrush = QBrush(Qt::NoBrush);
-    //! The width of the outline in item px. 0 or less draws none. Default 0.5.
+    //! The width of the outline in item px. With 0 or less no outline is drawn. The default is 0.5.
     float borderWidth;
-    //! The corner radius along x in item px. 0 or less gives square corners. Default 0.
+    //! The corner radius along x in item px. 0 or less gives square corners. The default is 0.
     qreal xRadius = 0;
-    //! The corner radius along y in item px. 0 or less gives square corners. Default 0.
+    //! The corner radius along y in item px. 0 or less gives square corners. The default is 0.
     qreal yRadius = 0;
-    //! The caption. Default null.
+    //! The caption. The default is null.
     QString text = QString();
-    //! Qt::AlignmentFlag and Qt::TextFlag bits for caption and glyph. Default 0x1084:
-    //! Qt::AlignCenter and Qt::TextWordWrap.
+    //! Qt::AlignmentFlag and Qt::TextFlag bits for the caption and the glyph. The default is
+    //! 0x1084: Qt::AlignCenter and Qt::TextWordWrap.
     int textFlags;
-    //! Whether caption lines that are too long end in an ellipsis. Default true.
+    //! Whether caption lines that are too long end in an ellipsis. The default is true.
     bool trimText;
-    //! The font of the caption. Default QFont().
+    //! The font of the caption. The default is QFont().
     QFont font = QFont();
     /*!
-     * The menu that a long press or a context-menu event opens. Null opens none. Default null.
+     * The menu that a long press or a context-menu event opens. If it is null, no menu is opened.
+     * The default is null.
      *
      * The application owns the menu, but the control schedules it for deletion
      * (QObject::deleteLater()) when the control is destroyed. A menu may be deleted before the
-     * control, by its parent for example: it is then no longer opened. Do not share one menu
-     * between controls with different lifetimes.
+     * control, for example by its parent: the control then no longer opens it. Do not share one
+     * menu between controls with different lifetimes.
      */
     QMenu *contextMenu;
-    //! The margins, in item px, between the control's rectangle and its content rectangle. Default
-    //! 0. Margins larger than the rectangle give a negative content size, with which Qt draws a
-    //! pixmap in its own size.
+    //! The margins, in item px, between the control's rectangle and its content rectangle. They are
+    //! 0 by default. Margins larger than the rectangle give a negative content size, for which Qt
+    //! draws a pixmap at its own size.
     QMarginsF margins = QMarginsF();
-    //! The picture, scaled to the content rectangle. A null pixmap draws none. Default null.
+    //! The picture, scaled to the content rectangle. If it is null, no picture is drawn. The
+    //! default is null.
     QPixmap pixmap = QPixmap();
-    //! The glyph of the icon font. A null glyph draws none. Default null.
+    //! The glyph of the icon font. If it is null, no glyph is drawn. The default is null.
     KELIconFont icon = KELIconFont();
-    //! The pixel size of the glyph. Must be greater than 0. Default 30.
+    //! The pixel size of the glyph. Must be greater than 0. The default is 30.
     int iconSize;
     //! State: the pointer is pressed on the control. Written by the control.
     bool isMouseDown = false;
@@ -129,7 +132,7 @@ struct KELGDI_EXPORT KELRoundRectControlStyle
 
     // A control deletes derived records as this type. The unsized operator delete never passes a
     // wrong size to the allocator.
-    //! Allocates a record of \a size bytes, of this type or derived.
+    //! Allocates a record of \a size bytes, of this or a derived type.
     static void *operator new(std::size_t size) { return ::operator new(size); }
     //! Allocates a record of \a size bytes. Returns null when out of memory.
     static void *operator new(std::size_t size, const std::nothrow_t &tag) noexcept
@@ -141,7 +144,7 @@ struct KELGDI_EXPORT KELRoundRectControlStyle
     {
         return ::operator new(size, place);
     }
-    //! Frees \a record, of this type or derived.
+    //! Frees \a record, of this or a derived type.
     static void operator delete(void *record) noexcept { ::operator delete(record); }
     //! Matches the nothrow operator new.
     static void operator delete(void *record, const std::nothrow_t &tag) noexcept
@@ -170,7 +173,7 @@ struct KELGDI_EXPORT KELRoundRectControlStyle
  *
  * \section look Look
  * The control paints its style() in this order: rounded rectangle and outline, pixmap, glyph,
- * caption. Pixmap, glyph and caption share the content rectangle and overlap.
+ * caption. The pixmap, the glyph and the caption share the content rectangle and overlap.
  *
  * \section gesture Gestures
  * All positions are in item px. If the control accepts the press, it emits
@@ -190,13 +193,13 @@ struct KELGDI_EXPORT KELRoundRectControlStyle
  * - with QGraphicsItem::ItemIsSelectable it accepts a press of the left button or of a finger;
  * - with QGraphicsItem::ItemIsMovable it accepts a press of any button.
  *
- * The base sets neither flag; \ref controlcompat says what follows.
+ * The base class sets neither flag; \ref controlcompat describes the consequences.
  *
- * \anchor passive <b>Controls that are not meant to be tapped.</b> Panels block presses; only
- * buttons missing from acceptedMouseButtons() reach the items below, and a control is a panel. The
- * item below gets nothing, unless the control is a child of a KELPushButton, which takes the
- * presses on its children. Call <tt>setAcceptedMouseButtons(Qt::NoButton)</tt> to let all presses
- * through.
+ * \anchor passive <b>Controls that are not meant to be tapped.</b> A control is a panel
+ * (QGraphicsItem::ItemIsPanel), and panels block presses: only presses of buttons that are not in
+ * acceptedMouseButtons() reach the items below. The item below gets no other press, unless the
+ * control is a child of a KELPushButton, which takes the presses on its children. Call
+ * <tt>setAcceptedMouseButtons(Qt::NoButton)</tt> to let all presses through.
  *
  * <b>Lost pointer.</b> A pressed control loses the pointer when
  * - the grab is taken away;
@@ -215,46 +218,47 @@ struct KELGDI_EXPORT KELRoundRectControlStyle
  * \section fingers Several fingers
  * Qt synthesises mouse events from one finger at a time. The library delivers the presses of the
  * others, so that two thumbs can type on a keypad. While a finger is down on a control, each
- * further finger presses, moves and releases the control on which it comes down, with the signals
- * above, in any QGraphicsView. The fingers do not affect each other.
+ * further finger sends its press, moves and release to the control on which it comes down, in any
+ * QGraphicsView. That control emits the signals above. The fingers do not affect each other.
  *
  * A further finger differs from the first one:
- * - It is tracked only while the finger from which Qt synthesises the mouse is one that came down
- *   on a control. While that finger is on the empty scene, on another kind of item or on a widget,
- *   Qt does not report the others.
- * - It presses only controls, and none that is already pressed or movable.
+ * - It is tracked only if the finger from which Qt synthesises mouse events came down on a control.
+ *   While that finger is on the empty scene, on another kind of item or on a widget, Qt does not
+ *   report the others.
+ * - It presses only controls, and only those that are neither movable nor already pressed.
  * - Its second tap in a row is a press, not a double click.
  * - It does not close an open KELComboBox, KELNonModalDialog or KELNonModalhelper, sends no hover
  *   events and does not move the keyboard focus.
  *
  * \section lifetime Lifetime
  * A slot connected to any signal of the library may delete any control, with \c delete or
- * QObject::deleteLater(): the sender or another control, also while its context menu is open.
+ * QObject::deleteLater(): the sender or another control, even while its context menu is open.
  *
  * Qt itself still uses some objects after it has emitted its own signals. Use
  * QObject::deleteLater() there:
  * - for the view, its window and the scene, in any slot that runs during a gesture;
- * - in slots of QGraphicsScene::selectionChanged(), which a tap on a selectable control emits, for
- *   the items being selected and those under the pointer;
- * - in slots of visibleChanged() and enabledChanged(), for other items of the same tree, because Qt
- *   iterates over all children;
- * - in slots of parentChanged(), childrenChanged(), xChanged() and yChanged(), for the item, its
- *   parents and its children, unless KELNavigationTable::addItem() emits them;
- * - in slots of QGraphicsScene::changed() and QGraphicsScene::sceneRectChanged(), for the scene and
- *   the view;
- * - in slots of QMenu::aboutToShow() and QMenu::aboutToHide() for that menu, of QDialog::accepted()
- *   and QDialog::rejected() for that dialog, and in a widget's own hide event;
- * - in slots of destroyed(), for the object that the destroyed one is a part of: it is already
- *   being deleted.
+ * - in slots connected to QGraphicsScene::selectionChanged(), which a tap on a selectable control
+ *   emits, for the items being selected and those under the pointer;
+ * - in slots connected to visibleChanged() and enabledChanged(), for other items of the same tree,
+ *   because Qt iterates over all children;
+ * - in slots connected to parentChanged(), childrenChanged(), xChanged() and yChanged(), for the
+ *   item, its parents and its children, unless KELNavigationTable::addItem() emits them;
+ * - in slots connected to QGraphicsScene::changed() and QGraphicsScene::sceneRectChanged(), for the
+ *   scene and the view;
+ * - in slots connected to QMenu::aboutToShow() and QMenu::aboutToHide(), for that menu, in slots
+ *   connected to QDialog::accepted() and QDialog::rejected(), for that dialog, and in a widget's
+ *   own hide event handler, for that widget;
+ * - in slots connected to destroyed(), for the object that the destroyed one is a part of: it is
+ *   already being deleted.
  *
  * \section geometry Geometry
  * setboundRect() neither repaints nor notifies the scene. Set the rectangle first, then add the
- * control to the scene. If a rectangle must change in a shown scene, the scene must use
- * QGraphicsScene::NoIndex and the application must repaint it. The scenes of this library's views
- * use QGraphicsScene::NoIndex: see \ref viewscene.
+ * control to the scene. If a rectangle must change while the scene is shown, the scene must use
+ * QGraphicsScene::NoIndex, and the application must repaint it. The scenes of this library's views
+ * use QGraphicsScene::NoIndex; see \ref viewscene.
  *
- * \ref placing says where a child control is, and which controls are drawn out of place when the
- * rectangle of their parent does not begin at (0, 0).
+ * \ref placing explains where a child control appears, and which controls are drawn out of place
+ * when the rectangle of their parent does not begin at (0, 0).
  *
  * \section outside Outside the rectangle
  * Some controls have parts of fixed size, or an outline around their rectangle. If the rectangle is
@@ -268,8 +272,9 @@ struct KELGDI_EXPORT KELRoundRectControlStyle
  *
  * \section controlcompat Compatibility notes
  * - A plain KELRoundRectControl has neither ItemIsSelectable nor ItemIsMovable. It emits mousePress
- *   and, 500 ms later, mouseLongPress, and stays in the pressed state. So does a control of a
- *   derived class that calls the base's mousePressEvent() and then ignores the event.
+ *   and, 500 ms later, mouseLongPress, and stays in the pressed state. The same applies to a
+ *   control of a derived class that calls the mousePressEvent() of this class and then ignores the
+ *   event.
  * - If a selectable control also accepts the right button, a right press emits only mousePress. The
  *   pressed look and the long-press timer are cleared on the next event-loop iteration, unless a
  *   derived class accepts the event.
@@ -281,7 +286,7 @@ class KELGDI_EXPORT KELRoundRectControl : public QGraphicsObject
 
 public:
     /*!
-     * Creates a control as a child item of \a parent, or without parent when it is null.
+     * Creates a control as a child item of \a parent, or without a parent if it is null.
      *
      * The control caches its picture in device coordinates (QGraphicsItem::DeviceCoordinateCache)
      * and is a panel (QGraphicsItem::ItemIsPanel). Hover and touch events are off.
@@ -297,8 +302,9 @@ public:
     //! Returns (0, 0, width, height) of the control's rectangle, in item px.
     QRectF rect() const;
 
-    //! Returns true while the pointer is pressed on the control and has not been lost. The field of
-    //! the style record has the same value by the next event-loop iteration at the latest.
+    //! Returns true while the pointer is pressed on the control and has not been lost. The field
+    //! KELRoundRectControlStyle::isMouseDown has the same value by the next event-loop iteration at
+    //! the latest.
     bool isMouseDown() const;
 
     //! Returns true if the control is checked.
@@ -308,7 +314,8 @@ public:
     QString text() const;
 
     /*!
-     * Fills \a option, a fresh record, with what the control shows. \a styleOption is not read.
+     * Fills \a option, which must be a newly created record, with what the control shows.
+     * \a styleOption is not used.
      *
      * The rectangle is boundingRect(). An outline is copied only if it has a brush and a width
      * greater than 0, a caption only if there is a foreground brush and a text. The states stay
@@ -325,23 +332,24 @@ public:
      */
     QRectF boundingRect() const override;
 
-    //! Stores \a rect (item px, any value) as the control's rectangle and does nothing else: see
+    //! Stores \a rect (item px, any value) as the control's rectangle and does nothing else; see
     //! \ref geometry.
     virtual void setboundRect(const QRectF &rect);
 
     //! Stores the rectangle \a x, \a y, \a w, \a h (item px), as setboundRect(const QRectF&) does.
     virtual void setboundRect(qreal x, qreal y, qreal w, qreal h);
 
-    //! Paints the style record with \a painter; \a styleOption and \a widget are not read.
+    //! Paints the style record with \a painter; \a styleOption and \a widget are not used.
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *styleOption,
                QWidget *widget = nullptr) override;
 
 public Q_SLOTS:
     //! Checks or unchecks the control: repaints it and calls onCheckedEvent(). Does nothing if
-    //! \a check is the current state. The base emits no signal.
+    //! \a check is the current state. This class emits no signal.
     void setCheck(bool check);
 
-    //! Replaces the caption by \a text and repaints the control, even if the caption is unchanged.
+    //! Replaces the caption with \a text and repaints the control, even if the caption is
+    //! unchanged.
     void setText(QString text);
 
 Q_SIGNALS:
@@ -357,9 +365,9 @@ Q_SIGNALS:
     void mousePress(const QPointF &pos);
     //! The pointer was released at \a pos, in item px, inside or outside the control.
     void mouseRelease(const QPointF &pos);
-    //! The pointer entered the control. Only while hover events are accepted.
+    //! The pointer entered the control. Emitted only while hover events are accepted.
     void mouseEnter();
-    //! The pointer left the control. Only while hover events are accepted. Emitted before the
+    //! The pointer left the control. Emitted only while hover events are accepted, and before the
     //! mouseEnter() of the control that the pointer enters. If the pointer enters another kind of
     //! item, it is emitted on the next event-loop iteration.
     void mouseLeave();
@@ -367,11 +375,11 @@ Q_SIGNALS:
 protected:
     //! Handles the 500 ms long-press timer.
     void timerEvent(QTimerEvent *event) override;
-    //! Begins a press and emits mousePress(). A press that the scene sent here by mistake, because
-    //! a popup consumed the release before it, is delivered to the control under the pointer
+    //! Begins a press and emits mousePress(). A press that the scene sends here by mistake, because
+    //! a popup consumed the previous release, is delivered to the control under the pointer
     //! instead: connect to mousePress() rather than overriding this function.
     void mousePressEvent(QGraphicsSceneMouseEvent *event) override;
-    //! Repeats the press, then emits mouseDoubleClicked().
+    //! Handles the event as a press, then emits mouseDoubleClicked().
     void mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event) override;
     //! Ends a press. Emits mouseRelease() and, for a tap, mouseClicked().
     void mouseReleaseEvent(QGraphicsSceneMouseEvent *event) override;
@@ -382,7 +390,7 @@ protected:
     //! Emits mouseLeave().
     void hoverLeaveEvent(QGraphicsSceneHoverEvent *event) override;
     //! Opens the style's context menu at the event's screen position and accepts the event. Without
-    //! a menu the event stays ignored.
+    //! a menu the event remains ignored.
     void contextMenuEvent(QGraphicsSceneContextMenuEvent *event) override;
 
 public: // again: the order of virtual functions is part of the ABI
@@ -395,20 +403,22 @@ public: // again: the order of virtual functions is part of the ABI
      *
      * For constructors only: each constructor in the chain calls its own class's version and stores
      * the result. A derived version copies the look of the current record with
-     * KELRoundRectControlStyle::copy(), deletes that record as the type it has, and returns the new
-     * one. The base version returns a new record that the caller owns.
+     * KELRoundRectControlStyle::copy(), deletes that record through a pointer to its own type, and
+     * returns the new one. The base version returns a new record that the caller owns.
      *
-     * \warning The record of a class must derive from the record of its base class: for a class
-     * derived from KELCheckBox from KELCheckBoxStyle, from KELPushButton from KELPushButtonStyle,
-     * from KELNavigationTable from KELNavigationTableStyle, from KELNavigationTableItem from
-     * KELNavigationTableItemStyle. Those classes read their fields whenever they paint, and a
-     * record without them is too short. The class that replaced the record resets fields that own
-     * memory (brushes, strings) in its destructor.
+     * \warning The record of a class must derive from the record of its base class. A class derived
+     * from KELCheckBox needs a record derived from KELCheckBoxStyle; the same applies to
+     * KELPushButton and KELPushButtonStyle, KELNavigationTable and KELNavigationTableStyle, and
+     * KELNavigationTableItem and KELNavigationTableItemStyle. These base classes read their own
+     * fields whenever they paint, and would read past the end of a record without them. In its
+     * destructor, the class that replaced the record must reset those fields it added that own
+     * memory (brushes, strings).
      */
     virtual KELRoundRectControlStyle *initStyle();
 
 protected:
-    //! The style record, owned. Derived constructors store the result of their initStyle() here.
+    //! The style record, which the control owns. Constructors of derived classes store the result
+    //! of their initStyle() here.
     KELRoundRectControlStyle *m_style;
 
     //! \cond

@@ -22,17 +22,17 @@ class KELSlideControlPrivate;
  * scene->addItem(speed);
  * \endcode
  *
- * \section slideuse In use
- * A press on the knob grabs it, and moves drag it; vertical motion is ignored. The knob is 30 px
- * across, and the corners of its square belong to it. A press anywhere else on the control jumps to
- * that position: the value is set to minimum + (maximum - minimum) * distance / (width - 30), where
- * distance is that of the finger from the left edge.
+ * \section slideuse Interaction
+ * A press on the knob grabs it, and moving the pointer drags it; vertical movement is ignored. The
+ * knob is 30 px across, and the corners of its square belong to it. A press anywhere else on the
+ * control jumps to that position: the value is set to minimum + (maximum - minimum) * distance /
+ * (width - 30), where distance is how far the finger is from the left edge.
  * \code
  * press beside the knob, release ---> mousePress, valueChanged, mouseRelease, mouseClicked
  * press on the knob, drag, release -> mousePress, valueChanged for each move, mouseRelease
  * \endcode
- * A jump or a move that does not pass the step emits no valueChanged. A drag of at most 10 px also
- * ends with mouseClicked.
+ * A jump or a move by less than one step emits no valueChanged. A drag of at most 10 px also ends
+ * with mouseClicked.
  *
  * Call setboundRect() before the slider is shown: the constructor leaves the knob at (0, 0),
  * outside the default rectangle. The control must be wider than 30 px.
@@ -40,18 +40,20 @@ class KELSlideControlPrivate;
  * \section slidevalue Value and step
  * The value is a \c float between minimun() and maximun(), default 0 in a range of 0 to 100. With a
  * step() greater than 0 it moves in whole steps from the current value:
- * 1. A new value less than one step away does not pass the step: it is ignored without a signal.
- * 2. Any other is rounded to whole steps, halves upward (2.5 to 3, -2.5 to -2).
+ * 1. A new value that is less than one step away from the current one is ignored, and no signal is
+ *    emitted.
+ * 2. Any other change is rounded to a whole number of steps, with halves rounded upward (2.5 to 3,
+ *    -2.5 to -2).
  * 3. The result is clamped to the bounds.
  *
- * A bound can therefore be reached even if it is not a whole number of steps away. Steps then count
- * from the bound.
+ * A bound can therefore be reached even if it is not a whole number of steps away. Steps are then
+ * counted from the bound.
  *
  * \section slidelook Look
  * \c backgroundBrush fills the groove (4 px high). \c foregroundBrush fills the knob and the part
- * of the groove left of it. \c borderBrush outlines the knob with 2 px. The filled part is drawn
- * only while the value is within the bounds. A disabled slider draws knob and filled part in RGB
- * (110, 110, 110) and the outline in RGB (170, 170, 170), whatever the brushes are.
+ * of the groove to the left of it. \c borderBrush outlines the knob with 2 px. The filled part is
+ * drawn only while the value is within the bounds. A disabled slider draws the knob and the filled
+ * part in RGB (110, 110, 110) and the outline in RGB (170, 170, 170), whatever the brushes are.
  *
  * At the ends of the travel the outline of the knob extends 1 px beyond the rectangle, and in a
  * control less than 32 px high also above and below it. See \ref outside.
@@ -60,21 +62,21 @@ class KELSlideControlPrivate;
  * - maximun(), minimun() and their setters are spelled this way.
  * - A slider emits no mouseLongPress() and opens no menu on a long press. mouseClicked() is emitted
  *   even after more than 500 ms if the pointer has not moved by more than 10 px.
- * - In a control exactly 30 px wide a jump or a move can make the value NaN; in a narrower one
- *   dragging runs backwards.
+ * - In a control exactly 30 px wide a jump or a move can make the value NaN; in a narrower one the
+ *   knob moves against the drag.
  * - The bounds are not checked. If the maximum is below the minimum, a value above the maximum
  *   becomes the maximum, any other value becomes the minimum.
  * - If both bounds are equal, the position of the knob is NaN. The knob vanishes, and presses at
  *   its height grab it at any position, until the bounds differ and the knob is placed again.
- * - A bound that is NaN limits nothing. A value of NaN is stored; with a step it then stays,
- *   whatever is set, until the step is 0.
- * - Without a \c backgroundBrush the filled part is outlined with the painter's current pen, in a
- *   scene a black one of 1 px. Without a \c borderBrush the knob is outlined with the painter's
- *   current pen, in a scene with none if there is a groove.
+ * - A bound that is NaN limits nothing. A value of NaN is stored. If there is a step, the value
+ *   then remains NaN, whatever is set, until the step is set to 0.
+ * - Without a \c backgroundBrush the filled part is outlined with the painter's current pen, which
+ *   in a scene is black and 1 px wide. Without a \c borderBrush the knob is outlined with the
+ *   painter's current pen; in a scene with a groove there is none.
  * - In a parent control the groove is drawn in boundingRect(), which is offset by the corner of the
- *   parent's rectangle, while knob and pointer use the record's own rectangle. Use a parent whose
- *   rectangle begins at (0, 0). Pages below a title bar, pages with an outline and all but the
- *   first control of a KELSideMenu begin elsewhere: see \ref placing.
+ *   parent's rectangle, while the knob and the pointer use the record's own rectangle. Use a parent
+ *   whose rectangle begins at (0, 0). Pages below a title bar, pages with an outline and all but
+ *   the first control of a KELSideMenu begin elsewhere; see \ref placing.
  *
  * \subsection slideplace Knob position
  * With f = (value - minimum) / (maximum - minimum), the left edge of the knob is set
@@ -84,68 +86,71 @@ class KELSlideControlPrivate;
  * | setboundRect(const QRectF&)              | x + 15 + f * (width - 30)                      |
  * | setboundRect(qreal, qreal, qreal, qreal) | x + value / (maximum - minimum) * (width - 30) |
  *
- * where f and its product with the travel are single precision. With a minimum of 0 the form with
- * four numbers agrees with setValue(): use that form. With another minimum set bounds, rectangle,
- * value and step in this order, because only a setValue() that passes the step places the knob.
- * setMaximun() and setMinimun() do not move it. After setboundRect(const QRectF&) with the value at
- * the maximum the knob extends 15 px beyond the rectangle.
+ * where f and its product with (width - 30) are in single precision. With a minimum of 0, the
+ * overload with four numbers agrees with setValue(): use that overload. With any other minimum, set
+ * the bounds, the rectangle, the value and the step in this order, because only a call of
+ * setValue() that is not ignored places the knob. setMaximun() and setMinimun() do not move it.
+ * After setboundRect(const QRectF&) with the value at the maximum the knob extends 15 px beyond the
+ * rectangle.
  */
 class KELGDI_EXPORT KELSlideControl : public KELRoundRectControl
 {
     Q_OBJECT
-    //! The value. Default 0.
+    //! The value. The default is 0.
     Q_PROPERTY(float value READ value WRITE setValue NOTIFY valueChanged)
 
 public:
     //! Creates a slider with range 0 to 100, no step and value 0, as a child item of \a parent, or
-    //! without parent when it is null.
+    //! without a parent if it is null.
     explicit KELSlideControl(QGraphicsObject *parent = nullptr);
     //! Destroys the slider.
     ~KELSlideControl() override;
 
-    //! Returns the value. Default 0.
+    //! Returns the value. The default is 0.
     float value() const;
 
     // Compat: the spelling, here and below.
-    //! Returns the upper bound. Default 100.
+    //! Returns the upper bound. The default is 100.
     float maximun() const;
 
-    //! Returns the lower bound. Default 0.
+    //! Returns the lower bound. The default is 0.
     float minimun() const;
 
-    //! Returns the step width. 0 or less means that the value is continuous. Default 0.
+    //! Returns the step width. 0 or less means that the value is continuous. The default is 0.
     float step() const;
 
-    //! Sets the step width, any number. The value is unchanged. A step of NaN counts as 0. With an
-    //! infinite step the value never changes.
+    //! Sets the step width to \a step, which may be any number. The value is unchanged. NaN counts
+    //! as 0. If the step is infinite, the value never changes.
     void setStep(float step);
 
-    //! Sets the upper bound to \a maximum, any number. A value above the old bound is clamped to
-    //! the old (not the new) bound. Otherwise it is unchanged, even outside the new bounds, until a
-    //! setValue() that passes the step. Does not move the knob, repaint or emit.
+    //! Sets the upper bound to \a maximum, which may be any number. A value above the old bound is
+    //! clamped to the old (not the new) bound. Any other value is unchanged, even if it is outside
+    //! the new bounds, until a call of setValue() that is not ignored. Does not move the knob,
+    //! repaint the slider or emit a signal.
     void setMaximun(float maximum);
 
-    //! Sets the lower bound to \a minimum, any number. A value below the old bound is clamped to
-    //! the old (not the new) bound. Otherwise it is unchanged, even outside the new bounds, until a
-    //! setValue() that passes the step. Does not move the knob, repaint or emit.
+    //! Sets the lower bound to \a minimum, which may be any number. A value below the old bound is
+    //! clamped to the old (not the new) bound. Any other value is unchanged, even if it is outside
+    //! the new bounds, until a call of setValue() that is not ignored. Does not move the knob,
+    //! repaint the slider or emit a signal.
     void setMinimun(float minimum);
 
-    //! Stores \a rect (item px) and places the knob, see \ref slideplace. Neither repaints nor
-    //! notifies the scene: see \ref geometry.
+    //! Stores \a rect (item px) and places the knob; see \ref slideplace. Neither repaints nor
+    //! notifies the scene; see \ref geometry.
     void setboundRect(const QRectF &rect) override;
 
-    //! Stores the rectangle \a x, \a y, \a w, \a h (item px) and places the knob by another rule,
+    //! Stores the rectangle \a x, \a y, \a w, \a h (item px) and places the knob by another rule;
     //! see \ref slideplace. Neither repaints nor notifies the scene.
     void setboundRect(qreal x, qreal y, qreal w, qreal h) override;
 
-    //! Paints the slider with \a painter; \a styleOption and \a widget are not read.
+    //! Paints the slider with \a painter; \a styleOption and \a widget are not used.
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *styleOption,
                QWidget *widget = nullptr) override;
 
     /*!
-     * Applies the slider's defaults to the current record and returns it: groove light grey, filled
-     * part and knob RGB (50, 173, 235), outline of the knob white. The slider still owns the
-     * record.
+     * Applies the slider's defaults to the current record and returns it: a light grey groove, the
+     * filled part and the knob in RGB (50, 173, 235), and a white outline of the knob. The slider
+     * still owns the record.
      */
     KELRoundRectControlStyle *initStyle() override;
 
@@ -162,17 +167,17 @@ public Q_SLOTS:
 
 Q_SIGNALS:
     //! The value was set, by setValue() or by the pointer. During a drag it is emitted for every
-    //! move that passes the step.
+    //! move by at least one step.
     void valueChanged();
 
 protected:
     //! Handles the slider's own timer, which is never started: stops it and repaints. Ignores other
     //! timers, the long-press timer included.
     void timerEvent(QTimerEvent *event) override;
-    //! Handles the press as the base does, then grabs the knob or jumps.
+    //! Handles the press as the base class does, then grabs the knob or jumps.
     void mousePressEvent(QGraphicsSceneMouseEvent *event) override;
-    //! Handles the move as the base does, then drags the knob if a press grabbed it and the pointer
-    //! was not lost.
+    //! Handles the move as the base class does, then drags the knob if a press has grabbed it and
+    //! the pointer has not been lost.
     void mouseMoveEvent(QGraphicsSceneMouseEvent *event) override;
 
 private:

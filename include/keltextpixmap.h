@@ -29,14 +29,14 @@ class KELGDI_EXPORT KELTextPixmap : public QPixmap
 {
 public:
     /*!
-     * Draws \a text centred and word-wrapped into a picture of \a size (in pixels).
+     * Draws \a text, centred and word-wrapped, into a picture of size \a size, in pixels.
      *
      * \param text The caption. Text that does not fit into \a size is clipped.
      * \param size The size of the picture. An empty size gives a null pixmap.
      * \param textBrush The brush of the 1 px pen that draws the text. A gradient is allowed, within
      *        the limits of \ref stylebrushes.
-     * \param backgroundBrush The background colour, see \ref textpixmapcompat. A
-     *        default-constructed (Qt::NoBrush) brush makes the picture transparent.
+     * \param backgroundBrush The background colour; see \ref textpixmapcompat. A
+     *        default-constructed brush (Qt::NoBrush) makes the picture transparent.
      * \param font The font of the text.
      */
     KELTextPixmap(const QString &text, const QSize &size, const QBrush &textBrush,
