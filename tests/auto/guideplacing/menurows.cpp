@@ -20,7 +20,7 @@ KELSideMenu *newMenuRows(QWidget *window)
         menu->addItem(row);
         rows.append(row);
     }
-    // After the last addItem(): items on a row count in the length of the menu.
+    // After the last addItem(): items on a row count towards the length of the menu.
     for (KELLabel *row : qAsConst(rows)) {
         auto *layer = new QGraphicsWidget(row);
         layer->setPos(row->boundingRect().topLeft());
