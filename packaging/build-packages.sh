@@ -12,13 +12,13 @@ usage() {
     cat <<'TEXT'
 Usage: packaging/build-packages.sh [--twice] [amd64] [arm64]
 
-Builds the packages on amd64 Debian 12, for both architectures unless one is named, and runs lintian,
-which must find no error and no warning. The packages go to build/packages/ARCHITECTURE.
+Builds the packages on Debian 12 (amd64), for both architectures unless one is named, and runs lintian,
+which must report no errors and no warnings. The packages go to build/packages/ARCHITECTURE.
 
   --twice   build a second time, in another folder, time zone and language; every package must be
             identical, byte for byte
 
-Does not run the tests: try-packages.sh runs them where the packages are installed.
+Does not run the tests: try-packages.sh runs them with the installed packages.
 TEXT
 }
 

@@ -12,9 +12,9 @@ usage() {
     cat <<'TEXT'
 Usage: packaging/try-packages.sh amd64|arm64
 
-Creates a minimal Debian 12, installs the packages from build/packages/ARCHITECTURE with apt, and tries
-them: runs kelgdi-selftest, builds an application with CMake, pkg-config and qmake, and purges the
-packages. The Debian is deleted afterwards. Needs root and about 2 GB below build. arm64 runs under
+Creates a minimal Debian 12 system, installs the packages from build/packages/ARCHITECTURE with apt, and
+tries them: runs kelgdi-selftest, builds an application with CMake, pkg-config and qmake, and purges the
+packages. Deletes the system afterwards. Needs root privileges and about 2 GB in build. arm64 runs under
 emulation, for which the kernel needs binfmt_misc.
 
 Environment:
