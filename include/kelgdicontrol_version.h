@@ -8,13 +8,13 @@
 
 /*!
  * \file
- * \brief The version of the headers. Every public header includes it.
+ * \brief The version of the headers. Every public header includes this one.
  */
 
 /*!
  * \def KELGDI_VERSION_CHECK(major, minor, patch)
- * \brief A version as one number, 0x010203 for 1.2.3, to compare with KELGDI_VERSION in the
- * preprocessor. \a minor and \a patch are at most 255.
+ * \brief Turns a version into one number, 0x010203 for 1.2.3, with which the preprocessor can
+ * compare KELGDI_VERSION. \a minor and \a patch are at most 255.
  *
  * \code
  * #if KELGDI_VERSION >= KELGDI_VERSION_CHECK(1, 0, 0)
@@ -28,8 +28,8 @@
 
 /*!
  * \def KELGDI_VERSION
- * \brief The version that the application is compiled with, as KELGDI_VERSION_CHECK() writes it.
- * The library that it runs with may be a later one, see \ref abi.
+ * \brief The version that the application is compiled with, in the form of KELGDI_VERSION_CHECK().
+ * The application may run with a later version of the library; see \ref abi.
  */
 #define KELGDI_VERSION \
   KELGDI_VERSION_CHECK(KELGDI_VERSION_MAJOR, KELGDI_VERSION_MINOR, KELGDI_VERSION_PATCH)

@@ -13,8 +13,8 @@ usage() {
 Usage: scripts/abi.sh --check | --update
 
   --check    list the differences from tests/abi/interface.txt and from the symbols file of the
-             package, and fail if there is any
-  --update   make the present headers the baseline: write tests/abi/interface.txt,
+             package, and fail if there are any
+  --update   make the current headers the baseline: write tests/abi/interface.txt,
              docs/guide/layout.md and the symbols file
 
 docs/guide/abi.md says what may change. ./check makes the same comparisons for amd64 and arm64.
