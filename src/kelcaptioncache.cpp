@@ -248,15 +248,15 @@ KELCaptionCache::KELCaptionCache() = default;
 
 KELCaptionCache::~KELCaptionCache() = default;
 
-bool KELCaptionCache::isElided(const KELRoundRectControlStyle &option, qreal width) const
+bool KELCaptionCache::hasText(const KELRoundRectControlStyle &option, qreal width) const
 {
     return m_entry && m_entry->fontGeneration == fontGeneration() && isSame(m_entry->width, width)
         && m_entry->sourceFont.isCopyOf(option.font) && m_entry->source == option.text
         && m_entry->sourceSubstitutes == substitutesOf(option.font);
 }
 
-void KELCaptionCache::storeElided(const KELRoundRectControlStyle &option, qreal width,
-                                  const QString &text)
+void KELCaptionCache::storeText(const KELRoundRectControlStyle &option, qreal width,
+                                const QString &text)
 {
     m_entry->fontGeneration = fontGeneration();
     m_entry->width = width;
@@ -273,17 +273,17 @@ void KELCaptionCache::drawTrimmed(QPainter *painter, const QRectF &rect,
         return;
     if (!m_entry)
         m_entry = std::make_unique<CacheEntry>();
-    if (!isElided(option, width)) {
-        if (drawUnelided(painter, rect, option, width))
+    if (!hasText(option, width)) {
+        if (drawIfItFits(painter, rect, option, width))
             return;
-        storeElided(option, width, option.getTrimmingText(option.text, width, option.font));
+        storeText(option, width, option.getTrimmingText(option.text, width, option.font));
     }
     draw(painter, rect, option.textFlags, QString(m_entry->trimmed));
 }
 
 // The layout that draws a caption also reports whether it fits; asking first would lay it out
 // twice.
-bool KELCaptionCache::drawUnelided(QPainter *painter, const QRectF &rect,
+bool KELCaptionCache::drawIfItFits(QPainter *painter, const QRectF &rect,
                                    const KELRoundRectControlStyle &option, qreal width)
 {
     if (!canBeCached(*painter, option.textFlags, option.text) || !isMeasuredAsDrawn(option.text)
@@ -294,7 +294,7 @@ bool KELCaptionCache::drawUnelided(QPainter *painter, const QRectF &rect,
     // getTrimmingText() elides to whole pixels.
     if (!layout.fits(std::floor(width)))
         return false;
-    storeElided(option, width, option.text);
+    storeText(option, width, option.text);
     m_entry->layout.reset();
     m_entry->key = std::move(key);
     layout.draw(painter, rect);

@@ -39,9 +39,9 @@ private:
 
     struct CacheEntry;
 
-    bool isElided(const KELRoundRectControlStyle &option, qreal width) const;
-    void storeElided(const KELRoundRectControlStyle &option, qreal width, const QString &text);
-    bool drawUnelided(QPainter *painter, const QRectF &rect, const KELRoundRectControlStyle &option,
+    bool hasText(const KELRoundRectControlStyle &option, qreal width) const;
+    void storeText(const KELRoundRectControlStyle &option, qreal width, const QString &text);
+    bool drawIfItFits(QPainter *painter, const QRectF &rect, const KELRoundRectControlStyle &option,
                       qreal width);
 
     std::unique_ptr<CacheEntry> m_entry; // once there was something to draw

@@ -57,7 +57,7 @@ void drawKnob(QPainter *painter, const KELCheckBoxStyle &option, const QRectF &k
         return;
     painter->setPen(Qt::NoPen);
     painter->setBrush(KELPainting::usableBrush(option.indicatorBrush));
-    KELPainting::drawRounded(painter, knob, option.xRadius, option.yRadius);
+    KELPainting::drawRoundedRect(painter, knob, option.xRadius, option.yRadius);
 }
 
 void drawSwitch(QPainter *painter, const KELCheckBoxStyle &option)
@@ -68,7 +68,7 @@ void drawSwitch(QPainter *painter, const KELCheckBoxStyle &option)
         painter->setBrush(KELPainting::usableBrush(option.backgroundBrush));
     if (option.borderBrush.style() != Qt::NoBrush && option.borderWidth > 0)
         painter->setPen(KELPainting::outlinePen(option.borderBrush, option.borderWidth));
-    KELPainting::drawRounded(painter, track, option.xRadius, option.yRadius);
+    KELPainting::drawRoundedRect(painter, track, option.xRadius, option.yRadius);
 
     const auto inset = qreal(3 * (option.borderWidth * 0.5F));
     // Compat: the margin on the left follows the outline, the one on the right does not
@@ -85,10 +85,10 @@ void drawBar(QPainter *painter, const KELCheckBoxStyle &option)
         const auto radius = qreal(3 * half);
         painter->setPen(Qt::NoPen);
         painter->setBrush(KELPainting::usableBrush(option.backgroundBrush));
-        KELPainting::drawRounded(painter,
-                                 {rect.x() + 2, rect.y() + rect.height() * 0.5 - radius,
-                                  rect.width() - 4, qreal(6 * half)},
-                                 radius, radius);
+        KELPainting::drawRoundedRect(painter,
+                                     {rect.x() + 2, rect.y() + rect.height() * 0.5 - radius,
+                                      rect.width() - 4, qreal(6 * half)},
+                                     radius, radius);
     }
     const auto inset = qreal(half);
     const qreal left = option.isCheck ? rect.x() + rect.width() - rect.height() + inset
@@ -182,7 +182,7 @@ void KELCheckBox::mousePressEvent(QGraphicsSceneMouseEvent *event)
     if (!KELPress::isOwn(alive) || event->button() != Qt::LeftButton)
         return;
     setCheck(!isCheck());
-    KELPress::settle(alive, event);
+    KELPress::finishDelivery(alive, event);
 }
 
 void KELCheckBox::onCheckedEvent(bool /*check*/)

@@ -43,8 +43,10 @@ struct KELComboBoxParts
     }
 };
 
-// Opens the list of a combo box and closes it, also on a press outside.
-class KELComboBoxList final : public KELOutsidePress::Client
+// Opens the list of a combo box and closes it, also on a press outside. Two filters of the
+// application watch for that: one for presses that the scene delivers, by the promised rule, and
+// one for all others.
+class KELComboBoxList final : public KELOutsidePress::Client // NOLINT(*-virtual-class-destructor)
 {
 public:
     KELComboBoxList(KELComboBox *comboBox, KELComboBoxParts *parts);

@@ -152,9 +152,11 @@ ModeRow modeRowFor(KELDataBind::BindMode requested, bool sourceNotifies, bool de
 void print(Warning warning)
 {
     // Compat: misspelling kept; src and dst name the side that notifies
-    const char *const side = warning == Warning::NoSource ? "src"
-        : warning == Warning::NoDestination               ? "dst"
-                                                          : "any";
+    const char *side = "any";
+    if (warning == Warning::NoSource)
+        side = "src";
+    else if (warning == Warning::NoDestination)
+        side = "dst";
     if (warning != Warning::None)
         qDebug() << "waring : could not find" << side << "notify";
 }

@@ -31,7 +31,7 @@ void fill(QPainter *painter, const QRectF &rect, const QBrush &brush)
         return;
     painter->setPen(Qt::NoPen);
     painter->setBrush(KELPainting::usableBrush(brush));
-    KELPainting::drawRounded(painter, rect, 0, 0);
+    KELPainting::drawRoundedRect(painter, rect, 0, 0);
 }
 
 void drawTitle(QPainter *painter, const KELNavigationTableStyle &option, const QRectF &title)
@@ -450,6 +450,7 @@ void KELNavigationTable::paint(QPainter *painter, const QStyleOptionGraphicsItem
     painter->setBrush(Qt::NoBrush);
     drawTitle(painter, option, title);
     if (!option.pixmap.isNull() && KELPainting::isPaintable(content))
+        // Compat: rounded unlike the pixmaps of other controls
         painter->drawPixmap(KELRounding::halvesAwayFromZero(content), option.pixmap);
 
     if (d->items.size() < 2)
@@ -481,7 +482,7 @@ void KELNavigationTable::mousePressEvent(QGraphicsSceneMouseEvent *event)
     const int index = d->tabAt(event->pos());
     if (index >= 0 && index != d->selectIndex)
         d->show(index);
-    KELPress::settle(alive, event);
+    KELPress::finishDelivery(alive, event);
 }
 
 bool KELNavigationTable::sceneEventFilter(QGraphicsItem * /*watched*/, QEvent *event)

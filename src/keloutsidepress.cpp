@@ -53,7 +53,7 @@ bool KELOutsidePress::eventFilter(QObject *watched, QEvent *event)
     const bool hadTarget = !target.isNull();
     m_client->pressedOutside();
     // Qt must not go on to an object that a slot destroyed.
-    return hadTarget && !target;
+    return hadTarget && target.isNull();
 }
 
 bool KELOutsidePress::isOutside(const QObject *receiver, const QEvent *event) const

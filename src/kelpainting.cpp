@@ -140,7 +140,7 @@ QPen KELPainting::captionPen(const QBrush &brush)
     return outlinePen(brush, 1.0F);
 }
 
-void KELPainting::drawRoundRect(QPainter *painter, const KELRoundRectControlStyle &option)
+void KELPainting::drawBackground(QPainter *painter, const KELRoundRectControlStyle &option)
 {
     const bool filled = option.backgroundBrush.style() != Qt::NoBrush;
     if (filled)
@@ -153,13 +153,13 @@ void KELPainting::drawRoundRect(QPainter *painter, const KELRoundRectControlStyl
         // Compat: a negative width draws the fill alone, enlarged by half of it on every side
         if (halfWidth != 0) {
             const auto inset = qreal(halfWidth);
-            drawRounded(painter, option.boundRect.adjusted(inset, inset, -inset, -inset),
-                        option.xRadius, option.yRadius);
+            drawRoundedRect(painter, option.boundRect.adjusted(inset, inset, -inset, -inset),
+                            option.xRadius, option.yRadius);
             return;
         }
     }
     if (filled)
-        drawRounded(painter, option.boundRect, option.xRadius, option.yRadius);
+        drawRoundedRect(painter, option.boundRect, option.xRadius, option.yRadius);
 }
 
 qreal KELPainting::usableRadius(qreal radius)
@@ -167,7 +167,8 @@ qreal KELPainting::usableRadius(qreal radius)
     return qIsNaN(radius) ? 0 : radius;
 }
 
-void KELPainting::drawRounded(QPainter *painter, const QRectF &rect, qreal xRadius, qreal yRadius)
+void KELPainting::drawRoundedRect(QPainter *painter, const QRectF &rect, qreal xRadius,
+                                  qreal yRadius)
 {
     if (!isPaintable(rect))
         return;

@@ -38,7 +38,7 @@ QRectF contentRect(const QRectF &rect, const QMarginsF &margins);
 const QBrush &usableGradient(const QBrush &brush);
 
 // brush as it is, or without a style where Qt cannot paint with it: a gradient with a number that
-// is not finite or beyond 100,000.
+// is not finite or beyond 100,000, with a singular transformation, or with circles that touch.
 inline const QBrush &usableBrush(const QBrush &brush)
 {
     const Qt::BrushStyle style = brush.style();
@@ -55,13 +55,13 @@ QPen outlinePen(const QBrush &brush, float width);
 QPen captionPen(const QBrush &brush);
 
 // Sets the painter's pen and brush from the record and draws the rounded rectangle.
-void drawRoundRect(QPainter *painter, const KELRoundRectControlStyle &option);
+void drawBackground(QPainter *painter, const KELRoundRectControlStyle &option);
 
 // radius as it is, or 0 when it is not a number.
 qreal usableRadius(qreal radius);
 
 // Draws with the painter's pen and brush. Radii in item px; one that is not a number is 0.
-void drawRounded(QPainter *painter, const QRectF &rect, qreal xRadius, qreal yRadius);
+void drawRoundedRect(QPainter *painter, const QRectF &rect, qreal xRadius, qreal yRadius);
 
 // Draws with the painter's pen and brush.
 void drawEllipse(QPainter *painter, const QRectF &rect);

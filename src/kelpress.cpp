@@ -68,7 +68,7 @@ struct KELPress::Origin
     const Qt::MouseButtons button;
     const bool isOfFurtherFinger;
     // Qt marks the event ignored before it delivers it to an item that already holds the grab.
-    const bool grabbedBefore;
+    const bool heldOlderGrab;
     const QPointer<QWidget> viewport;
     const bool hadView;
     const QPointer<QWidget> popup;
@@ -86,8 +86,8 @@ KELPress::Origin::Origin(const KELRoundRectControl *control,
                          const QGraphicsSceneMouseEvent *event) :
     pos(event->pos()),
     button(event->button() & control->acceptedMouseButtons()),
-    isOfFurtherFinger(KELTouchRouter::isSource(event)),
-    grabbedBefore(!isOfFurtherFinger && !event->isAccepted() && sceneTargets(control)),
+    isOfFurtherFinger(KELTouchRouter::isFromFurtherFinger(event)),
+    heldOlderGrab(!isOfFurtherFinger && !event->isAccepted() && sceneTargets(control)),
     viewport(event->widget()),
     hadView(KELProxies::deliversTo(viewport, control->scene())),
     popup(QApplication::activePopupWidget()),
@@ -115,7 +115,7 @@ KELPress::~KELPress() = default;
 
 bool KELPress::isOwn(const KELRoundRectControl *control)
 {
-    return control && of(control)->m_isOwn;
+    return control != nullptr && of(control)->m_isOwn;
 }
 
 bool KELPress::arrive(QGraphicsSceneMouseEvent *event)
@@ -123,7 +123,7 @@ bool KELPress::arrive(QGraphicsSceneMouseEvent *event)
     if (redeliverIfMisrouted(event))
         return false;
     m_isOwn = true;
-    m_wasGrabbed = sceneTargets(m_control);
+    m_isSceneTarget = sceneTargets(m_control);
     m_origin = std::make_unique<Origin>(m_control, event);
     return true;
 }
@@ -131,14 +131,14 @@ bool KELPress::arrive(QGraphicsSceneMouseEvent *event)
 void KELPress::begin(QGraphicsSceneMouseEvent *event)
 {
     // A coarse timer may fire 25 ms early.
-    longPressTimer.start(longPressMs, Qt::PreciseTimer, m_control);
+    m_longPressTimer.start(longPressMs, Qt::PreciseTimer, m_control);
     watch(event);
     setPressedLook(true);
 }
 
 void KELPress::beginUnseen(QGraphicsSceneMouseEvent *event)
 {
-    longPressTimer.stop();
+    m_longPressTimer.stop();
     watch(event);
 }
 
@@ -148,13 +148,14 @@ void KELPress::watch(const QGraphicsSceneMouseEvent *event)
         m_origin = std::make_unique<Origin>(m_control, event);
     m_hasStaleGrab = false;
     Origin &origin = *m_origin;
-    const bool isOffered = m_wasGrabbed || origin.isOfFurtherFinger;
+    const bool isOffered = m_isSceneTarget || origin.isOfFurtherFinger;
     origin.isBegun = true;
-    origin.isHeld = origin.grabbedBefore || (isOffered && event->isAccepted());
-    origin.mayBeReturned = origin.isHeld && !origin.grabbedBefore && !origin.isOfFurtherFinger
+    origin.isHeld = origin.heldOlderGrab || (isOffered && event->isAccepted());
+    origin.mayBeReturned = origin.isHeld && !origin.heldOlderGrab && !origin.isOfFurtherFinger
         && m_control->isSelected();
-    origin.isRefused = !origin.isHeld && !event->isAccepted()
-        && (m_control->flags() & (QGraphicsItem::ItemIsSelectable | QGraphicsItem::ItemIsMovable));
+    const QGraphicsItem::GraphicsItemFlags offers = QGraphicsItem::ItemIsSelectable
+        | QGraphicsItem::ItemIsMovable;
+    origin.isRefused = !origin.isHeld && !event->isAccepted() && (m_control->flags() & offers) != 0;
 
     const auto checking = [this] { check(); };
     origin.connections = {
@@ -163,19 +164,19 @@ void KELPress::watch(const QGraphicsSceneMouseEvent *event)
         QObject::connect(QAbstractEventDispatcher::instance(m_control->thread()),
                          &QAbstractEventDispatcher::awake, m_control, checking)};
     if (event->source() == Qt::MouseEventSynthesizedByQt && !origin.isOfFurtherFinger)
-        KELTouchRouter::follow(m_control, event);
+        KELTouchRouter::watchFrom(m_control, event);
 }
 
 void KELPress::move(const QPointF &pos)
 {
-    if (longPressTimer.isActive() && (m_origin->pos - pos).manhattanLength() > clickSlopPx)
-        longPressTimer.stop();
+    if (m_longPressTimer.isActive() && (m_origin->pos - pos).manhattanLength() > clickSlopPx)
+        m_longPressTimer.stop();
 }
 
 bool KELPress::end()
 {
     dropIfLost();
-    const bool clicked = longPressTimer.isActive();
+    const bool clicked = m_longPressTimer.isActive();
     m_hasStaleGrab = false;
     stop();
     return clicked;
@@ -183,7 +184,7 @@ bool KELPress::end()
 
 bool KELPress::becomeLong()
 {
-    longPressTimer.stop();
+    m_longPressTimer.stop();
     return !dropIfLost();
 }
 
@@ -201,8 +202,8 @@ bool KELPress::isLost() const
     if (!m_origin->isOfFurtherFinger && !sceneTargets(m_control)) {
         // The scene takes grab and selection away from an item that ignores the press.
         const QGraphicsScene *const scene = m_control->scene();
-        return !m_origin->mayBeReturned || m_control->isSelected() || !scene
-            || scene->mouseGrabberItem();
+        return !m_origin->mayBeReturned || m_control->isSelected() || scene == nullptr
+            || scene->mouseGrabberItem() != nullptr;
     }
     return (m_origin->hadView && !KELProxies::deliversTo(m_origin->viewport, m_control->scene()))
         || m_origin->isCovered();
@@ -227,15 +228,16 @@ bool KELPress::dropIfLost()
 {
     if (!isLost())
         return false;
-    m_hasStaleGrab = !m_origin->grabbedBefore && sceneTargets(m_control);
+    m_hasStaleGrab = !m_origin->heldOlderGrab && sceneTargets(m_control);
     stop();
     return true;
 }
 
+// The end of every press: released, lost, or ignored by all.
 void KELPress::stop()
 {
     m_origin.reset();
-    longPressTimer.stop();
+    m_longPressTimer.stop();
     setPressedLook(false);
 }
 
@@ -247,8 +249,9 @@ void KELPress::check()
     m_origin->isHeld = sceneTargets(m_control);
 }
 
-void KELPress::settle(KELRoundRectControl *control, QGraphicsSceneMouseEvent *event)
+void KELPress::finishDelivery(KELRoundRectControl *control, QGraphicsSceneMouseEvent *event)
 {
+    // From an item that ignores the press the scene takes the grab, also from a dead one.
     if (!control) {
         event->accept();
         return;
@@ -267,7 +270,7 @@ void KELPress::settle(KELRoundRectControl *control, QGraphicsSceneMouseEvent *ev
             control, [press] { press->recheckGrab(); }, Qt::QueuedConnection);
     }
     // If the press is ignored, the scene ungrabs the item, and warns if the grab is already gone.
-    if (press->m_wasGrabbed && !sceneTargets(control))
+    if (press->m_isSceneTarget && !sceneTargets(control))
         event->accept();
 }
 

@@ -28,15 +28,17 @@ class KELRoundRectControl;
  *  lost      | stopped          | false       | begin(): may click; end(): idle
  *
  * may click and no click become lost when the pointer goes elsewhere. Qt reports a lost mouse grab
- * to QGraphicsItem::sceneEvent() only, and not at all when a popup or a dialog takes the release.
- * So the current state is compared with the one in which the press arrived: whenever the control is
- * enabled, disabled, shown or hidden, and on every event-loop iteration.
+ * to QGraphicsItem::sceneEvent() only, which cannot be overridden without breaking the ABI, and not
+ * at all when a popup or a dialog takes the release. So the current state is compared with the one
+ * in which the press arrived: whenever the control is enabled, disabled, shown or hidden, and on
+ * every event-loop iteration.
  *
  * A lost press may leave a stale grab: the scene still targets the control and sends it the next
  * press, wherever that is. Such a press is redelivered to the scene.
  *
  * A press that is ignored, by a control that is not selectable or by a derived class, has no
- * pointer to lose, and no end: it stays pressed.
+ * pointer to lose: it stays pressed until the control is disabled or hidden, or no longer accepts
+ * the button.
  */
 class KELPress
 {
@@ -53,7 +55,8 @@ public:
     // True for a click.
     bool end();
     // The press can no longer become a click or a long press.
-    void cancel() { longPressTimer.stop(); }
+    void cancel() { m_longPressTimer.stop(); }
+    bool isLongPressTimer(int id) const { return id == m_longPressTimer.timerId(); }
     // When the timer fires: false for a press that was lost meanwhile.
     bool becomeLong();
 
@@ -63,18 +66,18 @@ public:
     bool hasLostPointer() const;
     bool redeliverIfMisrouted(QGraphicsSceneMouseEvent *event);
 
+    // Defined beside the control's private class, which is above this one.
     static KELPress *of(const KELRoundRectControl *control);
     // After the base has handled a press: false for a press of another control, or when a slot
     // deleted this one.
     static bool isOwn(const KELRoundRectControl *control);
-    // Last in each handler of a press that runs slots: restores the event's accepted flag and the
-    // grab, even if a slot deleted the control, which is null then.
-    static void settle(KELRoundRectControl *control, QGraphicsSceneMouseEvent *event);
+    // Last in each handler of a press that runs slots, also in those of derived controls: ends a
+    // press that was lost meanwhile, and accepts the event if the control, null when a slot deleted
+    // it, or its grab is gone. The scene must not release that grab.
+    static void finishDelivery(KELRoundRectControl *control, QGraphicsSceneMouseEvent *event);
 
     // Of the press that runs, in the control.
     QPointF pos() const;
-
-    QBasicTimer longPressTimer;
 
 private:
     Q_DISABLE_COPY(KELPress)
@@ -89,9 +92,10 @@ private:
     void recheckGrab();
     void setPressedLook(bool pressed);
 
+    QBasicTimer m_longPressTimer;
     bool m_hasStaleGrab = false;
     bool m_isOwn = false;
-    bool m_wasGrabbed = false; // when the press arrived
+    bool m_isSceneTarget = false; // when the press arrived
     KELRoundRectControl *const m_control;
     std::unique_ptr<Origin> m_origin; // while pressed, and so while the timer runs
 };

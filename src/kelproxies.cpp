@@ -7,6 +7,8 @@
 #include <QtWidgets/QGraphicsScene>
 #include <QtWidgets/QGraphicsView>
 
+#include <algorithm>
+
 namespace {
 
 // The viewports on the way out from a view, on the stack. Views may show each other: none is
@@ -30,11 +32,9 @@ template <typename Visit>
 bool anyViewOf(const QGraphicsProxyWidget *proxy, const Hop &hop, const Visit &visit)
 {
     const QList<QGraphicsView *> views = proxy->scene()->views();
-    for (const QGraphicsView *view : views) {
-        if (!hop.isVisited(view->viewport()) && visit(view))
-            return true;
-    }
-    return false;
+    return std::any_of(views.begin(), views.end(), [&](const QGraphicsView *view) {
+        return !hop.isVisited(view->viewport()) && visit(view);
+    });
 }
 
 bool delivers(const QWidget *viewport, const QGraphicsScene *scene, const Hop *previous)

@@ -152,7 +152,7 @@ void KELPushButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *sty
     painter->setBrushOrigin(QPointF(option.boundRect.x(), option.boundRect.y()));
     painter->setPen(Qt::NoPen);
     painter->setBrush(Qt::NoBrush);
-    KELPainting::drawRoundRect(painter, option);
+    KELPainting::drawBackground(painter, option);
 
     KELCaptionCache *const caption = &KELControlPrivate::get(this)->caption;
     if (!option.pixmap.isNull())

@@ -81,7 +81,7 @@ private:
 KELRadioBox::KELRadioBox(QGraphicsObject *parent) :
     KELRoundRectControl(parent, KELControlPrivate::newStyle(), new KELRadioBoxPrivate(this))
 {
-    style();
+    style(); // sets the look, as each call does
     setAcceptsPointer(this, true);
 }
 
@@ -133,7 +133,7 @@ void KELRadioBox::mousePressEvent(QGraphicsSceneMouseEvent *event)
     if (accepted && !acceptedMouseButtons().testFlag(Qt::LeftButton))
         return;
     setCheck(!isCheck());
-    KELPress::settle(alive, event);
+    KELPress::finishDelivery(alive, event);
 }
 
 void KELRadioBox::onCheckedEvent(bool check)

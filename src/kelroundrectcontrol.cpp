@@ -73,10 +73,11 @@ bool isOfALeftView(const QGraphicsSceneHoverEvent *event)
 bool isItemEnteredNext(const QGraphicsSceneHoverEvent *event)
 {
     const auto *viewport = event->widget();
-    const auto *view = viewport ? qobject_cast<const QGraphicsView *>(viewport->parentWidget())
-                                : nullptr;
+    const auto *view = viewport != nullptr
+        ? qobject_cast<const QGraphicsView *>(viewport->parentWidget())
+        : nullptr;
     const QPoint pos = viewport ? viewport->mapFromGlobal(event->screenPos()) : QPoint();
-    if (!view || !viewport->rect().contains(pos) || isOfALeftView(event))
+    if (view == nullptr || !viewport->rect().contains(pos) || isOfALeftView(event))
         return false;
     const QList<QGraphicsItem *> items = view->items(QRect(pos, QSize(1, 1)));
     return std::any_of(items.begin(), items.end(), [](const QGraphicsItem *item) {
@@ -154,7 +155,7 @@ void KELControlPrivate::findContextMenu()
     const QWidgetList widgets = QApplication::allWidgets();
     const auto found = std::find(widgets.begin(), widgets.end(), address);
     QMenu *const menu = found == widgets.end() ? nullptr : qobject_cast<QMenu *>(*found);
-    trackedMenu.reset(new TrackedMenu{address, menu, {}});
+    trackedMenu = std::make_unique<TrackedMenu>(address, menu);
     if (!menu)
         return;
     // A later menu may reuse this address, so the field is cleared when this one dies.
@@ -294,7 +295,7 @@ void KELRoundRectControl::paint(QPainter *painter, const QStyleOptionGraphicsIte
                             true);
     painter->setPen(Qt::NoPen);
     painter->setBrush(Qt::NoBrush);
-    KELPainting::drawRoundRect(painter, option);
+    KELPainting::drawBackground(painter, option);
 
     const QRectF content = KELPainting::contentRect(option.boundRect, option.margins);
     if (!option.pixmap.isNull())
@@ -322,7 +323,7 @@ void KELRoundRectControl::setText(QString text) // clazy:exclude=function-args-b
 void KELRoundRectControl::timerEvent(QTimerEvent *event)
 {
     QGraphicsObject::timerEvent(event);
-    if (event->timerId() != d->press.longPressTimer.timerId())
+    if (!d->press.isLongPressTimer(event->timerId()))
         return;
     const QMenu *const openMenu = d->liveContextMenu();
     if (!d->press.becomeLong() || (openMenu && openMenu->isVisible()))
@@ -346,7 +347,7 @@ void KELRoundRectControl::mousePressEvent(QGraphicsSceneMouseEvent *event)
         d->press.begin(event);
         Q_EMIT mousePress(event->pos());
     }
-    KELPress::settle(alive, event);
+    KELPress::finishDelivery(alive, event);
 }
 
 void KELRoundRectControl::mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event)

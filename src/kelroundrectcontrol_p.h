@@ -50,9 +50,12 @@ private:
 
     struct TrackedMenu
     {
+        TrackedMenu(const QMenu *menuAddress, QMenu *liveMenu) :
+            address(menuAddress), menu(liveMenu)
+        { }
         ~TrackedMenu() { QObject::disconnect(destroyed); }
 
-        const QMenu *address;
+        const QMenu *const address;
         QPointer<QMenu> menu;
         QMetaObject::Connection destroyed;
     };

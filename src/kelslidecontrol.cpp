@@ -211,7 +211,7 @@ void KELSlideControl::mousePressEvent(QGraphicsSceneMouseEvent *event)
     const QRectF &rect = m_style->boundRect;
     const qreal place = (pos.x() - rect.x()) / (rect.width() - knobSizePx);
     setValue(float(qreal(d->minimun) + qreal(d->range()) * place));
-    KELPress::settle(alive, event);
+    KELPress::finishDelivery(alive, event);
 }
 
 void KELSlideControl::mouseMoveEvent(QGraphicsSceneMouseEvent *event)

@@ -36,17 +36,17 @@ QWidget *widgetOf(const QWindow *window)
 bool isDecoration(const QGraphicsItem *item)
 {
     const auto *const text = qgraphicsitem_cast<const QGraphicsTextItem *>(item);
-    if (text && text->textInteractionFlags() != Qt::NoTextInteraction)
+    if (text != nullptr && text->textInteractionFlags() != Qt::NoTextInteraction)
         return false;
     return item->type() >= QGraphicsPathItem::Type && item->type() <= QGraphicsItemGroup::Type
         && !(item->flags() & (QGraphicsItem::ItemIsSelectable | QGraphicsItem::ItemIsMovable));
 }
 
 // The item that receives the item's pointer events.
-const QGraphicsItem *handlerOf(const QGraphicsItem *item)
+QGraphicsItem *handlerOf(QGraphicsItem *item)
 {
-    const QGraphicsItem *handler = item;
-    for (const QGraphicsItem *parent = item->parentItem(); parent; parent = parent->parentItem()) {
+    QGraphicsItem *handler = item;
+    for (QGraphicsItem *parent = item->parentItem(); parent; parent = parent->parentItem()) {
         if (parent->handlesChildEvents())
             handler = parent;
     }
@@ -79,10 +79,11 @@ Target targetAt(const QWidget *window, const QPoint &pos, int depth = 0)
             return proxy->widget() ? targetAt(proxy->widget(), proxyPos.toPoint(), depth + 1)
                                    : Target();
         }
-        auto *const object = const_cast<QGraphicsItem *>(handlerOf(item))->toGraphicsObject();
+        auto *const object = handlerOf(item)->toGraphicsObject();
         auto *const control = qobject_cast<KELRoundRectControl *>(object);
         // Qt moves all selected items with one that is movable, also those under the first finger.
-        const bool isFree = control && control->isEnabled() && !KELPress::of(control)->isHeld()
+        const bool isFree = control != nullptr && control->isEnabled()
+            && !KELPress::of(control)->isHeld()
             && !(control->flags() & QGraphicsItem::ItemIsMovable);
         return isFree ? Target{control, view} : Target();
     }
@@ -97,21 +98,21 @@ KELTouchRouter::~KELTouchRouter()
         router = nullptr;
 }
 
-void KELTouchRouter::follow(KELRoundRectControl *control, const QGraphicsSceneMouseEvent *event)
+void KELTouchRouter::watchFrom(KELRoundRectControl *control, const QGraphicsSceneMouseEvent *event)
 {
     if (!router) {
         router = new KELTouchRouter(QCoreApplication::instance());
         QCoreApplication::instance()->installEventFilter(router);
-        router->m_mouseScreenPos = event->screenPos();
+        router->m_firstScreenPos = event->screenPos();
         // A view inside a proxy has no native window.
-        router->m_mouseWindow = event->widget() ? event->widget()->window()->windowHandle()
+        router->m_firstWindow = event->widget() ? event->widget()->window()->windowHandle()
                                                 : nullptr;
-        router->watchDeathOf(router->m_mouseWindow);
+        router->watchDeathOf(router->m_firstWindow);
     }
-    router->m_mouseControl = control;
+    router->m_firstControl = control;
 }
 
-bool KELTouchRouter::isSource(const QGraphicsSceneMouseEvent *event)
+bool KELTouchRouter::isFromFurtherFinger(const QGraphicsSceneMouseEvent *event)
 {
     return event == eventInDelivery;
 }
@@ -146,11 +147,11 @@ void KELTouchRouter::handle(QWindow *window, QEvent::Type type, const Points &po
 {
     const QPointer<KELTouchRouter> alive(this);
     const QPointer<QWindow> aliveWindow(window);
-    findMouse(points);
-    bool isFirst = true;
+    findFirstFinger(points);
+    bool isFirstPoint = true;
     for (const QTouchEvent::TouchPoint &point : points) {
-        if (isMouse(type, point, std::exchange(isFirst, false)))
-            m_mouseWindow = window;
+        if (isFirstFinger(type, point, std::exchange(isFirstPoint, false)))
+            m_firstWindow = window;
         else
             handleFinger(window, point);
         if (!alive || !aliveWindow || router != this)
@@ -161,34 +162,35 @@ void KELTouchRouter::handle(QWindow *window, QEvent::Type type, const Points &po
 
 // Qt does not say which finger drives the mouse: it is the first one that was down. In a view
 // inside a proxy the press position may differ.
-void KELTouchRouter::findMouse(const Points &points)
+void KELTouchRouter::findFirstFinger(const Points &points)
 {
-    if (m_mouseId != unknownId)
+    if (m_firstFingerId != unknownId)
         return;
     for (const QTouchEvent::TouchPoint &point : points) {
         // Its release was lost. Qt keeps waiting for that id, which is lower than any newer one.
-        if (!m_isMouseDown && point.id() < m_lowestFingerId)
-            m_mouseId = point.id();
+        if (!m_isFirstFingerDown && point.id() < m_lowestFingerId)
+            m_firstFingerId = point.id();
         if (point.state() == Qt::TouchPointPressed || indexOf(point.id()) >= 0)
             continue;
-        const bool isAtPress = point.startScreenPos().toPoint() == m_mouseScreenPos;
-        if (isAtPress || m_mouseId == unknownId)
-            m_mouseId = point.id();
+        const bool isAtPress = point.startScreenPos().toPoint() == m_firstScreenPos;
+        if (isAtPress || m_firstFingerId == unknownId)
+            m_firstFingerId = point.id();
         if (isAtPress)
             return;
     }
 }
 
-bool KELTouchRouter::isMouse(QEvent::Type type, const QTouchEvent::TouchPoint &point, bool isFirst)
+bool KELTouchRouter::isFirstFinger(QEvent::Type type, const QTouchEvent::TouchPoint &point,
+                                   bool isFirstPoint)
 {
-    if (point.state() == Qt::TouchPointPressed && m_mouseId == noId && isFirst
+    if (point.state() == Qt::TouchPointPressed && m_firstFingerId == noId && isFirstPoint
         && type == QEvent::TouchBegin)
-        m_mouseId = point.id();
-    if (point.id() != m_mouseId)
+        m_firstFingerId = point.id();
+    if (point.id() != m_firstFingerId)
         return false;
-    m_isMouseDown = point.state() != Qt::TouchPointReleased;
-    if (!m_isMouseDown)
-        m_mouseId = noId;
+    m_isFirstFingerDown = point.state() != Qt::TouchPointReleased;
+    if (!m_isFirstFingerDown)
+        m_firstFingerId = noId;
     return true;
 }
 
@@ -210,9 +212,9 @@ void KELTouchRouter::handleFinger(QWindow *window, const QTouchEvent::TouchPoint
         if (!alive || router != this)
             return;
         index = indexOf(point.id());
+        // As with the mouse, an ignored press gets no release.
         if (index >= 0 && !isKept)
-            m_fingers[index].control
-                = nullptr; // as with the mouse, an ignored press gets no release
+            m_fingers[index].control = nullptr;
     }
     if (point.state() == Qt::TouchPointPressed || index < 0)
         return;
@@ -295,10 +297,10 @@ bool KELTouchRouter::send(QEvent::Type type, const Finger &finger, const QPoint 
 // Qt cancels every window that has touches, and also a single window that a dialog blocks.
 void KELTouchRouter::cancel(const QWindow *window)
 {
-    if (m_isMouseDown && (!m_mouseWindow || m_mouseWindow == window)) {
-        m_isMouseDown = false;
-        if (m_mouseControl)
-            KELPress::of(m_mouseControl)->cancel();
+    if (m_isFirstFingerDown && (!m_firstWindow || m_firstWindow == window)) {
+        m_isFirstFingerDown = false;
+        if (m_firstControl)
+            KELPress::of(m_firstControl)->cancel();
     }
     const auto firstCancelled = std::stable_partition(
         m_fingers.begin(), m_fingers.end(),
@@ -313,7 +315,7 @@ void KELTouchRouter::cancel(const QWindow *window)
     }
 }
 
-void KELTouchRouter::watchDeathOf(QWindow *window)
+void KELTouchRouter::watchDeathOf(QWindow *window) const
 {
     if (window) {
         connect(window, &QObject::destroyed, this, &KELTouchRouter::forgetDeadWindows,
@@ -325,16 +327,16 @@ void KELTouchRouter::watchDeathOf(QWindow *window)
 void KELTouchRouter::forgetDeadWindows()
 {
     m_fingers.erase(std::remove_if(m_fingers.begin(), m_fingers.end(),
-                                   [](const Finger &finger) { return !finger.window; }),
+                                   [](const Finger &finger) { return finger.window.isNull(); }),
                     m_fingers.end());
-    if (!m_mouseWindow)
-        m_isMouseDown = false;
+    if (!m_firstWindow)
+        m_isFirstFingerDown = false;
     stopUnlessNeeded();
 }
 
 void KELTouchRouter::stopUnlessNeeded()
 {
-    if (router == this && !m_isMouseDown && m_fingers.isEmpty())
+    if (router == this && !m_isFirstFingerDown && m_fingers.isEmpty())
         stop();
 }
 

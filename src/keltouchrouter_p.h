@@ -24,18 +24,22 @@ class KELRoundRectControl;
  * Turns further fingers, which Qt does not turn into mouse events, into presses, and ends the press
  * of a control when its touch is cancelled.
  *
- * Qt synthesises the mouse from one finger at a time and sends the others to no widget once the
- * first was ignored. Windows still receive them all. The router filters from the first press of a
- * control by a finger until no finger is down.
+ * Qt synthesises the mouse from one finger, here the first finger, and sends the others to no
+ * widget once the first was ignored. Windows still receive them all. The router filters the
+ * application from the first press of a control by a finger until no finger is down; send()
+ * delivers the events of further fingers through the control's scene.
  */
 class KELTouchRouter : public QObject
 {
 public:
-    // The control is pressed by the finger that drives the mouse.
-    static void follow(KELRoundRectControl *control, const QGraphicsSceneMouseEvent *event);
+    ~KELTouchRouter() override;
+
+    // KELPress calls it when the first finger presses a control. Installs the router as a filter of
+    // the application.
+    static void watchFrom(KELRoundRectControl *control, const QGraphicsSceneMouseEvent *event);
 
     // True for an event of a further finger.
-    static bool isSource(const QGraphicsSceneMouseEvent *event);
+    static bool isFromFurtherFinger(const QGraphicsSceneMouseEvent *event);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -54,27 +58,26 @@ private:
     using Points = QList<QTouchEvent::TouchPoint>;
 
     explicit KELTouchRouter(QObject *parent) : QObject(parent) { }
-    ~KELTouchRouter() override;
 
     void handle(QWindow *window, QEvent::Type type, const Points &points);
-    void findMouse(const Points &points);
-    bool isMouse(QEvent::Type type, const QTouchEvent::TouchPoint &point, bool isFirst);
+    void findFirstFinger(const Points &points);
+    bool isFirstFinger(QEvent::Type type, const QTouchEvent::TouchPoint &point, bool isFirstPoint);
     void handleFinger(QWindow *window, const QTouchEvent::TouchPoint &point);
     int indexOf(int id) const;
     static Finger fingerOf(QWindow *window, const QTouchEvent::TouchPoint &point);
     static bool send(QEvent::Type type, const Finger &finger, const QPoint &screenPos);
     void cancel(const QWindow *window);
-    void watchDeathOf(QWindow *window);
+    void watchDeathOf(QWindow *window) const;
     void forgetDeadWindows();
     void stopUnlessNeeded();
     void stop();
 
-    QPointer<KELRoundRectControl> m_mouseControl;
-    QPointer<QWindow> m_mouseWindow; // null while it is unknown
-    QPoint m_mouseScreenPos; // where it came down
-    int m_mouseId = unknownId; // Qt keeps it when a release is lost
+    QPointer<KELRoundRectControl> m_firstControl;
+    QPointer<QWindow> m_firstWindow; // null while it is unknown
+    QPoint m_firstScreenPos; // where it came down
+    int m_firstFingerId = unknownId; // Qt keeps it when a release is lost
     int m_lowestFingerId = std::numeric_limits<int>::max();
-    bool m_isMouseDown = true;
+    bool m_isFirstFingerDown = true;
     QList<Finger> m_fingers;
 
     static constexpr int noId = -1;

@@ -24,7 +24,7 @@ endfunction()
 file(GLOB found RELATIVE ${ROOT}/src ${ROOT}/src/*.cpp ${ROOT}/src/*.h)
 foreach(source IN LISTS found)
     if(NOT source IN_LIST SOURCES)
-        string(APPEND missing "src/${source} is in none of KEL_FAMILIES, KEL_GESTURES, KEL_PAINTING (src/CMakeLists.txt)\n")
+        string(APPEND missing "src/${source} is in none of KEL_FAMILIES, KEL_FAMILY_PARTS, KEL_GESTURES, KEL_PAINTING (src/CMakeLists.txt)\n")
     endif()
 endforeach()
 
