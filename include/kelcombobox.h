@@ -122,10 +122,10 @@ private:
  *
  * \section comboboxlife Lifetime
  * The combo box owns its entries. The combo box and its entries may be deleted in any slot
- * connected to their signals, and an entry even in a slot connected to its own mouseClicked(). Qt
- * imposes one exception: a slot connected to visibleChanged() of a child item, which is emitted
- * while the list is being shown or hidden, must not delete any item of the combo box. Use
- * deleteLater() there.
+ * connected to their signals, and an entry even in a slot connected to its own mouseClicked().
+ * There is one exception, because of Qt: a slot connected to visibleChanged() of a child item,
+ * which is emitted while the list is being shown or hidden, must not delete any item of the combo
+ * box. Use deleteLater() there.
  *
  * GUI thread only.
  *
@@ -193,8 +193,8 @@ public:
     //! Returns the entries from the top down.
     QList<KELComboBoxItem *> items() const;
 
-    //! Appends an entry for each key of \a e. Value and text are the name of the key, not its
-    //! number.
+    //! Appends an entry for each key of \a e. Both the value and the text are the name of the key,
+    //! not its number.
     void bindEnum(QMetaEnum e);
 
     /*!
@@ -210,7 +210,7 @@ public:
      */
     void setboundRect(qreal x, qreal y, qreal w, qreal h) override;
 
-    //! Paints nothing: the child items do.
+    //! Paints nothing; the child items paint themselves.
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *styleOption,
                QWidget *widget = nullptr) override;
 

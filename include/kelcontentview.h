@@ -81,7 +81,7 @@ public:
     /*!
      * Returns the control last passed to setContent().
      *
-     * Returns null before the first call of setContent(), and after other code has deleted that
+     * Returns null before the first call to setContent(), and after other code has deleted that
      * control.
      */
     KELRoundRectControl *content() const;
@@ -110,11 +110,11 @@ public:
      * item that no longer exists by then.
      *
      * \par
-     * Qt may crash if the view or its scene is deleted by code that Qt calls while it still uses
-     * them: by event handlers of items (focus, mouse grab and activation move from old items to new
-     * ones) and, when the view is resized at the end, by event handlers of the view and slots
-     * connected to QGraphicsScene::sceneRectChanged(). Use deleteLater() there. A slot must not
-     * call this function while code other than this view is deleting the content.
+     * Qt may crash if the view or its scene is deleted by code that Qt calls while it is still
+     * using them: by event handlers of items (focus, mouse grab and activation move from old items
+     * to new ones) and, when the view is resized at the end, by event handlers of the view and
+     * slots connected to QGraphicsScene::sceneRectChanged(). Use deleteLater() there. A slot must
+     * not call this function while code other than this view is deleting the content.
      */
     void setContent(KELRoundRectControl *control);
 

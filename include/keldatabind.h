@@ -183,12 +183,12 @@ QT_WARNING_POP
  * \section bindcompat Compatibility notes
  * - setBind() copies the destination's value to the source first, without the converter and in
  *   every mode. A source without such a property gets a dynamic one of that name.
- * - setBind() and bind() do not disconnect first: without a call of unbind(), each signal is
- *   handled twice.
+ * - setBind() and bind() do not disconnect first: unless you call unbind() first, each signal is
+ * handled twice.
  * - Both error messages for an undeclared name contain the name of the source's property.
  * - bind() and update() leave the signals of the object that they write to unblocked, even if the
  *   application had blocked them.
- * - hasError() is also true for a binding in mode Manual.
+ * - hasError() is also true for a binding in Manual mode.
  */
 class KELGDI_EXPORT KELDataBind : public QObject
 {
@@ -246,13 +246,13 @@ public:
 
     /*!
      * Reconnects after unbind(), in the effective mode, and copies the value once: to the
-     * destination or, in mode OneWayToSource, to the source. During the copy the signals of the
+     * destination or, in OneWayToSource mode, to the source. During the copy the signals of the
      * object written to are blocked; afterwards they are unblocked, even if the application had
      * blocked them with QObject::blockSignals().
      *
      * If the effective mode is Manual or an object no longer exists, prints the debug message
-     * <tt>error : bind is not setted</tt> and does nothing else. Does not disconnect first: without
-     * a call of unbind(), every change is copied twice from then on.
+     * <tt>error : bind is not setted</tt> and does nothing else. Does not disconnect first: unless
+     * you call unbind() first, every change is copied twice from then on.
      */
     void bind();
 

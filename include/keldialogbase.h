@@ -52,7 +52,7 @@ class KELDialogBasePrivate;
  * <tt>setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint)</tt> before showing it.
  *
  * \section dialogcompat Compatibility notes
- * - The constructor that takes a text uses it only to choose the size.
+ * - The constructor that takes text uses it only to choose the size.
  * - setBackgroundPixmap() puts the new body above the items with z-value 0 that were added earlier.
  */
 class KELGDI_EXPORT KELDialogBase : public QDialog
@@ -89,7 +89,7 @@ public:
     void setBackgroundPixmap(const QPixmap &pixmap);
 
     /*!
-     * Shakes the dialog from side to side for 300 ms, for example to show that an input was
+     * Shakes the dialog from side to side for 300 ms, for example to show that the input was
      * rejected.
      *
      * It moves \a distance px to the left first, or to the right if \a distance is negative.

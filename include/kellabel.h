@@ -19,7 +19,7 @@
  * \endcode
  *
  * All other features are those of KELRoundRectControl: eliding, font, margins, and a pixmap or a
- * glyph instead of the text. A label with an empty text draws nothing.
+ * glyph instead of the text. A label whose text is empty draws nothing.
  *
  * A label keeps the base class's input settings, so it blocks presses on the items below. If taps
  * are meant for the item below, call <tt>setAcceptedMouseButtons(Qt::NoButton)</tt>; see

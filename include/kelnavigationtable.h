@@ -131,9 +131,9 @@ private:
  * \section tablelook Look
  * The background (RGBA 20, 15, 55, 200) and the pixmap fill the content area. The table uses its
  * \c font and \c textFlags for the title and the tabs. It uses \c icon, \c iconSize, \c text and
- * \c margins of each page, and \c font of the page only for the line height of the caption. The
- * captions of tabs are always elided; \c trimText of the table applies to the title. Outline,
- * corner radii, \c text and \c icon of the table are not drawn.
+ * \c margins of each page, and the page's \c font only for the line height of the caption. The
+ * captions of tabs are always elided; the table's \c trimText applies to the title. The table's
+ * outline, corner radii, \c text and \c icon are not drawn.
  *
  * \section tablelife Lifetime
  * The table owns its pages, which are its child items. A page leaves the table when
@@ -143,15 +143,16 @@ private:
  * - it is removed from the scene.
  *
  * The tabs are then laid out again. If the page was the one shown, none is shown until another is
- * selected or added.
+ * selected or added. If it was before the one shown, selectIndex() becomes one lower; no signal is
+ * emitted.
  *
  * A page may be given another parent item within the table, for example a child item of the table
  * that animates it. It remains the same page, is shown and hidden as before, and is deleted with
  * that item. Add the wrapping item to the table before you move the page into it.
  *
- * The table and its pages may be deleted in any slot. Qt imposes one exception: slots connected to
- * signals of an item on a page that are emitted while the page is being shown, hidden or added must
- * not delete them. Use deleteLater() there.
+ * The table and its pages may be deleted in any slot. There is one exception, because of Qt: slots
+ * connected to signals of an item on a page that are emitted while the page is being shown, hidden
+ * or added must not delete them. Use deleteLater() there.
  *
  * GUI thread only.
  *
@@ -169,7 +170,7 @@ class KELGDI_EXPORT KELNavigationTable : public KELRoundRectControl
     Q_OBJECT
 
 public:
-    //! Creates a table without pages, of 440 x 310 px, as a child item of \a parent.
+    //! Creates an empty 440 x 310 px table as a child item of \a parent.
     explicit KELNavigationTable(QGraphicsObject *parent = nullptr);
 
     //! Destroys the table and its pages.

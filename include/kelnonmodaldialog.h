@@ -50,7 +50,7 @@ class KELNonModalDialogPrivate;
  * showOne() and activeDialog() take all existing panels into account. Code that runs synchronously
  * while showOne() hides and shows panels, such as a hide event handler, may construct, destroy,
  * show and hide panels and call showOne() and activeDialog().
- * - A panel constructed then is not hidden by the running showOne().
+ * - A panel constructed then is not hidden by the showOne() call in progress.
  * - A panel shown then is hidden, unless showOne() has already passed it.
  * - A nested showOne() is complete when it returns. The outer call then continues: in the end its
  *   panel is shown, if it still exists.
@@ -83,8 +83,8 @@ public:
     //! Returns which presses close the panel.
     KELNonModalhelper::TriggerSource triggerSource() const;
 
-    //! From now on, the panel closes by itself \a ms milliseconds after it was shown or, if that
-    //! was later, last pressed inside. Values below 1 mean 3000. Cannot be undone.
+    //! From now on, the panel closes by itself \a ms milliseconds after it was shown or after the
+    //! last press inside it, whichever is later. Values below 1 mean 3000. Cannot be undone.
     void enableTime(int ms);
 
     //! Makes the panel ignore the next press outside instead of closing.

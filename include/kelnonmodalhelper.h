@@ -34,7 +34,7 @@ class KELNonModalhelperPrivate;
  * | source        | hides the widget                    | restarts the timeout                   |
  * | ------------- | ----------------------------------- | -------------------------------------- |
  * | TriggerNone   | nothing                             | nothing                                |
- * | TriggerParent | on the parent, outside the geometry | on the parent, inside; other objects   |
+ * | TriggerParent | on the parent, outside the geometry | anywhere else                          |
  * | TriggerScreen | outside the geometry                | inside it                              |
  * | another value | nothing                             | every press                            |
  *
@@ -115,8 +115,8 @@ public:
      */
     void enableTime(int ms);
 
-    //! Stops the timeout until the next call of show(), startTime() or enableTime(), or the next
-    //! press that restarts it.
+    //! Stops the timeout until show(), startTime() or enableTime() is next called, or a press
+    //! restarts it.
     void stopTime();
 
     //! Returns true once enableTime() has been called.

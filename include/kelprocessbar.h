@@ -9,7 +9,7 @@
 class KELProcessBarPrivate;
 
 /*!
- * \brief A progress bar: a pill filled from the left, with the percentage in its middle.
+ * \brief A progress bar: a pill filled from the left, with the percentage in the middle.
  *
  * \image html progress-bar.png
  *

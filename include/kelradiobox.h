@@ -38,7 +38,7 @@ class KELRadioBoxPrivate;
  *
  * \section radioboxcompat Compatibility notes
  * - style() resets four fields of the record each time it is called.
- * - Inside a parent control the circle is placed by the record's own rectangle, while
+ * - Inside a parent control the circle is positioned according to the record's own rectangle, while
  *   boundingRect() is offset by the corner of the parent's rectangle. Use a parent whose rectangle
  *   begins at (0, 0). Pages below a title bar, pages with an outline and all but the first control
  *   of a KELSideMenu begin elsewhere; see \ref placing.
@@ -64,7 +64,7 @@ public:
      * \code
      * box->KELRoundRectControl::style()->borderBrush = QColor(60, 60, 60);
      * \endcode
-     * or store the pointer from a single call of this function. Never null. The box owns the
+     * or store the pointer from a single call to this function. Never null. The box owns the
      * record.
      */
     KELRoundRectControlStyle *style();
@@ -113,17 +113,17 @@ private:
  * mouseRelease() nor mouseClicked() follows. A tap on the checked box goes to the item below it.
  *
  * KELRoundRectControl::setCheck(true) and the property \c check select a box as a tap does. Do not
- * uncheck the selected box from code: then no box is checked, the box still accepts no pointer
- * input, and setId() with its id does nothing. Select another box instead.
+ * uncheck the selected box from code: if you do, no box is checked, the box still accepts no
+ * pointer input, and setId() with its id does nothing. Select another box instead.
  *
- * The group switches pointer input with setAcceptHoverEvents(), setAcceptTouchEvents(), the flag
- * ItemIsSelectable and setAcceptedMouseButtons(): off for the selected box, on (left button only)
- * for the previously selected one.
+ * The group turns pointer input on and off with setAcceptHoverEvents(), setAcceptTouchEvents(), the
+ * flag ItemIsSelectable and setAcceptedMouseButtons(): off for the selected box, on (left button
+ * only) for the previously selected one.
  *
  * \section radiobind Bindings
  * Do not bind a box to its own group or to another box of the group; connect to idChanged()
- * instead. Binding \c id to \c check of such a box undoes selections or leaves no box checked.
- * Binding \c check of one box to \c check of another, or \c id to \c check of two boxes, can
+ * instead. Binding \c id to the \c check property of such a box undoes selections or leaves no box
+ * checked. Binding one box's \c check to another's, or \c id to the \c check of two boxes, can
  * recurse until the stack overflows.
  *
  * A two-way KELDataBind between the property \c id and a property of another object settles, even
@@ -162,7 +162,7 @@ class KELGDI_EXPORT KELRadioBoxGroup : public QObject
 public:
     //! Creates an empty group with id 0, as a child of \a parent.
     explicit KELRadioBoxGroup(QObject *parent = nullptr);
-    //! Destroys the group. The boxes stay.
+    //! Destroys the group. The boxes are not destroyed.
     ~KELRadioBoxGroup() override;
 
     //! Returns the id of the selected box. The default is 0, even if no box has that id.
@@ -170,8 +170,8 @@ public:
 
     /*!
      * Adds \a box with the id \a id, which may be any number. If it is the group's current id, the
-     * box is checked, with its signals but without idChanged(), and accepts no more pointer input.
-     * Otherwise the box keeps its state. Null is ignored.
+     * box is checked and emits its signals, but idChanged() is not emitted, and the box no longer
+     * accepts pointer input. Otherwise the box keeps its state. Null is ignored.
      *
      * If a box already has that id, nothing changes, and this debug message is printed (here for id
      * 3): <tt>waring : id 3 is already exist</tt>. A box that is added again under another id has

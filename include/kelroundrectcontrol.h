@@ -42,9 +42,8 @@ class KELControlPrivate;
  *
  * \section stylebrushes Brushes
  * These gradients paint nothing, because Qt would crash with some of them:
- * - a gradient in which a value of its points, radii, angle or stops, of the transformation of the
- *   brush or of the inverse of that transformation is not finite or is greater than 100,000 in
- *   magnitude;
+ * - a gradient whose points, radii, angle or stops, or whose brush's transformation or its inverse,
+ * contain a value that is not finite or is greater than 100,000 in magnitude;
  * - a gradient whose transformation has no inverse;
  * - a radial gradient whose two circles touch internally, or come within a millionth of that.
  *
@@ -185,8 +184,9 @@ struct KELGDI_EXPORT KELRoundRectControlStyle
  *                                                 mousePress, mouseDoubleClicked,
  *                                                 mouseRelease, mouseClicked
  * \endcode
- * The 10 px are Manhattan distance in item coordinates: in a view scaled by 2 they are 20 px on the
- * screen. Fast taps are never lost: each is a click, whether or not Qt calls it a double click.
+ * The limit of 10 px is a Manhattan distance in item coordinates: in a view scaled by 2 it is 20 px
+ * on the screen. Fast taps are never lost: each is a click, whether or not Qt calls it a double
+ * click.
  *
  * Controls that are meant to be tapped set QGraphicsItem::ItemIsSelectable. A control gets moves
  * and the release only if it accepts the press:
@@ -215,16 +215,16 @@ struct KELGDI_EXPORT KELRoundRectControlStyle
  * While its context menu is open, a control emits no mouseLongPress and does not open the menu
  * again.
  *
- * \section fingers Several fingers
+ * \section fingers Multiple fingers
  * Qt synthesises mouse events from one finger at a time. The library delivers the presses of the
  * others, so that two thumbs can type on a keypad. While a finger is down on a control, each
- * further finger sends its press, moves and release to the control on which it comes down, in any
- * QGraphicsView. That control emits the signals above. The fingers do not affect each other.
+ * additional finger sends its press, moves and release to the control on which it comes down, in
+ * any QGraphicsView. That control emits the signals above. The fingers do not affect each other.
  *
- * A further finger differs from the first one:
- * - It is tracked only if the finger from which Qt synthesises mouse events came down on a control.
- *   While that finger is on the empty scene, on another kind of item or on a widget, Qt does not
- *   report the others.
+ * Additional fingers differ from the first:
+ * - They are tracked only if the finger from which Qt synthesises mouse events came down on a
+ * control. While that finger is on an empty part of the scene, on another kind of item or on a
+ * widget, Qt does not report the others.
  * - It presses only controls, and only those that are neither movable nor already pressed.
  * - Its second tap in a row is a press, not a double click.
  * - It does not close an open KELComboBox, KELNonModalDialog or KELNonModalhelper, sends no hover
@@ -318,7 +318,7 @@ public:
      * \a styleOption is not used.
      *
      * The rectangle is boundingRect(). An outline is copied only if it has a brush and a width
-     * greater than 0, a caption only if there is a foreground brush and a text. The states stay
+     * greater than 0, a caption only if there is a foreground brush and text. The states stay
      * false. \a option must not be null.
      */
     void initStyleOption(KELRoundRectControlStyle *option,

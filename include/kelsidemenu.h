@@ -34,8 +34,8 @@ class KELSideMenuPrivate;
  * control begins at 0.
  *
  * The first control makes the menu as thick as itself plus two border widths. So does any later
- * control that would leave less than one border width of room. The menu never becomes thinner by
- * itself.
+ * control that would leave less than one border width of room across the menu. The menu never
+ * becomes thinner by itself.
  *
  * A view without a parent is a frameless window; a view with a parent is an ordinary child widget.
  * When the view is resized, the whole scene is fitted into it; QGraphicsView::fitInView() leaves
@@ -47,7 +47,7 @@ class KELSideMenuPrivate;
  * GUI thread only.
  *
  * \section sidemenucompat Compatibility notes
- * - All items in the scene count for the position of the next control: separators, items that the
+ * - All items in the scene affect the position of the next control: separators, items that the
  *   application adds, and child items. A control with child items, such as a KELComboBox, pushes
  *   the next ones further by the extents of its child items.
  * - The first control adds the border width once along the menu and twice across it; all others add

@@ -24,15 +24,13 @@ class KELSlideControlPrivate;
  *
  * \section slideuse Interaction
  * A press on the knob grabs it, and moving the pointer drags it; vertical movement is ignored. The
- * knob is 30 px across, and the corners of its square belong to it. A press anywhere else on the
- * control jumps to that position: the value is set to minimum + (maximum - minimum) * distance /
- * (width - 30), where distance is how far the finger is from the left edge.
- * \code
- * press beside the knob, release ---> mousePress, valueChanged, mouseRelease, mouseClicked
- * press on the knob, drag, release -> mousePress, valueChanged for each move, mouseRelease
- * \endcode
- * A jump or a move by less than one step emits no valueChanged. A drag of at most 10 px also ends
- * with mouseClicked.
+ * knob is 30 px across, and its whole bounding square counts as part of it. A press anywhere else
+ * on the control jumps to that position: the value is set to minimum + (maximum - minimum) *
+ * distance / (width - 30), where distance is how far the finger is from the left edge. \code press
+ * beside the knob, release ---> mousePress, valueChanged, mouseRelease, mouseClicked press on the
+ * knob, drag, release -> mousePress, valueChanged for each move, mouseRelease \endcode A jump or a
+ * move of less than one step emits no valueChanged. A drag of at most 10 px also ends with
+ * mouseClicked.
  *
  * Call setboundRect() before the slider is shown: the constructor leaves the knob at (0, 0),
  * outside the default rectangle. The control must be wider than 30 px.
@@ -51,9 +49,10 @@ class KELSlideControlPrivate;
  *
  * \section slidelook Look
  * \c backgroundBrush fills the groove (4 px high). \c foregroundBrush fills the knob and the part
- * of the groove to the left of it. \c borderBrush outlines the knob with 2 px. The filled part is
- * drawn only while the value is within the bounds. A disabled slider draws the knob and the filled
- * part in RGB (110, 110, 110) and the outline in RGB (170, 170, 170), whatever the brushes are.
+ * of the groove to the left of it. \c borderBrush draws a 2 px outline around the knob. The filled
+ * part is drawn only while the value is within the bounds. A disabled slider draws the knob and the
+ * filled part in RGB (110, 110, 110) and the outline in RGB (170, 170, 170), whatever the brushes
+ * are.
  *
  * At the ends of the travel the outline of the knob extends 1 px beyond the rectangle, and in a
  * control less than 32 px high also above and below it. See \ref outside.
@@ -66,13 +65,14 @@ class KELSlideControlPrivate;
  *   knob moves against the drag.
  * - The bounds are not checked. If the maximum is below the minimum, a value above the maximum
  *   becomes the maximum, any other value becomes the minimum.
- * - If both bounds are equal, the position of the knob is NaN. The knob vanishes, and presses at
+ * - If the bounds are equal, the position of the knob is NaN. The knob vanishes, and presses at
  *   its height grab it at any position, until the bounds differ and the knob is placed again.
  * - A bound that is NaN limits nothing. A value of NaN is stored. If there is a step, the value
  *   then remains NaN, whatever is set, until the step is set to 0.
  * - Without a \c backgroundBrush the filled part is outlined with the painter's current pen, which
  *   in a scene is black and 1 px wide. Without a \c borderBrush the knob is outlined with the
- *   painter's current pen; in a scene with a groove there is none.
+ *   painter's current pen. In a scene, once the groove has been drawn, no pen is left, so there is
+ * no outline.
  * - In a parent control the groove is drawn in boundingRect(), which is offset by the corner of the
  *   parent's rectangle, while the knob and the pointer use the record's own rectangle. Use a parent
  *   whose rectangle begins at (0, 0). Pages below a title bar, pages with an outline and all but
@@ -88,7 +88,7 @@ class KELSlideControlPrivate;
  *
  * where f and its product with (width - 30) are in single precision. With a minimum of 0, the
  * overload with four numbers agrees with setValue(): use that overload. With any other minimum, set
- * the bounds, the rectangle, the value and the step in this order, because only a call of
+ * the bounds, the rectangle, the value and the step in that order, because only a call to
  * setValue() that is not ignored places the knob. setMaximun() and setMinimun() do not move it.
  * After setboundRect(const QRectF&) with the value at the maximum the knob extends 15 px beyond the
  * rectangle.
@@ -125,13 +125,13 @@ public:
 
     //! Sets the upper bound to \a maximum, which may be any number. A value above the old bound is
     //! clamped to the old (not the new) bound. Any other value is unchanged, even if it is outside
-    //! the new bounds, until a call of setValue() that is not ignored. Does not move the knob,
+    //! the new bounds, until a call to setValue() that is not ignored. Does not move the knob,
     //! repaint the slider or emit a signal.
     void setMaximun(float maximum);
 
     //! Sets the lower bound to \a minimum, which may be any number. A value below the old bound is
     //! clamped to the old (not the new) bound. Any other value is unchanged, even if it is outside
-    //! the new bounds, until a call of setValue() that is not ignored. Does not move the knob,
+    //! the new bounds, until a call to setValue() that is not ignored. Does not move the knob,
     //! repaint the slider or emit a signal.
     void setMinimun(float minimum);
 
@@ -139,8 +139,8 @@ public:
     //! notifies the scene; see \ref geometry.
     void setboundRect(const QRectF &rect) override;
 
-    //! Stores the rectangle \a x, \a y, \a w, \a h (item px) and places the knob by another rule;
-    //! see \ref slideplace. Neither repaints nor notifies the scene.
+    //! Stores the rectangle \a x, \a y, \a w, \a h (item px) and places the knob according to a
+    //! different rule; see \ref slideplace. Neither repaints nor notifies the scene.
     void setboundRect(qreal x, qreal y, qreal w, qreal h) override;
 
     //! Paints the slider with \a painter; \a styleOption and \a widget are not used.
@@ -167,7 +167,7 @@ public Q_SLOTS:
 
 Q_SIGNALS:
     //! The value was set, by setValue() or by the pointer. During a drag it is emitted for every
-    //! move by at least one step.
+    //! move of at least one step.
     void valueChanged();
 
 protected:

@@ -15,7 +15,7 @@ Usage: scripts/benchmark.sh [--clock-only | --quick | --record]
   (no option)    count the instructions of every benchmark under valgrind, and measure the time; fails if a
                  limit in tests/benchmarks/limits.json is exceeded
   --clock-only   measure the time only: needs no valgrind, and checks no limits
-  --quick        count paint, construction and binding only; fails if a ratio is more than 3 % worse than in
+  --quick        count paint, construction and binding only; fails if a ratio is more than 3% worse than in
                  tests/benchmarks/recorded.json
   --record       like --quick, but write recorded.json
 
