@@ -111,7 +111,10 @@ bool KELPress::Origin::isCovered() const
 
 KELPress::KELPress(KELRoundRectControl *control) : m_control(control) { }
 
-KELPress::~KELPress() = default;
+void KELPress::DeleteOrigin::operator()(Origin *origin) const
+{
+    delete origin;
+}
 
 bool KELPress::isOwn(const KELRoundRectControl *control)
 {
@@ -124,7 +127,7 @@ bool KELPress::arrive(QGraphicsSceneMouseEvent *event)
         return false;
     m_isOwn = true;
     m_isSceneTarget = sceneTargets(m_control);
-    m_origin = std::make_unique<Origin>(m_control, event);
+    m_origin.reset(new Origin(m_control, event));
     return true;
 }
 
@@ -145,7 +148,7 @@ void KELPress::beginUnseen(QGraphicsSceneMouseEvent *event)
 void KELPress::watch(const QGraphicsSceneMouseEvent *event)
 {
     if (!m_origin) // a selectionChanged() slot has run a whole press in between
-        m_origin = std::make_unique<Origin>(m_control, event);
+        m_origin.reset(new Origin(m_control, event));
     m_hasStaleGrab = false;
     Origin &origin = *m_origin;
     const bool isOffered = m_isSceneTarget || origin.isOfFurtherFinger;

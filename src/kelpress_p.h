@@ -44,7 +44,6 @@ class KELPress
 {
 public:
     explicit KELPress(KELRoundRectControl *control);
-    ~KELPress();
 
     // Records the state before the control handles the press. False when the press was misrouted.
     bool arrive(QGraphicsSceneMouseEvent *event);
@@ -83,6 +82,10 @@ private:
     Q_DISABLE_COPY(KELPress)
 
     struct Origin;
+    struct DeleteOrigin // inline, a control that is not pressed destroys nothing
+    {
+        void operator()(Origin *origin) const;
+    };
 
     bool isLost() const;
     bool dropIfLost();
@@ -97,7 +100,7 @@ private:
     bool m_isOwn = false;
     bool m_isSceneTarget = false; // when the press arrived
     KELRoundRectControl *const m_control;
-    std::unique_ptr<Origin> m_origin; // while pressed, and so while the timer runs
+    std::unique_ptr<Origin, DeleteOrigin> m_origin; // while pressed, and so while the timer runs
 };
 
 #endif
