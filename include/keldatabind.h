@@ -184,7 +184,7 @@ QT_WARNING_POP
  * - setBind() copies the destination's value to the source first, without the converter and in
  *   every mode. A source without such a property gets a dynamic one of that name.
  * - setBind() and bind() do not disconnect first: unless you call unbind() first, each signal is
- * handled twice.
+ *   handled twice.
  * - Both error messages for an undeclared name contain the name of the source's property.
  * - bind() and update() leave the signals of the object that they write to unblocked, even if the
  *   application had blocked them.

@@ -94,7 +94,7 @@ public:
      *
      * It moves \a distance px to the left first, or to the right if \a distance is negative.
      * Distances greater than 16,777,215 px are clamped to that value. The dialog returns to the
-     * position and size that it has at the time of the call. A shake that is already running is
+     * position and size that it had at the time of the call. A shake that is already running is
      * stopped where it is, and that position becomes the centre of the new one.
      */
     void dialogShake(int distance);

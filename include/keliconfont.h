@@ -33,7 +33,7 @@ QT_END_NAMESPACE
  * GUI thread only. An application object must exist before installFont() is called.
  *
  * \section iconfontcompat Compatibility notes
- * installFont() spells its debug messages \c succeeful and \c intstall.
+ * The debug messages of installFont() contain the misspellings \c succeeful and \c intstall.
  */
 class KELGDI_EXPORT KELIconFont
 {

@@ -143,7 +143,7 @@ private:
  * - it is removed from the scene.
  *
  * The tabs are then laid out again. If the page was the one shown, none is shown until another is
- * selected or added. If it was before the one shown, selectIndex() becomes one lower; no signal is
+ * selected or added. If it came before the one shown, selectIndex() decreases by one; no signal is
  * emitted.
  *
  * A page may be given another parent item within the table, for example a child item of the table

@@ -43,7 +43,7 @@ class KELControlPrivate;
  * \section stylebrushes Brushes
  * These gradients paint nothing, because Qt would crash with some of them:
  * - a gradient whose points, radii, angle or stops, or whose brush's transformation or its inverse,
- * contain a value that is not finite or is greater than 100,000 in magnitude;
+ *   contain a value that is not finite or is greater than 100,000 in magnitude;
  * - a gradient whose transformation has no inverse;
  * - a radial gradient whose two circles touch internally, or come within a millionth of that.
  *
@@ -223,12 +223,12 @@ struct KELGDI_EXPORT KELRoundRectControlStyle
  *
  * Additional fingers differ from the first:
  * - They are tracked only if the finger from which Qt synthesises mouse events came down on a
- * control. While that finger is on an empty part of the scene, on another kind of item or on a
- * widget, Qt does not report the others.
- * - It presses only controls, and only those that are neither movable nor already pressed.
- * - Its second tap in a row is a press, not a double click.
- * - It does not close an open KELComboBox, KELNonModalDialog or KELNonModalhelper, sends no hover
- *   events and does not move the keyboard focus.
+ *   control. While that finger is on an empty part of the scene, on another kind of item or on a
+ *   widget, Qt does not report the others.
+ * - They press only controls, and only those that are neither movable nor already pressed.
+ * - The second of two taps in a row is a press, not a double click.
+ * - They do not close an open KELComboBox, KELNonModalDialog or KELNonModalhelper, send no hover
+ *   events and do not move the keyboard focus.
  *
  * \section lifetime Lifetime
  * A slot connected to any signal of the library may delete any control, with \c delete or

@@ -26,11 +26,13 @@ class KELSlideControlPrivate;
  * A press on the knob grabs it, and moving the pointer drags it; vertical movement is ignored. The
  * knob is 30 px across, and its whole bounding square counts as part of it. A press anywhere else
  * on the control jumps to that position: the value is set to minimum + (maximum - minimum) *
- * distance / (width - 30), where distance is how far the finger is from the left edge. \code press
- * beside the knob, release ---> mousePress, valueChanged, mouseRelease, mouseClicked press on the
- * knob, drag, release -> mousePress, valueChanged for each move, mouseRelease \endcode A jump or a
- * move of less than one step emits no valueChanged. A drag of at most 10 px also ends with
- * mouseClicked.
+ * distance / (width - 30), where distance is how far the finger is from the left edge.
+ * \code
+ * press beside the knob, release ---> mousePress, valueChanged, mouseRelease, mouseClicked
+ * press on the knob, drag, release -> mousePress, valueChanged for each move, mouseRelease
+ * \endcode
+ * A jump or a move of less than one step emits no valueChanged. A drag of at most 10 px also ends
+ * with mouseClicked.
  *
  * Call setboundRect() before the slider is shown: the constructor leaves the knob at (0, 0),
  * outside the default rectangle. The control must be wider than 30 px.
@@ -72,7 +74,7 @@ class KELSlideControlPrivate;
  * - Without a \c backgroundBrush the filled part is outlined with the painter's current pen, which
  *   in a scene is black and 1 px wide. Without a \c borderBrush the knob is outlined with the
  *   painter's current pen. In a scene, once the groove has been drawn, no pen is left, so there is
- * no outline.
+ *   no outline.
  * - In a parent control the groove is drawn in boundingRect(), which is offset by the corner of the
  *   parent's rectangle, while the knob and the pointer use the record's own rectangle. Use a parent
  *   whose rectangle begins at (0, 0). Pages below a title bar, pages with an outline and all but
@@ -149,8 +151,8 @@ public:
 
     /*!
      * Applies the slider's defaults to the current record and returns it: a light grey groove, the
-     * filled part and the knob in RGB (50, 173, 235), and a white outline of the knob. The slider
-     * still owns the record.
+     * filled part and the knob in RGB (50, 173, 235), and a white outline around the knob. The
+     * slider still owns the record.
      */
     KELRoundRectControlStyle *initStyle() override;
 

@@ -98,9 +98,9 @@ table() {
     echo "| Release | amd64 | arm64 |"
     echo "|---------|------:|------:|"
     row "stripped, bytes" stripped_size
-    row "relocations without symbol (RELATIVE)" relocations RELATIVE
-    row "relocations with symbol, data (64, ABS64, GLOB_DAT)" relocations '64|ABS64|GLOB_DAT'
-    row "relocations with symbol, calls (JUMP_SLOT), bound at the first call" relocations JUMP_SLOT
+    row "relocations without a symbol (RELATIVE)" relocations RELATIVE
+    row "relocations with a symbol, data (64, ABS64, GLOB_DAT)" relocations '64|ABS64|GLOB_DAT'
+    row "relocations with a symbol, calls (JUMP_SLOT), bound on the first call" relocations JUMP_SLOT
     row "dynamic symbols, exported" exported
     row "dynamic symbols, needed" needed
     row "functions that run when it is loaded (.init_array)" count_initialisers
