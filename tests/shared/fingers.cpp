@@ -85,6 +85,12 @@ void Fingers::release(int id)
     send({id}, [&](QTest::QTouchEventSequence *s) { s->release(id, finger.pos, finger.widget); });
 }
 
+void Fingers::releaseAt(int id, const QPoint &pos)
+{
+    m_down[id].pos = pos;
+    release(id);
+}
+
 void Fingers::releaseAndPress(int released, int pressed, const QPoint &pos)
 {
     const QPoint releasePos = m_down.take(released).pos;

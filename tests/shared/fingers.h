@@ -22,6 +22,7 @@ public:
     void pressIn(QWidget *widget, int id, const QPoint &pos);
     void move(int id, const QPoint &pos);
     void release(int id);
+    void releaseAt(int id, const QPoint &pos);
     void tap(int id, const QPoint &pos);
     // Two fingers that come down in one event.
     void pressBoth(int id, const QPoint &pos, int otherId, const QPoint &otherPos);

@@ -3,8 +3,7 @@
 
 #include "keltest.h"
 
-#include <QtGui/QPainter>
-#include <QtWidgets/QStyleOptionGraphicsItem>
+#include "fingers.h"
 
 namespace {
 
@@ -37,18 +36,6 @@ QTouchDevice *touchScreen()
 {
     static QTouchDevice *const device = QTest::createTouchDevice();
     return device;
-}
-
-QString saved(const QImage &image, const QString &what)
-{
-    const QString name = QStringLiteral("%1_%2_%3.png")
-                             .arg(QString::fromLatin1(QTest::currentTestFunction()),
-                                  QString::fromUtf8(QTest::currentDataTag())
-                                      .replace(QRegularExpression(QStringLiteral("\\W+")),
-                                               QStringLiteral("-")),
-                                  what);
-    image.save(name);
-    return name;
 }
 
 } // namespace
@@ -109,6 +96,16 @@ bool KelTestView::showAndWait()
     return QTest::qWaitForWindowExposed(this);
 }
 
+void KelTestView::showOnce()
+{
+    if (std::exchange(m_wasShown, true) || isVisible())
+        return;
+    window()->show();
+    if (!QTest::qWaitForWindowExposed(window()))
+        qFatal("the window has not been exposed");
+    Fingers(viewport()).tap(0, QPoint(1, 1));
+}
+
 QPoint KelTestView::at(const QGraphicsItem *item, const QPointF &itemPos) const
 {
     return mapFromScene(item->mapToScene(itemPos));
@@ -163,80 +160,4 @@ void KelTestView::touchMove(const QPoint &pos)
 void KelTestView::touchRelease(const QPoint &pos)
 {
     QTest::touchEvent(viewport(), touchScreen()).release(0, pos, viewport());
-}
-
-QImage KelImage::draw(const QSize &size, qreal scale, const std::function<void(QPainter *)> &draw)
-{
-    QImage image(QSize(qRound(size.width() * scale), qRound(size.height() * scale)),
-                 QImage::Format_ARGB32_Premultiplied);
-    image.fill(QColor(200, 220, 240));
-    QPainter painter(&image);
-    painter.scale(scale, scale);
-    draw(&painter);
-    return image;
-}
-
-QImage KelImage::paint(QGraphicsItem *item, const QSize &size, qreal scale)
-{
-    return draw(size, scale, [item](QPainter *painter) {
-        QStyleOptionGraphicsItem option;
-        item->paint(painter, &option, nullptr);
-    });
-}
-
-QString KelImage::difference(const QImage &actual, const QImage &expected)
-{
-    if (actual == expected)
-        return QString();
-    if (actual.size() != expected.size())
-        return QStringLiteral("different sizes");
-    int count = 0;
-    QPoint first(-1, -1);
-    for (int y = 0; y < actual.height(); ++y) {
-        for (int x = 0; x < actual.width(); ++x) {
-            if (actual.pixel(x, y) == expected.pixel(x, y))
-                continue;
-            if (count++ == 0)
-                first = QPoint(x, y);
-        }
-    }
-    return QStringLiteral("%1 pixels differ, first (%2, %3); see %4 and %5")
-        .arg(QString::number(count), QString::number(first.x()), QString::number(first.y()),
-             saved(actual, QStringLiteral("actual")), saved(expected, QStringLiteral("expected")));
-}
-
-QString KelImage::pixelsOutside(QGraphicsItem *item, qreal scale)
-{
-    constexpr qreal marginPx = 100;
-    const QRectF bounds = item->boundingRect();
-    const QRectF canvas = bounds.adjusted(-marginPx, -marginPx, marginPx, marginPx);
-    const auto render = [&](bool withItem) {
-        return draw(canvas.size().toSize(), scale, [&](QPainter *painter) {
-            painter->translate(-canvas.topLeft());
-            if (withItem) {
-                QStyleOptionGraphicsItem option;
-                item->paint(painter, &option, nullptr);
-            }
-        });
-    };
-    const QImage blank = render(false);
-    const QImage painted = render(true);
-    const QRectF scaled(marginPx * scale, marginPx * scale, bounds.width() * scale,
-                        bounds.height() * scale);
-    const QRect allowed = scaled.toAlignedRect();
-    for (int y = 0; y < painted.height(); ++y) {
-        for (int x = 0; x < painted.width(); ++x) {
-            if (allowed.contains(x, y) || painted.pixel(x, y) == blank.pixel(x, y))
-                continue;
-            return QStringLiteral("pixel (%1, %2) lies outside (%3, %4, %5, %6); see %7")
-                .arg(x)
-                .arg(y)
-                .arg(allowed.x())
-                .arg(allowed.y())
-                .arg(allowed.width())
-                .arg(allowed.height())
-                .arg(saved(painted, QStringLiteral("outside")));
-        }
-    }
-    return QString();
 }

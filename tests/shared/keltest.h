@@ -4,11 +4,12 @@
 #ifndef KELTEST_H
 #define KELTEST_H
 
+#include "literals.h"
+#include "picture.h"
+
 #include <QtCore/QStringList>
-#include <QtGui/QImage>
 #include <QtTest/QtTest>
 #include <QtWidgets/QApplication>
-#include <QtWidgets/QGraphicsItem>
 #include <QtWidgets/QGraphicsScene>
 #include <QtWidgets/QGraphicsView>
 
@@ -47,6 +48,9 @@ public:
 
     // Shows the view and waits for it. Add the items first.
     bool showAndWait();
+    // The same for the window around it, only the first time. The next tap is not the second one of
+    // a double tap that began in an earlier test.
+    void showOnce();
 
     // The viewport position of a point of item (in the coordinates of its boundingRect()).
     QPoint at(const QGraphicsItem *item, const QPointF &itemPos) const;
@@ -65,24 +69,10 @@ public:
     void touchRelease(const QPoint &pos);
 
     QGraphicsScene ownScene;
+
+private:
+    bool m_wasShown = false;
 };
-
-namespace KelImage {
-
-// Calls draw on a picture of size, scaled, filled with an uneven background.
-QImage draw(const QSize &size, qreal scale, const std::function<void(QPainter *)> &draw);
-
-// Draws the item's paint() that way.
-QImage paint(QGraphicsItem *item, const QSize &size, qreal scale = 1);
-
-// Empty when equal; otherwise says where the pictures differ and where it saved them.
-QString difference(const QImage &actual, const QImage &expected);
-
-// Paints the item into a picture 100 px larger than its bounding rectangle, on every side. Empty
-// when no pixel outside the rectangle changed; otherwise says which.
-QString pixelsOutside(QGraphicsItem *item, qreal scale = 1);
-
-} // namespace KelImage
 
 #define KEL_TEST_MAIN(TestClass)            \
   int main(int argc, char *argv[])          \

@@ -24,7 +24,7 @@ KELRoundRectControl *make(bool pixmap, bool glyph, bool caption, bool foreground
     if (glyph)
         style->icon = KELIconFont('M');
     if (caption)
-        style->text = QStringLiteral("Start all of the pumps now");
+        style->text = u"Start all of the pumps now"_s;
     if (!foreground)
         style->foregroundBrush = QBrush(Qt::NoBrush);
     return control;
@@ -228,23 +228,146 @@ class tst_Controls : public KelTest
 
 private Q_SLOTS:
     void everyControlPaintsSomething_data() { addClassesAndStates(); }
-    void everyControlPaintsSomething();
+
+    void everyControlPaintsSomething()
+    {
+        const auto item = control();
+        item->setboundRect(10, 10, 120, 80);
+        const QImage blank = KelImage::draw(QSize(140, 100), 1, [](QPainter *) {});
+        QVERIFY(KelImage::paint(item.get(), QSize(140, 100)) != blank);
+    }
+
     void paintsNothingOutside_data() { addClassesAndStates(); }
-    void paintsNothingOutside();
+
+    void paintsNothingOutside()
+    {
+        const auto item = control();
+        for (const QSizeF &size : {QSizeF(120, 80), QSizeF(60, 50)}) {
+            item->setboundRect(QRectF(QPointF(100, 100), size));
+            for (const qreal scale : scales) {
+                const qreal slack = qMax(controlClass().reachPx, thinOutline(*item, scale));
+                QCOMPARE(slack > 0 ? changesOutside(item.get(), scale, slack)
+                                   : KelImage::pixelsOutside(item.get(), scale),
+                         QString());
+            }
+        }
+    }
+
     void paintsNothingOutsideAtFractions_data() { addClassesAndStates(); }
-    void paintsNothingOutsideAtFractions();
+
+    void paintsNothingOutsideAtFractions()
+    {
+        const auto item = control();
+        const qreal pixmapSlack = controlClass().hasPixmap ? 1 : 0;
+        for (const QRectF &rect : {QRectF(3.5, 7.25, 80, 60), QRectF(-0.3, -0.7, 80.6, 60.4)}) {
+            item->setboundRect(rect);
+            for (const qreal scale : scales) {
+                const qreal slack = qMax(qMax(pixmapSlack, controlClass().reachPx),
+                                         thinOutline(*item, scale));
+                QCOMPARE(changesOutside(item.get(), scale, slack), QString());
+            }
+        }
+    }
+
     void paintsNothingOutsideWhenTiny_data() { addClassesAndStates(hasNoPartsOfFixedSize); }
-    void paintsNothingOutsideWhenTiny();
+
+    void paintsNothingOutsideWhenTiny()
+    {
+        const auto item = control();
+        item->style()->borderBrush = QBrush(Qt::NoBrush);
+        removePicture(item.get());
+        for (const QSizeF &size : {QSizeF(1, 1), QSizeF(3, 200), QSizeF(200, 3), QSizeF(0, 0)}) {
+            item->setboundRect(QRectF(QPointF(10, 10), size));
+            for (const qreal scale : scales)
+                QCOMPARE(KelImage::pixelsOutside(item.get(), scale), QString());
+        }
+    }
+
     void partsOfFixedSizeGoOutsideATinyControl_data() { addClassesAndStates(hasPartsOfFixedSize); }
-    void partsOfFixedSizeGoOutsideATinyControl();
+
+    void partsOfFixedSizeGoOutsideATinyControl()
+    {
+        const auto item = control();
+        const qreal reach = controlClass().tinyReachPx;
+        item->setboundRect(10, 10, 1, 1);
+        QVERIFY(!KelImage::pixelsOutside(item.get()).isEmpty());
+        for (const QSizeF &size : {QSizeF(1, 1), QSizeF(3, 200), QSizeF(200, 3), QSizeF(0, 0)}) {
+            item->setboundRect(10, 10, size.width(), size.height());
+            for (const qreal scale : scales)
+                QCOMPARE(changesOutside(item.get(), scale, reach), QString());
+        }
+    }
+
     void sceneCutsOffWhatIsOutside_data() { addClassesAndStates(); }
-    void sceneCutsOffWhatIsOutside();
+
+    void sceneCutsOffWhatIsOutside()
+    {
+        const auto item = control();
+        QCOMPARE(item->flags().testFlag(QGraphicsItem::ItemClipsToShape),
+                 controlClass().isCutToItsShape);
+        if (!controlClass().isCutToItsShape)
+            return;
+        const QSize pictureSize(120, 120);
+        for (const QSizeF &size : {QSizeF(1, 1), QSizeF(3, 80), QSizeF(80, 3), QSizeF(20, 20)}) {
+            item->setboundRect(QRectF(QPointF(20, 20), size));
+            const auto draw = [&](bool withControl) {
+                QGraphicsScene scene;
+                scene.addItem(item.get());
+                item->setVisible(withControl);
+                QImage image = KelImage::draw(pictureSize, 1, [&](QPainter *painter) {
+                    scene.render(painter, QRectF(QPointF(), pictureSize),
+                                 QRectF(QPointF(), pictureSize));
+                });
+                scene.removeItem(item.get());
+                QPainter(&image).fillRect(item->boundingRect().toAlignedRect(), Qt::white);
+                return image;
+            };
+            QCOMPARE(KelImage::difference(draw(true), draw(false)), QString());
+        }
+    }
+
     void outlineWiderThanTheControlGoesOutside_data() { addClassesAndStates(); }
-    void outlineWiderThanTheControlGoesOutside();
+
+    void outlineWiderThanTheControlGoesOutside()
+    {
+        const auto item = control();
+        removePicture(item.get());
+        item->style()->borderWidth = 2;
+        for (const QSizeF &size : {QSizeF(1, 1), QSizeF(1, 40), QSizeF(40, 1)}) {
+            item->setboundRect(QRectF(QPointF(10, 10), size));
+            for (const qreal scale : scales)
+                QCOMPARE(changesOutside(item.get(), scale, qMax(1.0, controlClass().tinyReachPx)),
+                         QString());
+        }
+    }
+
     void paintsTheSameTwice_data() { addClassesAndStates(); }
-    void paintsTheSameTwice();
+
+    void paintsTheSameTwice()
+    {
+        const auto item = control();
+        item->setboundRect(10, 10, 120, 80);
+        const QImage first = KelImage::paint(item.get(), QSize(140, 100));
+        QCOMPARE(KelImage::difference(KelImage::paint(item.get(), QSize(140, 100)), first),
+                 QString());
+    }
+
     void roundCornersStayInside_data() { addClassesAndStates(); }
-    void roundCornersStayInside();
+
+    void roundCornersStayInside()
+    {
+        const auto item = control();
+        KELRoundRectControlStyle *style = item->style();
+        style->xRadius = 300;
+        style->yRadius = 14;
+        style->borderWidth = 9;
+        style->textFlags = Qt::AlignRight | Qt::AlignTop;
+        style->font.setPixelSize(60);
+        style->iconSize = 150;
+        item->setboundRect(5, 5, 120, 100);
+        for (const qreal scale : scales)
+            QCOMPARE(KelImage::pixelsOutside(item.get(), scale), QString());
+    }
 
 private:
     static const ControlClass &controlClass()
@@ -258,129 +381,6 @@ private:
         return makeControl(controlClass(), states[state]);
     }
 };
-
-void tst_Controls::everyControlPaintsSomething()
-{
-    const auto item = control();
-    item->setboundRect(10, 10, 120, 80);
-    const QImage blank = KelImage::draw(QSize(140, 100), 1, [](QPainter *) {});
-    QVERIFY(KelImage::paint(item.get(), QSize(140, 100)) != blank);
-}
-
-void tst_Controls::paintsNothingOutside()
-{
-    const auto item = control();
-    for (const QSizeF &size : {QSizeF(120, 80), QSizeF(60, 50)}) {
-        item->setboundRect(QRectF(QPointF(100, 100), size));
-        for (const qreal scale : scales) {
-            const qreal slack = qMax(controlClass().reachPx, thinOutline(*item, scale));
-            QCOMPARE(slack > 0 ? changesOutside(item.get(), scale, slack)
-                               : KelImage::pixelsOutside(item.get(), scale),
-                     QString());
-        }
-    }
-}
-
-void tst_Controls::paintsNothingOutsideAtFractions()
-{
-    const auto item = control();
-    const qreal pixmapSlack = controlClass().hasPixmap ? 1 : 0;
-    for (const QRectF &rect : {QRectF(3.5, 7.25, 80, 60), QRectF(-0.3, -0.7, 80.6, 60.4)}) {
-        item->setboundRect(rect);
-        for (const qreal scale : scales) {
-            const qreal slack = qMax(qMax(pixmapSlack, controlClass().reachPx),
-                                     thinOutline(*item, scale));
-            QCOMPARE(changesOutside(item.get(), scale, slack), QString());
-        }
-    }
-}
-
-void tst_Controls::paintsNothingOutsideWhenTiny()
-{
-    const auto item = control();
-    item->style()->borderBrush = QBrush(Qt::NoBrush);
-    removePicture(item.get());
-    for (const QSizeF &size : {QSizeF(1, 1), QSizeF(3, 200), QSizeF(200, 3), QSizeF(0, 0)}) {
-        item->setboundRect(QRectF(QPointF(10, 10), size));
-        for (const qreal scale : scales)
-            QCOMPARE(KelImage::pixelsOutside(item.get(), scale), QString());
-    }
-}
-
-void tst_Controls::partsOfFixedSizeGoOutsideATinyControl()
-{
-    const auto item = control();
-    const qreal reach = controlClass().tinyReachPx;
-    item->setboundRect(10, 10, 1, 1);
-    QVERIFY(!KelImage::pixelsOutside(item.get()).isEmpty());
-    for (const QSizeF &size : {QSizeF(1, 1), QSizeF(3, 200), QSizeF(200, 3), QSizeF(0, 0)}) {
-        item->setboundRect(10, 10, size.width(), size.height());
-        for (const qreal scale : scales)
-            QCOMPARE(changesOutside(item.get(), scale, reach), QString());
-    }
-}
-
-void tst_Controls::sceneCutsOffWhatIsOutside()
-{
-    const auto item = control();
-    QCOMPARE(item->flags().testFlag(QGraphicsItem::ItemClipsToShape),
-             controlClass().isCutToItsShape);
-    if (!controlClass().isCutToItsShape)
-        return;
-    const QSize pictureSize(120, 120);
-    for (const QSizeF &size : {QSizeF(1, 1), QSizeF(3, 80), QSizeF(80, 3), QSizeF(20, 20)}) {
-        item->setboundRect(QRectF(QPointF(20, 20), size));
-        const auto draw = [&](bool withControl) {
-            QGraphicsScene scene;
-            scene.addItem(item.get());
-            item->setVisible(withControl);
-            QImage image = KelImage::draw(pictureSize, 1, [&](QPainter *painter) {
-                scene.render(painter, QRectF(QPointF(), pictureSize),
-                             QRectF(QPointF(), pictureSize));
-            });
-            scene.removeItem(item.get());
-            QPainter(&image).fillRect(item->boundingRect().toAlignedRect(), Qt::white);
-            return image;
-        };
-        QCOMPARE(KelImage::difference(draw(true), draw(false)), QString());
-    }
-}
-
-void tst_Controls::outlineWiderThanTheControlGoesOutside()
-{
-    const auto item = control();
-    removePicture(item.get());
-    item->style()->borderWidth = 2;
-    for (const QSizeF &size : {QSizeF(1, 1), QSizeF(1, 40), QSizeF(40, 1)}) {
-        item->setboundRect(QRectF(QPointF(10, 10), size));
-        for (const qreal scale : scales)
-            QCOMPARE(changesOutside(item.get(), scale, qMax(1.0, controlClass().tinyReachPx)),
-                     QString());
-    }
-}
-
-void tst_Controls::paintsTheSameTwice()
-{
-    const auto item = control();
-    item->setboundRect(10, 10, 120, 80);
-    const QImage first = KelImage::paint(item.get(), QSize(140, 100));
-    QCOMPARE(KelImage::difference(KelImage::paint(item.get(), QSize(140, 100)), first), QString());
-}
-
-void tst_Controls::roundCornersStayInside()
-{
-    const auto item = control();
-    KELRoundRectControlStyle *style = item->style();
-    style->xRadius = 300;
-    style->yRadius = 14;
-    style->borderWidth = 9;
-    style->textFlags = Qt::AlignRight | Qt::AlignTop;
-    style->font.setPixelSize(60);
-    style->iconSize = 150;
-    item->setboundRect(5, 5, 120, 100);
-    for (const qreal scale : scales)
-        QCOMPARE(KelImage::pixelsOutside(item.get(), scale), QString());
-}
 
 KEL_TEST_MAIN(tst_Controls)
 #include "tst_controls.moc"

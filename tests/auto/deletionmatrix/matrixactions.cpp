@@ -3,6 +3,8 @@
 
 #include "matrixstage.h"
 
+#include "literals.h"
+
 #include <kelapplicationnotify.h>
 #include <kelcheckbox.h>
 #include <kelcombobox.h>
@@ -344,8 +346,7 @@ QVector<Action> callsOfControls()
                         if (alive)
                             control->setCheck(!control->isCheck());
                     }),
-        callSubject("setText",
-                    [](KELRoundRectControl *control) { control->setText(QStringLiteral("text")); }),
+        callSubject("setText", [](KELRoundRectControl *control) { control->setText(u"text"_s); }),
         callSubject("setEnabled",
                     [](KELRoundRectControl *control) {
                         switchOffAndOn(control, control, &QGraphicsItem::setEnabled);
@@ -419,7 +420,7 @@ QVector<Action> callsOfComboBoxes()
     return {
         call<KELComboBox>("setSelectIndex", [](KELComboBox *box) { box->setSelectIndex(1); }),
         call<KELComboBox>("addItem of a combo box",
-                          [](KELComboBox *box) { box->addItem(4, QStringLiteral("four")); }),
+                          [](KELComboBox *box) { box->addItem(4, u"four"_s); }),
         call<KELComboBox>("removeItem of a combo box",
                           [](KELComboBox *box) {
                               const QPointer<KELComboBoxItem> item(box->items().at(0));

@@ -3,6 +3,8 @@
 
 #include "matrixstage.h"
 
+#include "literals.h"
+
 #include "controlclasses.h"
 
 #include <QtCore/QCoreApplication>
@@ -113,7 +115,7 @@ StageKind controlWithMenu(const char *name)
                 made->setFlag(QGraphicsItem::ItemIsSelectable);
                 const QPointer<QMenu> menu(stage->add("menu", new Own<QMenu>));
                 const QPointer<QAction> action(
-                    stage->add("menu entry", menu->addAction(QStringLiteral("Stop"))));
+                    stage->add("menu entry", menu->addAction(u"Stop"_s)));
                 made->KELRoundRectControl::style()->contextMenu = menu;
                 QObject::connect(menu, &QMenu::aboutToShow, stage->desk, [stage, menu, action] {
                     QTimer::singleShot(0, stage->desk, [menu, action] {

@@ -268,12 +268,12 @@ QString tst_DeletionMatrix::nameOf(const Cell &cell) const
     QString text = QString::fromLatin1(stageKinds().at(cell.stage).name) + QLatin1String(": ")
         + QString::fromLatin1(action.name);
     if (cell.spot >= 0)
-        text += QStringLiteral(" at spot %1").arg(cell.spot);
+        text += u" at spot %1"_s.arg(cell.spot);
     return text
-        + QStringLiteral("; %1 sends %2 (%3), which %5 %4")
+        + u"; %1 sends %2 (%3), which %5 %4"_s
               .arg(names.at(cell.sender), QString::fromLatin1(meta->method(cell.signal).name()),
                    QString::number(cell.nth), names.at(cell.victim),
-                   cell.isLater ? QStringLiteral("deletes later") : QStringLiteral("deletes"));
+                   cell.isLater ? u"deletes later"_s : u"deletes"_s);
 }
 
 CellFacts tst_DeletionMatrix::factsOf(const Cell &cell, const Stage &stage) const
@@ -491,8 +491,8 @@ QStringList tst_DeletionMatrix::missingSignals() const
             if (isSignal(method) && owner.startsWith("KEL") && !isSilent(name, method.name())
                 && !m_fired.value(name).contains(method.name()))
                 missing.append(
-                    QStringLiteral("%1::%2 is never sent: add an action to matrixactions.cpp, "
-                                   "or a line to silentSignals()")
+                    u"%1::%2 is never sent: add an action to matrixactions.cpp, "
+                                   "or a line to silentSignals()"_s
                         .arg(name, QString::fromLatin1(method.name())));
         }
     }

@@ -161,7 +161,7 @@ void tst_GalleryPointer::initTestCase()
     QVERIFY(m_directory.isValid());
     m_headless = Gallery::environment(m_directory.path());
     m_server.start(
-        QStringLiteral("Xvfb"),
+        u"Xvfb"_s,
         {"-displayfd", "1", "-screen", "0", "800x480x24", "-nolisten", "tcp", "-noreset"});
     QVERIFY(m_server.waitForReadyRead(patienceMs));
     QTRY_VERIFY_WITH_TIMEOUT(m_server.canReadLine(), patienceMs);
@@ -1094,7 +1094,7 @@ bool tst_GalleryPointer::xdotool(const QStringList &arguments)
     QProcess process;
     process.setProcessEnvironment(m_display);
     process.setStandardOutputFile(QProcess::nullDevice());
-    process.start(QStringLiteral("xdotool"), arguments);
+    process.start(u"xdotool"_s, arguments);
     return process.waitForFinished(patienceMs) && process.exitCode() == 0;
 }
 
@@ -1177,8 +1177,7 @@ QStringList tst_GalleryPointer::windows(const QString &name) const
 {
     QProcess process;
     process.setProcessEnvironment(m_display);
-    process.start(QStringLiteral("xdotool"),
-                  {"search", "--onlyvisible", "--name", name, "getwindowname", "%@"});
+    process.start(u"xdotool"_s, {"search", "--onlyvisible", "--name", name, "getwindowname", "%@"});
     process.waitForFinished(patienceMs);
     QStringList found = QString::fromUtf8(process.readAllStandardOutput())
                             .split('\n', Qt::SkipEmptyParts);
@@ -1190,7 +1189,7 @@ QString tst_GalleryPointer::placeOf(const QString &name) const
 {
     QProcess process;
     process.setProcessEnvironment(m_display);
-    process.start(QStringLiteral("xdotool"),
+    process.start(u"xdotool"_s,
                   {"search", "--onlyvisible", "--name", name, "getwindowgeometry", "--shell"});
     process.waitForFinished(patienceMs);
     return QString::fromUtf8(process.readAllStandardOutput());

@@ -109,14 +109,11 @@ inline QString listState(const KELComboBox &box)
     const bool isUp = parts.arrow->text() == upArrow;
     const bool filters = filtersTheApplication(box);
     if (isShown && isUp && filters && box.zValue() == 1)
-        return QStringLiteral("open");
+        return u"open"_s;
     if (!isShown && parts.arrow->text() == downArrow && !filters)
-        return QStringLiteral("closed");
-    return QStringLiteral("shown %1, up %2, filters %3, z %4")
-        .arg(isShown)
-        .arg(isUp)
-        .arg(filters)
-        .arg(box.zValue());
+        return u"closed"_s;
+    return u"shown %1, up %2, filters %3, z %4"_s.arg(isShown).arg(isUp).arg(filters).arg(
+        box.zValue());
 }
 
 inline QStringList textsOf(const KELComboBox &box)
@@ -131,11 +128,10 @@ inline QStringList textsOf(const KELComboBox &box)
 inline void addEntries(KELComboBox *box, const QStringList &texts)
 {
     for (const QString &text : texts)
-        box->addItem(text + QStringLiteral(" value"), text);
+        box->addItem(text + u" value"_s, text);
 }
 
-inline const QStringList threeTexts = {QStringLiteral("one"), QStringLiteral("two"),
-                                       QStringLiteral("three")};
+inline const QStringList threeTexts = {u"one"_s, u"two"_s, u"three"_s};
 
 // The event filters of combo boxes that live, while a census does.
 class NotifierCensus

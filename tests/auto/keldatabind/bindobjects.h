@@ -130,16 +130,16 @@ public:
         Q_EMIT valueChanged();
     }
 
-    QString first = QStringLiteral("first");
-    QString second = QStringLiteral("second");
-    QString third = QStringLiteral("third");
+    QString first = u"first"_s;
+    QString second = u"second"_s;
+    QString third = u"third"_s;
     QStringList writes;
 
 Q_SIGNALS:
     void valueChanged();
 
 private:
-    QString m_value = QStringLiteral("0");
+    QString m_value = u"0"_s;
 };
 
 // Has a property of the same name as its base.
@@ -164,7 +164,7 @@ Q_SIGNALS:
     void textChanged();
 
 private:
-    QString m_text = QStringLiteral("0");
+    QString m_text = u"0"_s;
 };
 
 // Shows the properties of its base only, until it is told to show its own.
@@ -197,12 +197,12 @@ public:
 
     QVariant Convert(QObject *object, const QVariant &value) override
     {
-        calls.append(QStringLiteral("there %1").arg(value.toString()));
+        calls.append(u"there %1"_s.arg(value.toString()));
         return answer(object, value, 100);
     }
     QVariant ConvertBack(QObject *object, const QVariant &value) override
     {
-        calls.append(QStringLiteral("back %1").arg(value.toString()));
+        calls.append(u"back %1"_s.arg(value.toString()));
         return answer(object, value, -100);
     }
 

@@ -17,7 +17,7 @@ namespace {
 constexpr ushort fullGlyph = 0xE000; // the whole em square
 constexpr ushort leftGlyph = 0xE001; // its left half
 
-const QString testFamily = QStringLiteral("KEL Test Icons");
+const QString testFamily = u"KEL Test Icons"_s;
 
 QString dataFile(const QString &name)
 {
@@ -31,12 +31,12 @@ QString quoted(const QString &text)
 
 QString successLine(const QString &path, const QString &family)
 {
-    return QStringLiteral("install from %1 , font %2 succeeful").arg(quoted(path), quoted(family));
+    return u"install from %1 , font %2 succeeful"_s.arg(quoted(path), quoted(family));
 }
 
 QString failureLine(const QString &path)
 {
-    return QStringLiteral("could not intstall ") + quoted(path);
+    return u"could not intstall "_s + quoted(path);
 }
 
 // The families Qt finds in a file, as the installation sees them.
@@ -66,456 +66,421 @@ class tst_KELIconFont : public KelTest
 
 private Q_SLOTS:
     // First: needs a process in which nothing was installed.
-    void familyIsEmptyBeforeTheFirstInstallation();
 
-    void defaultGlyphIsNull();
-    void glyphHoldsItsCode_data();
-    void glyphHoldsItsCode();
-    void glyphConvertsFromACode();
-    void glyphCodeZeroIsAStringOfLengthOne();
-    void setIconReplacesTheGlyphOnly();
-    void copyIsAValueOfItsOwn();
-    void isAPlainValueClass();
-
-    void iconFontHasNeitherSizeNorWeightOfItsOwn();
-    void iconFontUsesTheFamily();
-
-    void installsAFont();
-    void installsAgain();
-    void refusesAFile_data();
-    void refusesAFile();
-    void keepsTheFamilyWhenAFileIsRefused();
-    void fontWithoutFamilyName();
-    void pathIsPrintedQuoted_data();
-    void pathIsPrintedQuoted();
-    void refusesAnEmptyPath();
-    void fontCutAnywhere();
-
-    void glyphKeepsTheFamilyItWasBuiltWith();
-    void drawsTheGlyphIntoTheRectangle_data();
-    void drawsTheGlyphIntoTheRectangle();
-    void drawingSetsTheFontAndKeepsThePen();
-    void drawingDoesNotChangeTheGlyph();
-    void drawsANullGlyph();
-    void drawsAGlyphThatTheFontLacks();
-    void pixelSizeIsThatOfTheGlyphAlone();
-    void pixelSizeMustBePositive_data();
-    void pixelSizeMustBePositive();
-};
-
-void tst_KELIconFont::familyIsEmptyBeforeTheFirstInstallation()
-{
-    QCOMPARE(KELIconFont::g_fontFamily, QString());
-    QCOMPARE(KELIconFont::fontFamily(), QString());
-    QCOMPARE(KELIconFont::iconFont(), QFont(QString(), -1, -1, false));
-    KELIconFont::installFont(dataFile(QStringLiteral("missing.ttf")));
-    QCOMPARE(KELIconFont::fontFamily(), QString());
-    QCOMPARE(takeDebugLines(), QStringList(failureLine(dataFile(QStringLiteral("missing.ttf")))));
-}
-
-void tst_KELIconFont::defaultGlyphIsNull()
-{
-    const KELIconFont icon;
-    QVERIFY(icon.isNull());
-    QCOMPARE(icon.getIcon(), QChar());
-}
-
-void tst_KELIconFont::glyphHoldsItsCode_data()
-{
-    QTest::addColumn<ushort>("code");
-    QTest::addColumn<bool>("isNull");
-
-    QTest::newRow("zero") << ushort(0) << true;
-    QTest::newRow("one") << ushort(1) << false;
-    QTest::newRow("letter") << ushort('A') << false;
-    QTest::newRow("high byte alone") << ushort(0x0100) << false;
-    QTest::newRow("private use") << fullGlyph << false;
-    QTest::newRow("high surrogate") << ushort(0xD800) << false;
-    QTest::newRow("largest") << ushort(0xFFFF) << false;
-}
-
-void tst_KELIconFont::glyphHoldsItsCode()
-{
-    QFETCH(ushort, code);
-    QFETCH(bool, isNull);
-    const KELIconFont icon(code);
-    QCOMPARE(icon.isNull(), isNull);
-    QCOMPARE(icon.getIcon().unicode(), code);
-    QCOMPARE(static_cast<QChar>(icon).unicode(), code);
-    const QString text = icon;
-    QCOMPARE(text.size(), 1);
-    QCOMPARE(text.at(0).unicode(), code);
-}
-
-void tst_KELIconFont::glyphConvertsFromACode()
-{
-    KELIconFont icon;
-    icon = fullGlyph;
-    QCOMPARE(icon.getIcon().unicode(), fullGlyph);
-}
-
-void tst_KELIconFont::glyphCodeZeroIsAStringOfLengthOne()
-{
-    const QString text = KELIconFont();
-    QCOMPARE(text.size(), 1);
-    QCOMPARE(text.at(0), QChar());
-}
-
-void tst_KELIconFont::setIconReplacesTheGlyphOnly()
-{
-    KELIconFont::g_fontFamily = testFamily;
-    KELIconFont icon(leftGlyph);
-    icon.setPixelSize(17);
-    KELIconFont::g_fontFamily = QStringLiteral("Other");
-    icon.setIcon(QChar(fullGlyph));
-    QCOMPARE(icon.getIcon().unicode(), fullGlyph);
-
-    QImage image(40, 40, QImage::Format_ARGB32_Premultiplied);
-    QPainter painter(&image);
-    icon.drawIcon(&painter, image.rect(), Qt::AlignCenter);
-    QCOMPARE(painter.font().family(), testFamily);
-    QCOMPARE(painter.font().pixelSize(), 17);
-
-    icon.setIcon(QChar());
-    QVERIFY(icon.isNull());
-}
-
-void tst_KELIconFont::copyIsAValueOfItsOwn()
-{
-    const KELIconFont first(leftGlyph);
-    KELIconFont second(first);
-    second.setIcon(QChar(fullGlyph));
-    QCOMPARE(first.getIcon().unicode(), leftGlyph);
-    KELIconFont third;
-    third = first;
-    QCOMPARE(third.getIcon().unicode(), leftGlyph);
-}
-
-void tst_KELIconFont::isAPlainValueClass()
-{
-    QVERIFY(!std::is_polymorphic_v<KELIconFont>);
-    QVERIFY(std::is_copy_constructible_v<KELIconFont>);
-    QVERIFY(std::is_copy_assignable_v<KELIconFont>);
-    QVERIFY(std::is_default_constructible_v<KELIconFont>);
-}
-
-void tst_KELIconFont::iconFontHasNeitherSizeNorWeightOfItsOwn()
-{
-    KELIconFont::g_fontFamily = testFamily;
-    const QFont font = KELIconFont::iconFont();
-    QCOMPARE(font, QFont(testFamily));
-    QCOMPARE(font.weight(), int(QFont::Normal));
-    QVERIFY(!font.italic());
-    QCOMPARE(font.pointSizeF(), QFont().pointSizeF());
-}
-
-void tst_KELIconFont::iconFontUsesTheFamily()
-{
-    KELIconFont::g_fontFamily = QStringLiteral("Some family");
-    QCOMPARE(KELIconFont::fontFamily(), QStringLiteral("Some family"));
-    QCOMPARE(KELIconFont::iconFont().family(), QStringLiteral("Some family"));
-    KELIconFont::g_fontFamily.clear();
-    QCOMPARE(KELIconFont::fontFamily(), QString());
-    QCOMPARE(KELIconFont::iconFont(), QFont(QString()));
-}
-
-void tst_KELIconFont::installsAFont()
-{
-    KELIconFont::g_fontFamily.clear();
-    const QString path = dataFile(QStringLiteral("icons.ttf"));
-    KELIconFont::installFont(path);
-    QCOMPARE(takeDebugLines(), QStringList(successLine(path, testFamily)));
-    QCOMPARE(KELIconFont::fontFamily(), testFamily);
-    QCOMPARE(KELIconFont::g_fontFamily, testFamily);
-    QCOMPARE(KELIconFont::iconFont().family(), familiesOf(path).value(0));
-}
-
-void tst_KELIconFont::installsAgain()
-{
-    KELIconFont::g_fontFamily = QStringLiteral("Before");
-    const QString path = dataFile(QStringLiteral("icons.ttf"));
-    KELIconFont::installFont(path);
-    KELIconFont::installFont(path);
-    QCOMPARE(takeDebugLines(),
-             QStringList({successLine(path, testFamily), successLine(path, testFamily)}));
-    QCOMPARE(KELIconFont::fontFamily(), testFamily);
-}
-
-void tst_KELIconFont::refusesAFile_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QByteArray>("content");
-
-    QTest::newRow("missing") << QStringLiteral("missing.ttf") << QByteArray();
-    QTest::newRow("in a missing folder") << QStringLiteral("missing/icons.ttf") << QByteArray();
-    QTest::newRow("empty") << QStringLiteral("empty.ttf") << QByteArray("");
-    QTest::newRow("garbage") << QStringLiteral("garbage.ttf") << QByteArray(3000, '\xA5');
-    QTest::newRow("text") << QStringLiteral("text.ttf") << QByteArray("This is no font.\n");
-    QTest::newRow("magic number alone") << QStringLiteral("magic.ttf") << QByteArray("\0\1\0\0", 4);
-    QTest::newRow("truncated") << QStringLiteral("cut.ttf")
-                               << contentOf(dataFile(QStringLiteral("truncated.ttf")));
-    QTest::newRow("folder") << QString() << QByteArray();
-}
-
-void tst_KELIconFont::refusesAFile()
-{
-    QFETCH(QString, name);
-    QFETCH(QByteArray, content);
-    QTemporaryDir folder;
-    const QString path = name.isEmpty() ? folder.path() : folder.filePath(name);
-    if (!content.isNull())
-        QVERIFY(write(path, content));
-
-    KELIconFont::g_fontFamily.clear();
-    KELIconFont::installFont(path);
-    QCOMPARE(takeDebugLines(), QStringList(failureLine(path)));
-    QCOMPARE(KELIconFont::fontFamily(), QString());
-}
-
-void tst_KELIconFont::keepsTheFamilyWhenAFileIsRefused()
-{
-    KELIconFont::installFont(dataFile(QStringLiteral("icons.ttf")));
-    takeDebugLines();
-    for (const QString &name : {QStringLiteral("missing.ttf"), QStringLiteral("truncated.ttf")}) {
-        KELIconFont::installFont(dataFile(name));
-        QCOMPARE(takeDebugLines(), QStringList(failureLine(dataFile(name))));
-        QCOMPARE(KELIconFont::fontFamily(), testFamily);
-        QCOMPARE(KELIconFont::iconFont().family(), testFamily);
+    void familyIsEmptyBeforeTheFirstInstallation()
+    {
+        QCOMPARE(KELIconFont::g_fontFamily, QString());
+        QCOMPARE(KELIconFont::fontFamily(), QString());
+        QCOMPARE(KELIconFont::iconFont(), QFont(QString(), -1, -1, false));
+        KELIconFont::installFont(dataFile(u"missing.ttf"_s));
+        QCOMPARE(KELIconFont::fontFamily(), QString());
+        QCOMPARE(takeDebugLines(), QStringList(failureLine(dataFile(u"missing.ttf"_s))));
     }
-}
 
-void tst_KELIconFont::fontWithoutFamilyName()
-{
-    // fontconfig names such a font after its file; without fontconfig Qt may find no family at all.
-    const QString path = dataFile(QStringLiteral("nofamily.ttf"));
-    const QStringList families = familiesOf(path);
-    KELIconFont::g_fontFamily = QStringLiteral("Before");
-    KELIconFont::installFont(path);
-    const QString family = families.isEmpty() ? QStringLiteral("Before") : families.first();
-    const QString line = families.isEmpty() ? failureLine(path) : successLine(path, family);
-    QCOMPARE(takeDebugLines(), QStringList(line));
-    QCOMPARE(KELIconFont::fontFamily(), family);
-}
-
-void tst_KELIconFont::pathIsPrintedQuoted_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("printed");
-
-    QTest::newRow("spaces") << QStringLiteral("no such font") << QStringLiteral("\"no such font\"");
-    QTest::newRow("quote") << QStringLiteral("a\"b") << QStringLiteral("\"a\\\"b\"");
-    QTest::newRow("percent sign") << QStringLiteral("%1%2") << QStringLiteral("\"%1%2\"");
-    QTest::newRow("letters beyond ASCII")
-        << QStringLiteral("/\u00E9\u4E2D.ttf") << QStringLiteral("\"/\u00E9\u4E2D.ttf\"");
-    QTest::newRow("resource") << QStringLiteral(":/no/icons.ttf")
-                              << QStringLiteral("\":/no/icons.ttf\"");
-}
-
-void tst_KELIconFont::pathIsPrintedQuoted()
-{
-    QFETCH(QString, path);
-    QFETCH(QString, printed);
-    KELIconFont::installFont(path);
-    QCOMPARE(takeDebugLines(), QStringList(QStringLiteral("could not intstall ") + printed));
-}
-
-void tst_KELIconFont::refusesAnEmptyPath()
-{
-    KELIconFont::g_fontFamily.clear();
-    KELIconFont::installFont(QString());
-    QCOMPARE(takeDebugLines(), QStringList(failureLine(QString())));
-    QCOMPARE(KELIconFont::fontFamily(), QString());
-    // Qt's own complaint about an empty file name.
-    QCOMPARE(takeWarnings(),
-             QStringList(QStringLiteral("QFSFileEngine::open: No file name specified")));
-}
-
-void tst_KELIconFont::fontCutAnywhere()
-{
-    const QByteArray whole = contentOf(dataFile(QStringLiteral("icons.ttf")));
-    QVERIFY(!whole.isEmpty());
-    QTemporaryDir folder;
-    for (int size = 0; size < whole.size(); size += 25) {
-        const QString path = folder.filePath(QStringLiteral("cut%1.ttf").arg(size));
-        QVERIFY(write(path, whole.left(size)));
-        KELIconFont::g_fontFamily = QStringLiteral("Before");
-        KELIconFont::installFont(path);
-        const QString family = KELIconFont::fontFamily();
-        const bool refused = family == QLatin1String("Before");
-        QCOMPARE(takeDebugLines(),
-                 QStringList(refused ? failureLine(path) : successLine(path, family)));
-        QCOMPARE(familiesOf(path).value(0, QStringLiteral("Before")), family);
+    void defaultGlyphIsNull()
+    {
+        const KELIconFont icon;
+        QVERIFY(icon.isNull());
+        QCOMPARE(icon.getIcon(), QChar());
     }
-}
 
-void tst_KELIconFont::glyphKeepsTheFamilyItWasBuiltWith()
-{
-    KELIconFont::g_fontFamily.clear();
-    const KELIconFont before(leftGlyph);
-    KELIconFont::installFont(dataFile(QStringLiteral("icons.ttf")));
-    takeDebugLines();
-    const KELIconFont after(leftGlyph);
-    const KELIconFont copyOfBefore(before);
+    void glyphHoldsItsCode_data()
+    {
+        QTest::addColumn<ushort>("code");
+        QTest::addColumn<bool>("isNull");
 
-    QImage image(40, 40, QImage::Format_ARGB32_Premultiplied);
-    QPainter painter(&image);
-    before.drawIcon(&painter, image.rect(), 0);
-    QCOMPARE(painter.font().family(), QString());
-    after.drawIcon(&painter, image.rect(), 0);
-    QCOMPARE(painter.font().family(), testFamily);
-    copyOfBefore.drawIcon(&painter, image.rect(), 0);
-    QCOMPARE(painter.font().family(), QString());
-}
+        QTest::newRow("zero") << ushort(0) << true;
+        QTest::newRow("one") << ushort(1) << false;
+        QTest::newRow("letter") << ushort('A') << false;
+        QTest::newRow("high byte alone") << ushort(0x0100) << false;
+        QTest::newRow("private use") << fullGlyph << false;
+        QTest::newRow("high surrogate") << ushort(0xD800) << false;
+        QTest::newRow("largest") << ushort(0xFFFF) << false;
+    }
 
-void tst_KELIconFont::drawsTheGlyphIntoTheRectangle_data()
-{
-    QTest::addColumn<ushort>("code");
-    QTest::addColumn<int>("flags");
-    QTest::addColumn<QRect>("ink");
+    void glyphHoldsItsCode()
+    {
+        QFETCH(ushort, code);
+        QFETCH(bool, isNull);
+        const KELIconFont icon(code);
+        QCOMPARE(icon.isNull(), isNull);
+        QCOMPARE(icon.getIcon().unicode(), code);
+        QCOMPARE(static_cast<QChar>(icon).unicode(), code);
+        const QString text = icon;
+        QCOMPARE(text.size(), 1);
+        QCOMPARE(text.at(0).unicode(), code);
+    }
 
-    // A glyph of 20 px: its em square is the line.
-    QTest::newRow("whole, centred") << fullGlyph << int(Qt::AlignCenter) << QRect(15, 20, 20, 20);
-    QTest::newRow("half, centred") << leftGlyph << int(Qt::AlignCenter) << QRect(15, 20, 10, 20);
-    QTest::newRow("half, left and top")
-        << leftGlyph << int(Qt::AlignLeft | Qt::AlignTop) << QRect(5, 10, 10, 20);
-    QTest::newRow("half, right and bottom")
-        << leftGlyph << int(Qt::AlignRight | Qt::AlignBottom) << QRect(25, 30, 10, 20);
-    QTest::newRow("whole, no flags") << fullGlyph << 0 << QRect(5, 10, 20, 20);
-}
+    void glyphConvertsFromACode()
+    {
+        KELIconFont icon;
+        icon = fullGlyph;
+        QCOMPARE(icon.getIcon().unicode(), fullGlyph);
+    }
 
-void tst_KELIconFont::drawsTheGlyphIntoTheRectangle()
-{
-    QFETCH(ushort, code);
-    QFETCH(int, flags);
-    QFETCH(QRect, ink);
-    KELIconFont::installFont(dataFile(QStringLiteral("icons.ttf")));
-    takeDebugLines();
-    KELIconFont icon(code);
-    icon.setPixelSize(20);
+    void glyphCodeZeroIsAStringOfLengthOne()
+    {
+        const QString text = KELIconFont();
+        QCOMPARE(text.size(), 1);
+        QCOMPARE(text.at(0), QChar());
+    }
 
-    const QSize size(60, 60);
-    const QImage actual = KelImage::draw(size, 1, [&icon, flags](QPainter *painter) {
-        painter->setPen(Qt::darkRed);
-        icon.drawIcon(painter, QRectF(5, 10, 40, 40), flags);
-    });
-    // The font engine may smooth the edges; one pixel around them is left out of the comparison.
-    const QRect edges = ink.adjusted(-1, -1, 1, 1);
-    const QRect inside = ink.adjusted(1, 1, -1, -1);
-    const auto withoutEdges = [&](QImage image) {
+    void setIconReplacesTheGlyphOnly()
+    {
+        KELIconFont::g_fontFamily = testFamily;
+        KELIconFont icon(leftGlyph);
+        icon.setPixelSize(17);
+        KELIconFont::g_fontFamily = u"Other"_s;
+        icon.setIcon(QChar(fullGlyph));
+        QCOMPARE(icon.getIcon().unicode(), fullGlyph);
+
+        QImage image(40, 40, QImage::Format_ARGB32_Premultiplied);
         QPainter painter(&image);
-        painter.setClipRegion(QRegion(edges) - inside);
-        painter.fillRect(image.rect(), Qt::white);
-        painter.end();
-        return image;
-    };
-    const QImage expected = KelImage::draw(
-        size, 1, [&ink](QPainter *painter) { painter->fillRect(ink, Qt::darkRed); });
-    QCOMPARE(KelImage::difference(withoutEdges(actual), withoutEdges(expected)), QString());
-}
+        icon.drawIcon(&painter, image.rect(), Qt::AlignCenter);
+        QCOMPARE(painter.font().family(), testFamily);
+        QCOMPARE(painter.font().pixelSize(), 17);
 
-void tst_KELIconFont::drawingSetsTheFontAndKeepsThePen()
-{
-    KELIconFont::g_fontFamily = testFamily;
-    KELIconFont icon(fullGlyph);
-    icon.setPixelSize(12);
-    QImage image(40, 40, QImage::Format_ARGB32_Premultiplied);
-    QPainter painter(&image);
-    const QPen pen(Qt::green, 3, Qt::DotLine);
-    const QBrush brush(Qt::yellow, Qt::Dense3Pattern);
-    painter.setPen(pen);
-    painter.setBrush(brush);
-    icon.drawIcon(&painter, image.rect(), Qt::AlignCenter);
-    QCOMPARE(painter.font().family(), testFamily);
-    QCOMPARE(painter.font().pixelSize(), 12);
-    QCOMPARE(painter.pen(), pen);
-    QCOMPARE(painter.brush(), brush);
-    QVERIFY(!painter.testRenderHint(QPainter::Antialiasing));
-}
+        icon.setIcon(QChar());
+        QVERIFY(icon.isNull());
+    }
 
-void tst_KELIconFont::drawingDoesNotChangeTheGlyph()
-{
-    KELIconFont::g_fontFamily = testFamily;
-    const KELIconFont icon(fullGlyph);
-    const auto draw = [&icon](QPainter *painter) {
-        icon.drawIcon(painter, QRectF(0, 0, 40, 40), Qt::AlignCenter);
-    };
-    const QImage first = KelImage::draw(QSize(40, 40), 1, draw);
-    const QImage second = KelImage::draw(QSize(40, 40), 1, draw);
-    QCOMPARE(KelImage::difference(second, first), QString());
-    QCOMPARE(icon.getIcon().unicode(), fullGlyph);
-}
+    void copyIsAValueOfItsOwn()
+    {
+        const KELIconFont first(leftGlyph);
+        KELIconFont second(first);
+        second.setIcon(QChar(fullGlyph));
+        QCOMPARE(first.getIcon().unicode(), leftGlyph);
+        KELIconFont third;
+        third = first;
+        QCOMPARE(third.getIcon().unicode(), leftGlyph);
+    }
 
-void tst_KELIconFont::drawsANullGlyph()
-{
-    KELIconFont::g_fontFamily.clear();
-    const KELIconFont icon;
-    const QSize size(40, 40);
-    const QImage actual = KelImage::draw(size, 1, [&icon](QPainter *painter) {
-        icon.drawIcon(painter, QRectF(0, 0, 40, 40), Qt::AlignCenter);
-    });
-    const QImage expected = KelImage::draw(size, 1, [](QPainter *painter) {
-        painter->setFont(QFont(QString()));
-        painter->drawText(QRectF(0, 0, 40, 40), Qt::AlignCenter, QString(QChar()));
-    });
-    QCOMPARE(KelImage::difference(actual, expected), QString());
-}
+    void isAPlainValueClass()
+    {
+        QVERIFY(!std::is_polymorphic_v<KELIconFont>);
+        QVERIFY(std::is_copy_constructible_v<KELIconFont>);
+        QVERIFY(std::is_copy_assignable_v<KELIconFont>);
+        QVERIFY(std::is_default_constructible_v<KELIconFont>);
+    }
 
-void tst_KELIconFont::drawsAGlyphThatTheFontLacks()
-{
-    KELIconFont::installFont(dataFile(QStringLiteral("icons.ttf")));
-    takeDebugLines();
-    KELIconFont icon(0xE0FF);
-    icon.setPixelSize(20);
-    const QSize size(40, 40);
-    const QImage actual = KelImage::draw(size, 1, [&icon](QPainter *painter) {
-        icon.drawIcon(painter, QRectF(0, 0, 40, 40), Qt::AlignCenter);
-    });
-    const QImage expected = KelImage::draw(size, 1, [](QPainter *painter) {
-        QFont font(testFamily);
-        font.setPixelSize(20);
-        painter->setFont(font);
-        painter->drawText(QRectF(0, 0, 40, 40), Qt::AlignCenter, QString(QChar(0xE0FF)));
-    });
-    QCOMPARE(KelImage::difference(actual, expected), QString());
-}
+    void iconFontHasNeitherSizeNorWeightOfItsOwn()
+    {
+        KELIconFont::g_fontFamily = testFamily;
+        const QFont font = KELIconFont::iconFont();
+        QCOMPARE(font, QFont(testFamily));
+        QCOMPARE(font.weight(), int(QFont::Normal));
+        QVERIFY(!font.italic());
+        QCOMPARE(font.pointSizeF(), QFont().pointSizeF());
+    }
 
-void tst_KELIconFont::pixelSizeIsThatOfTheGlyphAlone()
-{
-    KELIconFont::g_fontFamily = testFamily;
-    KELIconFont icon(fullGlyph);
-    const KELIconFont other(icon);
-    icon.setPixelSize(48);
-    QImage image(60, 60, QImage::Format_ARGB32_Premultiplied);
-    QPainter painter(&image);
-    other.drawIcon(&painter, image.rect(), 0);
-    QCOMPARE(painter.font().pointSizeF(), QFont().pointSizeF());
-    icon.drawIcon(&painter, image.rect(), 0);
-    QCOMPARE(painter.font().pixelSize(), 48);
-    QCOMPARE(KELIconFont::iconFont(), QFont(testFamily));
-}
+    void iconFontUsesTheFamily()
+    {
+        KELIconFont::g_fontFamily = u"Some family"_s;
+        QCOMPARE(KELIconFont::fontFamily(), u"Some family"_s);
+        QCOMPARE(KELIconFont::iconFont().family(), u"Some family"_s);
+        KELIconFont::g_fontFamily.clear();
+        QCOMPARE(KELIconFont::fontFamily(), QString());
+        QCOMPARE(KELIconFont::iconFont(), QFont(QString()));
+    }
 
-void tst_KELIconFont::pixelSizeMustBePositive_data()
-{
-    QTest::addColumn<int>("pixelSize");
+    void installsAFont()
+    {
+        KELIconFont::g_fontFamily.clear();
+        const QString path = dataFile(u"icons.ttf"_s);
+        KELIconFont::installFont(path);
+        QCOMPARE(takeDebugLines(), QStringList(successLine(path, testFamily)));
+        QCOMPARE(KELIconFont::fontFamily(), testFamily);
+        QCOMPARE(KELIconFont::g_fontFamily, testFamily);
+        QCOMPARE(KELIconFont::iconFont().family(), familiesOf(path).value(0));
+    }
 
-    QTest::newRow("zero") << 0;
-    QTest::newRow("negative") << -3;
-}
+    void installsAgain()
+    {
+        KELIconFont::g_fontFamily = u"Before"_s;
+        const QString path = dataFile(u"icons.ttf"_s);
+        KELIconFont::installFont(path);
+        KELIconFont::installFont(path);
+        QCOMPARE(takeDebugLines(),
+                 QStringList({successLine(path, testFamily), successLine(path, testFamily)}));
+        QCOMPARE(KELIconFont::fontFamily(), testFamily);
+    }
 
-void tst_KELIconFont::pixelSizeMustBePositive()
-{
-    QFETCH(int, pixelSize);
-    KELIconFont icon(fullGlyph);
-    icon.setPixelSize(25);
-    icon.setPixelSize(pixelSize);
-    QCOMPARE(
-        takeWarnings(),
-        QStringList(QStringLiteral("QFont::setPixelSize: Pixel size <= 0 (%1)").arg(pixelSize)));
-    QImage image(40, 40, QImage::Format_ARGB32_Premultiplied);
-    QPainter painter(&image);
-    icon.drawIcon(&painter, image.rect(), 0);
-    QCOMPARE(painter.font().pixelSize(), 25);
-}
+    void refusesAFile_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QByteArray>("content");
+
+        QTest::newRow("missing") << u"missing.ttf"_s << QByteArray();
+        QTest::newRow("in a missing folder") << u"missing/icons.ttf"_s << QByteArray();
+        QTest::newRow("empty") << u"empty.ttf"_s << QByteArray("");
+        QTest::newRow("garbage") << u"garbage.ttf"_s << QByteArray(3000, '\xA5');
+        QTest::newRow("text") << u"text.ttf"_s << QByteArray("This is no font.\n");
+        QTest::newRow("magic number alone") << u"magic.ttf"_s << QByteArray("\0\1\0\0", 4);
+        QTest::newRow("truncated") << u"cut.ttf"_s << contentOf(dataFile(u"truncated.ttf"_s));
+        QTest::newRow("folder") << QString() << QByteArray();
+    }
+
+    void refusesAFile()
+    {
+        QFETCH(QString, name);
+        QFETCH(QByteArray, content);
+        QTemporaryDir folder;
+        const QString path = name.isEmpty() ? folder.path() : folder.filePath(name);
+        if (!content.isNull())
+            QVERIFY(write(path, content));
+
+        KELIconFont::g_fontFamily.clear();
+        KELIconFont::installFont(path);
+        QCOMPARE(takeDebugLines(), QStringList(failureLine(path)));
+        QCOMPARE(KELIconFont::fontFamily(), QString());
+    }
+
+    void keepsTheFamilyWhenAFileIsRefused()
+    {
+        KELIconFont::installFont(dataFile(u"icons.ttf"_s));
+        takeDebugLines();
+        for (const QString &name : {u"missing.ttf"_s, u"truncated.ttf"_s}) {
+            KELIconFont::installFont(dataFile(name));
+            QCOMPARE(takeDebugLines(), QStringList(failureLine(dataFile(name))));
+            QCOMPARE(KELIconFont::fontFamily(), testFamily);
+            QCOMPARE(KELIconFont::iconFont().family(), testFamily);
+        }
+    }
+
+    void fontWithoutFamilyName()
+    {
+        // fontconfig names such a font after its file; without fontconfig Qt may find no family at
+        // all.
+        const QString path = dataFile(u"nofamily.ttf"_s);
+        const QStringList families = familiesOf(path);
+        KELIconFont::g_fontFamily = u"Before"_s;
+        KELIconFont::installFont(path);
+        const QString family = families.isEmpty() ? u"Before"_s : families.first();
+        const QString line = families.isEmpty() ? failureLine(path) : successLine(path, family);
+        QCOMPARE(takeDebugLines(), QStringList(line));
+        QCOMPARE(KELIconFont::fontFamily(), family);
+    }
+
+    void pathIsPrintedQuoted_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("printed");
+
+        QTest::newRow("spaces") << u"no such font"_s << u"\"no such font\""_s;
+        QTest::newRow("quote") << u"a\"b"_s << u"\"a\\\"b\""_s;
+        QTest::newRow("percent sign") << u"%1%2"_s << u"\"%1%2\""_s;
+        QTest::newRow("letters beyond ASCII")
+            << u"/\u00E9\u4E2D.ttf"_s << u"\"/\u00E9\u4E2D.ttf\""_s;
+        QTest::newRow("resource") << u":/no/icons.ttf"_s << u"\":/no/icons.ttf\""_s;
+    }
+
+    void pathIsPrintedQuoted()
+    {
+        QFETCH(QString, path);
+        QFETCH(QString, printed);
+        KELIconFont::installFont(path);
+        QCOMPARE(takeDebugLines(), QStringList(u"could not intstall "_s + printed));
+    }
+
+    void refusesAnEmptyPath()
+    {
+        KELIconFont::g_fontFamily.clear();
+        KELIconFont::installFont(QString());
+        QCOMPARE(takeDebugLines(), QStringList(failureLine(QString())));
+        QCOMPARE(KELIconFont::fontFamily(), QString());
+        // Qt's own complaint about an empty file name.
+        QCOMPARE(takeWarnings(), QStringList(u"QFSFileEngine::open: No file name specified"_s));
+    }
+
+    void fontCutAnywhere()
+    {
+        const QByteArray whole = contentOf(dataFile(u"icons.ttf"_s));
+        QVERIFY(!whole.isEmpty());
+        QTemporaryDir folder;
+        for (int size = 0; size < whole.size(); size += 25) {
+            const QString path = folder.filePath(u"cut%1.ttf"_s.arg(size));
+            QVERIFY(write(path, whole.left(size)));
+            KELIconFont::g_fontFamily = u"Before"_s;
+            KELIconFont::installFont(path);
+            const QString family = KELIconFont::fontFamily();
+            const bool refused = family == QLatin1String("Before");
+            QCOMPARE(takeDebugLines(),
+                     QStringList(refused ? failureLine(path) : successLine(path, family)));
+            QCOMPARE(familiesOf(path).value(0, u"Before"_s), family);
+        }
+    }
+
+    void glyphKeepsTheFamilyItWasBuiltWith()
+    {
+        KELIconFont::g_fontFamily.clear();
+        const KELIconFont before(leftGlyph);
+        KELIconFont::installFont(dataFile(u"icons.ttf"_s));
+        takeDebugLines();
+        const KELIconFont after(leftGlyph);
+        const KELIconFont copyOfBefore(before);
+
+        QImage image(40, 40, QImage::Format_ARGB32_Premultiplied);
+        QPainter painter(&image);
+        before.drawIcon(&painter, image.rect(), 0);
+        QCOMPARE(painter.font().family(), QString());
+        after.drawIcon(&painter, image.rect(), 0);
+        QCOMPARE(painter.font().family(), testFamily);
+        copyOfBefore.drawIcon(&painter, image.rect(), 0);
+        QCOMPARE(painter.font().family(), QString());
+    }
+
+    void drawsTheGlyphIntoTheRectangle_data()
+    {
+        QTest::addColumn<ushort>("code");
+        QTest::addColumn<int>("flags");
+        QTest::addColumn<QRect>("ink");
+
+        // A glyph of 20 px: its em square is the line.
+        QTest::newRow("whole, centred")
+            << fullGlyph << int(Qt::AlignCenter) << QRect(15, 20, 20, 20);
+        QTest::newRow("half, centred")
+            << leftGlyph << int(Qt::AlignCenter) << QRect(15, 20, 10, 20);
+        QTest::newRow("half, left and top")
+            << leftGlyph << int(Qt::AlignLeft | Qt::AlignTop) << QRect(5, 10, 10, 20);
+        QTest::newRow("half, right and bottom")
+            << leftGlyph << int(Qt::AlignRight | Qt::AlignBottom) << QRect(25, 30, 10, 20);
+        QTest::newRow("whole, no flags") << fullGlyph << 0 << QRect(5, 10, 20, 20);
+    }
+
+    void drawsTheGlyphIntoTheRectangle()
+    {
+        QFETCH(ushort, code);
+        QFETCH(int, flags);
+        QFETCH(QRect, ink);
+        KELIconFont::installFont(dataFile(u"icons.ttf"_s));
+        takeDebugLines();
+        KELIconFont icon(code);
+        icon.setPixelSize(20);
+
+        const QSize size(60, 60);
+        const QImage actual = KelImage::draw(size, 1, [&icon, flags](QPainter *painter) {
+            painter->setPen(Qt::darkRed);
+            icon.drawIcon(painter, QRectF(5, 10, 40, 40), flags);
+        });
+        // The font engine may smooth the edges; one pixel around them is left out of the
+        // comparison.
+        const QRect edges = ink.adjusted(-1, -1, 1, 1);
+        const QRect inside = ink.adjusted(1, 1, -1, -1);
+        const auto withoutEdges = [&](QImage image) {
+            QPainter painter(&image);
+            painter.setClipRegion(QRegion(edges) - inside);
+            painter.fillRect(image.rect(), Qt::white);
+            painter.end();
+            return image;
+        };
+        const QImage expected = KelImage::draw(
+            size, 1, [&ink](QPainter *painter) { painter->fillRect(ink, Qt::darkRed); });
+        QCOMPARE(KelImage::difference(withoutEdges(actual), withoutEdges(expected)), QString());
+    }
+
+    void drawingSetsTheFontAndKeepsThePen()
+    {
+        KELIconFont::g_fontFamily = testFamily;
+        KELIconFont icon(fullGlyph);
+        icon.setPixelSize(12);
+        QImage image(40, 40, QImage::Format_ARGB32_Premultiplied);
+        QPainter painter(&image);
+        const QPen pen(Qt::green, 3, Qt::DotLine);
+        const QBrush brush(Qt::yellow, Qt::Dense3Pattern);
+        painter.setPen(pen);
+        painter.setBrush(brush);
+        icon.drawIcon(&painter, image.rect(), Qt::AlignCenter);
+        QCOMPARE(painter.font().family(), testFamily);
+        QCOMPARE(painter.font().pixelSize(), 12);
+        QCOMPARE(painter.pen(), pen);
+        QCOMPARE(painter.brush(), brush);
+        QVERIFY(!painter.testRenderHint(QPainter::Antialiasing));
+    }
+
+    void drawingDoesNotChangeTheGlyph()
+    {
+        KELIconFont::g_fontFamily = testFamily;
+        const KELIconFont icon(fullGlyph);
+        const auto draw = [&icon](QPainter *painter) {
+            icon.drawIcon(painter, QRectF(0, 0, 40, 40), Qt::AlignCenter);
+        };
+        const QImage first = KelImage::draw(QSize(40, 40), 1, draw);
+        const QImage second = KelImage::draw(QSize(40, 40), 1, draw);
+        QCOMPARE(KelImage::difference(second, first), QString());
+        QCOMPARE(icon.getIcon().unicode(), fullGlyph);
+    }
+
+    void drawsANullGlyph()
+    {
+        KELIconFont::g_fontFamily.clear();
+        const KELIconFont icon;
+        const QSize size(40, 40);
+        const QImage actual = KelImage::draw(size, 1, [&icon](QPainter *painter) {
+            icon.drawIcon(painter, QRectF(0, 0, 40, 40), Qt::AlignCenter);
+        });
+        const QImage expected = KelImage::draw(size, 1, [](QPainter *painter) {
+            painter->setFont(QFont(QString()));
+            painter->drawText(QRectF(0, 0, 40, 40), Qt::AlignCenter, QString(QChar()));
+        });
+        QCOMPARE(KelImage::difference(actual, expected), QString());
+    }
+
+    void drawsAGlyphThatTheFontLacks()
+    {
+        KELIconFont::installFont(dataFile(u"icons.ttf"_s));
+        takeDebugLines();
+        KELIconFont icon(0xE0FF);
+        icon.setPixelSize(20);
+        const QSize size(40, 40);
+        const QImage actual = KelImage::draw(size, 1, [&icon](QPainter *painter) {
+            icon.drawIcon(painter, QRectF(0, 0, 40, 40), Qt::AlignCenter);
+        });
+        const QImage expected = KelImage::draw(size, 1, [](QPainter *painter) {
+            QFont font(testFamily);
+            font.setPixelSize(20);
+            painter->setFont(font);
+            painter->drawText(QRectF(0, 0, 40, 40), Qt::AlignCenter, QString(QChar(0xE0FF)));
+        });
+        QCOMPARE(KelImage::difference(actual, expected), QString());
+    }
+
+    void pixelSizeIsThatOfTheGlyphAlone()
+    {
+        KELIconFont::g_fontFamily = testFamily;
+        KELIconFont icon(fullGlyph);
+        const KELIconFont other(icon);
+        icon.setPixelSize(48);
+        QImage image(60, 60, QImage::Format_ARGB32_Premultiplied);
+        QPainter painter(&image);
+        other.drawIcon(&painter, image.rect(), 0);
+        QCOMPARE(painter.font().pointSizeF(), QFont().pointSizeF());
+        icon.drawIcon(&painter, image.rect(), 0);
+        QCOMPARE(painter.font().pixelSize(), 48);
+        QCOMPARE(KELIconFont::iconFont(), QFont(testFamily));
+    }
+
+    void pixelSizeMustBePositive_data()
+    {
+        QTest::addColumn<int>("pixelSize");
+
+        QTest::newRow("zero") << 0;
+        QTest::newRow("negative") << -3;
+    }
+
+    void pixelSizeMustBePositive()
+    {
+        QFETCH(int, pixelSize);
+        KELIconFont icon(fullGlyph);
+        icon.setPixelSize(25);
+        icon.setPixelSize(pixelSize);
+        QCOMPARE(takeWarnings(),
+                 QStringList(u"QFont::setPixelSize: Pixel size <= 0 (%1)"_s.arg(pixelSize)));
+        QImage image(40, 40, QImage::Format_ARGB32_Premultiplied);
+        QPainter painter(&image);
+        icon.drawIcon(&painter, image.rect(), 0);
+        QCOMPARE(painter.font().pixelSize(), 25);
+    }
+};
 
 KEL_TEST_MAIN(tst_KELIconFont)
 #include "tst_keliconfont.moc"

@@ -134,39 +134,38 @@ const std::vector<NamedLook> &looks()
     using Style = KELRoundRectControlStyle;
     static const std::vector<NamedLook> all = {
         {"new", [](Style &) {}},
-        {"caption", [](Style &s) { s.text = QStringLiteral("Pressure"); }},
-        {"long caption",
-         [](Style &s) { s.text = QStringLiteral("The pressure in the left pump in bar"); }},
+        {"caption", [](Style &s) { s.text = u"Pressure"_s; }},
+        {"long caption", [](Style &s) { s.text = u"The pressure in the left pump in bar"_s; }},
         {"long caption, not trimmed",
          [](Style &s) {
-             s.text = QStringLiteral("The pressure in the left pump in bar");
+             s.text = u"The pressure in the left pump in bar"_s;
              s.trimText = false;
          }},
-        {"caption of lines", [](Style &s) { s.text = QStringLiteral("One\n\nTwo && &three\n4"); }},
+        {"caption of lines", [](Style &s) { s.text = u"One\n\nTwo && &three\n4"_s; }},
         {"caption in its own font",
          [](Style &s) {
-             s.text = QStringLiteral("Pressure");
+             s.text = u"Pressure"_s;
              s.font.setPixelSize(23);
              s.font.setItalic(true);
          }},
         {"caption at the right and bottom",
          [](Style &s) {
-             s.text = QStringLiteral("Pressure");
+             s.text = u"Pressure"_s;
              s.textFlags = Qt::AlignRight | Qt::AlignBottom;
          }},
         {"caption in a gradient",
          [](Style &s) {
-             s.text = QStringLiteral("Pressure");
+             s.text = u"Pressure"_s;
              s.foregroundBrush = gradient();
          }},
         {"caption without brush",
          [](Style &s) {
-             s.text = QStringLiteral("Pressure");
+             s.text = u"Pressure"_s;
              s.foregroundBrush = QBrush(Qt::NoBrush);
          }},
         {"margins",
          [](Style &s) {
-             s.text = QStringLiteral("Pressure");
+             s.text = u"Pressure"_s;
              s.margins = QMarginsF(30.5, 4, 2, 9.25);
          }},
         {"glyph",
@@ -184,14 +183,14 @@ const std::vector<NamedLook> &looks()
          [](Style &s) {
              s.pixmap = picture();
              s.icon = KELIconFont('W');
-             s.text = QStringLiteral("Pressure");
+             s.text = u"Pressure"_s;
          }},
         {"fill and round corners",
          [](Style &s) {
              s.backgroundBrush = QColor(40, 50, 60, 170);
              s.xRadius = 12;
              s.yRadius = 7;
-             s.text = QStringLiteral("Pressure");
+             s.text = u"Pressure"_s;
          }},
         {"outline",
          [](Style &s) {
@@ -231,7 +230,7 @@ public:
         below->setboundRect(90, 90, 120, 70);
         view.ownScene.addItem(below);
         above->setboundRect(100, 100, 100, 50);
-        above->style()->text = QStringLiteral("Pressure");
+        above->style()->text = u"Pressure"_s;
         view.ownScene.addItem(above);
         noteGesture(above, &gestureAbove);
         noteGesture(below, &gestureBelow);
@@ -294,6 +293,13 @@ private:
 
 Q_DECLARE_METATYPE(Input)
 
+void addInputs()
+{
+    QTest::addColumn<Input>("input");
+    QTest::newRow("mouse") << Input::Mouse;
+    QTest::newRow("touch") << Input::Touch;
+}
+
 class tst_KELLabel : public KelTest
 {
     Q_OBJECT
@@ -302,383 +308,335 @@ private Q_SLOTS:
     // Every tap here is the first of its kind, not the second of a double tap.
     void initTestCase() { QApplication::setDoubleClickInterval(0); }
 
-    void recordHasTheDefaultsOfALabel();
-    void inputSettingsAreThoseOfTheBase();
-    void hasAParentItem();
-    void declaresNoInterfaceOfItsOwn();
-    void initStyleChangesThePresentRecord();
-    void captionIsThatOfTheBase();
+    void recordHasTheDefaultsOfALabel()
+    {
+        const KELLabel label;
+        const KELRoundRectControlStyle &style = *label.style();
+        QCOMPARE(style.foregroundBrush, QBrush(Qt::white));
+        QCOMPARE(style.backgroundBrush, QBrush(Qt::NoBrush));
+        QCOMPARE(style.borderWidth, 0.0F);
+        QCOMPARE(style.boundRect, QRectF(100, 100, 100, 30));
+        QCOMPARE(style.borderBrush, QBrush(Qt::black));
+        QCOMPARE(style.xRadius, 0.0);
+        QCOMPARE(style.yRadius, 0.0);
+        ControlTest::hasTheOtherDefaultsOfTheBase(style);
+    }
 
-    void newLabelShowsAWhiteCaption();
+    void inputSettingsAreThoseOfTheBase() { ControlTest::hasInputSettingsOfTheBase<KELLabel>(); }
+
+    void hasAParentItem() { ControlTest::hasAParentItem<KELLabel>(); }
+
+    void declaresNoInterfaceOfItsOwn()
+    {
+        const QMetaObject &meta = KELLabel::staticMetaObject;
+        QCOMPARE(QByteArray(meta.className()), QByteArray("KELLabel"));
+        QCOMPARE(meta.superClass(), &KELRoundRectControl::staticMetaObject);
+        QCOMPARE(meta.methodCount(), meta.methodOffset());
+        QCOMPARE(meta.propertyCount(), meta.propertyOffset());
+        QCOMPARE(meta.enumeratorCount(), meta.enumeratorOffset());
+        QCOMPARE(KELLabel().metaObject(), &meta);
+    }
+
+    void initStyleChangesThePresentRecord()
+    {
+        OpenLabel label;
+        QMenu menu;
+        KELRoundRectControlStyle *const style = label.style();
+        style->boundRect = QRectF(1, 2, 3, 4);
+        style->foregroundBrush = QBrush(Qt::red);
+        style->backgroundBrush = QBrush(Qt::green);
+        style->borderBrush = QBrush(Qt::blue);
+        style->borderWidth = 7;
+        style->xRadius = 5;
+        style->text = u"Start"_s;
+        style->textFlags = Qt::AlignRight;
+        style->trimText = false;
+        style->contextMenu = &menu;
+        style->iconSize = 12;
+        style->isCheck = true;
+        label.makeStyleAgain();
+        QCOMPARE(label.style(), style);
+        QCOMPARE(style->foregroundBrush, QBrush(Qt::white));
+        QCOMPARE(style->backgroundBrush, QBrush(Qt::NoBrush));
+        QCOMPARE(style->borderWidth, 0.0F);
+        QCOMPARE(style->boundRect, QRectF(1, 2, 3, 4));
+        QCOMPARE(style->borderBrush, QBrush(Qt::blue));
+        QCOMPARE(style->xRadius, 5.0);
+        QCOMPARE(style->text, u"Start"_s);
+        QCOMPARE(style->textFlags, int(Qt::AlignRight));
+        QVERIFY(!style->trimText);
+        QCOMPARE(style->contextMenu, &menu);
+        QCOMPARE(style->iconSize, 12);
+        QVERIFY(style->isCheck);
+        style->contextMenu = nullptr;
+    }
+
+    void captionIsThatOfTheBase()
+    {
+        KELLabel label;
+        QVERIFY(label.text().isNull());
+        label.setText(u"Pressure"_s);
+        QCOMPARE(label.text(), u"Pressure"_s);
+        QCOMPARE(label.style()->text, u"Pressure"_s);
+    }
+
+    void newLabelShowsAWhiteCaption()
+    {
+        KELLabel label;
+        label.setboundRect(10, 10, 150, 40);
+        label.style()->font.setPixelSize(30);
+        label.setText(u"MIM"_s);
+        const QImage image = KelImage::paint(&label, canvas);
+        bool hasWhite = false;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const QColor colour = image.pixelColor(x, y);
+                hasWhite = hasWhite || colour == Qt::white;
+                // Paper, or paper with white over it: nothing else is drawn.
+                QVERIFY(colour.red() >= 198 && colour.green() >= 218 && colour.blue() >= 238);
+            }
+        }
+        QVERIFY(hasWhite);
+        QCOMPARE(differenceToHand(&label, QRectF(10, 10, 150, 40)), QString());
+    }
+
     void isTheHandDrawnPicture_data() { addLooks(); }
-    void isTheHandDrawnPicture();
-    void isTheHandDrawnPictureScaled_data() { addLooks(); }
-    void isTheHandDrawnPictureScaled();
-    void isPaintedAsTheBase_data() { addLooks(); }
-    void isPaintedAsTheBase();
-    void childIsDrawnAtItsBoundingRect();
-    void statesDoNotShow_data();
-    void statesDoNotShow();
-    void emptyTextDrawsNothing_data();
-    void emptyTextDrawsNothing();
-    void outlineNeedsAWidth();
-    void paintsNothingOutside_data() { addLooks(); }
-    void paintsNothingOutside();
-    void newTextIsOnTheScreen();
 
-    void pressIsReportedAndIgnored_data();
-    void pressIsReportedAndIgnored();
-    void pressPositionIsInTheLabel();
-    void tapGoesToTheItemBelowWithoutButtons_data();
-    void tapGoesToTheItemBelowWithoutButtons();
-    void tapInAButtonGoesToTheButton_data();
-    void tapInAButtonGoesToTheButton();
-    void hoverIsNotReported();
-    void selectableLabelIsTapped();
-};
-
-void tst_KELLabel::recordHasTheDefaultsOfALabel()
-{
-    const KELLabel label;
-    const KELRoundRectControlStyle &style = *label.style();
-    QCOMPARE(style.foregroundBrush, QBrush(Qt::white));
-    QCOMPARE(style.backgroundBrush, QBrush(Qt::NoBrush));
-    QCOMPARE(style.borderWidth, 0.0F);
-    QCOMPARE(style.boundRect, QRectF(100, 100, 100, 30));
-    QCOMPARE(style.borderBrush, QBrush(Qt::black));
-    QCOMPARE(style.xRadius, 0.0);
-    QCOMPARE(style.yRadius, 0.0);
-    ControlTest::hasTheOtherDefaultsOfTheBase(style);
-}
-
-void tst_KELLabel::inputSettingsAreThoseOfTheBase()
-{
-    ControlTest::hasInputSettingsOfTheBase<KELLabel>();
-}
-
-void tst_KELLabel::hasAParentItem()
-{
-    ControlTest::hasAParentItem<KELLabel>();
-}
-
-void tst_KELLabel::declaresNoInterfaceOfItsOwn()
-{
-    const QMetaObject &meta = KELLabel::staticMetaObject;
-    QCOMPARE(QByteArray(meta.className()), QByteArray("KELLabel"));
-    QCOMPARE(meta.superClass(), &KELRoundRectControl::staticMetaObject);
-    QCOMPARE(meta.methodCount(), meta.methodOffset());
-    QCOMPARE(meta.propertyCount(), meta.propertyOffset());
-    QCOMPARE(meta.enumeratorCount(), meta.enumeratorOffset());
-    QCOMPARE(KELLabel().metaObject(), &meta);
-}
-
-void tst_KELLabel::initStyleChangesThePresentRecord()
-{
-    OpenLabel label;
-    QMenu menu;
-    KELRoundRectControlStyle *const style = label.style();
-    style->boundRect = QRectF(1, 2, 3, 4);
-    style->foregroundBrush = QBrush(Qt::red);
-    style->backgroundBrush = QBrush(Qt::green);
-    style->borderBrush = QBrush(Qt::blue);
-    style->borderWidth = 7;
-    style->xRadius = 5;
-    style->text = QStringLiteral("Start");
-    style->textFlags = Qt::AlignRight;
-    style->trimText = false;
-    style->contextMenu = &menu;
-    style->iconSize = 12;
-    style->isCheck = true;
-    label.makeStyleAgain();
-    QCOMPARE(label.style(), style);
-    QCOMPARE(style->foregroundBrush, QBrush(Qt::white));
-    QCOMPARE(style->backgroundBrush, QBrush(Qt::NoBrush));
-    QCOMPARE(style->borderWidth, 0.0F);
-    QCOMPARE(style->boundRect, QRectF(1, 2, 3, 4));
-    QCOMPARE(style->borderBrush, QBrush(Qt::blue));
-    QCOMPARE(style->xRadius, 5.0);
-    QCOMPARE(style->text, QStringLiteral("Start"));
-    QCOMPARE(style->textFlags, int(Qt::AlignRight));
-    QVERIFY(!style->trimText);
-    QCOMPARE(style->contextMenu, &menu);
-    QCOMPARE(style->iconSize, 12);
-    QVERIFY(style->isCheck);
-    style->contextMenu = nullptr;
-}
-
-void tst_KELLabel::captionIsThatOfTheBase()
-{
-    KELLabel label;
-    QVERIFY(label.text().isNull());
-    label.setText(QStringLiteral("Pressure"));
-    QCOMPARE(label.text(), QStringLiteral("Pressure"));
-    QCOMPARE(label.style()->text, QStringLiteral("Pressure"));
-}
-
-void tst_KELLabel::newLabelShowsAWhiteCaption()
-{
-    KELLabel label;
-    label.setboundRect(10, 10, 150, 40);
-    label.style()->font.setPixelSize(30);
-    label.setText(QStringLiteral("MIM"));
-    const QImage image = KelImage::paint(&label, canvas);
-    bool hasWhite = false;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            const QColor colour = image.pixelColor(x, y);
-            hasWhite = hasWhite || colour == Qt::white;
-            // Paper, or paper with white over it: nothing else is drawn.
-            QVERIFY(colour.red() >= 198 && colour.green() >= 218 && colour.blue() >= 238);
+    void isTheHandDrawnPicture()
+    {
+        QFETCH(Look, look);
+        for (const QRectF &rect :
+             {QRectF(10, 10, 150, 90), QRectF(5.3, 7.7, 140.4, 60.6), QRectF(20, 30, 45, 16),
+              QRectF(30, 10, 9, 100), QRectF(15, 15, 2, 2), QRectF(-20, -10, 90, 60)}) {
+            KELLabel label;
+            label.setboundRect(rect);
+            look(*label.style());
+            QCOMPARE(differenceToHand(&label, rect), QString());
         }
     }
-    QVERIFY(hasWhite);
-    QCOMPARE(differenceToHand(&label, QRectF(10, 10, 150, 40)), QString());
-}
 
-void tst_KELLabel::isTheHandDrawnPicture()
-{
-    QFETCH(Look, look);
-    for (const QRectF &rect :
-         {QRectF(10, 10, 150, 90), QRectF(5.3, 7.7, 140.4, 60.6), QRectF(20, 30, 45, 16),
-          QRectF(30, 10, 9, 100), QRectF(15, 15, 2, 2), QRectF(-20, -10, 90, 60)}) {
+    void isTheHandDrawnPictureScaled_data() { addLooks(); }
+
+    void isTheHandDrawnPictureScaled()
+    {
+        QFETCH(Look, look);
         KELLabel label;
-        label.setboundRect(rect);
+        label.setboundRect(12.5, 9, 110, 50);
         look(*label.style());
-        QCOMPARE(differenceToHand(&label, rect), QString());
+        for (const qreal scale : scales)
+            QCOMPARE(differenceToHand(&label, QRectF(12.5, 9, 110, 50), scale), QString());
     }
-}
 
-void tst_KELLabel::isTheHandDrawnPictureScaled()
-{
-    QFETCH(Look, look);
-    KELLabel label;
-    label.setboundRect(12.5, 9, 110, 50);
-    look(*label.style());
-    for (const qreal scale : scales)
-        QCOMPARE(differenceToHand(&label, QRectF(12.5, 9, 110, 50), scale), QString());
-}
+    void isPaintedAsTheBase_data() { addLooks(); }
 
-void tst_KELLabel::isPaintedAsTheBase()
-{
-    QFETCH(Look, look);
-    KELLabel label;
-    label.setboundRect(12, 9, 110, 50);
-    look(*label.style());
-    KELRoundRectControl base;
-    label.style()->copy(base.style());
-    for (const qreal scale : scales) {
-        QCOMPARE(KelImage::difference(KelImage::paint(&label, canvas, scale),
-                                      KelImage::paint(&base, canvas, scale)),
-                 QString());
-    }
-}
-
-void tst_KELLabel::childIsDrawnAtItsBoundingRect()
-{
-    KELRoundRectControl parent;
-    parent.setboundRect(10, 20, 150, 90);
-    auto *label = new KELLabel(&parent);
-    label->setboundRect(5, 5, 90, 30);
-    label->setText(QStringLiteral("Pressure"));
-    QCOMPARE(label->boundingRect(), QRectF(15, 25, 90, 30));
-    QCOMPARE(differenceToHand(label, QRectF(15, 25, 90, 30)), QString());
-}
-
-void tst_KELLabel::statesDoNotShow_data()
-{
-    QTest::addColumn<bool>("pressed");
-    QTest::addColumn<bool>("checked");
-    QTest::addColumn<bool>("enabled");
-    QTest::newRow("pressed") << true << false << true;
-    QTest::newRow("checked") << false << true << true;
-    QTest::newRow("disabled") << false << false << false;
-    QTest::newRow("all of them") << true << true << false;
-}
-
-void tst_KELLabel::statesDoNotShow()
-{
-    QFETCH(bool, pressed);
-    QFETCH(bool, checked);
-    QFETCH(bool, enabled);
-    for (const NamedLook &row : looks()) {
+    void isPaintedAsTheBase()
+    {
+        QFETCH(Look, look);
         KELLabel label;
         label.setboundRect(12, 9, 110, 50);
-        row.look(*label.style());
-        label.style()->isMouseDown = pressed;
-        label.setCheck(checked);
-        label.setEnabled(enabled);
-        QCOMPARE(differenceToHand(&label, QRectF(12, 9, 110, 50)), QString());
-    }
-}
-
-void tst_KELLabel::emptyTextDrawsNothing_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::newRow("null") << QString();
-    QTest::newRow("empty") << QStringLiteral("");
-    QTest::newRow("line feeds") << QStringLiteral("\n\n");
-    QTest::newRow("blank") << QStringLiteral(" ");
-}
-
-void tst_KELLabel::emptyTextDrawsNothing()
-{
-    QFETCH(QString, text);
-    for (const QRectF &rect :
-         {QRectF(10, 10, 150, 90), QRectF(5.3, 7.7, 20.4, 30.6), QRectF(15, 15, 2, 2)}) {
-        KELLabel label;
-        label.setboundRect(rect);
-        label.setText(text);
+        look(*label.style());
+        KELRoundRectControl base;
+        label.style()->copy(base.style());
         for (const qreal scale : scales) {
-            QCOMPARE(KelImage::difference(KelImage::paint(&label, canvas, scale), blank(scale)),
+            QCOMPARE(KelImage::difference(KelImage::paint(&label, canvas, scale),
+                                          KelImage::paint(&base, canvas, scale)),
                      QString());
         }
     }
-}
 
-void tst_KELLabel::outlineNeedsAWidth()
-{
-    KELLabel label;
-    label.setboundRect(10, 10, 150, 90);
-    label.style()->borderBrush = QBrush(Qt::red);
-    QCOMPARE(KelImage::difference(KelImage::paint(&label, canvas), blank()), QString());
-    label.style()->borderWidth = 2;
-    QCOMPARE(KelImage::paint(&label, canvas).pixelColor(11, 50), QColor(Qt::red));
-    QCOMPARE(differenceToHand(&label, QRectF(10, 10, 150, 90)), QString());
-}
-
-void tst_KELLabel::paintsNothingOutside()
-{
-    QFETCH(Look, look);
-    for (const QSizeF &size : {QSizeF(110, 50), QSizeF(24, 20)}) {
-        KELLabel label;
-        label.setboundRect(QRectF(QPointF(12, 8), size));
-        look(*label.style());
-        // Margins larger than the rectangle move the picture out of it.
-        if (size.width() < 50)
-            label.style()->margins = QMarginsF();
-        for (const qreal scale : scales)
-            QCOMPARE(KelImage::pixelsOutside(&label, scale), QString());
+    void childIsDrawnAtItsBoundingRect()
+    {
+        KELRoundRectControl parent;
+        parent.setboundRect(10, 20, 150, 90);
+        auto *label = new KELLabel(&parent);
+        label->setboundRect(5, 5, 90, 30);
+        label->setText(u"Pressure"_s);
+        QCOMPARE(label->boundingRect(), QRectF(15, 25, 90, 30));
+        QCOMPARE(differenceToHand(label, QRectF(15, 25, 90, 30)), QString());
     }
-}
 
-void tst_KELLabel::newTextIsOnTheScreen()
-{
-    KelTestView view(canvas);
-    view.setBackgroundBrush(QColor(20, 40, 60));
-    auto *label = new KELLabel;
-    label->setboundRect(10, 10, 150, 40);
-    view.ownScene.addItem(label);
-    QVERIFY(view.showAndWait());
-    const QImage before = view.grab().toImage();
-    label->setText(QStringLiteral("Pressure"));
-    QImage byHand(before.size(), before.format());
-    byHand.fill(QColor(20, 40, 60));
-    QCOMPARE(KelImage::difference(before, byHand), QString());
-    // The view keeps a picture of the label without what is behind it.
-    QImage kept(canvas, QImage::Format_ARGB32_Premultiplied);
-    kept.fill(Qt::transparent);
-    QPainter painter(&kept);
-    drawByHand(&painter, *label->style(), QRectF(10, 10, 150, 40));
-    painter.end();
-    QPainter(&byHand).drawImage(0, 0, kept);
-    QVERIFY(byHand != before);
-    QTRY_COMPARE(KelImage::difference(view.grab().toImage(), byHand), QString());
-}
+    void statesDoNotShow_data()
+    {
+        QTest::addColumn<bool>("pressed");
+        QTest::addColumn<bool>("checked");
+        QTest::addColumn<bool>("enabled");
+        QTest::newRow("pressed") << true << false << true;
+        QTest::newRow("checked") << false << true << true;
+        QTest::newRow("disabled") << false << false << false;
+        QTest::newRow("all of them") << true << true << false;
+    }
 
-void addInputs()
-{
-    QTest::addColumn<Input>("input");
-    QTest::newRow("mouse") << Input::Mouse;
-    QTest::newRow("touch") << Input::Touch;
-}
+    void statesDoNotShow()
+    {
+        QFETCH(bool, pressed);
+        QFETCH(bool, checked);
+        QFETCH(bool, enabled);
+        for (const NamedLook &row : looks()) {
+            KELLabel label;
+            label.setboundRect(12, 9, 110, 50);
+            row.look(*label.style());
+            label.style()->isMouseDown = pressed;
+            label.setCheck(checked);
+            label.setEnabled(enabled);
+            QCOMPARE(differenceToHand(&label, QRectF(12, 9, 110, 50)), QString());
+        }
+    }
 
-void tst_KELLabel::pressIsReportedAndIgnored_data()
-{
-    addInputs();
-}
+    void emptyTextDrawsNothing_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("null") << QString();
+        QTest::newRow("empty") << u""_s;
+        QTest::newRow("line feeds") << u"\n\n"_s;
+        QTest::newRow("blank") << u" "_s;
+    }
 
-// As by a plain control: it is a panel, below which the scene does not look for another taker.
-void tst_KELLabel::pressIsReportedAndIgnored()
-{
-    QFETCH(Input, input);
-    for (const bool isLabel : {false, true}) {
-        Stage stage(isLabel ? new KELLabel : new KELRoundRectControl);
+    void emptyTextDrawsNothing()
+    {
+        QFETCH(QString, text);
+        for (const QRectF &rect :
+             {QRectF(10, 10, 150, 90), QRectF(5.3, 7.7, 20.4, 30.6), QRectF(15, 15, 2, 2)}) {
+            KELLabel label;
+            label.setboundRect(rect);
+            label.setText(text);
+            for (const qreal scale : scales) {
+                QCOMPARE(KelImage::difference(KelImage::paint(&label, canvas, scale), blank(scale)),
+                         QString());
+            }
+        }
+    }
+
+    void outlineNeedsAWidth()
+    {
+        KELLabel label;
+        label.setboundRect(10, 10, 150, 90);
+        label.style()->borderBrush = QBrush(Qt::red);
+        QCOMPARE(KelImage::difference(KelImage::paint(&label, canvas), blank()), QString());
+        label.style()->borderWidth = 2;
+        QCOMPARE(KelImage::paint(&label, canvas).pixelColor(11, 50), QColor(Qt::red));
+        QCOMPARE(differenceToHand(&label, QRectF(10, 10, 150, 90)), QString());
+    }
+
+    void paintsNothingOutside_data() { addLooks(); }
+
+    void paintsNothingOutside()
+    {
+        QFETCH(Look, look);
+        for (const QSizeF &size : {QSizeF(110, 50), QSizeF(24, 20)}) {
+            KELLabel label;
+            label.setboundRect(QRectF(QPointF(12, 8), size));
+            look(*label.style());
+            // Margins larger than the rectangle move the picture out of it.
+            if (size.width() < 50)
+                label.style()->margins = QMarginsF();
+            for (const qreal scale : scales)
+                QCOMPARE(KelImage::pixelsOutside(&label, scale), QString());
+        }
+    }
+
+    void newTextIsOnTheScreen()
+    {
+        KelTestView view(canvas);
+        view.setBackgroundBrush(QColor(20, 40, 60));
+        auto *label = new KELLabel;
+        label->setboundRect(10, 10, 150, 40);
+        view.ownScene.addItem(label);
+        QVERIFY(view.showAndWait());
+        const QImage before = view.grab().toImage();
+        label->setText(u"Pressure"_s);
+        QImage byHand(before.size(), before.format());
+        byHand.fill(QColor(20, 40, 60));
+        QCOMPARE(KelImage::difference(before, byHand), QString());
+        // The view keeps a picture of the label without what is behind it.
+        QImage kept(canvas, QImage::Format_ARGB32_Premultiplied);
+        kept.fill(Qt::transparent);
+        QPainter painter(&kept);
+        drawByHand(&painter, *label->style(), QRectF(10, 10, 150, 40));
+        painter.end();
+        QPainter(&byHand).drawImage(0, 0, kept);
+        QVERIFY(byHand != before);
+        QTRY_COMPARE(KelImage::difference(view.grab().toImage(), byHand), QString());
+    }
+
+    void pressIsReportedAndIgnored_data() { addInputs(); }
+
+    // As by a plain control: it is a panel, below which the scene does not look for another taker.
+    void pressIsReportedAndIgnored()
+    {
+        QFETCH(Input, input);
+        for (const bool isLabel : {false, true}) {
+            Stage stage(isLabel ? new KELLabel : new KELRoundRectControl);
+            QVERIFY(stage.view.showAndWait());
+            stage.tap(input);
+            QTRY_COMPARE(stage.gestureAbove, u"press long "_s);
+            QVERIFY(stage.above->isMouseDown());
+            QCOMPARE(stage.gestureBelow, QString());
+            QCOMPARE(stage.view.ownScene.mouseGrabberItem(), nullptr);
+        }
+    }
+
+    void pressPositionIsInTheLabel()
+    {
+        Stage stage(new KELLabel);
+        const QSignalSpy presses(stage.above, &KELRoundRectControl::mousePress);
+        stage.above->setPos(-7, 4);
+        QVERIFY(stage.view.showAndWait());
+        stage.press(Input::Mouse);
+        QCOMPARE(presses.count(), 1);
+        QCOMPARE(presses.first().first().toPointF(), QPointF(150, 125));
+    }
+
+    void tapGoesToTheItemBelowWithoutButtons_data() { addInputs(); }
+
+    void tapGoesToTheItemBelowWithoutButtons()
+    {
+        QFETCH(Input, input);
+        Stage stage(new KELLabel);
+        stage.above->setAcceptedMouseButtons(Qt::NoButton);
         QVERIFY(stage.view.showAndWait());
         stage.tap(input);
-        QTRY_COMPARE(stage.gestureAbove, QStringLiteral("press long "));
-        QVERIFY(stage.above->isMouseDown());
-        QCOMPARE(stage.gestureBelow, QString());
-        QCOMPARE(stage.view.ownScene.mouseGrabberItem(), nullptr);
+        QCOMPARE(stage.gestureBelow, u"press release click "_s);
+        QCOMPARE(stage.gestureAbove, QString());
     }
-}
 
-void tst_KELLabel::pressPositionIsInTheLabel()
-{
-    Stage stage(new KELLabel);
-    const QSignalSpy presses(stage.above, &KELRoundRectControl::mousePress);
-    stage.above->setPos(-7, 4);
-    QVERIFY(stage.view.showAndWait());
-    stage.press(Input::Mouse);
-    QCOMPARE(presses.count(), 1);
-    QCOMPARE(presses.first().first().toPointF(), QPointF(150, 125));
-}
+    void tapInAButtonGoesToTheButton_data() { addInputs(); }
 
-void tst_KELLabel::tapGoesToTheItemBelowWithoutButtons_data()
-{
-    addInputs();
-}
+    void tapInAButtonGoesToTheButton()
+    {
+        QFETCH(Input, input);
+        Stage stage(new KELLabel);
+        stage.below->setboundRect(0, 0, 220, 170);
+        stage.above->setParentItem(stage.below);
+        QVERIFY(stage.view.showAndWait());
+        stage.tap(input);
+        QCOMPARE(stage.gestureBelow, u"press release click "_s);
+        QCOMPARE(stage.gestureAbove, QString());
+    }
 
-void tst_KELLabel::tapGoesToTheItemBelowWithoutButtons()
-{
-    QFETCH(Input, input);
-    Stage stage(new KELLabel);
-    stage.above->setAcceptedMouseButtons(Qt::NoButton);
-    QVERIFY(stage.view.showAndWait());
-    stage.tap(input);
-    QCOMPARE(stage.gestureBelow, QStringLiteral("press release click "));
-    QCOMPARE(stage.gestureAbove, QString());
-}
+    void hoverIsNotReported()
+    {
+        Stage stage(new KELLabel);
+        QVERIFY(stage.view.showAndWait());
+        stage.hover(QPoint(20, 20));
+        stage.hover(QPoint(150, 125));
+        stage.hover(QPoint(20, 20));
+        QCOMPARE(stage.hoverAbove, QString());
+        stage.above->setAcceptHoverEvents(true);
+        stage.hover(QPoint(150, 125));
+        stage.hover(QPoint(20, 20));
+        QCOMPARE(stage.hoverAbove, u"enter leave "_s);
+    }
 
-void tst_KELLabel::tapInAButtonGoesToTheButton_data()
-{
-    addInputs();
-}
-
-void tst_KELLabel::tapInAButtonGoesToTheButton()
-{
-    QFETCH(Input, input);
-    Stage stage(new KELLabel);
-    stage.below->setboundRect(0, 0, 220, 170);
-    stage.above->setParentItem(stage.below);
-    QVERIFY(stage.view.showAndWait());
-    stage.tap(input);
-    QCOMPARE(stage.gestureBelow, QStringLiteral("press release click "));
-    QCOMPARE(stage.gestureAbove, QString());
-}
-
-void tst_KELLabel::hoverIsNotReported()
-{
-    Stage stage(new KELLabel);
-    QVERIFY(stage.view.showAndWait());
-    stage.hover(QPoint(20, 20));
-    stage.hover(QPoint(150, 125));
-    stage.hover(QPoint(20, 20));
-    QCOMPARE(stage.hoverAbove, QString());
-    stage.above->setAcceptHoverEvents(true);
-    stage.hover(QPoint(150, 125));
-    stage.hover(QPoint(20, 20));
-    QCOMPARE(stage.hoverAbove, QStringLiteral("enter leave "));
-}
-
-void tst_KELLabel::selectableLabelIsTapped()
-{
-    Stage stage(new KELLabel);
-    stage.above->setFlag(QGraphicsItem::ItemIsSelectable);
-    QVERIFY(stage.view.showAndWait());
-    stage.tap(Input::Mouse);
-    QCOMPARE(stage.gestureAbove, QStringLiteral("press release click "));
-    QCOMPARE(stage.gestureBelow, QString());
-}
+    void selectableLabelIsTapped()
+    {
+        Stage stage(new KELLabel);
+        stage.above->setFlag(QGraphicsItem::ItemIsSelectable);
+        QVERIFY(stage.view.showAndWait());
+        stage.tap(Input::Mouse);
+        QCOMPARE(stage.gestureAbove, u"press release click "_s);
+        QCOMPARE(stage.gestureBelow, QString());
+    }
+};
 
 KEL_TEST_MAIN(tst_KELLabel)
 #include "tst_kellabel.moc"

@@ -64,11 +64,11 @@ inline QString whatIsNotShown(const KELNavigationTable *table,
 {
     for (int i = 0; i < pages.size(); ++i) {
         if (pages.at(i)->isVisible() != (i == index))
-            return QStringLiteral("page %1 is in the wrong state").arg(i);
+            return u"page %1 is in the wrong state"_s.arg(i);
     }
     if (table->selectIndex() != index)
-        return QStringLiteral("the index is %1").arg(table->selectIndex());
-    return table->selectItem() == pages.value(index) ? QString() : QStringLiteral("the page");
+        return u"the index is %1"_s.arg(table->selectIndex());
+    return table->selectItem() == pages.value(index) ? QString() : u"the page"_s;
 }
 
 // Counts what the signals of a control report.

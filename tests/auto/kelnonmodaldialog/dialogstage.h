@@ -122,14 +122,14 @@ public:
 protected:
     void showEvent(QShowEvent *event) override
     {
-        note(QStringLiteral("show"));
+        note(u"show"_s);
         KELNonModalDialog::showEvent(event);
         if (onShow)
             onShow();
     }
     void hideEvent(QHideEvent *event) override
     {
-        note(QStringLiteral("hide"));
+        note(u"hide"_s);
         KELNonModalDialog::hideEvent(event);
         if (onHide)
             onHide();

@@ -1,0 +1,181 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "handdrawing.h"
+#include "losses.h"
+
+#include <kelcheckbox.h>
+
+// What the tests are made of does what they believe.
+class tst_Kit : public KelTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void releaseBesideTheButtonIsNoClick_data() { addRows({{"input", inputs}}); }
+
+    void releaseBesideTheButtonIsNoClick()
+    {
+        Stage<KELPushButton> stage;
+        stage.hand.use(fetch<Input>("input"));
+        stage.hand.press(stage.centre());
+        stage.hand.move(QPoint(10, 10));
+        stage.hand.release();
+        QCOMPARE(stage.log.take(), u"press release"_s);
+    }
+
+    void logNamesTheSignalsOfBothControls()
+    {
+        Stage<KELCheckBox> stage;
+        stage.hand.tap(stage.centre());
+        stage.hand.tap(stage.otherCentre());
+        QCOMPARE(stage.log.take(),
+                 u"press checked checkChanged release clicked other.press other.release "
+                 "other.clicked"_s);
+        QCOMPARE(stage.log.takePoints().size(), 4);
+        QCOMPARE(stage.log.take(), QString());
+    }
+
+    void logRunsSlots_data() { addRows({{"input", inputs}, {"way", deletionWays}}); }
+
+    void logRunsSlots()
+    {
+        Stage<KELPushButton> stage;
+        stage.hand.use(fetch<Input>("input"));
+        stage.log.on(u"press"_s, [&] { stage.destroy(fetch<Way>("way")); });
+        stage.hand.tap(stage.centre());
+        QTRY_VERIFY(!stage.control);
+        QCOMPARE(stage.destroyCalls, 1);
+        QVERIFY(stage.nextControlIsClicked());
+    }
+
+    void doubleTapIsOne_data() { addRows({{"input", inputs}}); }
+
+    void doubleTapIsOne()
+    {
+        Stage<KELPushButton> stage;
+        stage.hand.use(fetch<Input>("input"));
+        stage.hand.doubleTap(stage.centre());
+        QCOMPARE(stage.log.take(), u"press release clicked press doubleClicked release clicked"_s);
+    }
+
+    void holdingNeedsNoTime_data() { addRows({{"input", inputs}}); }
+
+    void holdingNeedsNoTime()
+    {
+        Stage<KELPushButton> stage;
+        stage.hand.use(fetch<Input>("input"));
+        stage.hand.press(stage.centre());
+        endLongPressTime(stage.control);
+        stage.hand.release();
+        QCOMPARE(stage.log.take(), u"press longPress release"_s);
+    }
+
+    void cancelTakesTheTouchAway()
+    {
+        Stage<KELPushButton> stage;
+        stage.hand.use(Input::Touch);
+        stage.hand.press(stage.centre());
+        stage.hand.cancel();
+        QVERIFY(!stage->isMouseDown());
+        QCOMPARE(stage.log.take(), u"press release"_s);
+    }
+
+    void hoverIsWrittenDownApart()
+    {
+        Stage<KELPushButton> stage;
+        stage.hand.hover(stage.centre());
+        stage.hand.hover(QPoint(10, 10));
+        QCOMPARE(stage.log.takeWithHover(), u"enter leave"_s);
+        stage.hand.hover(stage.otherCentre());
+        QCOMPARE(stage.log.take(), QString());
+    }
+
+    void lossTakesThePointerAway_data() { addRows({{"loss", lossNames()}}); }
+
+    void lossTakesThePointerAway()
+    {
+        const Loss &loss = losses().at(size_t(fetch<int>("loss")));
+        Stage<KELPushButton> stage;
+        stage.hand.press(stage.centre());
+        QVERIFY(stage->isMouseDown());
+        loss.lose(stage);
+        QTRY_VERIFY(!stage->isMouseDown());
+        loss.restore(stage);
+        stage.hand.tap(stage.centre());
+        QCOMPARE(stage.log.take(), u"press press release clicked"_s);
+    }
+
+    void menuIsClosedAfterALook()
+    {
+        Stage<KELPushButton> stage;
+        QMenu *const menu = newMenu();
+        stage->style()->contextMenu = menu;
+        int looks = 0;
+        whenOpen(menu, [&] { ++looks; });
+        stage.hand.openContextMenu(stage.centre());
+        QCOMPARE(looks, 1);
+        QVERIFY(!menu->isVisible());
+    }
+
+    void rowsAreAllCombinations_data()
+    {
+        addRows({{"first", {{"one", 1}, {"two", 2}}}, {"second", {{"no", false}, {"yes", true}}}});
+    }
+
+    void rowsAreAllCombinations()
+    {
+        const QByteArray first = fetch<int>("first") == 1 ? "one" : "two";
+        const QByteArray second = fetch<bool>("second") ? "yes" : "no";
+        QCOMPARE(QByteArray(QTest::currentDataTag()), first + ", " + second);
+    }
+
+    void differenceNamesItsPicture()
+    {
+        const QImage blank = KelImage::blank(QSize(20, 10));
+        QCOMPARE(KelImage::difference(blank, blank), QString());
+        const QImage marked = KelImage::draw(
+            QSize(20, 10), 1, [](QPainter *painter) { painter->fillRect(3, 4, 5, 2, Qt::red); });
+        const QString file = u"differenceNamesItsPicture__actual-expected-difference.png"_s;
+        QFile::remove(file);
+        QCOMPARE(KelImage::difference(marked, blank),
+                 u"10 pixels differ, in (3, 4) to (7, 5); see "_s + file);
+        QCOMPARE(QImage(file).size(), QSize(3 * 600 + 2 * 10, 300));
+        QVERIFY(QFile::remove(file));
+    }
+
+    void pixelsOutsideAreNamed()
+    {
+        class Item : public QGraphicsRectItem
+        {
+        public:
+            QRectF boundingRect() const override { return QRectF(0, 0, 10, 10); }
+        } item;
+        item.setBrush(Qt::red);
+        item.setPen(Qt::NoPen);
+        item.setRect(0, 0, 10, 10);
+        QCOMPARE(KelImage::pixelsOutside(&item), QString());
+        item.setRect(0, 0, 12, 10);
+        const QString file = u"pixelsOutsideAreNamed__outside.png"_s;
+        QCOMPARE(KelImage::pixelsOutside(&item),
+                 u"pixels in (110, 100) to (111, 109) lie outside (100, 100) to (109, 109); see "_s
+                     + file);
+        QVERIFY(QFile::remove(file));
+    }
+
+    void handDrawnControlIsThatOfTheBase()
+    {
+        KELRoundRectControl control;
+        control.setboundRect(5, 5, 80, 40);
+        control.style()->text = u"Start"_s;
+        control.style()->pixmap = HandDrawing::picture();
+        const auto byHand = [&](QPainter *painter) {
+            HandDrawing::drawControl(painter, *control.style(), control.boundingRect());
+        };
+        QCOMPARE(KelImage::differenceFrom(byHand, &control, QSize(90, 50), 1.5), QString());
+    }
+};
+
+KEL_TEST_MAIN(tst_Kit)
+
+#include "tst_kit.moc"

@@ -1,0 +1,160 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "picture.h"
+
+#include <QtCore/QRegularExpression>
+#include <QtGui/QPainter>
+#include <QtTest/QtTest>
+#include <QtWidgets/QStyleOptionGraphicsItem>
+
+namespace {
+
+QString saved(const QImage &image, const char *what)
+{
+    const QString row = QString::fromUtf8(QTest::currentDataTag())
+                            .replace(QRegularExpression(QStringLiteral("\\W+")),
+                                     QStringLiteral("-"));
+    const QString name = QStringLiteral("%1_%2_%3.png")
+                             .arg(QString::fromLatin1(QTest::currentTestFunction()), row,
+                                  QString::fromLatin1(what));
+    image.save(name);
+    return name;
+}
+
+// Small pictures become large enough to count their pixels.
+QImage enlarged(const QImage &image)
+{
+    constexpr int wantedPx = 600;
+    const int factor = qMax(1, wantedPx / qMax(1, qMax(image.width(), image.height())));
+    return image.scaled(image.size() * factor, Qt::IgnoreAspectRatio, Qt::FastTransformation);
+}
+
+QImage sideBySide(const QList<QImage> &images)
+{
+    constexpr int gapPx = 10;
+    QSize size(-gapPx, 0);
+    for (const QImage &image : images)
+        size = QSize(size.width() + gapPx + image.width(), qMax(size.height(), image.height()));
+    QImage all(size, QImage::Format_RGB32);
+    all.fill(Qt::black);
+    QPainter painter(&all);
+    int x = 0;
+    for (const QImage &image : images) {
+        painter.drawImage(x, 0, image);
+        x += image.width() + gapPx;
+    }
+    return all;
+}
+
+// Calls found for each pixel that is not the same.
+void forEachDifference(const QImage &actual, const QImage &expected,
+                       const std::function<void(int x, int y)> &found)
+{
+    for (int y = 0; y < actual.height(); ++y) {
+        for (int x = 0; x < actual.width(); ++x) {
+            if (actual.pixel(x, y) != expected.pixel(x, y))
+                found(x, y);
+        }
+    }
+}
+
+} // namespace
+
+QImage KelImage::draw(const QSize &size, qreal scale, const Drawing &draw)
+{
+    QImage image(QSize(qRound(size.width() * scale), qRound(size.height() * scale)),
+                 QImage::Format_ARGB32_Premultiplied);
+    image.fill(QColor(200, 220, 240));
+    QPainter painter(&image);
+    painter.scale(scale, scale);
+    draw(&painter);
+    return image;
+}
+
+QImage KelImage::paint(QGraphicsItem *item, const QSize &size, qreal scale)
+{
+    return draw(size, scale, [item](QPainter *painter) {
+        QStyleOptionGraphicsItem option;
+        item->paint(painter, &option, nullptr);
+    });
+}
+
+QString KelImage::difference(const QImage &actual, const QImage &expected)
+{
+    if (actual == expected)
+        return QString();
+    if (actual.size() != expected.size()) {
+        return QStringLiteral("the sizes differ; see %1")
+            .arg(saved(sideBySide({enlarged(actual), enlarged(expected)}), "different"));
+    }
+    QImage marked(actual.size(), QImage::Format_RGB32);
+    marked.fill(Qt::white);
+    int count = 0;
+    QRect area;
+    forEachDifference(actual, expected, [&](int x, int y) {
+        ++count;
+        area |= QRect(x, y, 1, 1);
+        marked.setPixelColor(x, y, Qt::red);
+    });
+    const QImage all = sideBySide({enlarged(actual), enlarged(expected), enlarged(marked)});
+    return QStringLiteral("%1 pixels differ, in (%2, %3) to (%4, %5); see %6")
+        .arg(QString::number(count), QString::number(area.left()), QString::number(area.top()),
+             QString::number(area.right()), QString::number(area.bottom()),
+             saved(all, "actual-expected-difference"));
+}
+
+QString KelImage::differenceFrom(const Drawing &draw, QGraphicsItem *item, const QSize &size,
+                                 qreal scale)
+{
+    return difference(paint(item, size, scale), KelImage::draw(size, scale, draw));
+}
+
+QString KelImage::pixelsOutside(QGraphicsItem *item, qreal scale)
+{
+    constexpr qreal marginPx = 100;
+    const QRectF bounds = item->boundingRect();
+    const QRectF canvas = bounds.adjusted(-marginPx, -marginPx, marginPx, marginPx);
+    const auto render = [&](bool withItem) {
+        return draw(canvas.size().toSize(), scale, [&](QPainter *painter) {
+            painter->translate(-canvas.topLeft());
+            if (withItem) {
+                QStyleOptionGraphicsItem option;
+                item->paint(painter, &option, nullptr);
+            }
+        });
+    };
+    const QImage painted = render(true);
+    const QRect allowed = QRectF(marginPx * scale, marginPx * scale, bounds.width() * scale,
+                                 bounds.height() * scale)
+                              .toAlignedRect();
+    QRect outside;
+    forEachDifference(painted, render(false), [&](int x, int y) {
+        if (!allowed.contains(x, y))
+            outside |= QRect(x, y, 1, 1);
+    });
+    if (outside.isNull())
+        return QString();
+    return QStringLiteral("pixels in (%1, %2) to (%3, %4) lie outside (%5, %6) to (%7, %8); see %9")
+        .arg(outside.left())
+        .arg(outside.top())
+        .arg(outside.right())
+        .arg(outside.bottom())
+        .arg(allowed.left())
+        .arg(allowed.top())
+        .arg(allowed.right())
+        .arg(allowed.bottom())
+        .arg(saved(painted, "outside"));
+}
+
+QRect KelImage::areaOf(const QImage &image, const QColor &colour)
+{
+    QRect area;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixelColor(x, y) == colour)
+                area |= QRect(x, y, 1, 1);
+        }
+    }
+    return area;
+}

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "rows.h"
+
+void addRows(const std::vector<Column> &columns)
+{
+    for (const Column &column : columns)
+        QTest::addColumn<int>(column.name);
+    std::vector<size_t> places(columns.size(), 0);
+    for (bool isDone = columns.empty(); !isDone;) {
+        QStringList name;
+        for (size_t i = 0; i < columns.size(); ++i)
+            name.append(QString::fromUtf8(columns[i].values[places[i]].name));
+        QTestData &row = QTest::newRow(qPrintable(name.join(QLatin1String(", "))));
+        for (size_t i = 0; i < columns.size(); ++i)
+            row << columns[i].values[places[i]].value;
+
+        // The last column changes first.
+        size_t i = columns.size();
+        while (i > 0 && ++places[i - 1] == columns[i - 1].values.size())
+            places[--i] = 0;
+        isDone = i == 0;
+    }
+}

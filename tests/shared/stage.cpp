@@ -1,0 +1,105 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "stage.h"
+
+#include <QtCore/QAbstractEventDispatcher>
+#include <QtCore/QTimer>
+
+const std::vector<Named> deletionWays = {{"delete", int(Way::Delete)},
+                                         {"deleteLater", int(Way::DeleteLater)},
+                                         {"scene cleared", int(Way::ClearScene)},
+                                         {"parent deleted", int(Way::DeleteParent)}};
+
+ControlStage::ControlStage(KELRoundRectControl *newControl) :
+    parent(new PlainItem), control(newControl), other(new KELPushButton), hand(&view)
+{
+    window.setWindowFlags(Qt::FramelessWindowHint);
+    window.resize(view.size());
+    view.setParent(&window);
+    control->setParentItem(parent);
+    view.ownScene.addItem(parent);
+    other->setboundRect(280, 220, 100, 50);
+    view.ownScene.addItem(other);
+    log.listenTo(control);
+    log.listenTo(other, QStringLiteral("other"));
+}
+
+// What is still pressed must not call the slots of a test that is over.
+ControlStage::~ControlStage()
+{
+    log.stop();
+    if (control && control->scene() != &view.ownScene)
+        delete control;
+    if (parent && parent->scene() != &view.ownScene)
+        delete parent;
+    view.ownScene.clear();
+}
+
+void ControlStage::destroy(Way way)
+{
+    ++destroyCalls;
+    switch (way) {
+    case Way::Delete:
+        delete control;
+        break;
+    case Way::DeleteLater:
+        control->deleteLater();
+        break;
+    case Way::ClearScene:
+        view.ownScene.clear();
+        break;
+    case Way::DeleteParent:
+        delete parent;
+        break;
+    }
+}
+
+bool ControlStage::nextControlIsClicked()
+{
+    QCoreApplication::processEvents();
+    auto *next = new KELPushButton;
+    next->setboundRect(100, 100, 100, 50);
+    next->setZValue(1);
+    view.ownScene.addItem(next);
+    const QSignalSpy clicked(next, &KELRoundRectControl::mouseClicked);
+    hand.tap(view.centreOf(next));
+    view.grab();
+    return clicked.count() == 1;
+}
+
+bool hasTimers(QObject *object)
+{
+    return !QAbstractEventDispatcher::instance()->registeredTimers(object).isEmpty();
+}
+
+void endLongPressTime(QObject *control)
+{
+    const auto timers = QAbstractEventDispatcher::instance()->registeredTimers(control);
+    QCOMPARE(timers.size(), 1);
+    QTimerEvent event(timers.first().timerId);
+    QCoreApplication::sendEvent(control, &event);
+}
+
+QMenu *newMenu()
+{
+    auto *menu = new QMenu;
+    menu->addAction(QStringLiteral("One"));
+    return menu;
+}
+
+void whenOpen(QMenu *menu, const std::function<void()> &look)
+{
+    auto *timer = new QTimer(menu);
+    timer->setInterval(10);
+    QObject::connect(timer, &QTimer::timeout, menu, [menu, look, isFirst = true]() mutable {
+        if (!menu->isVisible())
+            return;
+        const QPointer<QMenu> alive = menu;
+        if (std::exchange(isFirst, false))
+            look();
+        if (alive)
+            alive->close();
+    });
+    timer->start();
+}

@@ -1,0 +1,100 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#ifndef STAGE_H
+#define STAGE_H
+
+#include "hand.h"
+#include "keltest.h"
+#include "signallog.h"
+
+#include <kelpushbutton.h>
+
+#include <QtWidgets/QMenu>
+
+// A parent item that paints nothing and stays out of the way.
+class PlainItem : public QGraphicsObject
+{
+public:
+    explicit PlainItem(const QRectF &bounds = QRectF(), QGraphicsItem *parent = nullptr) :
+        QGraphicsObject(parent), m_bounds(bounds)
+    { }
+    QRectF boundingRect() const override { return m_bounds; }
+    void paint(QPainter * /*painter*/, const QStyleOptionGraphicsItem * /*option*/,
+               QWidget * /*widget*/) override
+    { }
+
+private:
+    const QRectF m_bounds;
+};
+
+enum class Way { Delete, DeleteLater, ClearScene, DeleteParent };
+extern const std::vector<Named> deletionWays;
+
+/*
+ * A control in a view, with a parent item, beside another control.
+ *
+ * The hand shows the view at its first event; until then the control can be changed. The log has
+ * the signals of the control, and with "other." those of its neighbour.
+ */
+class ControlStage
+{
+public:
+    // Takes the control, which has its rectangle, into the scene.
+    explicit ControlStage(KELRoundRectControl *newControl);
+    ~ControlStage();
+
+    QPoint centre() const { return view.centreOf(control); }
+    // The viewport position of a point of the control.
+    QPoint at(qreal x, qreal y) const { return view.at(control, QPointF(x, y)); }
+    QPoint otherCentre() const { return view.centreOf(other); }
+
+    void destroy(Way way);
+    // Shows that the scene has forgotten the control: a new one in its place gets a whole tap.
+    bool nextControlIsClicked();
+
+    QWidget window; // around the view
+    KelTestView view;
+    QGraphicsScene otherScene; // which no view shows
+    const QPointer<PlainItem> parent;
+    const QPointer<KELRoundRectControl> control;
+    const QPointer<KELPushButton> other;
+    std::unique_ptr<QWidget> cover; // over the window
+    int destroyCalls = 0;
+    SignalLog log;
+    Hand hand;
+
+private:
+    Q_DISABLE_COPY(ControlStage)
+};
+
+// One of a class: stage->setValue(5).
+template <typename Control>
+class Stage : public ControlStage
+{
+public:
+    explicit Stage(const QRectF &rect = QRectF(100, 100, 100, 50), Control *made = new Control) :
+        ControlStage(placed(made, rect))
+    { }
+
+    Control *get() const { return static_cast<Control *>(control.data()); }
+    Control *operator->() const { return get(); }
+    Control &operator*() const { return *get(); }
+
+private:
+    static Control *placed(Control *made, const QRectF &rect)
+    {
+        made->setboundRect(rect.x(), rect.y(), rect.width(), rect.height());
+        return made;
+    }
+};
+
+// A press that lasts: the time of the long press ends now.
+void endLongPressTime(QObject *control);
+bool hasTimers(QObject *object);
+
+QMenu *newMenu(); // with one action
+// Calls look the first time that the menu is open, and closes it each time, lest exec() hang.
+void whenOpen(QMenu *menu, const std::function<void()> &look);
+
+#endif
