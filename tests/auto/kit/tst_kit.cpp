@@ -12,15 +12,13 @@ class tst_Kit : public KelTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void releaseBesideTheButtonIsNoClick_data() { addRows({{"input", inputs}}); }
+    void slidingOffIsNoClick_data() { addRows({{"input", inputs}}); }
 
-    void releaseBesideTheButtonIsNoClick()
+    void slidingOffIsNoClick()
     {
         Stage<KELPushButton> stage;
         stage.hand.use(fetch<Input>("input"));
-        stage.hand.press(stage.centre());
-        stage.hand.move(QPoint(10, 10));
-        stage.hand.release();
+        stage.hand.drag(stage.centre(), QPoint(10, 10));
         QCOMPARE(stage.log.take(), u"press release"_s);
     }
 
