@@ -169,9 +169,9 @@ QT_WARNING_POP
  *
  * \section bindlife Lifetime
  * Once the source or the destination is destroyed, the binding does nothing. The source, the
- * destination and the binding may be destroyed at any time, even in a setter, getter, slot or
- * converter that the binding itself is calling. A converter may be destroyed when no binding uses
- * it, or as the last thing it does in Convert() or ConvertBack().
+ * destination and the binding may be destroyed at any time, even in a setter, getter, slot,
+ * converter or QObject::connectNotify() that the binding itself is calling. A converter may be
+ * destroyed when no binding uses it, or as the last thing it does in Convert() or ConvertBack().
  *
  * \section bindexceptions Exceptions
  * No exception may escape from the getters, setters, converters, slots and event handlers that run
@@ -229,8 +229,10 @@ public:
      * has no properties.
      *
      * Earlier connections remain: call unbind() first to replace a binding, otherwise each signal
-     * is handled twice. If a slot calls setBind() on this binding while the value is being copied,
-     * the nested call takes effect and the outer one is abandoned.
+     * is handled twice. If setBind() is called on this binding by a slot while the value is being
+     * copied, or by an object's connectNotify(), the nested call takes effect and the outer one is
+     * abandoned. A connection that the outer one has made by then remains, too, but unbind() does
+     * not disconnect it.
      */
     void setBind(QObject *src, const char *srcProperty, QObject *dst, const char *dstProperty,
                  BindMode mode, IKELValueConverter *converter = nullptr);
@@ -238,7 +240,8 @@ public:
     /*!
      * Creates a binding as a child of \a src, calls setBind() with the arguments and returns it.
      * The binding is destroyed together with the source. If \a src is null, the binding has no
-     * parent and the caller owns it. Returns null if a setter destroys the source during the call.
+     * parent and the caller owns it. Returns null if the source or the binding is destroyed during
+     * the call.
      */
     static KELDataBind *bind(QObject *src, const char *srcProperty, QObject *dst,
                              const char *dstProperty, BindMode mode,

@@ -219,14 +219,15 @@ public:
     // These three run foreign code. An exception from it must end the program here: unwinding would
     // leave a dead Call in the list.
     void connectNotify(const QObject *object, const QMetaProperty &property,
-                       const QMetaMethod &slot, QMetaObject::Connection *connection) const noexcept;
+                       const QMetaMethod &slot, const Call &call,
+                       QMetaObject::Connection *connection) const noexcept;
     void setBind(QObject *source, const char *sourceName, QObject *destination,
                  const char *destinationName, KELDataBind::BindMode requested,
                  IKELValueConverter *valueConverter) noexcept;
     void copy(const QPointer<QObject> &from, NamedProperty *fromProperty,
               const QPointer<QObject> &to, NamedProperty *toProperty,
               Conversion conversion) noexcept;
-    void connectSignals(KELDataBind::BindMode effective);
+    bool connectSignals(KELDataBind::BindMode effective);
     void connectForMode(KELDataBind::BindMode requested, int srcIndex, int dstIndex);
 
     KELDataBind *const q;
@@ -275,20 +276,28 @@ void KELDataBindPrivate::store(QObject *source, const QByteArray &sourceName, QO
 
 // Connects nothing if a failed setBind() has left a property that the object does not have.
 void KELDataBindPrivate::connectNotify(const QObject *object, const QMetaProperty &property,
-                                       const QMetaMethod &slot,
+                                       const QMetaMethod &slot, const Call &call,
                                        QMetaObject::Connection *connection) const noexcept
 {
-    if (property.hasNotifySignal()
-        && object->metaObject()->inherits(property.enclosingMetaObject()))
-        *connection = QObject::connect(object, property.notifySignal(), q, slot);
+    if (!object || !property.hasNotifySignal()
+        || !object->metaObject()->inherits(property.enclosingMetaObject()))
+        return;
+    const QMetaObject::Connection made = QObject::connect(object, property.notifySignal(), q, slot);
+    if (!call.isOver() && made)
+        *connection = made;
 }
 
-void KELDataBindPrivate::connectSignals(KELDataBind::BindMode effective)
+// The virtual connectNotify() of an object may destroy the objects and the binding, or bind it
+// again. False when the binding is gone or bound anew; an object may be gone in any case.
+bool KELDataBindPrivate::connectSignals(KELDataBind::BindMode effective)
 {
+    const Call call(this);
     if (effective == KELDataBind::OneWay || effective == KELDataBind::TwoWay)
-        connectNotify(src, srcMetaProperty, srcSlot, &srcConnection);
-    if (effective == KELDataBind::OneWayToSource || effective == KELDataBind::TwoWay)
-        connectNotify(dst, dstMetaProperty, dstSlot, &dstConnection);
+        connectNotify(src, srcMetaProperty, srcSlot, call, &srcConnection);
+    if (!call.isOver()
+        && (effective == KELDataBind::OneWayToSource || effective == KELDataBind::TwoWay))
+        connectNotify(dst, dstMetaProperty, dstSlot, call, &dstConnection);
+    return !call.isOver();
 }
 
 void KELDataBindPrivate::connectForMode(KELDataBind::BindMode requested, int srcIndex, int dstIndex)
@@ -297,9 +306,10 @@ void KELDataBindPrivate::connectForMode(KELDataBind::BindMode requested, int src
     dstMetaProperty = dst->metaObject()->property(dstIndex);
     const ModeRow row = modeRowFor(requested, srcMetaProperty.hasNotifySignal(),
                                    dstMetaProperty.hasNotifySignal());
-    connectSignals(row.effective);
-    print(row.warning);
+    if (!connectSignals(row.effective))
+        return;
     mode = row.effective;
+    print(row.warning);
 }
 
 void KELDataBindPrivate::setBind(QObject *source, const char *sourceName, QObject *destination,
@@ -413,7 +423,8 @@ void KELDataBind::bind()
         qDebug() << "error : bind is not setted";
         return;
     }
-    d->connectSignals(d->mode);
+    if (!d->connectSignals(d->mode) || !d->src || !d->dst)
+        return;
     if (d->mode == OneWayToSource) {
         const BlockedSignals blocked(d->src);
         dstValueChanged();

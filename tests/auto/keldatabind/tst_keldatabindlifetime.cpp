@@ -5,6 +5,7 @@
 
 #include <keldatabind.h>
 
+#include <QtCore/QMetaMethod>
 #include <QtCore/QPointer>
 
 #include <functional>
@@ -24,7 +25,7 @@ void run(Hook *hook)
         once();
 }
 
-// Reads, writes and emits like any object, and lets the test in between.
+// Reads, writes, emits and is connected like any object, and lets the test in between.
 class Actor : public QObject
 {
     Q_OBJECT
@@ -53,10 +54,18 @@ public:
 
     mutable Hook onRead;
     Hook onWrite;
+    Hook onConnect;
     int writes = 0;
 
 Q_SIGNALS:
     void valueChanged();
+
+protected:
+    void connectNotify(const QMetaMethod &signal) override
+    {
+        if (signal == QMetaMethod::fromSignal(&Actor::valueChanged))
+            run(&onConnect);
+    }
 
 private:
     int m_value;
@@ -151,10 +160,12 @@ enum class Moment {
     SourceSetter,
     EarlySourceSlot, // connected before the binding was
     LateSourceSlot,
+    SourceConnected, // in its connectNotify()
     DestinationGetter,
     DestinationSetter,
     EarlyDestinationSlot,
     LateDestinationSlot,
+    DestinationConnected,
     Converter
 };
 
@@ -182,23 +193,26 @@ const NamedOperation operations[] = {
     {Operation::SetBind,
      "setBind",
      {Moment::DestinationGetter, Moment::SourceSetter, Moment::EarlySourceSlot,
-      Moment::SourceGetter, Moment::DestinationSetter, Moment::LateSourceSlot},
+      Moment::SourceGetter, Moment::DestinationSetter, Moment::LateSourceSlot,
+      Moment::SourceConnected, Moment::DestinationConnected},
      {Moment::Converter, Moment::EarlyDestinationSlot, Moment::LateDestinationSlot}},
     {Operation::StaticBind,
      "static bind",
-     {Moment::DestinationGetter, Moment::SourceSetter, Moment::EarlySourceSlot},
+     {Moment::DestinationGetter, Moment::SourceSetter, Moment::EarlySourceSlot,
+      Moment::SourceConnected, Moment::DestinationConnected},
      {}},
     {Operation::BindOneWay,
      "bind, one way",
-     {Moment::SourceGetter, Moment::DestinationSetter},
+     {Moment::SourceConnected, Moment::SourceGetter, Moment::DestinationSetter},
      {Moment::Converter}},
     {Operation::BindTwoWay,
      "bind, two way",
-     {Moment::SourceGetter, Moment::DestinationSetter},
+     {Moment::SourceConnected, Moment::DestinationConnected, Moment::SourceGetter,
+      Moment::DestinationSetter},
      {Moment::Converter}},
     {Operation::BindOneWayToSource,
      "bind, one way to source",
-     {Moment::DestinationGetter, Moment::SourceSetter},
+     {Moment::DestinationConnected, Moment::DestinationGetter, Moment::SourceSetter},
      {Moment::Converter}},
     {Operation::Update,
      "update",
@@ -217,6 +231,8 @@ const char *inWords(Moment moment)
         return "early slot of the source";
     case Moment::LateSourceSlot:
         return "late slot of the source";
+    case Moment::SourceConnected:
+        return "source's connectNotify";
     case Moment::DestinationGetter:
         return "destination's getter";
     case Moment::DestinationSetter:
@@ -225,6 +241,8 @@ const char *inWords(Moment moment)
         return "early slot of the destination";
     case Moment::LateDestinationSlot:
         return "late slot of the destination";
+    case Moment::DestinationConnected:
+        return "destination's connectNotify";
     case Moment::Converter:
         break;
     }
@@ -328,6 +346,9 @@ void Stage::setHook(Moment moment, const Hook &hook)
     case Moment::LateSourceSlot:
         m_late[0] = hook;
         break;
+    case Moment::SourceConnected:
+        source->onConnect = hook;
+        break;
     case Moment::DestinationGetter:
         destination->onRead = hook;
         break;
@@ -339,6 +360,9 @@ void Stage::setHook(Moment moment, const Hook &hook)
         break;
     case Moment::LateDestinationSlot:
         m_late[1] = hook;
+        break;
+    case Moment::DestinationConnected:
+        destination->onConnect = hook;
         break;
     case Moment::Converter:
         converter.onConvert = hook;
@@ -391,10 +415,11 @@ QString errorLine(const char *side)
     return u"error : could not find %1 property ' value '"_s.arg(QString::fromUtf8(side));
 }
 
-// What setBind() says when it goes on after the destruction.
-QStringList expectedLines(Operation operation, const Stage &stage)
+// What setBind() says when it goes on after the destruction. Once it connects, it has found both.
+QStringList expectedLines(Operation operation, Moment moment, const Stage &stage)
 {
-    if ((operation != Operation::SetBind && operation != Operation::StaticBind) || !stage.binding)
+    if ((operation != Operation::SetBind && operation != Operation::StaticBind) || !stage.binding
+        || moment == Moment::SourceConnected || moment == Moment::DestinationConnected)
         return {};
     if (!stage.source)
         return {errorLine("src")};
@@ -485,7 +510,7 @@ private Q_SLOTS:
         stage.operate();
 
         QCOMPARE(calls, 1);
-        QCOMPARE(takeDebugLines(), expectedLines(Operation(operation), stage));
+        QCOMPARE(takeDebugLines(), expectedLines(Operation(operation), Moment(moment), stage));
         if (Operation(operation) == Operation::StaticBind)
             QCOMPARE(stage.returned, stage.binding.data());
         if (!stage.binding || (!stage.source && !stage.destination))
@@ -556,6 +581,9 @@ private Q_SLOTS:
         stage.source->setValue(1000);
         stage.destination->setValue(2000);
         QCOMPARE(writesOf(stage), oldWrites + 2);
+
+        stage.binding->unbind();
+        QCOMPARE(source.connections(), 0);
     }
 
     void converterDeletesItself_data()
