@@ -13,6 +13,8 @@ KELApplicationNotify::~KELApplicationNotify() = default;
 
 bool KELApplicationNotify::eventFilter(QObject *watched, QEvent *event)
 {
+    // Promised: an event that arrives ignored is not reported. So a view sends mouse events to its
+    // scene, which accepts a press for each item that it offers it to.
     if (event->type() != m_type || !event->isAccepted())
         return QObject::eventFilter(watched, event);
 

@@ -44,8 +44,9 @@ struct KELComboBoxParts
 };
 
 // Opens the list of a combo box and closes it, also on a press outside. Two filters of the
-// application watch for that: one for presses that the scene delivers, by the promised rule, and
-// one for all others.
+// application watch for that. One watches presses that the scene delivers to items; it compares
+// the position in the pressed item with the scene rectangles of button and panel, as promised. The
+// other watches presses anywhere, and compares the place that was pressed.
 class KELComboBoxList final : public KELOutsidePress::Client // NOLINT(*-virtual-class-destructor)
 {
 public:

@@ -10,8 +10,8 @@
 #include <utility>
 
 // Guarded pointer to an item that it creates and a parent owns. Unlike QPointer, the guard for all
-// else, it is cleared before the item's base destructors run: their signals find it null. It may
-// die before the item.
+// else, it is cleared before the item's base destructors run: their signals find it null. The
+// pointer may be destroyed before the item.
 template <class Item>
 class KELItemPointer
 {

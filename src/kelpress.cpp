@@ -260,9 +260,9 @@ void KELPress::finishDelivery(KELRoundRectControl *control, QGraphicsSceneMouseE
         return;
     }
     KELPress *const press = of(control);
+    // No grab any more: a slot took it while the event was being delivered.
     if (press->m_origin && !sceneTargets(control))
-        press->m_origin->mayBeReturned
-            = false; // a slot took the grab while the event was being delivered
+        press->m_origin->mayBeReturned = false;
     press->dropIfLost();
     // A derived control may still accept the press that the base ignored, and so receive the rest
     // of it.

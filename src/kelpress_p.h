@@ -82,7 +82,9 @@ private:
     Q_DISABLE_COPY(KELPress)
 
     struct Origin;
-    struct DeleteOrigin // inline, a control that is not pressed destroys nothing
+    // Origin is incomplete here. This deleter is called only for a press that exists, so a control
+    // that is not pressed is destroyed without a call.
+    struct DeleteOrigin
     {
         void operator()(Origin *origin) const;
     };

@@ -11,8 +11,8 @@
 #include <cmath>
 #include <limits>
 
-// How numbers of applications become whole ones, each named after its rule. All accept any number:
-// one beyond the range becomes the nearest in it, NaN becomes 0.
+// How numbers of applications become whole ones, each named after its rule. All accept any number.
+// In what becomes an int or a QRect, one beyond the range becomes the nearest in it, NaN becomes 0.
 namespace KELRounding {
 
 struct Range
@@ -45,7 +45,8 @@ inline QRect halvesUp(const QRectF &rect)
     return {rounded(rect.x()), rounded(rect.y()), rounded(rect.width()), rounded(rect.height())};
 }
 
-// 2.5 to 3, -2.5 to -2. From 2^23 on every float is whole, and may not fit an int.
+// 2.5 to 3, -2.5 to -2. NaN and infinity stay: a float has no range to be brought into. From 2^23
+// on every float is whole, and may not fit an int.
 inline float halvesUp(float value)
 {
     return qAbs(value) < 8388608.0F ? float(qRound(value)) : value;
