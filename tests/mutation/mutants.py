@@ -5,244 +5,272 @@
 
 import argparse
 import collections
+import concurrent.futures
+import fcntl
 import hashlib
 import json
+import os
 import pathlib
-import random
-import re
-import shutil
-import subprocess
+import queue
+import resource
+import signal
 import sys
+import threading
+import time
 
-from clang import cindex
+from changes import changes_of, sample
+from trial import Library, Stopped, Tree, run_or_exit, stopped
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 WORK = ROOT / "build" / "mutants"
-SOURCE, BUILD, RESULTS = WORK / "source", WORK / "build", WORK / "results.json"
 EXPLAINED = pathlib.Path(__file__).parent / "survivors.md"
-
-Kind = cindex.CursorKind
-OPERATORS = {"<": "<=", "<=": "<", ">": ">=", ">=": ">", "==": "!=", "!=": "==", "&&": "||", "||": "&&", "+": "-",
-             "-": "+", "*": "/", "/": "*", "&": "|", "|": "&", "+=": "-=", "-=": "+="}
-STATEMENTS = (Kind.CALL_EXPR, Kind.BINARY_OPERATOR, Kind.COMPOUND_ASSIGNMENT_OPERATOR, Kind.UNARY_OPERATOR,
-              Kind.UNEXPOSED_EXPR, Kind.CXX_DELETE_EXPR)
-CONDITIONS = (Kind.IF_STMT, Kind.WHILE_STMT, Kind.CONDITIONAL_OPERATOR)
-
-Mutant = collections.namedtuple("Mutant", "file begin end new what line")
+MEMORY = 4 << 30  # bytes for a program: a change may make a loop endless
+COUNTED = ("killed", "survived", "explained", "same code", "not compiled")
 
 
-class Finder:
-    """The mutants of one source file."""
+class Results:
+    """What became of each change: kept while sources and tests stay the same, the survivors also beyond that."""
 
-    def __init__(self, file, arguments):
-        self.file, self.text, self.mutants = file, (SOURCE / file).read_bytes(), []
-        options = cindex.TranslationUnit.PARSE_DETAILED_PROCESSING_RECORD
-        unit = cindex.Index.create().parse(str(SOURCE / file), arguments, options=options)
-        failed = [str(d) for d in unit.diagnostics if d.severity >= cindex.Diagnostic.Error]
-        if failed:
-            sys.exit("mutants: " + "\n".join(failed))
-        self.macros = []
-        for cursor in unit.cursor.get_children():
-            if self.is_here(cursor) and cursor.kind == Kind.MACRO_INSTANTIATION and cursor.spelling != "Q_EMIT":
-                self.macros.append(self.span(cursor))
-        for cursor in unit.cursor.get_children():
-            if self.is_here(cursor) and not cursor.kind.is_preprocessing():
-                self.visit(cursor)
+    def __init__(self, tree, is_again):
+        self.file, self.lock = WORK / "results.json", threading.Lock()
+        state = hashlib.sha256()
+        for folder in ("include", "src", "tests/auto", "tests/shared"):
+            for file in sorted((tree.source / folder).rglob("*")):
+                if file.is_file():
+                    state.update(str(file.relative_to(tree.source)).encode() + b"\0" + file.read_bytes())
+        known = json.loads(self.file.read_text()) if self.file.exists() else {}
+        self.survivors = set(known.get("survivors", ()))
+        self.state, self.results, self.seconds, self.reached = state.hexdigest(), {}, {}, {}
+        if known.get("state") == self.state and not is_again:
+            self.results, self.seconds, self.reached = known["results"], known["seconds"], known["reached"]
 
-    def is_here(self, cursor):
-        return cursor.location.file is not None and cursor.location.file.name == str(SOURCE / self.file)
+    def keep(self, text=None, result=None):
+        with self.lock:
+            if text is not None:
+                self.results[text] = result
+                (self.survivors.add if result == "survived" else self.survivors.discard)(text)
+            new = self.file.with_suffix(".new")
+            new.write_text(json.dumps({"state": self.state, "results": self.results, "seconds": self.seconds,
+                                       "reached": self.reached, "survivors": sorted(self.survivors)}, indent=1))
+            new.replace(self.file)
 
-    @staticmethod
-    def span(cursor):
-        return cursor.extent.start.offset, cursor.extent.end.offset
-
-    def add(self, begin, end, new, what):
-        is_in_macro = any(first <= begin < last or first < end <= last for first, last in self.macros)
-        if begin < end and not is_in_macro:
-            line = self.text.count(b"\n", 0, begin) + 1
-            self.mutants.append(Mutant(self.file, begin, end, new, what, line))
-
-    def said(self, begin, end):
-        return self.text[begin:end].decode()
-
-    def visit(self, cursor):
-        children = list(cursor.get_children())
-        begin, end = self.span(cursor)
-        if cursor.kind in (Kind.BINARY_OPERATOR, Kind.COMPOUND_ASSIGNMENT_OPERATOR) and len(children) == 2:
-            self.change_operator(self.span(children[0])[1], self.span(children[1])[0])
-        elif cursor.kind == Kind.CALL_EXPR:
-            arguments = list(cursor.get_arguments())
-            if cursor.spelling.startswith("operator") and len(arguments) == 2:
-                self.change_operator(self.span(arguments[0])[1], self.span(arguments[1])[0])
-            else:
-                self.swap_arguments(arguments)
-        elif cursor.kind == Kind.UNARY_OPERATOR and self.said(begin, begin + 1) == "!":
-            self.add(begin, begin + 1, "", "negation")
-        elif cursor.kind == Kind.INTEGER_LITERAL:
-            self.add(begin, end, f"({self.said(begin, end)} + 1)", "constant")
-        elif cursor.kind == Kind.FLOATING_LITERAL:
-            self.add(begin, end, f"({self.said(begin, end)} + 1)", "constant")
-        elif cursor.kind == Kind.CXX_BOOL_LITERAL_EXPR:
-            self.add(begin, end, "false" if self.said(begin, end) == "true" else "true", "constant")
-        if cursor.kind in CONDITIONS and children and children[0].kind.is_expression():
-            first, last = self.span(children[0])
-            # A negation and a comparison are changed as such.
-            if not re.match(r"!|[^&|]* [!=]= [^&|]*$", self.said(first, last)):
-                self.add(first, last, f"!({self.said(first, last)})", "condition")
-        if cursor.kind == Kind.COMPOUND_STMT:
-            self.change_statements(children)
-        elif cursor.kind in (Kind.IF_STMT, Kind.FOR_STMT, Kind.CXX_FOR_RANGE_STMT):
-            for child in children[1:]:
-                if child.kind in STATEMENTS:
-                    self.drop(child)
-        for child in children:
-            self.visit(child)
-
-    def change_operator(self, begin, end):
-        match = re.fullmatch(r"\s*([<>=!&|+*/-]{1,2})\s*", self.said(begin, end)) if begin < end else None
-        if match and match[1] in OPERATORS:
-            self.add(begin + match.start(1), begin + match.end(1), OPERATORS[match[1]], "operator")
-
-    def swap_arguments(self, arguments):
-        for one, two in zip(arguments, arguments[1:]):
-            (a, b), (c, d) = self.span(one), self.span(two)
-            if a < b <= c < d and one.type.get_canonical().spelling == two.type.get_canonical().spelling \
-                    and self.said(a, b) != self.said(c, d):
-                self.add(a, d, self.said(c, d) + self.said(b, c) + self.said(a, b), "arguments")
-
-    def drop(self, statement):
-        begin, end = self.span(statement)
-        is_emit = self.said(max(0, begin - 7), begin).endswith("Q_EMIT ")
-        self.add(begin, end, "", "dropped emit" if is_emit else "dropped statement")
-
-    def change_statements(self, statements):
-        for statement in statements:
-            if statement.kind in STATEMENTS:
-                self.drop(statement)
-        for one, two in zip(statements, statements[1:]):
-            (a, b), (c, d) = self.span(one), self.span(two)
-            if one.kind in STATEMENTS and two.kind in STATEMENTS and b <= c:
-                self.add(a, d, self.said(c, d) + self.said(b, c) + self.said(a, b), "order")
+    def kills(self, file):
+        """How many changes of the file each program has killed."""
+        with self.lock:
+            return collections.Counter(result.split("killed by ")[1].split(",")[0]
+                                       for text, result in self.results.items()
+                                       if text.startswith(f"`{file}`") and result.startswith("killed by "))
 
 
-def describe(mutant, text):
-    """One line that stays the same while other lines of the file change."""
-    begin = text.rfind(b"\n", 0, mutant.begin) + 1
-    end = text.find(b"\n", mutant.end)
-    before = " ".join(text[begin:end].decode().split())
-    after = " ".join((text[begin:mutant.begin] + mutant.new.encode() + text[mutant.end:end]).decode().split())
-    return f"`{mutant.file}`, {mutant.what}: `{before}` -> `{after}`"
+def is_named_after(program, file):
+    one, two = program.name.removeprefix("kel"), pathlib.Path(file).stem.removesuffix("_p").removeprefix("kel")
+    return one.startswith(two) or two.startswith(one)
 
 
-def run(*command, **options):
-    return subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, check=False, **options)
+def in_order(programs, change, results):
+    """The programs that call the function, with the time that each may take. First the one that is expected to kill
+    most in a second."""
+    kills = results.kills(change.file)
+
+    def gain(program):
+        expected = kills[program.name] + (1 if is_named_after(program, change.file) else 0.02)
+        return expected / (0.1 + results.seconds[program.name])
+
+    calling = results.reached.get(change.symbol)  # of a template, and outside functions, it is not known
+    return [(program, timeout_of(results.seconds[program.name])) for program in sorted(programs, key=gain, reverse=True)
+            if calling is None or program.name in calling]
 
 
-def prepare():
-    """A copy of the tree with its own build: the tree itself is never changed."""
-    tracked = run("git", "-C", str(ROOT), "ls-files", "--cached", "--others", "--exclude-standard").stdout.splitlines()
-    for name in tracked:
-        old, new = ROOT / name, SOURCE / name
-        if old.is_file() and not (new.exists() and new.read_bytes() == old.read_bytes()):
-            new.parent.mkdir(parents=True, exist_ok=True)
-            shutil.copy(old, new)
-    for command in (["cmake", "-S", SOURCE, "-B", BUILD, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
-                     "-DCMAKE_CXX_FLAGS_DEBUG=-O1", "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON", "-DKEL_BUILD_GALLERY=OFF",
-                     "-DKEL_BUILD_EXAMPLES=OFF"], ["cmake", "--build", BUILD]):
-        result = run(*map(str, command))
-        if result.returncode:
-            sys.exit(result.stdout)
+def timeout_of(seconds):
+    return 15 + 5 * seconds
 
 
-def arguments_of(file):
-    commands = json.loads((BUILD / "compile_commands.json").read_text())
-    command = next(entry for entry in commands if entry["file"] == str(SOURCE / file))["command"].split()
-    command = command[1 + next(i for i, word in enumerate(command) if word.endswith("++")):]
-    for flag in ("-o", "-c"):
-        at = command.index(flag)
-        del command[at:at + 2]
-    return [word for word in command if not word.startswith("-fno-semantic")]
+class Pool:
+    """Tries changes in several libraries at the same time."""
+
+    def __init__(self, tree, jobs):
+        self.libraries = queue.Queue()
+        self.executor = concurrent.futures.ThreadPoolExecutor(jobs)
+        for number in range(jobs):
+            self.libraries.put(Library(tree, WORK / "jobs" / str(number)))
+
+    def each(self, function, values):
+        """Calls function(library, value) for each value."""
+
+        def call(value):
+            if stopped.is_set():
+                raise Stopped
+            library = self.libraries.get()
+            try:
+                function(library, value)
+            finally:
+                self.libraries.put(library)
+
+        futures = [self.executor.submit(call, value) for value in values]
+        try:
+            for future in concurrent.futures.as_completed(futures):
+                future.result()
+        except BaseException:
+            stopped.set()
+            self.executor.shutdown(cancel_futures=True)
+            raise
 
 
-def failed_test(*selection):
-    """The first test that fails, or None."""
-    result = run("ctest", "--test-dir", str(BUILD), "-j2", "--stop-on-failure", "--timeout", "120", "-L", "unit",
-                 *selection)
-    match = re.search(r"^\s*\d+ - (\S+) \(", result.stdout, re.MULTILINE)
-    if result.returncode and not match and "No tests were found" not in result.stdout:
-        sys.exit(result.stdout)
-    return match[1] if match else None
+def measure(pool, tree, programs, results):
+    """Runs the programs without a change: each must pass. Its time and what it calls are known afterwards."""
+    broken, instrumented = [], Library(tree, WORK / "jobs" / "instrumented")
+    instrumented.build_instrumented()
+
+    def run_one(_, program):
+        start = time.monotonic()
+        failure = instrumented.failure_of(program, 600)
+        results.seconds[program.name] = round(time.monotonic() - start, 2)
+        if failure:
+            broken.append(f"{program.name}, {failure}")
+
+    print(f"Running {len(programs)} programs without a change", flush=True)
+    pool.each(run_one, programs)
+    if broken:
+        sys.exit("mutants: fails without a change: " + "; ".join(broken))
+    results.reached = instrumented.reached()
+    results.keep()
 
 
-def try_mutant(mutant, text):
-    """What became of it: not compiled, killed by a test, or survived."""
-    path = SOURCE / mutant.file
-    try:
-        path.write_bytes(text[:mutant.begin] + mutant.new.encode() + text[mutant.end:])
-        if run("cmake", "--build", str(BUILD), "--target", "KELGdiControl").returncode:
-            return "not compiled"
-        stem = re.sub(r"(_p)?\.\w+$", "", path.name)
-        own = "^" + re.sub(r"list$|cache$|router$", "", stem.removeprefix("kel"))
-        return failed_test("-R", f"^(kel)?{own[1:]}") or failed_test() or "survived"
-    finally:
-        path.write_bytes(text)
+def try_changes(pool, changes, programs, results):
+    untried = [change for change in changes if change.text not in results.results]
+    print(f"Trying {len(untried)} changes, {len(changes) - len(untried)} are known", flush=True)
+    numbers, begin = iter(range(1, len(untried) + 1)), time.monotonic()
+
+    def try_one(library, change):
+        start = time.monotonic()
+        result = library.try_change(change, in_order(programs, change, results))
+        results.keep(change.text, result)
+        with results.lock:
+            print(f"{next(numbers)}/{len(untried)} {result} ({time.monotonic() - start:.1f} s): line {change.line} of "
+                  f"{change.text}", flush=True)
+
+    pool.each(try_one, untried)
+    if untried:
+        print(f"{(time.monotonic() - begin) / len(untried):.1f} s for each change")
 
 
-def print_table(results, explained):
+def read_explained():
+    """The lines "- CHANGE: reason" about changes that survive."""
+    lines = EXPLAINED.read_text(encoding="utf-8").splitlines() if EXPLAINED.exists() else []
+    return [line[2:] for line in lines if line.startswith("- `")]
+
+
+def is_explained(change, explained):
+    return any(line.startswith(f"{change.text}: ") for line in explained)
+
+
+def print_outdated(found, results, explained):
+    """found: all changes of the files, also those that were not tried."""
+    for line in explained:
+        if not any(line.startswith(f"`{file}`") for file in {change.file for change in found}):
+            continue
+        change = next((change for change in found if line.startswith(f"{change.text}: ")), None)
+        result = results.results.get(change.text, "survived") if change else "does not exist"
+        if result != "survived":
+            print(f"\nsurvivors.md is outdated, {result}: {line}")
+
+
+def count(changes, results, explained):
     rows = collections.defaultdict(collections.Counter)
-    for description, outcome in results.items():
-        kind = outcome if outcome in ("not compiled", "survived") else "killed"
-        if kind == "survived" and description in explained:
-            kind = "explained"
-        rows[description.split("`")[1]][kind] += 1
-    rows["all"] = sum(rows.values(), collections.Counter())
-    print("| file | killed | survived | explained | not compiled | score |")
-    print("|------|-------:|---------:|----------:|-------------:|------:|")
-    for file, row in rows.items():
+    for change in changes:
+        result = results.results[change.text]
+        kind = "killed" if result.startswith("killed") else result
+        rows[change.file]["explained" if kind == "survived" and is_explained(change, explained) else kind] += 1
+    return rows
+
+
+def print_table(rows):
+    """The score leaves out what no test can kill."""
+    print("\n| file | tried |", " | ".join(COUNTED), "| score |")
+    print("|------|------:|" + "------:|" * len(COUNTED) + "------:|")
+    for file, row in [*sorted(rows.items()), ("all", sum(rows.values(), collections.Counter()))]:
         tried = row["killed"] + row["survived"]
-        score = f"{100 * row['killed'] / tried:.1f} %" if tried else "-"
-        print(f"| {file} | {row['killed']} | {row['survived']} | {row['explained']} | {row['not compiled']} | {score} |")
-    return rows["all"]["survived"]
+        score = f"{100 * row['killed'] / tried:.0f}%" if tried else "-"
+        print(f"| {file} | {sum(row.values())} |", " | ".join(str(row[kind]) for kind in COUNTED), f"| {score} |")
+
+
+def report(changes, results, explained):
+    survivors = [change for change in changes if results.results[change.text] == "survived"
+                 and not is_explained(change, explained)]
+    if survivors:
+        print("\nNo test notices:")
+    for change in survivors:
+        print(f"- {change.text}")
+    print_table(count(changes, results, explained))
+    return 1 if survivors else 0
+
+
+def find_changes(tree, files):
+    changes = []
+    for file in files:
+        users = tree.users.get(pathlib.Path(file).name)
+        if not users:
+            sys.exit(f"mutants: {file} is no source of the library")
+        own = pathlib.Path(file).name
+        unit = own if own in tree.flags else users[0]
+        arguments = [word for word in tree.flags[unit][1:] if word != "-fno-semantic-interposition"]
+        changes += changes_of(tree.source / file, file, tree.source / "src" / unit, arguments)
+    return changes
+
+
+def with_names(changes):
+    """The changes with the names of their functions as the linker's tools print them."""
+    symbols = "\n".join(change.symbol for change in changes)
+    names = run_or_exit("c++filt", input=symbols).split("\n")
+    return [change._replace(symbol=name) for change, name in zip(changes, names)]
 
 
 def main():
-    parser = argparse.ArgumentParser(prog="scripts/mutants")
-    parser.add_argument("--sample", type=int, default=0, metavar="N", help="try N mutants only")
-    parser.add_argument("--seed", type=int, default=1, help="which N")
-    parser.add_argument("--list", action="store_true", help="list the mutants, and try none")
-    parser.add_argument("--again", action="store_true", help="forget the results of former runs")
-    parser.add_argument("files", nargs="*", help="sources, such as src/kelpress.cpp; by default all")
+    parser = argparse.ArgumentParser(prog="scripts/mutants", add_help=False)
+    parser.add_argument("--sample", type=int, default=0)
+    parser.add_argument("--seed", type=int, default=1)
+    parser.add_argument("--survivors", action="store_true")
+    parser.add_argument("--jobs", type=int, default=4 * os.cpu_count())
+    parser.add_argument("--list", action="store_true")
+    parser.add_argument("--again", action="store_true")
+    parser.add_argument("files", nargs="*")
     arguments = parser.parse_args()
 
-    prepare()
-    files = arguments.files or sorted(str(file.relative_to(SOURCE)) for file in (SOURCE / "src").glob("*.cpp"))
-    mutants = [mutant for file in files for mutant in Finder(file, arguments_of(file)).mutants]
-    if arguments.sample:
-        mutants = random.Random(arguments.seed).sample(mutants, min(arguments.sample, len(mutants)))
-    texts = {file: (SOURCE / file).read_bytes() for file in files}
-    if arguments.list:
-        print("\n".join(f"{mutant.file}:{mutant.line}: {describe(mutant, texts[mutant.file])}" for mutant in mutants))
-        return 0
-    broken = failed_test()
-    if broken:
-        sys.exit(f"mutants: {broken} fails without a change")
+    lock = (WORK / "lock").open("w")  # pylint: disable=consider-using-with
+    try:
+        fcntl.flock(lock, fcntl.LOCK_EX | fcntl.LOCK_NB)
+    except BlockingIOError:
+        sys.exit("mutants: is already running")
+    signal.signal(signal.SIGTERM, signal.default_int_handler)
+    resource.setrlimit(resource.RLIMIT_AS, (MEMORY, MEMORY))
+    resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
 
-    # A result holds as long as sources and tests are the same.
-    state = hashlib.sha256(b"".join(file.read_bytes() for folder in ("include", "src", "tests")
-                                    for file in sorted((SOURCE / folder).rglob("*")) if file.is_file())).hexdigest()
-    known = json.loads(RESULTS.read_text()) if RESULTS.exists() and not arguments.again else {}
-    results = known.get("results", {}) if known.get("state") == state else {}
-    explained = EXPLAINED.read_text(encoding="utf-8") if EXPLAINED.exists() else ""
-    tried = {}
-    for number, mutant in enumerate(mutants, 1):
-        text = describe(mutant, texts[mutant.file])
-        if text not in results:
-            results[text] = try_mutant(mutant, texts[mutant.file])
-            RESULTS.write_text(json.dumps({"state": state, "results": results}, indent=1))
-        tried[text] = results[text]
-        print(f"{number}/{len(mutants)} {mutant.file}:{mutant.line}: {results[text]}: {text}", flush=True)
-    return 1 if print_table(tried, explained) else 0
+    print("Building the library and the tests", flush=True)
+    tree = Tree(ROOT, WORK)
+    every = sorted(f"src/{name}" for name in tree.users)
+    changes = found = find_changes(tree, arguments.files or every)
+    results = Results(tree, arguments.again)
+    if arguments.survivors:
+        changes = [change for change in changes if change.text in results.survivors]
+    if arguments.sample:
+        changes = sample(changes, arguments.sample, arguments.seed)
+    if arguments.list:
+        print("\n".join(f"line {change.line} of {change.text}" for change in changes))
+        return 0
+
+    tree.precompile()
+    changes = with_names(changes)
+    pool, programs = Pool(tree, max(1, arguments.jobs)), tree.programs()
+    if not results.seconds:
+        measure(pool, tree, programs, results)
+    try_changes(pool, changes, programs, results)
+    explained = read_explained()
+    print_outdated(found, results, explained)
+    return report(changes, results, explained)
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    try:
+        sys.exit(main())
+    except (KeyboardInterrupt, Stopped):
+        sys.exit("mutants: stopped; the same command goes on")
