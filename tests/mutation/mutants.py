@@ -230,7 +230,7 @@ def main():
     parser.add_argument("--sample", type=int, default=0)
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--survivors", action="store_true")
-    parser.add_argument("--jobs", type=int, default=4 * os.cpu_count())
+    parser.add_argument("--jobs", type=int, default=2 * os.cpu_count())
     parser.add_argument("--list", action="store_true")
     parser.add_argument("--again", action="store_true")
     parser.add_argument("files", nargs="*")
