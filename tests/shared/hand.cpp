@@ -9,7 +9,11 @@
 
 const std::vector<Named> inputs = {{"mouse", int(Input::Mouse)}, {"touch", int(Input::Touch)}};
 
-Hand::Hand(KelTestView *view, Input input) : m_view(view), m_input(input) { }
+Hand::Hand(KelTestView *view, Input input) :
+    m_view(view), m_target(view->viewport()), m_input(input)
+{ }
+
+Hand::Hand(QWidget *target, Input input) : m_target(target), m_input(input) { }
 
 Hand::~Hand() = default;
 
@@ -17,13 +21,13 @@ bool Hand::isReady()
 {
     if (m_view)
         m_view->showOnce();
-    return m_view;
+    return m_target;
 }
 
 Fingers &Hand::fingers()
 {
     if (!m_fingers && isReady())
-        m_fingers = std::make_unique<Fingers>(m_view->viewport());
+        m_fingers = std::make_unique<Fingers>(m_target);
     return *m_fingers;
 }
 
@@ -34,10 +38,9 @@ void Hand::sendMouse(QEvent::Type type, const QPoint &pos, Qt::MouseButton butto
     if (!isReady())
         return;
     m_pos = pos;
-    QWidget *const target = m_view->viewport();
-    QMouseEvent event(type, pos, target->mapToGlobal(pos), button, m_buttons, Qt::NoModifier);
+    QMouseEvent event(type, pos, m_target->mapToGlobal(pos), button, m_buttons, Qt::NoModifier);
     QSpontaneKeyEvent::setSpontaneous(&event);
-    QCoreApplication::sendEvent(target, &event);
+    QCoreApplication::sendEvent(m_target, &event);
 }
 
 void Hand::press(const QPoint &pos, Qt::MouseButton button)
@@ -121,6 +124,6 @@ void Hand::openContextMenu(const QPoint &pos)
 {
     if (!isReady())
         return;
-    QContextMenuEvent event(QContextMenuEvent::Mouse, pos, m_view->viewport()->mapToGlobal(pos));
-    QCoreApplication::sendEvent(m_view->viewport(), &event);
+    QContextMenuEvent event(QContextMenuEvent::Mouse, pos, m_target->mapToGlobal(pos));
+    QCoreApplication::sendEvent(m_target, &event);
 }

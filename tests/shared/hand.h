@@ -19,12 +19,14 @@ extern const std::vector<Named> inputs;
 /*
  * A mouse or a finger on a view: what a test does with either.
  *
- * The view is shown before the first event. Positions are those of the viewport.
+ * The view is shown before the first event. Positions are those of the viewport. Another widget, or
+ * the viewport of another view, is to be shown by the test.
  */
 class Hand
 {
 public:
     explicit Hand(KelTestView *view, Input input = Input::Mouse);
+    explicit Hand(QWidget *target, Input input = Input::Mouse);
     ~Hand();
 
     // Another one for what follows.
@@ -56,6 +58,7 @@ private:
     void sendMouse(QEvent::Type type, const QPoint &pos, Qt::MouseButton button);
 
     const QPointer<KelTestView> m_view;
+    const QPointer<QWidget> m_target;
     Input m_input;
     QPoint m_pos;
     Qt::MouseButtons m_buttons;

@@ -3,18 +3,25 @@
 
 #include "rows.h"
 
-void addRows(const std::vector<Column> &columns)
+void addRows(const std::vector<Column> &columns,
+             const std::function<bool(const std::vector<int> &)> &isMeant)
 {
     for (const Column &column : columns)
         QTest::addColumn<int>(column.name);
     std::vector<size_t> places(columns.size(), 0);
     for (bool isDone = columns.empty(); !isDone;) {
         QStringList name;
-        for (size_t i = 0; i < columns.size(); ++i)
-            name.append(QString::fromUtf8(columns[i].values[places[i]].name));
-        QTestData &row = QTest::newRow(qPrintable(name.join(QLatin1String(", "))));
-        for (size_t i = 0; i < columns.size(); ++i)
-            row << columns[i].values[places[i]].value;
+        std::vector<int> values;
+        for (size_t i = 0; i < columns.size(); ++i) {
+            const Named &named = columns[i].values[places[i]];
+            name.append(QString::fromUtf8(named.name));
+            values.push_back(named.value);
+        }
+        if (!isMeant || isMeant(values)) {
+            QTestData &row = QTest::newRow(qPrintable(name.join(QLatin1String(", "))));
+            for (const int value : values)
+                row << value;
+        }
 
         // The last column changes first.
         size_t i = columns.size();

@@ -6,6 +6,7 @@
 
 #include <QtTest/QtTest>
 
+#include <functional>
 #include <type_traits>
 #include <vector>
 
@@ -22,14 +23,28 @@ struct Column
 };
 
 // Adds a data row for each combination: addRows({{"input", inputs}, {"way", deletionWays}}). A test
-// reads a column with fetch<Input>("input").
-void addRows(const std::vector<Column> &columns);
+// reads a column with fetch<Input>("input"). Of the combinations that mean nothing isMeant returns
+// false; it gets the values.
+void addRows(const std::vector<Column> &columns,
+             const std::function<bool(const std::vector<int> &)> &isMeant = nullptr);
+
+// The names of cases, each with its place among them: cases[fetch<size_t>("case")] is that of a
+// row.
+template <typename Cases>
+std::vector<Named> namesOf(const Cases &cases)
+{
+    std::vector<Named> names;
+    for (const auto &one : cases)
+        names.push_back({one.name, int(names.size())});
+    return names;
+}
 
 // The value of a column of the current row. An enumerator, a number or a bool may come from an int.
 template <typename Value>
 Value fetch(const char *column)
 {
-    if constexpr (std::is_enum_v<Value> || std::is_same_v<Value, bool>)
+    constexpr bool isPlace = std::is_same_v<Value, size_t>;
+    if constexpr (std::is_enum_v<Value> || std::is_same_v<Value, bool> || isPlace)
         return Value(*static_cast<const int *>(QTest::qData(column, qMetaTypeId<int>())));
     else
         return *static_cast<const Value *>(QTest::qData(column, qMetaTypeId<Value>()));

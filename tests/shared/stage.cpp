@@ -63,6 +63,8 @@ bool ControlStage::nextControlIsClicked()
     next->setZValue(1);
     view.ownScene.addItem(next);
     const QSignalSpy clicked(next, &KELRoundRectControl::mouseClicked);
+    hand.hover(QPoint(1, 1));
+    hand.hover(view.centreOf(next));
     hand.tap(view.centreOf(next));
     view.grab();
     return clicked.count() == 1;

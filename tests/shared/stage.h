@@ -50,7 +50,8 @@ public:
     QPoint otherCentre() const { return view.centreOf(other); }
 
     void destroy(Way way);
-    // Shows that the scene has forgotten the control: a new one in its place gets a whole tap.
+    // Shows that the scene has forgotten the control: a new one in its place is hovered over and
+    // gets a whole tap.
     bool nextControlIsClicked();
 
     QWidget window; // around the view

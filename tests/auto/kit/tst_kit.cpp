@@ -6,6 +6,20 @@
 
 #include <kelcheckbox.h>
 
+#include <QtWidgets/QPushButton>
+
+namespace {
+
+struct Case
+{
+    const char *name;
+    int number;
+};
+
+const std::vector<Case> cases = {{"first", 10}, {"second", 20}};
+
+} // namespace
+
 // What the tests are made of does what they believe.
 class tst_Kit : public KelTest
 {
@@ -126,6 +140,36 @@ private Q_SLOTS:
         const QByteArray first = fetch<int>("first") == 1 ? "one" : "two";
         const QByteArray second = fetch<bool>("second") ? "yes" : "no";
         QCOMPARE(QByteArray(QTest::currentDataTag()), first + ", " + second);
+    }
+
+    void rowsAreLeftOut_data()
+    {
+        addRows({{"first", {{"one", 1}, {"two", 2}}}, {"second", {{"three", 3}, {"four", 4}}}},
+                [](const std::vector<int> &row) { return row[0] * row[1] == 6; });
+    }
+
+    void rowsAreLeftOut()
+    {
+        QCOMPARE(QByteArray(QTest::currentDataTag()), QByteArray("two, three"));
+    }
+
+    void rowsOfCases_data() { addRows({{"case", namesOf(cases)}}); }
+
+    void rowsOfCases()
+    {
+        QCOMPARE(QByteArray(QTest::currentDataTag()), cases.at(fetch<size_t>("case")).name);
+    }
+
+    void handUsesAWidget_data() { addRows({{"input", inputs}}); }
+
+    void handUsesAWidget()
+    {
+        QPushButton button;
+        button.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&button));
+        const QSignalSpy clicked(&button, &QPushButton::clicked);
+        Hand(&button, fetch<Input>("input")).tap(QPoint(3, 3));
+        QCOMPARE(clicked.count(), 1);
     }
 
     void differenceNamesItsPicture()
