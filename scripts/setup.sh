@@ -18,6 +18,7 @@ mutant_packages=(python3-clang-14)
 picture_packages=(graphviz python3)
 coverage_packages=(gcovr)
 benchmark_packages=(python3 valgrind)
+valgrind_packages=(valgrind libc6-dbg)
 
 as_root() {
     if [ "$(id -u)" -eq 0 ]; then
