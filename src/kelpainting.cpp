@@ -68,24 +68,18 @@ bool areCirclesUsable(const QRadialGradient &gradient)
 
 bool isUsable(const QGradient &gradient)
 {
-    switch (gradient.type()) {
-    case QGradient::LinearGradient: {
+    if (gradient.type() == QGradient::LinearGradient) {
         const auto &linear = static_cast<const QLinearGradient &>(gradient);
         return isUsable(linear.start()) && isUsable(linear.finalStop());
     }
-    case QGradient::RadialGradient: {
+    if (gradient.type() == QGradient::RadialGradient) {
         const auto &radial = static_cast<const QRadialGradient &>(gradient);
         return isUsable(radial.center()) && isUsable(radial.radius())
             && isUsable(radial.focalPoint()) && isUsable(radial.focalRadius())
             && areCirclesUsable(radial);
     }
-    case QGradient::ConicalGradient: {
-        const auto &conical = static_cast<const QConicalGradient &>(gradient);
-        return isUsable(conical.center()) && isUsable(conical.angle());
-    }
-    default:
-        return true;
-    }
+    const auto &conical = static_cast<const QConicalGradient &>(gradient); // a brush has no others
+    return isUsable(conical.center()) && isUsable(conical.angle());
 }
 
 void setCaptionLook(QPainter *painter, const KELRoundRectControlStyle &option)
