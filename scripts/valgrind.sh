@@ -29,13 +29,13 @@ processes='keldatabindexception|keldialogexit'
 run_one() {
     local name=$1 program=$2 result=0 begin=$SECONDS
     shift 2
-    program=$(find build/dev -type f -name "$program" -perm -u+x | head -n 1)
+    program=$(find "$PWD/build/dev" -type f -name "$program" -perm -u+x | head -n 1)
     # Valgrind does not understand what the regular expression compiler writes.
-    env "$@" QT_ENABLE_REGEXP_JIT=0 KEL_MATRIX_CELLS=1000 KEL_FUZZ_SCRIPTS=500 \
+    env -C build/valgrind "$@" QT_ENABLE_REGEXP_JIT=0 KEL_MATRIX_CELLS=1000 KEL_FUZZ_SCRIPTS=500 \
         timeout 3000 valgrind --quiet --error-exitcode=99 --num-callers=40 \
         --leak-check=full --show-leak-kinds=definite --errors-for-leak-kinds=definite \
-        --gen-suppressions=all --suppressions=tests/shared/valgrind.supp \
-        --log-file="build/valgrind/$name.log" \
+        --gen-suppressions=all --suppressions="$PWD/tests/shared/valgrind.supp" \
+        --log-file="$PWD/build/valgrind/$name.log" \
         "$program" >"build/valgrind/$name.txt" 2>&1 || result=$?
     case $result in
     0) result=passed ;;
