@@ -55,20 +55,30 @@ QString KelTest::besideProgram(const QString &name)
     return QCoreApplication::applicationDirPath() + QLatin1Char('/') + name;
 }
 
-void KelTest::init()
+void KelTest::startRecording()
 {
     debugLines = new QStringList;
     warnings = new QStringList;
     previousHandler = qInstallMessageHandler(recordMessage);
 }
 
+void KelTest::stopRecording()
+{
+    qInstallMessageHandler(previousHandler);
+    delete std::exchange(debugLines, nullptr);
+    delete std::exchange(warnings, nullptr);
+}
+
+void KelTest::init()
+{
+    startRecording();
+}
+
 void KelTest::cleanup()
 {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     const QStringList unexpected = takeWarnings();
-    qInstallMessageHandler(previousHandler);
-    delete std::exchange(debugLines, nullptr);
-    delete std::exchange(warnings, nullptr);
+    stopRecording();
 
     QStringList windows;
     const QWidgetList widgets = QApplication::topLevelWidgets();

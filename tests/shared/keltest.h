@@ -29,6 +29,10 @@ public:
     // Everything printed with qDebug() / with a higher level since the last call.
     static QStringList takeDebugLines();
     static QStringList takeWarnings();
+    // Keep what is printed, until the second call. Around each test function they are called
+    // anyway.
+    static void startRecording();
+    static void stopRecording();
 
     // The path of a file that lies in the folder of the test program, built or installed.
     static QString besideProgram(const QString &name);

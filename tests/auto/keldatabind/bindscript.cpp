@@ -104,6 +104,13 @@ QString Step::inWords() const
     return QString();
 }
 
+quint32 ScriptWriter::choice()
+{
+    if (!m_hasBytes)
+        return quint32(m_random());
+    return isAtEnd() ? 0 : quint32(uchar(m_bytes.at(m_next++)));
+}
+
 Step ScriptWriter::next(const BindModel &model)
 {
     Step step;

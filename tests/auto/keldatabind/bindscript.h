@@ -48,16 +48,20 @@ struct Step
     QString inWords() const;
 };
 
-// Makes up steps that suit a model; the same ones for the same seed.
+// Makes up steps that suit a model; the same ones for the same seed, or for the same bytes.
 class ScriptWriter
 {
 public:
     explicit ScriptWriter(quint32 seed) : m_random(seed) { }
+    explicit ScriptWriter(const QByteArray &bytes) : m_hasBytes(true), m_bytes(bytes) { }
+    // When there are no more bytes.
+    bool isAtEnd() const { return m_hasBytes && m_next >= m_bytes.size(); }
     int length() { return below(12) + 6; }
     Step next(const BindModel &model);
 
 private:
-    int below(int end) { return int(m_random() % quint32(end)); }
+    quint32 choice();
+    int below(int end) { return int(choice() % quint32(end)); }
     bool oneIn(int count) { return below(count) == 0; }
     template <typename T>
     T oneOf(std::initializer_list<T> choices)
@@ -75,6 +79,9 @@ private:
     void chooseBinding(const BindModel &model, Step *step);
 
     std::mt19937 m_random;
+    bool m_hasBytes = false;
+    QByteArray m_bytes; // each is a choice; after the last one all choices are the first
+    int m_next = 0;
 };
 
 #endif

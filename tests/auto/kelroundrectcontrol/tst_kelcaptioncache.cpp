@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
+#include "captionscene.h"
 #include "keltest.h"
 
 #include <kellabel.h>
@@ -19,85 +20,8 @@
 
 namespace {
 
-constexpr int inchPx = 39; // dots per metre of one dot per inch
-
-// Everything that a caption may depend on.
-struct Scene
-{
-    QString text = u"A caption & more"_s;
-    QFont font = QFont(u"DejaVu Sans"_s, 11);
-    QRectF rect = QRectF(7, 5, 120, 40);
-    QMarginsF margins = QMarginsF(2, 1, 4, 3);
-    int flags = Qt::AlignCenter | Qt::TextWordWrap;
-    bool trimText = true;
-    QBrush brush = QColor(20, 30, 160);
-    QFont painterFont = QFont(u"DejaVu Serif"_s, 15);
-    Qt::LayoutDirection direction = Qt::LayoutDirectionAuto;
-    int dotsPerInch = 96;
-    qreal scale = 1;
-    qreal angle = 0;
-};
-
+using Scene = CaptionScene;
 using Change = std::function<void(Scene &)>;
-
-QImage picture(const Scene &scene, const std::function<void(QPainter *)> &draw)
-{
-    QImage image(300, 200, QImage::Format_ARGB32_Premultiplied);
-    image.setDotsPerMeterX(scene.dotsPerInch * inchPx);
-    image.setDotsPerMeterY(scene.dotsPerInch * inchPx);
-    image.fill(QColor(240, 240, 230));
-    QPainter painter(&image);
-    painter.setFont(scene.painterFont);
-    painter.setLayoutDirection(scene.direction);
-    painter.translate(20, 10);
-    painter.rotate(scene.angle);
-    painter.scale(scene.scale, scene.scale);
-    draw(&painter);
-    return image;
-}
-
-QString elided(const Scene &scene, qreal width)
-{
-    QStringList lines = scene.text.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    for (QString &line : lines) {
-        line = QFontMetrics(scene.font)
-                   .elidedText(line, Qt::ElideRight, int(width), Qt::TextShowMnemonic);
-    }
-    return lines.join(QLatin1Char('\n'));
-}
-
-QImage drawnByHand(const Scene &scene)
-{
-    return picture(scene, [&scene](QPainter *painter) {
-        const QRectF content(scene.rect.x() + scene.margins.left(),
-                             scene.rect.y() + scene.margins.top(),
-                             scene.rect.width() - scene.margins.left() - scene.margins.right(),
-                             scene.rect.height() - scene.margins.top() - scene.margins.bottom());
-        painter->setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing
-                                | QPainter::SmoothPixmapTransform);
-        painter->setFont(scene.font);
-        painter->setPen(QPen(scene.brush, 1, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
-        painter->drawText(content, scene.flags,
-                          scene.trimText ? elided(scene, content.width()) : scene.text);
-    });
-}
-
-void apply(const Scene &scene, KELLabel *label)
-{
-    KELRoundRectControlStyle *const style = label->style();
-    style->text = scene.text;
-    style->font = scene.font;
-    style->margins = scene.margins;
-    style->textFlags = scene.flags;
-    style->trimText = scene.trimText;
-    style->foregroundBrush = scene.brush;
-    label->setboundRect(scene.rect);
-}
-
-QImage painted(const Scene &scene, KELLabel *label)
-{
-    return picture(scene, [label](QPainter *painter) { label->paint(painter, nullptr, nullptr); });
-}
 
 // What the changes begin with.
 const char *const beginnings[] = {"short", "wrapped", "right to left"};
