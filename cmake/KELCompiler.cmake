@@ -14,9 +14,13 @@ target_compile_options(kel_compiler INTERFACE
     -ffp-contract=off # one result on every processor, with or without fused multiply-add
     $<$<BOOL:${KEL_WERROR}>:-Werror>)
 
-if(KEL_SANITIZE)
+if(KEL_SANITIZE OR KEL_FUZZ)
     set(sanitizers -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all
         -fno-omit-frame-pointer)
+    if(KEL_FUZZ)
+        # Tells libFuzzer which code an input reaches.
+        list(APPEND sanitizers -fsanitize=fuzzer-no-link)
+    endif()
     target_compile_options(kel_compiler INTERFACE ${sanitizers})
     target_link_options(kel_compiler INTERFACE ${sanitizers})
 endif()
