@@ -4,6 +4,10 @@
 #include "fuzztargets.h"
 #include "keltest.h"
 
+#ifdef KEL_FUZZ_OWN_APPLICATION
+#  include <player.h>
+#endif
+
 #include <cstdio>
 #include <cstdlib>
 
@@ -12,10 +16,16 @@
 
 extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 {
+#ifdef KEL_FUZZ_OWN_APPLICATION
+    Q_UNUSED(argc)
+    Q_UNUSED(argv)
+    Monkey::start();
+#else
     // Never destroyed: libFuzzer ends the program with exit(), after Qt's own static objects.
     static const auto *const app = new QApplication(*argc, *argv);
     Q_UNUSED(app)
     KelTest::startRecording();
+#endif
     return 0;
 }
 

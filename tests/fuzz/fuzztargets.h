@@ -24,6 +24,8 @@ QString fonts(const QByteArray &bytes);
 QString bindings(const QByteArray &bytes);
 // Style records of all controls, painted.
 QString records(const QByteArray &bytes);
+// Random use of scenes with all controls. Not among the targets: it has an application of its own.
+QString monkey(const QByteArray &bytes);
 
 struct Target
 {
