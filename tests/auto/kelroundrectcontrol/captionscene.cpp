@@ -53,10 +53,11 @@ QString elidedByHand(const QString &text, qreal width, const QFont &font)
 QImage drawnByHand(const CaptionScene &scene)
 {
     return picture(scene, [&scene](QPainter *painter) {
+        // In this order: others round otherwise.
         const QRectF content(scene.rect.x() + scene.margins.left(),
                              scene.rect.y() + scene.margins.top(),
-                             scene.rect.width() - scene.margins.left() - scene.margins.right(),
-                             scene.rect.height() - scene.margins.top() - scene.margins.bottom());
+                             scene.rect.width() - scene.margins.right() - scene.margins.left(),
+                             scene.rect.height() - scene.margins.bottom() - scene.margins.top());
         if (!isFinite(content))
             return;
         painter->setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing
