@@ -39,6 +39,17 @@ std::vector<Named> namesOf(const Cases &cases)
     return names;
 }
 
+// The names of cases, each with its place among them: cases[fetch<size_t>("case")] is that of a
+// row.
+template <typename Cases>
+std::vector<Named> namesOf(const Cases &cases)
+{
+    std::vector<Named> names;
+    for (const auto &one : cases)
+        names.push_back({one.name, int(names.size())});
+    return names;
+}
+
 // The value of a column of the current row. An enumerator, a number or a bool may come from an int.
 template <typename Value>
 Value fetch(const char *column)
@@ -49,5 +60,9 @@ Value fetch(const char *column)
     else
         return *static_cast<const Value *>(QTest::qData(column, qMetaTypeId<Value>()));
 }
+
+// The same without combinations that mean nothing: isMeant gets the values of one.
+void addRows(const std::vector<Column> &columns,
+             const std::function<bool(const std::vector<int> &)> &isMeant);
 
 #endif

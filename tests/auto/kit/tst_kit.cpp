@@ -8,18 +8,6 @@
 
 #include <QtWidgets/QPushButton>
 
-namespace {
-
-struct Case
-{
-    const char *name;
-    int number;
-};
-
-const std::vector<Case> cases = {{"first", 10}, {"second", 20}};
-
-} // namespace
-
 // What the tests are made of does what they believe.
 class tst_Kit : public KelTest
 {
@@ -128,6 +116,30 @@ private Q_SLOTS:
         stage.hand.openContextMenu(stage.centre());
         QCOMPARE(looks, 1);
         QVERIFY(!menu->isVisible());
+    }
+
+    void handUsesAWidget_data() { addRows({{"input", inputs}}); }
+
+    void handUsesAWidget()
+    {
+        QPushButton button;
+        button.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&button));
+        const QSignalSpy clicked(&button, &QPushButton::clicked);
+        Hand(&button, fetch<Input>("input")).tap(QPoint(3, 3));
+        QCOMPARE(clicked.count(), 1);
+    }
+
+    void rowsAreLeftOut_data()
+    {
+        addRows({{"first", {{"one", 1}, {"two", 2}}}, {"second", {{"three", 3}, {"four", 4}}}},
+                [](const std::vector<int> &row) { return row[0] * row[1] == 6; });
+    }
+
+    void rowsAreLeftOut()
+    {
+        QCOMPARE(QByteArray(QTest::currentDataTag()), QByteArray("two, three"));
+        QCOMPARE(fetch<size_t>("second"), size_t(3));
     }
 
     void rowsAreAllCombinations_data()
