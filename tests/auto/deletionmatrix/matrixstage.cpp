@@ -3,8 +3,6 @@
 
 #include "matrixstage.h"
 
-#include "literals.h"
-
 #include "controlclasses.h"
 
 #include <QtCore/QCoreApplication>
@@ -22,7 +20,24 @@ bool isOfTheLibrary(const QObject *object)
     return QByteArray(object->metaObject()->className()).startsWith("KEL");
 }
 
-void addViewAndScene(Stage *stage)
+template <class Control>
+Control *addAt(const QRectF &rect, MatrixStage *stage, const char *name,
+               QGraphicsObject *parent = nullptr)
+{
+    Control *const control = stage->add(name, new Own<Control>(parent));
+    control->setboundRect(rect);
+    return control;
+}
+
+// Makes them those that the actions use.
+void setView(MatrixStage *stage, QGraphicsView *view, KELRoundRectControl *subject)
+{
+    stage->view = view;
+    stage->scene = view->scene();
+    stage->subject = subject;
+}
+
+void addViewAndScene(MatrixStage *stage)
 {
     auto *const scene = stage->add("scene", new Own<QGraphicsScene>);
     auto *const view = stage->add("view", new Own<QGraphicsView>(stage->desk));
@@ -34,30 +49,24 @@ void addViewAndScene(Stage *stage)
     view->setScene(scene);
     view->resize(viewSize);
     view->show();
-    stage->view = view;
-    stage->scene = scene;
+    setView(stage, view, nullptr);
 }
 
 // The control on a wrapper, above a button and beside another one.
-void addControl(Stage *stage, KELRoundRectControl *control)
+void addControl(MatrixStage *stage, KELRoundRectControl *control)
 {
     addViewAndScene(stage);
-    auto *const below = stage->add("button below", new Own<KELPushButton>);
-    below->setboundRect(50, 30, 100, 60);
-    stage->scene->addItem(below);
-    auto *const neighbour = stage->add("neighbour", new Own<KELPushButton>);
-    neighbour->setboundRect(140, 40, 50, 40);
-    stage->scene->addItem(neighbour);
-    auto *const wrapper = stage->add("wrapper", new Own<Wrapper>);
+    stage->scene->addItem(addAt<KELPushButton>({50, 30, 100, 60}, stage, "button below"));
+    stage->scene->addItem(addAt<KELPushButton>({140, 40, 50, 40}, stage, "neighbour"));
+    auto *const wrapper = stage->add("wrapper", new Own<PlainItem>);
     stage->scene->addItem(wrapper);
-    stage->scene->addItem(stage->add("other wrapper", new Own<Wrapper>));
+    stage->scene->addItem(stage->add("other wrapper", new Own<PlainItem>));
 
     stage->subject = stage->add("control", control);
     control->setAcceptHoverEvents(true);
     control->setAcceptTouchEvents(true);
     control->setboundRect(60, 40, 80, 40);
-    auto *const child = stage->add("label on it", new Own<KELLabel>(control));
-    child->setboundRect(0, 0, 10, 10);
+    addAt<KELLabel>({0, 0, 10, 10}, stage, "label on it", control);
     control->setParentItem(wrapper);
     stage->addSpot("it", stage->view, control);
 }
@@ -73,7 +82,7 @@ const QMetaProperty propertyWithNotify(const QObject *object)
     return {};
 }
 
-void bindToAModel(Stage *stage, QObject *object)
+void bindToAModel(MatrixStage *stage, QObject *object)
 {
     const QMetaProperty property = propertyWithNotify(object);
     if (!property.isValid())
@@ -85,65 +94,58 @@ void bindToAModel(Stage *stage, QObject *object)
 }
 
 template <class Control>
-StageKind control(const char *name)
+Control *addSelectableControl(MatrixStage *stage)
 {
-    return {name, [](Stage *stage) {
-                auto *const made = new Own<Control>;
-                addControl(stage, made);
-                made->setFlag(QGraphicsItem::ItemIsSelectable);
-                bindToAModel(stage, made);
-            }};
+    auto *const made = new Own<Control>;
+    addControl(stage, made);
+    made->setFlag(QGraphicsItem::ItemIsSelectable);
+    return made;
 }
 
 template <class Control>
-StageKind movableControl(const char *name)
+void buildControl(MatrixStage *stage)
 {
-    return {name, [](Stage *stage) {
-                auto *const made = new Own<Control>;
-                addControl(stage, made);
-                made->setFlag(QGraphicsItem::ItemIsSelectable);
-                made->setFlag(QGraphicsItem::ItemIsMovable);
-            }};
+    bindToAModel(stage, addSelectableControl<Control>(stage));
 }
 
 template <class Control>
-StageKind controlWithMenu(const char *name)
+void buildMovableControl(MatrixStage *stage)
 {
-    return {name, [](Stage *stage) {
-                auto *const made = new Own<Control>;
-                addControl(stage, made);
-                made->setFlag(QGraphicsItem::ItemIsSelectable);
-                const QPointer<QMenu> menu(stage->add("menu", new Own<QMenu>));
-                const QPointer<QAction> action(
-                    stage->add("menu entry", menu->addAction(u"Stop"_s)));
-                made->KELRoundRectControl::style()->contextMenu = menu;
-                QObject::connect(menu, &QMenu::aboutToShow, stage->desk, [stage, menu, action] {
-                    QTimer::singleShot(0, stage->desk, [menu, action] {
-                        if (action)
-                            action->trigger();
-                        if (menu)
-                            menu->close();
-                    });
-                });
-            }};
+    addSelectableControl<Control>(stage)->setFlag(QGraphicsItem::ItemIsMovable);
 }
 
-void buildPlainBase(Stage *stage)
+template <class Control>
+void buildControlWithMenu(MatrixStage *stage)
+{
+    auto *const made = addSelectableControl<Control>(stage);
+    const QPointer<QMenu> menu(stage->add("menu", new Own<QMenu>));
+    const QPointer<QAction> action(stage->add("menu entry", menu->addAction(u"Stop"_s)));
+    made->KELRoundRectControl::style()->contextMenu = menu;
+    QObject::connect(menu, &QMenu::aboutToShow, stage->desk, [stage, menu, action] {
+        QTimer::singleShot(0, stage->desk, [menu, action] {
+            if (action)
+                action->trigger();
+            if (menu)
+                menu->close();
+        });
+    });
+}
+
+void buildPlainBase(MatrixStage *stage)
 {
     addControl(stage, new Own<KELRoundRectControl>);
 }
 
-void buildPart(Stage *stage)
+void buildPart(MatrixStage *stage)
 {
     auto *const label = new Own<KELLabel>;
     addControl(stage, label);
-    auto *const button = stage->add("button around it", new Own<KELPushButton>);
-    button->setboundRect(0, 0, 160, 100);
+    auto *const button = addAt<KELPushButton>({0, 0, 160, 100}, stage, "button around it");
     stage->scene->addItem(button);
     label->setParentItem(button);
 }
 
-void addComboBox(Stage *stage)
+void addComboBox(MatrixStage *stage)
 {
     auto *const box = new Own<KELComboBox>;
     addControl(stage, box);
@@ -151,43 +153,33 @@ void addComboBox(Stage *stage)
     for (const char *text : {"one", "two", "three"})
         box->addItem(QString::fromLatin1(text), QString());
     stage->spots.clear();
-    const QList<QGraphicsItem *> children = box->childItems();
-    for (QGraphicsItem *child : children) {
-        if (auto *const button = qobject_cast<KELPushButton *>(child->toGraphicsObject()))
-            stage->addSpot("the button", stage->view, button);
-    }
+    stage->addSpot("the button", stage->view, buttonOf(box));
 }
 
-void buildComboBox(Stage *stage)
+void buildComboBox(MatrixStage *stage)
 {
     addComboBox(stage);
     stage->addSpot("the button below", stage->view, stage->find<KELPushButton>("button below"));
 }
 
-void buildOpenComboBox(Stage *stage)
+void buildOpenComboBox(MatrixStage *stage)
 {
     addComboBox(stage);
     auto *const box = stage->find<KELComboBox>();
     box->setSelectIndex(0);
-    const QList<QGraphicsItem *> children = box->childItems();
-    for (QGraphicsItem *child : children) {
-        if (auto *const button = qobject_cast<KELPushButton *>(child->toGraphicsObject()))
-            Q_EMIT button->mouseClicked();
-    }
+    Q_EMIT buttonOf(box)->mouseClicked();
     stage->addSpot("the second entry", stage->view, box->items().at(1));
     // Beside the list, on the button below all of it.
     stage->addSpot("the neighbour", stage->view, stage->find<KELPushButton>("neighbour"));
 }
 
-void buildRadioGroup(Stage *stage)
+void buildRadioGroup(MatrixStage *stage)
 {
     addControl(stage, new Own<KELRadioBox>);
     auto *const group = stage->add("group", new Own<KELRadioBoxGroup>);
-    auto *const second = stage->add("second box", new Own<KELRadioBox>);
-    auto *const third = stage->add("third box", new Own<KELRadioBox>);
-    second->setboundRect(0, 100, 40, 40);
-    third->setboundRect(60, 100, 40, 40);
-    auto *const wrapper = stage->find<Wrapper>();
+    auto *const second = addAt<KELRadioBox>({0, 100, 40, 40}, stage, "second box");
+    auto *const third = addAt<KELRadioBox>({60, 100, 40, 40}, stage, "third box");
+    auto *const wrapper = stage->find<QGraphicsObject>("wrapper");
     second->setParentItem(wrapper);
     third->setParentItem(wrapper);
     group->addRadioBox(qobject_cast<KELRadioBox *>(stage->subject), 0);
@@ -197,7 +189,7 @@ void buildRadioGroup(Stage *stage)
     stage->addSpot("the second box", stage->view, second);
 }
 
-void buildNavigationTable(Stage *stage)
+void buildNavigationTable(MatrixStage *stage)
 {
     auto *const table = new Own<KELNavigationTable>;
     addControl(stage, table);
@@ -206,9 +198,7 @@ void buildNavigationTable(Stage *stage)
     for (const char *name : {"first page", "second page", "third page"}) {
         auto *const page = stage->add(name, new Own<KELNavigationTableItem>);
         table->addItem(page);
-        auto *const button = new Own<KELPushButton>(page);
-        button->setboundRect(40, 20, 40, 40);
-        stage->add("button on it", button);
+        addAt<KELPushButton>({40, 20, 40, 40}, stage, "button on it", page);
     }
     stage->spots.clear();
     stage->addSpot("the page", stage->view, stage->find<KELPushButton>("button on it"));
@@ -216,7 +206,7 @@ void buildNavigationTable(Stage *stage)
     stage->spots.append({"the first tab", stage->view->viewport(), QPoint(20, 105)});
 }
 
-void buildTwoTables(Stage *stage)
+void buildTwoTables(MatrixStage *stage)
 {
     auto *const table = new Own<KELNavigationTable>;
     addControl(stage, table);
@@ -225,42 +215,35 @@ void buildTwoTables(Stage *stage)
     other->style()->boundRect = QRectF(60, 0, 60, 120);
     stage->scene->addItem(other);
     auto *const page = stage->add("page of the other", new Own<KELNavigationTableItem>);
-    stage->add("button on it", new Own<KELPushButton>(page))->setboundRect(0, 0, 40, 40);
+    addAt<KELPushButton>({0, 0, 40, 40}, stage, "button on it", page);
     other->addItem(page);
     other->addItem(stage->add("its second page", new Own<KELNavigationTableItem>));
     stage->spots.clear();
 }
 
 template <class View>
-View *addContentView(Stage *stage, const char *name, QWidget *parent)
+View *addContentView(MatrixStage *stage, const char *name, QWidget *parent)
 {
     auto *const view = stage->add(name, new Own<View>(parent));
     stage->add("scene", view->scene());
-    auto *const content = stage->add("content", new Own<KELPushButton>);
-    content->setboundRect(0, 0, 100, 60);
-    auto *const child = stage->add("button on the content", new Own<KELPushButton>(content));
-    child->setboundRect(10, 10, 20, 20);
+    auto *const content = addAt<KELPushButton>({0, 0, 100, 60}, stage, "content");
+    addAt<KELPushButton>({10, 10, 20, 20}, stage, "button on the content", content);
     view->setContent(content);
     view->show();
     return view;
 }
 
-void buildContentView(Stage *stage)
+void buildContentView(MatrixStage *stage)
 {
     auto *const view = addContentView<KELContentView>(stage, "view", stage->desk);
-    stage->view = view;
-    stage->scene = view->scene();
-    stage->subject = view->content();
-    auto *const item = stage->add("another item", new Own<KELPushButton>);
-    item->setboundRect(0, 60, 40, 30);
-    view->scene()->addItem(item);
-    auto *const next = stage->add("next content", new Own<KELPushButton>);
-    next->setboundRect(0, 0, 80, 50);
-    stage->add("button on the next", new Own<KELPushButton>(next))->setboundRect(0, 0, 20, 20);
+    setView(stage, view, view->content());
+    stage->scene->addItem(addAt<KELPushButton>({0, 60, 40, 30}, stage, "another item"));
+    auto *const next = addAt<KELPushButton>({0, 0, 80, 50}, stage, "next content");
+    addAt<KELPushButton>({0, 0, 20, 20}, stage, "button on the next", next);
     stage->addSpot("the content", view, view->content());
 }
 
-void buildSideMenu(Stage *stage)
+void buildSideMenu(MatrixStage *stage)
 {
     auto *const menu = stage->add("side menu", new Own<KELSideMenu>(stage->desk));
     stage->add("scene", menu->scene());
@@ -271,19 +254,22 @@ void buildSideMenu(Stage *stage)
         menu->addItem(button);
     }
     menu->show();
-    stage->view = menu;
-    stage->scene = menu->scene();
-    stage->subject = stage->find<KELPushButton>();
-    auto *const next = stage->add("next button", new Own<KELPushButton>);
-    next->setboundRect(0, 0, 40, 60);
+    setView(stage, menu, stage->find<KELPushButton>());
+    addAt<KELPushButton>({0, 0, 40, 60}, stage, "next button");
     stage->addSpot("the first button", menu, stage->subject);
 }
 
-void buildHelper(Stage *stage)
+QWidget *addRoom(MatrixStage *stage)
 {
     auto *const room = stage->add("room", new Own<QWidget>(stage->desk));
     room->resize(viewSize);
     room->show();
+    return room;
+}
+
+void buildHelper(MatrixStage *stage)
+{
+    QWidget *const room = addRoom(stage);
     auto *const panel = stage->add("panel", new Own<QWidget>(room));
     panel->setGeometry(10, 10, 50, 50);
     stage->add("panel's child", new Own<QWidget>(panel));
@@ -292,39 +278,32 @@ void buildHelper(Stage *stage)
     stage->spots.append({"the room", room, QPoint(150, 100)});
 }
 
-void buildPanels(Stage *stage)
+void buildPanels(MatrixStage *stage)
 {
-    auto *const room = stage->add("room", new Own<QWidget>(stage->desk));
-    room->resize(viewSize);
-    room->show();
+    QWidget *const room = addRoom(stage);
     auto *const panel = addContentView<KELNonModalDialog>(stage, "first panel", room);
-    stage->view = panel;
-    stage->scene = panel->scene();
-    stage->subject = panel->content();
+    setView(stage, panel, panel->content());
     auto *const second = addContentView<KELNonModalDialog>(stage, "second panel", room);
     second->hide();
     stage->addSpot("the content", panel, panel->content());
     stage->spots.append({"the room", room, QPoint(190, 140)});
 }
 
-void buildTellingPanels(Stage *stage)
+void buildTellingPanels(MatrixStage *stage)
 {
     auto *const panel = addContentView<KELNonModalDialog>(stage, "first panel", stage->desk);
-    stage->view = panel;
-    stage->scene = panel->scene();
-    stage->subject = panel->content();
+    setView(stage, panel, panel->content());
     addContentView<TellingPanel>(stage, "telling panel", stage->desk);
     addContentView<KELNonModalDialog>(stage, "third panel", stage->desk);
 }
 
-void buildDialog(Stage *stage)
+void buildDialog(MatrixStage *stage)
 {
     auto *const dialog = stage->add("dialog", new Own<KELDialogBase>(stage->desk));
     dialog->setBackgroundPixmap(QPixmap(20, 20));
     auto *const view = stage->add("view", dialog->view());
     stage->add("scene", view->scene());
-    auto *const button = stage->add("button", new Own<KELPushButton>);
-    button->setboundRect(20, 20, 60, 40);
+    auto *const button = addAt<KELPushButton>({20, 20, 60, 40}, stage, "button");
     view->scene()->addItem(button);
     const QList<QGraphicsItem *> items = view->scene()->items();
     for (QGraphicsItem *item : items) {
@@ -332,13 +311,11 @@ void buildDialog(Stage *stage)
             stage->add("label on the body", new Own<KELLabel>)->setParentItem(item);
     }
     dialog->show();
-    stage->view = view;
-    stage->scene = view->scene();
-    stage->subject = button;
+    setView(stage, view, button);
     stage->addSpot("the button", view, button);
 }
 
-void buildNotify(Stage *stage)
+void buildNotify(MatrixStage *stage)
 {
     addControl(stage, new Own<KELPushButton>);
     for (const char *name : {"notifier", "second notifier"}) {
@@ -349,7 +326,7 @@ void buildNotify(Stage *stage)
     stage->add("target", new Own<QObject>);
 }
 
-void buildNotifyOfAScene(Stage *stage)
+void buildNotifyOfAScene(MatrixStage *stage)
 {
     addControl(stage, new Own<KELPushButton>);
     auto *const notify = stage->add(
@@ -358,7 +335,7 @@ void buildNotifyOfAScene(Stage *stage)
     stage->add("target", new Own<QObject>);
 }
 
-void buildBinding(Stage *stage)
+void buildBinding(MatrixStage *stage)
 {
     auto *const source = stage->add("source", new Own<Model>);
     auto *const destination = stage->add("destination", new Own<Model>);
@@ -372,25 +349,25 @@ void buildBinding(Stage *stage)
 
 } // namespace
 
-Stage::~Stage()
+MatrixStage::~MatrixStage()
 {
     for (int i = 0; i < m_objects.size(); ++i)
         delete m_objects.at(i).object;
 }
 
-void Stage::addSpot(const char *name, QGraphicsView *shownIn, const QGraphicsItem *item)
+void MatrixStage::addSpot(const char *name, QGraphicsView *shownIn, const QGraphicsItem *item)
 {
     const QPointF centre = item->mapToScene(item->boundingRect().center());
     spots.append({name, shownIn->viewport(), shownIn->mapFromScene(centre)});
 }
 
-void Stage::addObject(const QString &name, QObject *object)
+void MatrixStage::addObject(const QString &name, QObject *object)
 {
     m_objects.append({name, object, object->metaObject()});
 }
 
 // Objects that the library has made are named by their class.
-void Stage::addFound(QObject *object)
+void MatrixStage::addFound(QObject *object)
 {
     const QString className = QString::fromLatin1(object->metaObject()->className());
     int found = 1;
@@ -403,7 +380,7 @@ void Stage::addFound(QObject *object)
     addObject(className + QLatin1Char(' ') + QString::number(found), object);
 }
 
-void Stage::walkItem(const QGraphicsItem *item)
+void MatrixStage::walkItem(const QGraphicsItem *item)
 {
     const QList<QGraphicsItem *> children = item->childItems();
     for (QGraphicsItem *child : children) {
@@ -414,7 +391,7 @@ void Stage::walkItem(const QGraphicsItem *item)
     }
 }
 
-void Stage::walk()
+void MatrixStage::walk()
 {
     for (int i = 0; i < m_objects.size(); ++i) {
         QObject *const object = m_objects.at(i).object;
@@ -435,7 +412,7 @@ void Stage::walk()
     }
 }
 
-QObject *Stage::at(int index) const
+QObject *MatrixStage::at(int index) const
 {
     const Entry &entry = m_objects.at(index);
     QObject *const object = entry.object;
@@ -448,15 +425,25 @@ QObject *Stage::at(int index) const
     return object;
 }
 
+KELPushButton *buttonOf(const KELComboBox *box)
+{
+    const QList<QGraphicsItem *> children = box->childItems();
+    for (QGraphicsItem *child : children) {
+        if (auto *const button = qobject_cast<KELPushButton *>(child->toGraphicsObject()))
+            return button;
+    }
+    return nullptr;
+}
+
 const QVector<StageKind> &stageKinds()
 {
     static const QVector<StageKind> special = {
         {"plain base", buildPlainBase},
-        movableControl<KELPushButton>("movable button"),
-        movableControl<KELSlideControl>("movable slider"),
-        controlWithMenu<KELPushButton>("button with a menu"),
-        controlWithMenu<KELCheckBox>("check box with a menu"),
-        controlWithMenu<KELNavigationTable>("table with a menu"),
+        {"movable button", buildMovableControl<KELPushButton>},
+        {"movable slider", buildMovableControl<KELSlideControl>},
+        {"button with a menu", buildControlWithMenu<KELPushButton>},
+        {"check box with a menu", buildControlWithMenu<KELCheckBox>},
+        {"table with a menu", buildControlWithMenu<KELNavigationTable>},
         {"label on a button", buildPart},
         {"combo box", buildComboBox},
         {"open combo box", buildOpenComboBox},
@@ -480,7 +467,7 @@ const QVector<StageKind> &stageKinds()
             // Empty ones do not bear the actions.
             if (std::is_same_v<Control, KELComboBox> || std::is_same_v<Control, KELNavigationTable>)
                 return;
-            all.append(control<Control>(Control::staticMetaObject.className()));
+            all.append({Control::staticMetaObject.className(), buildControl<Control>});
         });
         return all + special;
     }();

@@ -4,6 +4,9 @@
 #ifndef MATRIXSTAGE_H
 #define MATRIXSTAGE_H
 
+#include "stage.h"
+
+#include <kelcombobox.h>
 #include <keldatabind.h>
 #include <kelnonmodaldialog.h>
 #include <kelroundrectcontrol.h>
@@ -16,8 +19,6 @@
 
 #include <functional>
 #include <utility>
-
-class QMenu;
 
 // The objects of a cell whose destructor has begun. A slot that deletes one of these again is the
 // application's mistake, and no cell.
@@ -49,18 +50,6 @@ public:
         Dying::forget(this);
     }
     ~Own() override { Dying::begin(this); }
-};
-
-// An item with others on it, which stays out of the way of the pointer.
-class Wrapper : public QGraphicsObject
-{
-    Q_OBJECT
-
-public:
-    QRectF boundingRect() const override { return {}; }
-    void paint(QPainter * /*painter*/, const QStyleOptionGraphicsItem * /*option*/,
-               QWidget * /*widget*/) override
-    { }
 };
 
 // What a binding is made between, with a signal in each place where foreign code runs.
@@ -140,7 +129,7 @@ protected:
 
 // What a cell plays on: objects that know of each other, all of which may be deleted. Built afresh
 // for each cell.
-class Stage
+class MatrixStage
 {
 public:
     // A place that the pointer can be used at.
@@ -152,8 +141,8 @@ public:
     };
 
     // window holds all widgets of stages.
-    explicit Stage(QWidget *window) : desk(window) { Dying::forgetAll(); }
-    ~Stage();
+    explicit MatrixStage(QWidget *window) : desk(window) { Dying::forgetAll(); }
+    ~MatrixStage();
 
     template <class Object>
     Object *add(const char *name, Object *object)
@@ -208,16 +197,20 @@ private:
 struct StageKind
 {
     const char *name;
-    std::function<void(Stage *)> build;
+    std::function<void(MatrixStage *)> build;
 };
 
 struct Action
 {
     const char *name;
     bool isGesture; // an event of the pointer, delivered by a view
-    std::function<bool(const Stage &)> applies;
-    std::function<void(Stage *, const Stage::Spot *)> run; // the spot is null when no gesture
+    std::function<bool(const MatrixStage &)> applies;
+    std::function<void(MatrixStage *, const MatrixStage::Spot *)>
+        run; // the spot is null when no gesture
 };
+
+// What a combo box is pressed at.
+KELPushButton *buttonOf(const KELComboBox *box);
 
 const QVector<StageKind> &stageKinds();
 const QVector<Action> &actions();

@@ -75,46 +75,27 @@ class Ear : public QObject
     Q_OBJECT
 
 public:
+    // Calls heard with the count.
+    explicit Ear(const std::function<void(int)> &heard = nullptr) : m_heard(heard) { }
+
+    void listenTo(QObject *sender, const QMetaMethod &signal)
+    {
+        connect(sender, signal, this, metaObject()->method(metaObject()->indexOfSlot("hear()")));
+    }
+
     int count = 0;
-
-public Q_SLOTS:
-    void hear() { ++count; }
-};
-
-class Killer : public QObject
-{
-    Q_OBJECT
-
-public:
-    Killer(const Stage *stage, const Cell &cell) : m_stage(stage), m_cell(cell) { }
-
-    bool hasKilled = false;
 
 public Q_SLOTS:
     void hear()
     {
-        if (++m_count != m_cell.nth)
-            return;
-        QObject *const victim = m_stage->at(m_cell.victim);
-        if (!victim)
-            return;
-        hasKilled = true;
-        if (m_cell.isLater)
-            victim->deleteLater();
-        else
-            delete victim;
+        ++count;
+        if (m_heard)
+            m_heard(count);
     }
 
 private:
-    const Stage *const m_stage;
-    const Cell m_cell;
-    int m_count = 0;
+    const std::function<void(int)> m_heard;
 };
-
-QMetaMethod slotHear(const QObject *object)
-{
-    return object->metaObject()->method(object->metaObject()->indexOfSlot("hear()"));
-}
 
 bool isSignal(const QMetaMethod &method)
 {
@@ -131,16 +112,16 @@ void settle()
     }
 }
 
-void play(Stage *stage, const Action &action, int spot)
+void play(MatrixStage *stage, const Action &action, int spot)
 {
-    const Stage::Spot copy = spot < 0 ? Stage::Spot() : stage->spots.at(spot);
+    const MatrixStage::Spot copy = spot < 0 ? MatrixStage::Spot() : stage->spots.at(spot);
     action.run(stage, &copy);
     settle();
 }
 
-std::unique_ptr<Stage> makeStage(int kind, QWidget *desk)
+std::unique_ptr<MatrixStage> makeStage(int kind, QWidget *desk)
 {
-    auto stage = std::make_unique<Stage>(desk);
+    auto stage = std::make_unique<MatrixStage>(desk);
     stageKinds().at(kind).build(stage.get());
     stage->walk();
     QCoreApplication::processEvents();
@@ -187,7 +168,7 @@ const QGraphicsItem *outermost(const QObject *object)
 }
 
 // The item that gets the press, or the one that is called.
-const QObject *targetOf(const Stage &stage, int spot)
+const QObject *targetOf(const MatrixStage &stage, int spot)
 {
     if (spot < 0 || !stage.view)
         return stage.subject;
@@ -229,22 +210,322 @@ class tst_DeletionMatrix : public KelTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void everyCell();
+    void everyCell()
+    {
+        m_desk = std::make_unique<QWidget>();
+        m_desk->setWindowFlags(Qt::FramelessWindowHint);
+        m_desk->setGeometry(0, 0, 240, 180);
+        m_desk->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_desk.get()));
+        rehearse();
+        const bool isComplete = !choose();
+        const size_t size = sizeof(Board) + size_t(m_cells.size());
+        m_board = static_cast<Board *>(
+            mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
+        QVERIFY(m_board != MAP_FAILED);
+        if (qEnvironmentVariableIsSet("KEL_MATRIX_CELL")) {
+            const int number = qEnvironmentVariableIntValue("KEL_MATRIX_CELL");
+            std::printf("%s\n", qPrintable(nameOf(m_cells.at(number))));
+            QVERIFY(run(m_cells.at(number)) != Outcome::Warned);
+        } else {
+            runAll();
+            m_desk.reset();
+            const int fired = report();
+            QVERIFY2(m_failures == 0, "the cells that failed are named above");
+            if (isComplete) {
+                QCOMPARE(missingSignals().join(QLatin1Char('\n')), QString());
+                QVERIFY2(fired >= wantedCells, "too few cells have fired");
+                // What is left out for nothing hides the next defect.
+                QCOMPARE(m_exempted.indexOf(0), -1);
+            }
+        }
+        munmap(m_board, size);
+        m_desk.reset();
+    }
 
 private:
-    void rehearse();
-    void rehearse(int kind, int action, int spot);
-    CellFacts factsOf(const Cell &cell, const Stage &stage) const;
-    QString nameOf(const Cell &cell) const;
-    bool isExempt(const CellFacts &facts);
-    Outcome run(const Cell &cell);
-    void runAll();
-    [[noreturn]] void runFrom(int cell);
-    bool choose();
-    void fail(int cell, const char *how);
-    int report();
-    QStringList missingSignals() const;
-    static bool isSilent(const QString &className, const QByteArray &signal);
+    QString nameOf(const Cell &cell) const
+    {
+        const Action &action = actions().at(cell.action);
+        const QStringList &names = m_names.at(cell.stage);
+        const QMetaObject *const meta = m_metas.at(cell.stage).at(cell.sender);
+        QString text = QString::fromLatin1(stageKinds().at(cell.stage).name) + QLatin1String(": ")
+            + QString::fromLatin1(action.name);
+        if (cell.spot >= 0)
+            text += u" at spot %1"_s.arg(cell.spot);
+        return text
+            + u"; %1 sends %2 (%3), which %5 %4"_s.arg(
+                names.at(cell.sender), QString::fromLatin1(meta->method(cell.signal).name()),
+                QString::number(cell.nth), names.at(cell.victim),
+                cell.isLater ? u"deletes later"_s : u"deletes"_s);
+    }
+
+    CellFacts factsOf(const Cell &cell, const MatrixStage &stage) const
+    {
+        CellFacts facts;
+        facts.stage = QString::fromLatin1(stageKinds().at(cell.stage).name);
+        facts.action = QString::fromLatin1(actions().at(cell.action).name);
+        if (cell.spot >= 0)
+            facts.spot = QString::fromLatin1(stage.spots.at(cell.spot).name);
+        facts.sender = stage.nameOf(cell.sender);
+        facts.senderClass = stage.metaOf(cell.sender);
+        facts.signal = QString::fromLatin1(facts.senderClass->method(cell.signal).name());
+        facts.victim = stage.nameOf(cell.victim);
+        facts.victimClass = stage.metaOf(cell.victim);
+        facts.isGesture = actions().at(cell.action).isGesture;
+        facts.isLater = cell.isLater;
+        facts.isItself = cell.victim == cell.sender;
+        const QObject *const sender = stage.at(cell.sender);
+        const QObject *const victim = stage.at(cell.victim);
+        facts.victimHoldsSender = holds(victim, sender);
+        facts.senderHoldsVictim = holds(sender, victim);
+        const QGraphicsItem *const senderTop = outermost(sender);
+        facts.areInOneTree = senderTop && senderTop == outermost(victim);
+        facts.victimHoldsTarget = holds(victim, targetOf(stage, cell.spot));
+        return facts;
+    }
+
+    bool isExempt(const CellFacts &facts)
+    {
+        for (int i = 0; i < exemptions().size(); ++i) {
+            if (exemptions().at(i).applies(facts)) {
+                ++m_exempted[i];
+                return true;
+            }
+        }
+        return false;
+    }
+
+    void rehearse()
+    {
+        m_exempted.fill(0, exemptions().size());
+        for (int kind = 0; kind < stageKinds().size(); ++kind) {
+            const std::unique_ptr<MatrixStage> stage = makeStage(kind, m_desk.get());
+            QStringList names;
+            QVector<const QMetaObject *> metas;
+            for (int i = 0; i < stage->count(); ++i) {
+                names.append(stage->nameOf(i));
+                metas.append(stage->metaOf(i));
+                m_classes.insert(QString::fromLatin1(metas.last()->className()), metas.last());
+            }
+            m_names.append(names);
+            m_metas.append(metas);
+            for (int action = 0; action < actions().size(); ++action) {
+                if (!actions().at(action).applies(*stage))
+                    continue;
+                if (!actions().at(action).isGesture)
+                    rehearse(kind, action, -1);
+                for (int spot = 0; actions().at(action).isGesture && spot < stage->spots.size();
+                     ++spot)
+                    rehearse(kind, action, spot);
+            }
+        }
+    }
+
+    void rehearse(int kind, int action, int spot)
+    {
+        ++m_rehearsals;
+        struct Line
+        {
+            Cell cell;
+            std::unique_ptr<Ear> ear;
+        };
+        std::vector<Line> lines;
+        // Below the other one, so that fingers do not find it.
+        const std::unique_ptr<MatrixStage> untouched = makeStage(kind, m_desk.get());
+        const std::unique_ptr<MatrixStage> stage = makeStage(kind, m_desk.get());
+        for (int sender = 0; sender < stage->count(); ++sender) {
+            const QMetaObject *const meta = stage->metaOf(sender);
+            for (int i = 0; i < meta->methodCount(); ++i) {
+                if (!isSignal(meta->method(i)))
+                    continue;
+                auto ear = std::make_unique<Ear>();
+                ear->listenTo(stage->at(sender), meta->method(i));
+                lines.push_back({{kind, action, spot, sender, i, 0, 0, false}, std::move(ear)});
+            }
+        }
+        play(stage.get(), actions().at(action), spot);
+        for (const Line &line : lines) {
+            if (line.ear->count == 0)
+                continue;
+            Cell cell = line.cell;
+            const QMetaMethod method = stage->metaOf(cell.sender)->method(cell.signal);
+            const bool isOfQt = method.enclosingMetaObject()->className()[0] == 'Q';
+            const int emissions = qMin(isOfQt ? 1 : 2, line.ear->count);
+            for (cell.nth = 1; cell.nth <= emissions; ++cell.nth) {
+                for (cell.victim = 0; cell.victim < stage->count(); ++cell.victim) {
+                    for (const bool isLater : {false, true}) {
+                        cell.isLater = isLater;
+                        const CellFacts facts = factsOf(cell, *untouched);
+                        if (isExempt(facts))
+                            continue;
+                        if (m_wantsAll || !m_kinds.contains(kindOf(facts, cell.nth))) {
+                            m_kinds.insert(kindOf(facts, cell.nth));
+                            m_cells.append(cell);
+                        }
+                    }
+                }
+            }
+        }
+    }
+
+    Outcome run(const Cell &cell)
+    {
+        bool hasKilled = false;
+        {
+            const std::unique_ptr<MatrixStage> stage = makeStage(cell.stage, m_desk.get());
+            Ear ear([&](int count) {
+                QObject *const victim = count == cell.nth ? stage->at(cell.victim) : nullptr;
+                if (!victim)
+                    return;
+                hasKilled = true;
+                if (cell.isLater)
+                    victim->deleteLater();
+                else
+                    delete victim;
+            });
+            QObject *const sender = stage->at(cell.sender);
+            ear.listenTo(sender, sender->metaObject()->method(cell.signal));
+            play(stage.get(), actions().at(cell.action), cell.spot);
+        }
+        settle();
+        const QStringList warnings = takeWarnings();
+        if (!warnings.isEmpty()) {
+            std::fprintf(stderr, "%s\n", qPrintable(warnings.join(QLatin1Char('\n'))));
+            return Outcome::Warned;
+        }
+        return hasKilled ? Outcome::Fired : Outcome::Silent;
+    }
+
+    [[noreturn]] void runFrom(int cell)
+    {
+        prctl(PR_SET_PDEATHSIG, SIGKILL); // nobody else would end it
+#if !defined(__SANITIZE_ADDRESS__)
+        // QtTest would start a debugger.
+        for (const int signal : {SIGSEGV, SIGABRT, SIGBUS, SIGILL, SIGFPE})
+            std::signal(signal, SIG_DFL);
+#endif
+        for (; cell < m_cells.size(); ++cell) {
+            alarm(patienceS);
+            m_board->cell = cell;
+            m_board->outcomes()[cell] = Outcome::Running;
+            m_board->outcomes()[cell] = run(m_cells.at(cell));
+        }
+        m_desk.reset();
+        int code = 0;
+#if defined(__SANITIZE_ADDRESS__)
+        if (__lsan_do_recoverable_leak_check() != 0)
+            code = leakExitCode;
+#endif
+        std::fflush(stderr);
+        _exit(code);
+    }
+
+    void runAll()
+    {
+        int next = 0;
+        while (next < m_cells.size() && m_failures < mostFailures) {
+            const pid_t player = fork();
+            if (player < 0)
+                qFatal("no process for the cells");
+            if (player == 0)
+                runFrom(next);
+            int status = 0;
+            waitpid(player, &status, 0);
+            const int last = m_board->cell;
+            if (m_board->outcomes()[last] == Outcome::Running) {
+                fail(last,
+                     WIFSIGNALED(status) && WTERMSIG(status) == SIGALRM ? "hangs" : "crashes");
+            } else if (status != 0) {
+                std::fprintf(stderr, "The cells from %d on leave memory behind.\n", next);
+                ++m_failures;
+            }
+            next = last + 1;
+        }
+        for (int cell = 0; cell < m_cells.size(); ++cell) {
+            if (m_board->outcomes()[cell] == Outcome::Warned)
+                fail(cell, "warns");
+        }
+    }
+
+    void fail(int cell, const char *how)
+    {
+        std::fprintf(stderr, "Cell %d %s: %s\n", cell, how, qPrintable(nameOf(m_cells.at(cell))));
+        ++m_failures;
+    }
+
+    // Returns true when some are left out.
+    bool choose()
+    {
+        const int count = qEnvironmentVariableIntValue("KEL_MATRIX_CELLS");
+        if (count <= 0 || count >= m_cells.size())
+            return false;
+        std::mt19937 random(1); // NOLINT(cert-msc51-cpp): always the same cells
+        QVector<Cell> chosen;
+        for (int i = 0; i < m_cells.size(); ++i) {
+            // Selection sampling: each set of that many cells is as likely as any other.
+            if (random() % quint32(m_cells.size() - i) < quint32(count - chosen.size()))
+                chosen.append(m_cells.at(i));
+        }
+        m_cells = chosen;
+        return true;
+    }
+
+    QStringList missingSignals() const
+    {
+        QStringList missing;
+        for (const QString &name : objectClasses()) {
+            const QMetaObject *const meta = m_classes.value(name);
+            if (!meta)
+                missing.append(name
+                               + QLatin1String(" stands on no stage: add one to matrixstage.cpp"));
+            for (int i = 0; meta && i < meta->methodCount(); ++i) {
+                const QMetaMethod method = meta->method(i);
+                const QByteArray owner(method.enclosingMetaObject()->className());
+                if (isSignal(method) && owner.startsWith("KEL") && !isSilent(name, method.name())
+                    && !m_fired.value(name).contains(method.name()))
+                    missing.append(u"%1::%2 is never sent: add an action to matrixactions.cpp, "
+                                   "or a line to silentSignals()"_s.arg(
+                                       name, QString::fromLatin1(method.name())));
+            }
+        }
+        return missing;
+    }
+
+    static bool isSilent(const QString &className, const QByteArray &signal)
+    {
+        const auto isMeant = [&](const SilentSignal &silent) {
+            return className == QLatin1String(silent.className) && signal == silent.signal;
+        };
+        return std::any_of(silentSignals().begin(), silentSignals().end(), isMeant);
+    }
+
+    int report()
+    {
+        QMap<QString, int> byClass;
+        QSet<QPair<QString, QByteArray>> signalsFired;
+        int count = 0;
+        for (int i = 0; i < m_cells.size(); ++i) {
+            const Cell &cell = m_cells.at(i);
+            const QMetaObject *const meta = m_metas.at(cell.stage).at(cell.sender);
+            const QString name = QString::fromLatin1(meta->className());
+            if (m_board->outcomes()[i] != Outcome::Fired)
+                continue;
+            ++count;
+            ++byClass[name];
+            m_fired[name].insert(meta->method(cell.signal).name());
+            signalsFired.insert({name, meta->method(cell.signal).name()});
+        }
+        std::printf("%d stages, %d actions, %d pairs of them; %d signals; %d cells, %d fired\n",
+                    int(stageKinds().size()), int(actions().size()), m_rehearsals,
+                    int(signalsFired.size()), int(m_cells.size()), count);
+        for (auto it = byClass.cbegin(); it != byClass.cend(); ++it)
+            std::printf("%7d of %s\n", it.value(), qPrintable(it.key()));
+        for (int i = 0; i < exemptions().size(); ++i)
+            std::printf("%7d left out, %s\n", m_exempted.at(i), exemptions().at(i).reason);
+        std::fflush(stdout);
+        return count;
+    }
 
     std::unique_ptr<QWidget> m_desk;
     QVector<Cell> m_cells;
@@ -259,313 +540,6 @@ private:
     Board *m_board = nullptr;
     int m_failures = 0;
 };
-
-QString tst_DeletionMatrix::nameOf(const Cell &cell) const
-{
-    const Action &action = actions().at(cell.action);
-    const QStringList &names = m_names.at(cell.stage);
-    const QMetaObject *const meta = m_metas.at(cell.stage).at(cell.sender);
-    QString text = QString::fromLatin1(stageKinds().at(cell.stage).name) + QLatin1String(": ")
-        + QString::fromLatin1(action.name);
-    if (cell.spot >= 0)
-        text += u" at spot %1"_s.arg(cell.spot);
-    return text
-        + u"; %1 sends %2 (%3), which %5 %4"_s
-              .arg(names.at(cell.sender), QString::fromLatin1(meta->method(cell.signal).name()),
-                   QString::number(cell.nth), names.at(cell.victim),
-                   cell.isLater ? u"deletes later"_s : u"deletes"_s);
-}
-
-CellFacts tst_DeletionMatrix::factsOf(const Cell &cell, const Stage &stage) const
-{
-    CellFacts facts;
-    facts.stage = QString::fromLatin1(stageKinds().at(cell.stage).name);
-    facts.action = QString::fromLatin1(actions().at(cell.action).name);
-    if (cell.spot >= 0)
-        facts.spot = QString::fromLatin1(stage.spots.at(cell.spot).name);
-    facts.sender = stage.nameOf(cell.sender);
-    facts.senderClass = stage.metaOf(cell.sender);
-    facts.signal = QString::fromLatin1(facts.senderClass->method(cell.signal).name());
-    facts.victim = stage.nameOf(cell.victim);
-    facts.victimClass = stage.metaOf(cell.victim);
-    facts.isGesture = actions().at(cell.action).isGesture;
-    facts.isLater = cell.isLater;
-    facts.isItself = cell.victim == cell.sender;
-    const QObject *const sender = stage.at(cell.sender);
-    const QObject *const victim = stage.at(cell.victim);
-    facts.victimHoldsSender = holds(victim, sender);
-    facts.senderHoldsVictim = holds(sender, victim);
-    const QGraphicsItem *const senderTop = outermost(sender);
-    facts.areInOneTree = senderTop && senderTop == outermost(victim);
-    facts.victimHoldsTarget = holds(victim, targetOf(stage, cell.spot));
-    return facts;
-}
-
-bool tst_DeletionMatrix::isExempt(const CellFacts &facts)
-{
-    for (int i = 0; i < exemptions().size(); ++i) {
-        if (exemptions().at(i).applies(facts)) {
-            ++m_exempted[i];
-            return true;
-        }
-    }
-    return false;
-}
-
-void tst_DeletionMatrix::rehearse()
-{
-    m_exempted.fill(0, exemptions().size());
-    for (int kind = 0; kind < stageKinds().size(); ++kind) {
-        const std::unique_ptr<Stage> stage = makeStage(kind, m_desk.get());
-        QStringList names;
-        QVector<const QMetaObject *> metas;
-        for (int i = 0; i < stage->count(); ++i) {
-            names.append(stage->nameOf(i));
-            metas.append(stage->metaOf(i));
-            m_classes.insert(QString::fromLatin1(metas.last()->className()), metas.last());
-        }
-        m_names.append(names);
-        m_metas.append(metas);
-        for (int action = 0; action < actions().size(); ++action) {
-            if (!actions().at(action).applies(*stage))
-                continue;
-            if (!actions().at(action).isGesture)
-                rehearse(kind, action, -1);
-            for (int spot = 0; actions().at(action).isGesture && spot < stage->spots.size(); ++spot)
-                rehearse(kind, action, spot);
-        }
-    }
-}
-
-void tst_DeletionMatrix::rehearse(int kind, int action, int spot)
-{
-    ++m_rehearsals;
-    struct Line
-    {
-        Cell cell;
-        std::unique_ptr<Ear> ear;
-    };
-    std::vector<Line> lines;
-    // Below the other one, so that fingers do not find it.
-    const std::unique_ptr<Stage> untouched = makeStage(kind, m_desk.get());
-    const std::unique_ptr<Stage> stage = makeStage(kind, m_desk.get());
-    for (int sender = 0; sender < stage->count(); ++sender) {
-        const QMetaObject *const meta = stage->metaOf(sender);
-        for (int i = 0; i < meta->methodCount(); ++i) {
-            if (!isSignal(meta->method(i)))
-                continue;
-            auto ear = std::make_unique<Ear>();
-            QObject::connect(stage->at(sender), meta->method(i), ear.get(), slotHear(ear.get()));
-            lines.push_back({{kind, action, spot, sender, i, 0, 0, false}, std::move(ear)});
-        }
-    }
-    play(stage.get(), actions().at(action), spot);
-    for (const Line &line : lines) {
-        if (line.ear->count == 0)
-            continue;
-        Cell cell = line.cell;
-        const QMetaMethod method = stage->metaOf(cell.sender)->method(cell.signal);
-        const bool isOfQt = method.enclosingMetaObject()->className()[0] == 'Q';
-        const int emissions = qMin(isOfQt ? 1 : 2, line.ear->count);
-        for (cell.nth = 1; cell.nth <= emissions; ++cell.nth) {
-            for (cell.victim = 0; cell.victim < stage->count(); ++cell.victim) {
-                for (const bool isLater : {false, true}) {
-                    cell.isLater = isLater;
-                    const CellFacts facts = factsOf(cell, *untouched);
-                    if (isExempt(facts))
-                        continue;
-                    if (m_wantsAll || !m_kinds.contains(kindOf(facts, cell.nth))) {
-                        m_kinds.insert(kindOf(facts, cell.nth));
-                        m_cells.append(cell);
-                    }
-                }
-            }
-        }
-    }
-}
-
-Outcome tst_DeletionMatrix::run(const Cell &cell)
-{
-    bool hasKilled = false;
-    {
-        const std::unique_ptr<Stage> stage = makeStage(cell.stage, m_desk.get());
-        Killer killer(stage.get(), cell);
-        QObject *const sender = stage->at(cell.sender);
-        QObject::connect(sender, sender->metaObject()->method(cell.signal), &killer,
-                         slotHear(&killer));
-        play(stage.get(), actions().at(cell.action), cell.spot);
-        hasKilled = killer.hasKilled;
-    }
-    settle();
-    const QStringList warnings = takeWarnings();
-    if (!warnings.isEmpty()) {
-        std::fprintf(stderr, "%s\n", qPrintable(warnings.join(QLatin1Char('\n'))));
-        return Outcome::Warned;
-    }
-    return hasKilled ? Outcome::Fired : Outcome::Silent;
-}
-
-void tst_DeletionMatrix::runFrom(int cell)
-{
-    prctl(PR_SET_PDEATHSIG, SIGKILL); // nobody else would end it
-#if !defined(__SANITIZE_ADDRESS__)
-    // QtTest would start a debugger.
-    for (const int signal : {SIGSEGV, SIGABRT, SIGBUS, SIGILL, SIGFPE})
-        std::signal(signal, SIG_DFL);
-#endif
-    for (; cell < m_cells.size(); ++cell) {
-        alarm(patienceS);
-        m_board->cell = cell;
-        m_board->outcomes()[cell] = Outcome::Running;
-        m_board->outcomes()[cell] = run(m_cells.at(cell));
-    }
-    m_desk.reset();
-    int code = 0;
-#if defined(__SANITIZE_ADDRESS__)
-    if (__lsan_do_recoverable_leak_check() != 0)
-        code = leakExitCode;
-#endif
-    std::fflush(stderr);
-    _exit(code);
-}
-
-void tst_DeletionMatrix::runAll()
-{
-    int next = 0;
-    while (next < m_cells.size() && m_failures < mostFailures) {
-        const pid_t player = fork();
-        if (player < 0)
-            qFatal("no process for the cells");
-        if (player == 0)
-            runFrom(next);
-        int status = 0;
-        waitpid(player, &status, 0);
-        const int last = m_board->cell;
-        if (m_board->outcomes()[last] == Outcome::Running) {
-            fail(last, WIFSIGNALED(status) && WTERMSIG(status) == SIGALRM ? "hangs" : "crashes");
-        } else if (status != 0) {
-            std::fprintf(stderr, "The cells from %d on leave memory behind.\n", next);
-            ++m_failures;
-        }
-        next = last + 1;
-    }
-    for (int cell = 0; cell < m_cells.size(); ++cell) {
-        if (m_board->outcomes()[cell] == Outcome::Warned)
-            fail(cell, "warns");
-    }
-}
-
-void tst_DeletionMatrix::fail(int cell, const char *how)
-{
-    std::fprintf(stderr, "Cell %d %s: %s\n", cell, how, qPrintable(nameOf(m_cells.at(cell))));
-    ++m_failures;
-}
-
-// Returns true when some are left out.
-bool tst_DeletionMatrix::choose()
-{
-    const int count = qEnvironmentVariableIntValue("KEL_MATRIX_CELLS");
-    if (count <= 0 || count >= m_cells.size())
-        return false;
-    std::mt19937 random(1); // NOLINT(cert-msc51-cpp): always the same cells
-    QVector<Cell> chosen;
-    for (int i = 0; i < m_cells.size(); ++i) {
-        // Selection sampling: each set of that many cells is as likely as any other.
-        if (random() % quint32(m_cells.size() - i) < quint32(count - chosen.size()))
-            chosen.append(m_cells.at(i));
-    }
-    m_cells = chosen;
-    return true;
-}
-
-QStringList tst_DeletionMatrix::missingSignals() const
-{
-    QStringList missing;
-    for (const QString &name : objectClasses()) {
-        const QMetaObject *const meta = m_classes.value(name);
-        if (!meta)
-            missing.append(name + QLatin1String(" stands on no stage: add one to matrixstage.cpp"));
-        for (int i = 0; meta && i < meta->methodCount(); ++i) {
-            const QMetaMethod method = meta->method(i);
-            const QByteArray owner(method.enclosingMetaObject()->className());
-            if (isSignal(method) && owner.startsWith("KEL") && !isSilent(name, method.name())
-                && !m_fired.value(name).contains(method.name()))
-                missing.append(
-                    u"%1::%2 is never sent: add an action to matrixactions.cpp, "
-                                   "or a line to silentSignals()"_s
-                        .arg(name, QString::fromLatin1(method.name())));
-        }
-    }
-    return missing;
-}
-
-bool tst_DeletionMatrix::isSilent(const QString &className, const QByteArray &signal)
-{
-    const auto isMeant = [&](const SilentSignal &silent) {
-        return className == QLatin1String(silent.className) && signal == silent.signal;
-    };
-    return std::any_of(silentSignals().begin(), silentSignals().end(), isMeant);
-}
-
-int tst_DeletionMatrix::report()
-{
-    QMap<QString, int> byClass;
-    QSet<QPair<QString, QByteArray>> signalsFired;
-    int count = 0;
-    for (int i = 0; i < m_cells.size(); ++i) {
-        const Cell &cell = m_cells.at(i);
-        const QMetaObject *const meta = m_metas.at(cell.stage).at(cell.sender);
-        const QString name = QString::fromLatin1(meta->className());
-        if (m_board->outcomes()[i] != Outcome::Fired)
-            continue;
-        ++count;
-        ++byClass[name];
-        m_fired[name].insert(meta->method(cell.signal).name());
-        signalsFired.insert({name, meta->method(cell.signal).name()});
-    }
-    std::printf("%d stages, %d actions, %d pairs of them; %d signals; %d cells, %d fired\n",
-                int(stageKinds().size()), int(actions().size()), m_rehearsals,
-                int(signalsFired.size()), int(m_cells.size()), count);
-    for (auto it = byClass.cbegin(); it != byClass.cend(); ++it)
-        std::printf("%7d of %s\n", it.value(), qPrintable(it.key()));
-    for (int i = 0; i < exemptions().size(); ++i)
-        std::printf("%7d left out, %s\n", m_exempted.at(i), exemptions().at(i).reason);
-    std::fflush(stdout);
-    return count;
-}
-
-void tst_DeletionMatrix::everyCell()
-{
-    m_desk = std::make_unique<QWidget>();
-    m_desk->setWindowFlags(Qt::FramelessWindowHint);
-    m_desk->setGeometry(0, 0, 240, 180);
-    m_desk->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_desk.get()));
-    rehearse();
-    const bool isComplete = !choose();
-    const size_t size = sizeof(Board) + size_t(m_cells.size());
-    m_board = static_cast<Board *>(
-        mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
-    QVERIFY(m_board != MAP_FAILED);
-    if (qEnvironmentVariableIsSet("KEL_MATRIX_CELL")) {
-        const int number = qEnvironmentVariableIntValue("KEL_MATRIX_CELL");
-        std::printf("%s\n", qPrintable(nameOf(m_cells.at(number))));
-        QVERIFY(run(m_cells.at(number)) != Outcome::Warned);
-    } else {
-        runAll();
-        m_desk.reset();
-        const int fired = report();
-        QVERIFY2(m_failures == 0, "the cells that failed are named above");
-        if (isComplete) {
-            QCOMPARE(missingSignals().join(QLatin1Char('\n')), QString());
-            QVERIFY2(fired >= wantedCells, "too few cells have fired");
-            // What is left out for nothing hides the next defect.
-            QCOMPARE(m_exempted.indexOf(0), -1);
-        }
-    }
-    munmap(m_board, size);
-    m_desk.reset();
-}
 
 KEL_TEST_MAIN(tst_DeletionMatrix)
 #include "tst_deletionmatrix.moc"
