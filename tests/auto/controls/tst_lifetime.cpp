@@ -1,12 +1,14 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
-#include "lifetimestage.h"
+#include "controlclasses.h"
+#include "stage.h"
 
+#include <QtCore/QRegularExpression>
 #include <QtCore/QTimer>
 #include <QtWidgets/QAction>
-#include <QtWidgets/QMenu>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -23,6 +25,182 @@
 
 namespace {
 
+// A class, and the base once more with the flag that makes it keep a press.
+struct Kind
+{
+    const char *name;
+    const QMetaObject *meta;
+    bool isSelectable;
+    KELRoundRectControl *(*create)();
+
+    template <typename Control>
+    bool is() const
+    {
+        return meta == &Control::staticMetaObject;
+    }
+};
+
+const std::vector<Kind> &kinds()
+{
+    static const std::vector<Kind> all = [] {
+        std::vector<Kind> found;
+        forEachControl([&found](auto tag) {
+            using Control = typename decltype(tag)::Type;
+            found.push_back({Control::staticMetaObject.className(), &Control::staticMetaObject,
+                             Control().flags().testFlag(QGraphicsItem::ItemIsSelectable),
+                             []() -> KELRoundRectControl * { return new Control; }});
+        });
+        found.push_back({"selectable base", &KELRoundRectControl::staticMetaObject, true,
+                         [] { return new KELRoundRectControl; }});
+        return found;
+    }();
+    return all;
+}
+
+template <typename Control>
+const Kind &kindOf()
+{
+    return *std::find_if(kinds().begin(), kinds().end(),
+                         [](const Kind &kind) { return kind.is<Control>(); });
+}
+
+enum class Signal { Press, Release, Clicked, SecondPress, DoubleClicked, LongPress, Enter, Leave };
+const std::vector<Named> signalNames = {{"press", int(Signal::Press)},
+                                        {"release", int(Signal::Release)},
+                                        {"clicked", int(Signal::Clicked)},
+                                        {"press of a double click", int(Signal::SecondPress)},
+                                        {"double clicked", int(Signal::DoubleClicked)},
+                                        {"long press", int(Signal::LongPress)},
+                                        {"enter", int(Signal::Enter)},
+                                        {"leave", int(Signal::Leave)}};
+// As the log writes them down.
+const QStringList entries = {u"press"_s,         u"release"_s,   u"clicked"_s, u"press"_s,
+                             u"doubleClicked"_s, u"longPress"_s, u"enter"_s,   u"leave"_s};
+
+bool isPossible(const Kind &kind, Signal signal, Input input)
+{
+    const bool isHover = signal == Signal::Enter || signal == Signal::Leave;
+    // What is not selectable ignores presses and so gets no release.
+    if (!kind.isSelectable && (signal == Signal::Release || signal == Signal::Clicked))
+        return false;
+    if (kind.is<KELSlideControl>() && signal == Signal::LongPress)
+        return false;
+    // Its button takes all of them.
+    if (kind.is<KELComboBox>())
+        return false;
+    // It does not hear of its presses.
+    if (kind.is<KELNavigationTable>() && signal != Signal::Release
+        && signal != Signal::DoubleClicked && !isHover)
+        return false;
+    return input == Input::Mouse || !isHover;
+}
+
+const QPoint beside(20, 20);
+
+bool endsWithTheFingerDown(Signal signal)
+{
+    return signal == Signal::Press || signal == Signal::SecondPress
+        || signal == Signal::DoubleClicked || signal == Signal::LongPress;
+}
+
+// Does what sends the signal.
+void cause(Signal signal, Hand *hand, const QPointer<KELRoundRectControl> &control, QPoint centre)
+{
+    switch (signal) {
+    case Signal::Enter:
+    case Signal::Leave:
+        hand->hover(beside);
+        hand->hover(centre);
+        if (signal == Signal::Leave)
+            hand->hover(beside);
+        break;
+    case Signal::Press:
+        hand->press(centre);
+        break;
+    case Signal::LongPress:
+        hand->press(centre);
+        endLongPressTime(control);
+        break;
+    case Signal::SecondPress:
+    case Signal::DoubleClicked:
+        hand->tap(centre);
+        hand->pressAgain(centre);
+        break;
+    case Signal::Release:
+    case Signal::Clicked:
+        hand->tap(centre);
+        break;
+    }
+}
+
+// The other control lies below and takes every press as well. tst_deletionmatrix deletes that one.
+class KindStage : public ControlStage
+{
+public:
+    explicit KindStage(const Kind &kind = kindOf<KELPushButton>()) : ControlStage(made(kind))
+    {
+        other->setboundRect(90, 90, 120, 70);
+        other->setZValue(-1);
+    }
+
+    void on(Signal signal, const std::function<void()> &action)
+    {
+        log.on(entries.at(int(signal)), [this, signal, action] {
+            if (signal != Signal::SecondPress || log.count(u"press"_s) == 2)
+                action();
+        });
+    }
+
+    // The last signal of the control.
+    QString lastEntry() const
+    {
+        return log.entries().filter(QRegularExpression(u"^\\w+$"_s)).constLast();
+    }
+
+    void cause(Signal signal) { ::cause(signal, &hand, control, centre()); }
+    void finish(Signal signal)
+    {
+        if (endsWithTheFingerDown(signal))
+            hand.release();
+    }
+
+private:
+    static KELRoundRectControl *made(const Kind &kind)
+    {
+        KELRoundRectControl *const control = kind.create();
+        control->setAcceptHoverEvents(true);
+        control->setAcceptTouchEvents(true);
+        control->setFlag(QGraphicsItem::ItemIsSelectable, kind.isSelectable);
+        control->setboundRect(100, 100, 100, 50);
+        return control;
+    }
+};
+
+const Kind &kindOfTheRow()
+{
+    return kinds().at(fetch<size_t>("kind"));
+}
+
+enum class Opening { ByEvent, ByLongPress };
+const std::vector<Named> openings = {{"menu by event", int(Opening::ByEvent)},
+                                     {"menu by long press", int(Opening::ByLongPress)}};
+
+void openMenu(KindStage *stage)
+{
+    if (fetch<Opening>("opening") == Opening::ByEvent) {
+        stage->hand.openContextMenu(stage->centre());
+    } else {
+        stage->cause(Signal::LongPress);
+        stage->finish(Signal::LongPress);
+    }
+}
+
+enum class Moment { Open, AboutToShow, AboutToHide, Triggered };
+const std::vector<Named> moments = {{"while open", int(Moment::Open)},
+                                    {"when about to show", int(Moment::AboutToShow)},
+                                    {"when about to hide", int(Moment::AboutToHide)},
+                                    {"when triggered", int(Moment::Triggered)}};
+
 // Keeps a record without the fields of its base class.
 template <typename Control, typename Style>
 class WithShortRecord : public Control
@@ -36,41 +214,6 @@ public:
         this->m_style = record;
     }
 };
-
-enum class MenuMoment { Open, AboutToShow, AboutToHide, Triggered };
-
-bool isPossible(const Kind &kind, Signal signal, Input input)
-{
-    // What is not selectable ignores presses and so gets no release.
-    if (!kind.isSelectable && (signal == Signal::Release || signal == Signal::Clicked))
-        return false;
-    if (kind.is(KELSlideControl::staticMetaObject) && signal == Signal::LongPress)
-        return false;
-    // Its button takes all of them.
-    if (kind.is(KELComboBox::staticMetaObject))
-        return false;
-    // It does not hear of its presses.
-    if (kind.is(KELNavigationTable::staticMetaObject) && signal != Signal::Release
-        && signal != Signal::DoubleClicked && signal != Signal::Enter && signal != Signal::Leave)
-        return false;
-    return input == Input::Mouse || (signal != Signal::Enter && signal != Signal::Leave);
-}
-
-// A data column that names one of the kinds.
-int indexOf(const Kind &kind)
-{
-    return int(&kind - kinds().data());
-}
-
-const Kind &kindAt(int index)
-{
-    return kinds()[size_t(index)];
-}
-
-bool needsTwoTaps(Signal signal)
-{
-    return signal == Signal::SecondPress || signal == Signal::DoubleClicked;
-}
 
 // A record with a value that has a destructor.
 struct RichStyle : KELRoundRectControlStyle
@@ -104,8 +247,6 @@ public:
 class SelfDeletingControl : public KELPushButton
 {
 public:
-    using KELPushButton::KELPushButton;
-
     bool deletesLater = false;
     int calls = 0;
 
@@ -132,7 +273,6 @@ struct ControlsOfTheProcess
     ~ControlsOfTheProcess()
     {
         qInstallMessageHandler(failOnMessage);
-        inScene = nullptr;
         comboBox.reset();
         scene.reset();
         alone.reset();
@@ -143,7 +283,6 @@ struct ControlsOfTheProcess
     std::unique_ptr<KELComboBox> comboBox;
     std::unique_ptr<RichControl> rich;
     std::unique_ptr<QGraphicsScene> scene;
-    KELPushButton *inScene = nullptr;
 };
 
 } // namespace
@@ -157,312 +296,175 @@ private Q_SLOTS:
 
     void deletedInASlot_data()
     {
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<int>("signal");
-        QTest::addColumn<int>("way");
-        QTest::addColumn<int>("input");
-
-        for (const Kind &kind : kinds()) {
-            for (const Named &signal : signalNames) {
-                for (const Named &input : inputs) {
-                    if (!isPossible(kind, Signal(signal.value), Input(input.value)))
-                        continue;
-                    for (const Named &way : ways) {
-                        QTest::addRow("%s, %s by %s, %s", kind.name, signal.name, input.name,
-                                      way.name)
-                            << indexOf(kind) << signal.value << way.value << input.value;
-                    }
-                }
-            }
-        }
+        addRows({{"kind", namesOf(kinds())},
+                 {"signal", signalNames},
+                 {"input", inputs},
+                 {"way", deletionWays}},
+                [](const std::vector<int> &row) {
+                    return isPossible(kinds().at(size_t(row[0])), Signal(row[1]), Input(row[2]));
+                });
     }
 
     void deletedInASlot()
     {
-        QFETCH(int, kind);
-        QFETCH(int, signal);
-        QFETCH(int, way);
-        QFETCH(int, input);
-        const auto device = Input(input);
-        Stage stage{kindAt(kind)};
-        int presses = 0;
-        connectTo(stage.control, Signal(signal), &stage.view, [&] {
-            if (Signal(signal) != Signal::SecondPress || ++presses == 2)
-                stage.destroy(Way(way));
-        });
-        QVERIFY(stage.view.showAndWait());
-        // Elsewhere, so that the next tap is not the second of a double tap.
-        stage.press(device, besideTheControl);
-        stage.release(device, besideTheControl);
-
-        switch (Signal(signal)) {
-        case Signal::Enter:
-            stage.hover(besideTheControl);
-            stage.hover(controlCentre);
-            break;
-        case Signal::Leave:
-            stage.hover(besideTheControl);
-            stage.hover(controlCentre);
-            stage.hover(besideTheControl);
-            break;
-        case Signal::LongPress:
-            stage.press(device);
-            if (!kindAt(kind).is(KELPushButton::staticMetaObject))
-                stage.endLongPressTime();
-            QTRY_COMPARE(stage.destroyCalls, 1);
-            stage.release(device);
-            break;
-        case Signal::SecondPress:
-        case Signal::DoubleClicked:
-            stage.press(device);
-            stage.release(device);
-            if (device == Input::Mouse)
-                stage.view.doubleClickPress(controlCentre);
-            else
-                stage.press(device);
-            stage.release(device);
-            break;
-        default:
-            stage.press(device);
-            stage.release(device);
-        }
+        const auto signal = fetch<Signal>("signal");
+        const Way way = fetch<Way>("way");
+        KindStage stage(kindOfTheRow());
+        stage.hand.use(fetch<Input>("input"));
+        stage.on(signal, [&] { stage.destroy(way); });
+        stage.cause(signal);
+        stage.finish(signal);
         QCOMPARE(stage.destroyCalls, 1);
-        if (Way(way) == Way::DeleteLater)
+        if (way == Way::DeleteLater)
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        else
+            QCOMPARE(stage.lastEntry(), entries.at(int(signal)));
         QVERIFY(!stage.control);
-        QCOMPARE(stage.below.isNull(), Way(way) == Way::ClearScene);
-        QVERIFY(stage.nextControlIsClicked(device));
+        QCOMPARE(stage.other.isNull(), way == Way::ClearScene);
+        QVERIFY(stage.nextControlIsClicked());
     }
 
     void deletedInASlotOfDestroyed_data()
     {
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<int>("way");
-
-        for (const Kind &kind : kinds()) {
-            QTest::addRow("%s, scene cleared", kind.name) << indexOf(kind) << int(Way::ClearScene);
-            QTest::addRow("%s, parent deleted", kind.name)
-                << indexOf(kind) << int(Way::DeleteParent);
-        }
+        addRows({{"kind", namesOf(kinds())},
+                 {"way",
+                  {{"scene cleared", int(Way::ClearScene)},
+                   {"parent deleted", int(Way::DeleteParent)}}}});
     }
 
     void deletedInASlotOfDestroyed()
     {
-        QFETCH(int, kind);
-        QFETCH(int, way);
-        Stage stage{kindAt(kind)};
-        QVERIFY(stage.view.showAndWait());
-        stage.press(Input::Mouse);
-        connect(stage.control, &QObject::destroyed, &stage.view, [&] { stage.destroy(Way(way)); });
+        KindStage stage(kindOfTheRow());
+        stage.hand.press(stage.centre());
+        connect(stage.control, &QObject::destroyed, &stage.view,
+                [&] { stage.destroy(fetch<Way>("way")); });
         delete stage.control;
         QCOMPARE(stage.destroyCalls, 1);
-        QVERIFY(!stage.group);
-        stage.release(Input::Mouse);
-        QVERIFY(stage.nextControlIsClicked(Input::Mouse));
+        QVERIFY(!stage.parent);
+        stage.hand.release();
+        QVERIFY(stage.nextControlIsClicked());
     }
 
     void deletedWithItsMenu_data()
     {
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<bool>("byLongPress");
-        QTest::addColumn<int>("moment");
-        QTest::addColumn<int>("way");
-
-        const Named moments[] = {{"while open", int(MenuMoment::Open)},
-                                 {"when about to show", int(MenuMoment::AboutToShow)},
-                                 {"when about to hide", int(MenuMoment::AboutToHide)},
-                                 {"when triggered", int(MenuMoment::Triggered)}};
-        // Each of them waits: not every kind in every row.
-        const Kind *const byLongPress[] = {&kindOf<KELRoundRectControl>(), &kinds().back(),
-                                           &kindOf<KELPushButton>()};
-        for (const Named &moment : moments) {
-            for (const Named &way : ways) {
-                for (const Kind &kind : kinds()) {
-                    QTest::addRow("%s, menu by event, %s, %s", kind.name, moment.name, way.name)
-                        << indexOf(kind) << false << moment.value << way.value;
-                }
-                const Kind &kind = *byLongPress[size_t(moment.value + way.value) % 3];
-                QTest::addRow("%s, menu by long press, %s, %s", kind.name, moment.name, way.name)
-                    << indexOf(kind) << true << moment.value << way.value;
-            }
-        }
+        addRows({{"kind", namesOf(kinds())},
+                 {"opening", openings},
+                 {"moment", moments},
+                 {"way", deletionWays}},
+                [](const std::vector<int> &row) {
+                    return Opening(row[1]) == Opening::ByEvent
+                        || isPossible(kinds().at(size_t(row[0])), Signal::LongPress, Input::Mouse);
+                });
     }
 
     void deletedWithItsMenu()
     {
-        QFETCH(int, kind);
-        QFETCH(bool, byLongPress);
-        QFETCH(int, moment);
-        QFETCH(int, way);
-        Stage stage{kindAt(kind)};
-        const QPointer<QMenu> menu(new QMenu);
-        QAction *action = menu->addAction(u"Stop"_s);
+        const auto moment = fetch<Moment>("moment");
+        KindStage stage(kindOfTheRow());
+        const QPointer<QMenu> menu(newMenu());
+        QAction *const action = menu->actions().constFirst();
         stage.control->style()->contextMenu = menu;
-        QVERIFY(stage.view.showAndWait());
 
-        const auto destroy = [&] { stage.destroy(Way(way)); };
-        bool opened = false;
-        // Runs in the event loop of the menu.
-        const auto useMenu = [&] {
-            opened = true;
-            if (MenuMoment(moment) == MenuMoment::Triggered)
+        const auto destroy = [&] { stage.destroy(fetch<Way>("way")); };
+        const QSignalSpy opened(menu, &QMenu::aboutToShow);
+        if (moment == Moment::AboutToShow)
+            connect(menu, &QMenu::aboutToShow, &stage.view, destroy);
+        if (moment == Moment::AboutToHide)
+            connect(menu, &QMenu::aboutToHide, &stage.view, destroy);
+        if (moment == Moment::Triggered)
+            connect(action, &QAction::triggered, &stage.view, destroy);
+        whenOpen(menu, [&] {
+            if (moment == Moment::Triggered)
                 action->trigger();
-            if (MenuMoment(moment) == MenuMoment::Open)
-                destroy();
-            if (menu)
-                menu->close();
-        };
-        connect(menu, &QMenu::aboutToShow, &stage.view, [&] {
-            QTimer::singleShot(0, &stage.view, useMenu);
-            if (MenuMoment(moment) == MenuMoment::AboutToShow)
+            if (moment == Moment::Open)
                 destroy();
         });
-        if (MenuMoment(moment) == MenuMoment::AboutToHide)
-            connect(menu, &QMenu::aboutToHide, &stage.view, destroy);
-        if (MenuMoment(moment) == MenuMoment::Triggered)
-            connect(action, &QAction::triggered, &stage.view, destroy);
 
-        if (byLongPress) {
-            stage.press(Input::Mouse);
-            if (Way(way) != Way::Delete)
-                stage.endLongPressTime();
-            QTRY_VERIFY(opened);
-        } else {
-            stage.openMenuByEvent();
-        }
-        QVERIFY(opened);
+        openMenu(&stage);
+        QCOMPARE(opened.count(), 1);
         QCOMPARE(stage.destroyCalls, 1);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QTRY_VERIFY(!stage.control);
         QTRY_VERIFY(!menu);
-        if (byLongPress)
-            stage.release(Input::Mouse);
-        QVERIFY(stage.nextControlIsClicked(Input::Mouse));
+        QVERIFY(stage.nextControlIsClicked());
     }
 
-    void menuDeletedWhileOpen_data()
-    {
-        QTest::addColumn<bool>("byLongPress");
-
-        QTest::newRow("by event") << false;
-        QTest::newRow("by long press") << true;
-    }
+    void menuDeletedWhileOpen_data() { addRows({{"opening", openings}}); }
 
     void menuDeletedWhileOpen()
     {
-        QFETCH(bool, byLongPress);
-        Stage stage{kindOf<KELPushButton>()};
-        const QPointer<QMenu> menu(new QMenu);
-        menu->addAction(u"Stop"_s);
+        KindStage stage;
+        const QPointer<QMenu> menu(newMenu());
         stage.control->style()->contextMenu = menu;
-        QVERIFY(stage.view.showAndWait());
-        connect(menu, &QMenu::aboutToShow, &stage.view, [&] {
-            QTimer::singleShot(0, &stage.view, [&] {
-                stage.control->style()->contextMenu = nullptr;
-                delete menu;
-            });
+        whenOpen(menu, [&] {
+            stage.control->style()->contextMenu = nullptr;
+            delete menu;
         });
-        if (byLongPress) {
-            stage.press(Input::Mouse);
-            QTRY_VERIFY(!menu);
-            stage.release(Input::Mouse);
-        } else {
-            stage.openMenuByEvent();
-        }
+        openMenu(&stage);
         QVERIFY(!menu);
         QVERIFY(stage.control);
         QVERIFY(!stage.control->isMouseDown());
-        QVERIFY(stage.nextControlIsClicked(Input::Mouse));
+        QVERIFY(stage.nextControlIsClicked());
     }
 
-    void deletedBeforeItsMenuOpens_data()
-    {
-        QTest::addColumn<int>("way");
-
-        for (const Named &way : ways)
-            QTest::newRow(way.name) << way.value;
-    }
+    void deletedBeforeItsMenuOpens_data() { addRows({{"way", deletionWays}}); }
 
     void deletedBeforeItsMenuOpens()
     {
-        QFETCH(int, way);
-        Stage stage{kindOf<KELPushButton>()};
-        const QPointer<QMenu> menu(new QMenu);
-        menu->addAction(u"Stop"_s);
+        const Way way = fetch<Way>("way");
+        KindStage stage;
+        const QPointer<QMenu> menu(newMenu());
         stage.control->style()->contextMenu = menu;
-        int shown = 0;
-        connect(menu, &QMenu::aboutToShow, &stage.view, [&] {
-            ++shown;
-            QTimer::singleShot(0, menu, &QWidget::close);
-        });
-        connect(stage.control, &KELRoundRectControl::mouseLongPress, &stage.view,
-                [&] { stage.destroy(Way(way)); });
-        QVERIFY(stage.view.showAndWait());
-        stage.press(Input::Mouse);
+        const QSignalSpy opened(menu, &QMenu::aboutToShow);
+        whenOpen(menu, [] {});
+        stage.on(Signal::LongPress, [&] { stage.destroy(way); });
+        stage.cause(Signal::LongPress);
         QTRY_VERIFY(!stage.control);
         // A control that is to be deleted later is still there for its menu.
-        QCOMPARE(shown, Way(way) == Way::DeleteLater ? 1 : 0);
+        QCOMPARE(opened.count(), way == Way::DeleteLater ? 1 : 0);
         QTRY_VERIFY(!menu);
-        stage.release(Input::Mouse);
-        QVERIFY(stage.nextControlIsClicked(Input::Mouse));
+        stage.hand.release();
+        QVERIFY(stage.nextControlIsClicked());
     }
 
     void deletedWhilePressed_data()
     {
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<int>("way");
-        QTest::addColumn<int>("input");
-
-        for (const Kind &kind : kinds()) {
-            for (const Named &way : ways) {
-                for (const Named &input : inputs) {
-                    QTest::addRow("%s, %s, %s", kind.name, way.name, input.name)
-                        << indexOf(kind) << way.value << input.value;
-                }
-            }
-        }
+        addRows({{"kind", namesOf(kinds())}, {"way", deletionWays}, {"input", inputs}});
     }
 
     void deletedWhilePressed()
     {
-        QFETCH(int, kind);
-        QFETCH(int, way);
-        QFETCH(int, input);
-        Stage stage{kindAt(kind)};
-        QVERIFY(stage.view.showAndWait());
-        stage.press(Input(input));
+        const Kind &kind = kindOfTheRow();
+        KindStage stage(kind);
+        stage.hand.use(fetch<Input>("input"));
+        stage.hand.press(stage.centre());
         QCOMPARE(stage.control->isMouseDown(),
-                 !kindAt(kind).is(KELNavigationTable::staticMetaObject)
-                     && !kindAt(kind).is(KELComboBox::staticMetaObject));
-        stage.destroy(Way(way));
+                 !kind.is<KELNavigationTable>() && !kind.is<KELComboBox>());
+        stage.destroy(fetch<Way>("way"));
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(!stage.control);
         QCoreApplication::processEvents();
-        stage.release(Input(input));
-        QVERIFY(stage.nextControlIsClicked(Input(input)));
+        stage.hand.release();
+        QVERIFY(stage.nextControlIsClicked());
     }
 
     void deletedWhenChecked_data()
     {
-        QTest::addColumn<bool>("later");
-
-        QTest::newRow("delete") << false;
-        QTest::newRow("deleteLater") << true;
+        addRows({{"later", {{"delete", false}, {"deleteLater", true}}}});
     }
 
     void deletedWhenChecked()
     {
-        QFETCH(bool, later);
+        const bool isLater = fetch<bool>("later");
         KelTestView view;
         auto *control = new SelfDeletingControl;
         const QPointer<KELPushButton> alive(control);
-        control->deletesLater = later;
-        control->setboundRect(100, 100, 100, 50);
+        control->deletesLater = isLater;
         view.ownScene.addItem(control);
         QVERIFY(view.showAndWait());
         control->setCheck(true);
-        QCOMPARE(alive.isNull(), !later);
-        if (later) {
+        QCOMPARE(alive.isNull(), !isLater);
+        if (isLater) {
             QVERIFY(control->isCheck());
             QCOMPARE(control->calls, 1);
         }
@@ -474,125 +476,74 @@ private Q_SLOTS:
 
     void deletedByALaterSlotOfTheSameSignal()
     {
-        Stage stage{kindOf<KELPushButton>()};
+        Stage<KELPushButton> stage;
         QStringList calls;
-        connect(stage.control, &KELRoundRectControl::mouseClicked, &stage.view,
-                [&] { calls.append(u"first"_s); });
-        connect(stage.control, &KELRoundRectControl::mouseClicked, &stage.view, [&] {
-            calls.append(u"second"_s);
-            delete stage.control;
-        });
-        connect(stage.control, &KELRoundRectControl::mouseClicked, &stage.view,
-                [&] { calls.append(u"third"_s); });
-        QVERIFY(stage.view.showAndWait());
-        stage.press(Input::Mouse);
-        stage.release(Input::Mouse);
+        const auto connectSlot = [&](const QString &name, bool deletes) {
+            connect(stage.get(), &KELPushButton::mouseClicked, &stage.view, [&, name, deletes] {
+                calls.append(name);
+                if (deletes)
+                    delete stage.control;
+            });
+        };
+        connectSlot(u"first"_s, false);
+        connectSlot(u"second"_s, true);
+        connectSlot(u"third"_s, false);
+        stage.hand.tap(stage.centre());
         QCOMPARE(calls, QStringList({u"first"_s, u"second"_s}));
     }
 
-    void siblingDeletedInASlot_data()
-    {
-        QTest::addColumn<int>("signal");
-
-        for (const Named &signal : signalNames) {
-            if (Signal(signal.value) != Signal::LongPress && !needsTwoTaps(Signal(signal.value)))
-                QTest::newRow(signal.name) << signal.value;
-        }
-    }
-
-    void siblingDeletedInASlot()
-    {
-        QFETCH(int, signal);
-        Stage stage{kindOf<KELPushButton>()};
-        connectTo(stage.control, Signal(signal), &stage.view, [&] { delete stage.below; });
-        QVERIFY(stage.view.showAndWait());
-        stage.hover(besideTheControl);
-        stage.hover(controlCentre);
-        stage.press(Input::Mouse);
-        stage.release(Input::Mouse);
-        stage.hover(besideTheControl);
-        QVERIFY(!stage.below);
-        QVERIFY(stage.control);
-        QVERIFY(stage.nextControlIsClicked(Input::Mouse));
-    }
-
-    void viewDeletedLaterInASlot_data()
-    {
-        QTest::addColumn<int>("signal");
-
-        for (const Named &signal : signalNames) {
-            if (!needsTwoTaps(Signal(signal.value)))
-                QTest::newRow(signal.name) << signal.value;
-        }
-    }
+    void viewDeletedLaterInASlot_data() { addRows({{"signal", signalNames}}); }
 
     void viewDeletedLaterInASlot()
     {
-        QFETCH(int, signal);
-        auto *stage = new Stage(kindOf<KELPushButton>());
+        const auto signal = fetch<Signal>("signal");
+        auto stage = std::make_unique<KindStage>();
         const QPointer<KELRoundRectControl> control(stage->control);
         QObject context;
-        bool posted = false;
-        connectTo(stage->control, Signal(signal), &context, [&] {
-            if (!std::exchange(posted, true))
-                QTimer::singleShot(0, &context, [stage] { delete stage; });
+        bool isPosted = false;
+        stage->on(signal, [&] {
+            if (!std::exchange(isPosted, true))
+                QTimer::singleShot(0, &context, [&] { stage.reset(); });
         });
-        QVERIFY(stage->view.showAndWait());
-        stage->hover(besideTheControl);
-        stage->hover(controlCentre);
-        stage->press(Input::Mouse);
-        if (Signal(signal) != Signal::Press && Signal(signal) != Signal::LongPress
-            && Signal(signal) != Signal::Enter) {
-            stage->release(Input::Mouse);
-            stage->hover(besideTheControl);
-        }
-        QTRY_VERIFY(posted);
+        stage->cause(signal);
+        QVERIFY(isPosted);
         QTRY_VERIFY(!control);
     }
 
-    void contentReplacedInASlot_data()
-    {
-        QTest::addColumn<int>("signal");
-
-        for (const Named &signal : signalNames) {
-            if (!needsTwoTaps(Signal(signal.value)))
-                QTest::newRow(signal.name) << signal.value;
-        }
-    }
+    void contentReplacedInASlot_data() { addRows({{"signal", signalNames}}); }
 
     void contentReplacedInASlot()
     {
-        QFETCH(int, signal);
+        const auto signal = fetch<Signal>("signal");
         KELContentView view;
-        const QPointer<KELRoundRectControl> first(makeControl(kindOf<KELPushButton>(), nullptr));
+        const QPointer<KELRoundRectControl> first(new KELPushButton);
         first->setboundRect(0, 0, 200, 100);
         view.setContent(first);
-        const QPointer<KELRoundRectControl> second(makeControl(kindOf<KELPushButton>(), nullptr));
+        const QPointer<KELRoundRectControl> second(new KELPushButton);
         second->setboundRect(0, 0, 100, 60);
-        int calls = 0;
-        connectTo(first, Signal(signal), &view, [&] {
-            ++calls;
-            view.setContent(second);
+        SignalLog log;
+        log.listenTo(first, u"first"_s);
+        log.listenTo(second, u"second"_s);
+        log.on(u"first."_s + entries.at(int(signal)), [&] {
+            if (signal != Signal::SecondPress || log.count(u"first.press"_s) == 2)
+                view.setContent(second);
         });
         view.show();
         QVERIFY(QTest::qWaitForWindowExposed(&view));
         const QPoint centre(50, 30);
-        hoverOver(view, centre);
-        QTest::mousePress(view.viewport(), Qt::LeftButton, Qt::NoModifier, centre);
-        if (Signal(signal) == Signal::LongPress)
-            QTRY_VERIFY(!first);
-        QTest::mouseRelease(view.viewport(), Qt::LeftButton, Qt::NoModifier, centre);
+        Hand hand(view.viewport());
+        cause(signal, &hand, first, centre);
+        if (endsWithTheFingerDown(signal))
+            hand.release(centre);
         QEvent leave(QEvent::Leave);
         QCoreApplication::sendEvent(view.viewport(), &leave);
-        QCOMPARE(calls, 1);
         QVERIFY(!first);
         QVERIFY(second);
         QCOMPARE(view.content(), second.data());
         QCOMPARE(view.size(), QSize(100, 60));
-        const QSignalSpy clicked(second, &KELRoundRectControl::mouseClicked);
-        QTest::mousePress(view.viewport(), Qt::LeftButton, Qt::NoModifier, centre);
-        QTest::mouseRelease(view.viewport(), Qt::LeftButton, Qt::NoModifier, centre);
-        QCOMPARE(clicked.count(), 1);
+        log.take();
+        hand.tap(centre);
+        QCOMPARE(log.take(), u"second.press second.release second.clicked"_s);
     }
 
     void menuIsDeletedWithTheControl()
@@ -644,8 +595,7 @@ private Q_SLOTS:
                 Q_EMIT button->mouseClicked(); // opens the list
         }
         controls.scene = std::make_unique<QGraphicsScene>();
-        controls.inScene = new KELPushButton;
-        controls.scene->addItem(controls.inScene);
+        controls.scene->addItem(new KELPushButton);
         QVERIFY(controls.alone);
     }
 };
