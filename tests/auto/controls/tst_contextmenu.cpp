@@ -2,144 +2,117 @@
 // SPDX-License-Identifier: MIT
 
 #include "controlclasses.h"
-#include "keltest.h"
+#include "stage.h"
 
-#include <QtCore/QEventLoop>
-#include <QtCore/QTimer>
-#include <QtWidgets/QDialog>
-#include <QtWidgets/QMenu>
-#include <QtWidgets/QVBoxLayout>
-
-#include <memory>
 #include <new>
 #include <type_traits>
 
 namespace {
 
-constexpr int wellAfterLongPressMs = 700;
-
-QMenu *newMenu(QWidget *parent = nullptr)
+struct Class
 {
-    auto *const menu = new QMenu(parent);
-    menu->addAction(u"One"_s);
-    return menu;
+    const char *name;
+    KELRoundRectControl *(*create)();
+};
+
+// Those that take the right button.
+const std::vector<Class> &classes()
+{
+    static const std::vector<Class> all = [] {
+        std::vector<Class> found;
+        forEachControl([&found](auto tag) {
+            using Control = typename decltype(tag)::Type;
+            if (Control().acceptedMouseButtons().testFlag(Qt::RightButton)) {
+                found.push_back({Control::staticMetaObject.className(),
+                                 []() -> KELRoundRectControl * { return new Control; }});
+            }
+        });
+        found.push_back({"push button with the right button", []() -> KELRoundRectControl * {
+                             auto *const button = new KELPushButton;
+                             button->setAcceptedMouseButtons(Qt::AllButtons);
+                             return button;
+                         }});
+        return found;
+    }();
+    return all;
 }
 
-// As a right click comes from the window system, without the release.
-void rightPress(KelTestView *view, const QPoint &pos)
+template <typename Control>
+class MenuStage : public Stage<Control>
 {
-    view->press(pos, Qt::RightButton);
-    QContextMenuEvent event(QContextMenuEvent::Mouse, pos, view->viewport()->mapToGlobal(pos));
-    QCoreApplication::sendEvent(view->viewport(), &event);
-}
+public:
+    explicit MenuStage(Control *made = new Control) :
+        Stage<Control>(QRectF(100, 100, 100, 50), made), opened(menu, &QMenu::aboutToShow)
+    {
+        this->control->style()->contextMenu = menu;
+    }
+
+    const QPointer<QMenu> menu{newMenu()};
+    const QSignalSpy opened;
+};
+
+const std::vector<Named> pressedBefore = {{"never used", false}, {"control pressed before", true}};
 
 } // namespace
-
-using Factory = std::function<KELRoundRectControl *()>;
-Q_DECLARE_METATYPE(Factory)
 
 class tst_ContextMenu : public KelTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void rightClickOpensTheMenuOnce_data()
-    {
-        QTest::addColumn<Factory>("factory");
-        forEachControl([](auto tag) {
-            using Control = typename decltype(tag)::Type;
-            if (Control().acceptedMouseButtons().testFlag(Qt::RightButton)) {
-                QTest::newRow(Control::staticMetaObject.className())
-                    << Factory([] { return new Control; });
-            }
-        });
-        QTest::newRow("push button with the right button") << Factory([] {
-            auto *const button = new KELPushButton;
-            button->setAcceptedMouseButtons(Qt::AllButtons);
-            return button;
-        });
-    }
+    void rightClickOpensTheMenuOnce_data() { addRows({{"class", namesOf(classes())}}); }
 
+    // The event comes with the press, as on X11.
     void rightClickOpensTheMenuOnce()
     {
-        QFETCH(Factory, factory);
-        KelTestView view;
-        KELRoundRectControl *const control = factory();
-        control->setboundRect(20, 20, 100, 60);
-        QMenu *const menu = newMenu();
-        control->style()->contextMenu = menu;
-        view.ownScene.addItem(control);
-        QVERIFY(view.showAndWait());
-        QSignalSpy longPress(control, &KELRoundRectControl::mouseLongPress);
-        QSignalSpy opened(menu, &QMenu::aboutToShow);
+        MenuStage<KELRoundRectControl> stage(classes().at(fetch<size_t>("class")).create());
+        const QPoint pos = stage.centre();
         QPoint movedBy;
-        bool returned = false;
-        QTimer::singleShot(wellAfterLongPressMs, &view, [&] {
-            movedBy = menu->pos() - view.viewport()->mapToGlobal(QPoint(70, 50));
-            menu->close();
+        bool isLongPressToCome = true;
+        whenOpen(stage.menu, [&] {
+            movedBy = stage.menu->pos() - stage.view.viewport()->mapToGlobal(pos);
+            isLongPressToCome = hasTimers(stage.control);
         });
-        // Ends a menu that the first close did not.
-        QTimer::singleShot(3 * wellAfterLongPressMs, menu, [menu] { menu->close(); });
-        rightPress(&view, QPoint(70, 50));
-        returned = true;
-        QVERIFY(returned);
-        QCOMPARE(opened.count(), 1);
-        QCOMPARE(longPress.count(), 0);
+        stage.hand.press(pos, Qt::RightButton);
+        stage.hand.openContextMenu(pos);
+        QCOMPARE(stage.opened.count(), 1);
+        QVERIFY(!isLongPressToCome);
         QCOMPARE(movedBy, QPoint());
-        QVERIFY(!menu->isVisible());
-        view.release(QPoint(70, 50), Qt::RightButton);
+        QVERIFY(!stage.menu->isVisible());
+        stage.hand.release(pos, Qt::RightButton);
+        QVERIFY(!stage.log.take().contains(QLatin1String("longPress")));
     }
 
     void menuThatIsOpenIsNotOpenedAgain()
     {
-        KelTestView view;
-        auto *const button = new KELPushButton;
-        button->setboundRect(20, 20, 100, 60);
-        QMenu *const menu = newMenu();
-        button->style()->contextMenu = menu;
-        view.ownScene.addItem(button);
-        QVERIFY(view.showAndWait());
-        QSignalSpy opened(menu, &QMenu::aboutToShow);
-        menu->popup(QPoint(5, 5));
-        QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(70, 50), QPoint(70, 50));
-        QCoreApplication::sendEvent(view.viewport(), &event);
-        QCOMPARE(opened.count(), 1);
-        QVERIFY(menu->isVisible());
-        QCOMPARE(menu->pos(), QPoint(5, 5));
-        menu->close();
+        MenuStage<KELPushButton> stage;
+        stage.view.showOnce();
+        stage.menu->popup(QPoint(5, 5));
+        stage.hand.openContextMenu(stage.centre());
+        QCOMPARE(stage.opened.count(), 1);
+        QVERIFY(stage.menu->isVisible());
+        QCOMPARE(stage.menu->pos(), QPoint(5, 5));
+        stage.menu->close();
     }
 
     // A plain control keeps no press, and so loses none to the menu.
     void noLongPressWhileTheMenuIsOpen()
     {
-        KelTestView view;
-        auto *const control = new KELRoundRectControl;
-        control->setboundRect(20, 20, 100, 60);
-        QMenu *const menu = newMenu();
-        control->style()->contextMenu = menu;
-        view.ownScene.addItem(control);
-        QVERIFY(view.showAndWait());
-        QSignalSpy longPress(control, &KELRoundRectControl::mouseLongPress);
-        view.press(QPoint(70, 50));
-        menu->popup(QPoint(5, 5));
-        QTest::qWait(wellAfterLongPressMs);
-        QCOMPARE(longPress.count(), 0);
-        menu->close();
+        MenuStage<KELRoundRectControl> stage;
+        stage.hand.press(stage.centre());
+        stage.menu->popup(QPoint(5, 5));
+        endLongPressTime(stage.control);
+        QCOMPARE(stage.log.take(), u"press"_s);
+        stage.menu->close();
     }
 
-    void menuDiesWithItsWindow_data()
-    {
-        QTest::addColumn<bool>("pressedBefore");
-        QTest::newRow("never used") << false;
-        QTest::newRow("control pressed before") << true;
-    }
+    void menuDiesWithItsWindow_data() { addRows({{"pressedBefore", pressedBefore}}); }
 
     // Nobody deletes anything but the window.
     void menuDiesWithItsWindow()
     {
-        QFETCH(bool, pressedBefore);
         auto window = std::make_unique<QWidget>();
-        QMenu *const menu = newMenu(window.get());
+        auto *const menu = new QMenu(window.get());
         auto *const scene = new QGraphicsScene(window.get());
         auto *const view = new QGraphicsView(scene, window.get());
         auto *const button = new KELPushButton;
@@ -149,10 +122,10 @@ private Q_SLOTS:
         window->resize(300, 200);
         window->show();
         QVERIFY(QTest::qWaitForWindowExposed(window.get()));
-        if (pressedBefore)
-            QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->mapFromScene(70, 50));
-        QSignalSpy destroyed(menu, &QObject::destroyed);
-        QSignalSpy controlDestroyed(button, &QObject::destroyed);
+        if (fetch<bool>("pressedBefore"))
+            Hand(view->viewport()).tap(view->mapFromScene(70, 50));
+        const QSignalSpy destroyed(menu, &QObject::destroyed);
+        const QSignalSpy controlDestroyed(button, &QObject::destroyed);
         window.reset();
         QCOMPARE(destroyed.count(), 1);
         QCOMPARE(controlDestroyed.count(), 1);
@@ -162,45 +135,42 @@ private Q_SLOTS:
 
     void menuThatDiedIsNotOpened()
     {
-        QFETCH(bool, pressedBefore);
-        KelTestView view;
-        auto *const button = new KELPushButton;
-        button->setboundRect(20, 20, 100, 60);
-        QMenu *const menu = newMenu();
-        button->style()->contextMenu = menu;
-        view.ownScene.addItem(button);
-        QVERIFY(view.showAndWait());
-        if (pressedBefore)
-            view.click(QPoint(70, 50));
-        QSignalSpy longPress(button, &KELRoundRectControl::mouseLongPress);
-        delete menu;
-        QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(70, 50), QPoint(70, 50));
-        QCoreApplication::sendEvent(view.viewport(), &event);
-        view.press(QPoint(70, 50));
-        QTRY_COMPARE(longPress.count(), 1);
-        view.release(QPoint(70, 50));
+        MenuStage<KELPushButton> stage;
+        if (fetch<bool>("pressedBefore"))
+            stage.hand.tap(stage.centre());
+        stage.log.take();
+        delete stage.menu;
+        stage.hand.openContextMenu(stage.centre());
+        stage.hand.press(stage.centre());
+        endLongPressTime(stage.control);
+        stage.hand.release();
+        QCOMPARE(stage.log.take(), u"press longPress release"_s);
+    }
+
+    // Another menu may come to life at its address.
+    void menuThatDiesAfterAPressLeavesTheRecord()
+    {
+        MenuStage<KELPushButton> stage;
+        stage.hand.tap(stage.centre());
+        delete stage.menu;
+        QCOMPARE(stage->style()->contextMenu, nullptr);
     }
 
     // At the address of the dead one.
     void menuThatReplacesADeadOneOpens()
     {
-        KelTestView view;
-        auto *const button = new KELPushButton;
-        button->setboundRect(20, 20, 100, 60);
-        view.ownScene.addItem(button);
-        QVERIFY(view.showAndWait());
+        Stage<KELPushButton> stage;
         std::aligned_storage_t<sizeof(QMenu), alignof(QMenu)> place;
         for (int i = 0; i < 3; ++i) {
             auto *const menu = new (&place) QMenu;
             menu->addAction(u"One"_s);
-            button->style()->contextMenu = menu;
-            QSignalSpy opened(menu, &QMenu::aboutToShow);
-            QTimer::singleShot(0, menu, &QMenu::close);
-            QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(70, 50), QPoint(70, 50));
-            QCoreApplication::sendEvent(view.viewport(), &event);
+            stage->style()->contextMenu = menu;
+            const QSignalSpy opened(menu, &QMenu::aboutToShow);
+            whenOpen(menu, [] {});
+            stage.hand.openContextMenu(stage.centre());
             QCOMPARE(opened.count(), 1);
             menu->~QMenu();
-            QCOMPARE(button->style()->contextMenu, nullptr);
+            QCOMPARE(stage->style()->contextMenu, nullptr);
         }
     }
 };

@@ -1,11 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
-#include "keltest.h"
-
-#include <kelcheckbox.h>
-#include <kelpushbutton.h>
-#include <kelroundrectcontrol.h>
+#include "stage.h"
 
 #include <QtWidgets/QGraphicsRectItem>
 
@@ -16,43 +12,67 @@ const QPoint onRight(270, 50);
 const QPoint onNothing(170, 250);
 
 // Two buttons on a plain control.
-struct Stage
+struct HoverStage
 {
-    Stage()
+    HoverStage()
     {
         page->setboundRect(0, 0, 400, 200);
         left->setboundRect(20, 20, 100, 60);
         right->setboundRect(220, 20, 100, 60);
         view.ownScene.addItem(page);
-        note(left, u"left"_s);
-        note(right, u"right"_s);
+        log.listenTo(left, u"left"_s);
+        log.listenTo(right, u"right"_s);
     }
-    void note(KELRoundRectControl *control, const QString &name)
-    {
-        QObject::connect(control, &KELRoundRectControl::mouseEnter, &view,
-                         [this, name] { names.append(QLatin1Char('+') + name); });
-        QObject::connect(control, &KELRoundRectControl::mouseLeave, &view,
-                         [this, name] { names.append(QLatin1Char('-') + name); });
-    }
-    void hover(const QPoint &pos)
-    {
-        QMouseEvent event(QEvent::MouseMove, pos, view.viewport()->mapToGlobal(pos), Qt::NoButton,
-                          Qt::NoButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(view.viewport(), &event);
-    }
-    QString take() { return std::exchange(names, {}).join(QLatin1Char(' ')); }
+    ~HoverStage() { log.stop(); }
 
     KelTestView view;
     QPointer<KELRoundRectControl> page{new KELRoundRectControl};
     QPointer<KELPushButton> left{new KELPushButton(page)};
     QPointer<KELPushButton> right{new KELPushButton(page)};
-    QStringList names;
+    SignalLog log;
+    Hand hand{&view};
+};
+
+// An item of another kind that takes hover events, where nothing else is.
+class HoverItem : public QGraphicsRectItem
+{
+public:
+    explicit HoverItem(HoverStage *stage, const QRectF &rect = QRectF(20, 220, 200, 60),
+                       QGraphicsItem *parent = nullptr) :
+        QGraphicsRectItem(rect, parent)
+    {
+        setAcceptHoverEvents(true);
+        if (!parent)
+            stage->view.ownScene.addItem(this);
+    }
+};
+
+struct Deletion
+{
+    const char *name;
+    void (*run)(HoverStage &);
+};
+
+const std::vector<Deletion> deletions = {
+    {"the one that is entered", [](HoverStage &s) { delete s.right; }},
+    {"the one that is left", [](HoverStage &s) { delete s.left; }},
+    {"both",
+     [](HoverStage &s) {
+         delete s.right;
+         delete s.left;
+     }},
+    {"the parent of both", [](HoverStage &s) { delete s.page; }},
+    {"everything", [](HoverStage &s) { s.view.ownScene.clear(); }},
+    {"later the one that is entered", [](HoverStage &s) { s.right->deleteLater(); }},
+    {"hides the one that is entered", [](HoverStage &s) { s.right->hide(); }},
+    {"takes the one that is entered out",
+     [](HoverStage &s) {
+         s.view.ownScene.removeItem(s.right);
+         delete s.right;
+     }},
 };
 
 } // namespace
-
-using Action = std::function<void(Stage *)>;
-Q_DECLARE_METATYPE(Action)
 
 class tst_Hover : public KelTest
 {
@@ -61,128 +81,104 @@ class tst_Hover : public KelTest
 private Q_SLOTS:
     void leaveComesBeforeEnter()
     {
-        Stage stage;
-        QVERIFY(stage.view.showAndWait());
-        stage.hover(onLeft);
-        QCOMPARE(stage.take(), u"+left"_s);
-        stage.hover(onRight);
-        QCOMPARE(stage.take(), u"-left +right"_s);
-        stage.hover(onLeft);
-        QCOMPARE(stage.take(), u"-right +left"_s);
+        HoverStage stage;
+        stage.hand.hover(onLeft);
+        QCOMPARE(stage.log.takeWithHover(), u"left.enter"_s);
+        stage.hand.hover(onRight);
+        QCOMPARE(stage.log.takeWithHover(), u"left.leave right.enter"_s);
+        stage.hand.hover(onLeft);
+        QCOMPARE(stage.log.takeWithHover(), u"right.leave left.enter"_s);
     }
 
     void leaveComesAtOnceWhenNothingIsEntered()
     {
-        Stage stage;
-        QVERIFY(stage.view.showAndWait());
-        stage.hover(onLeft);
-        stage.hover(onNothing);
-        QCOMPARE(stage.take(), u"+left -left"_s);
+        HoverStage stage;
+        stage.hand.hover(onLeft);
+        stage.hand.hover(onNothing);
+        QCOMPARE(stage.log.takeWithHover(), u"left.enter left.leave"_s);
     }
 
-    // An item of another kind takes the hover events.
     void leaveComesWithoutAnEnter()
     {
-        Stage stage;
-        QGraphicsRectItem item(QRectF(20, 220, 200, 60));
-        item.setAcceptHoverEvents(true);
-        stage.view.ownScene.addItem(&item);
-        QVERIFY(stage.view.showAndWait());
-        stage.hover(onLeft);
-        stage.hover(onNothing);
-        QTRY_COMPARE(stage.names.join(QLatin1Char(' ')), u"+left -left"_s);
-        stage.hover(onRight);
+        HoverStage stage;
+        const HoverItem item(&stage);
+        stage.hand.hover(onLeft);
+        stage.hand.hover(onNothing);
+        QTRY_COMPARE(stage.log.count(u"left.leave"_s), 1);
+        stage.hand.hover(onRight);
         QCoreApplication::processEvents();
-        QCOMPARE(stage.take(), u"+left -left +right"_s);
+        QCOMPARE(stage.log.takeWithHover(), u"left.enter left.leave right.enter"_s);
+    }
+
+    // Both are left at once, for an item that does not say that it is entered.
+    void childAndParentAreLeft()
+    {
+        HoverStage stage;
+        stage.view.showOnce();
+        stage.log.listenTo(stage.page, u"page"_s);
+        stage.page->setAcceptHoverEvents(true);
+        stage.left->setFlag(QGraphicsItem::ItemIsPanel, false); // whose parents Qt hovers over, too
+        const HoverItem item(&stage);
+        stage.hand.hover(onLeft);
+        stage.hand.hover(onNothing);
+        QTRY_COMPARE(stage.log.count(u"page.leave"_s), 1);
+        QCOMPARE(stage.log.takeWithHover(), u"page.enter left.enter left.leave page.leave"_s);
     }
 
     void leavingTheView()
     {
-        Stage stage;
-        QVERIFY(stage.view.showAndWait());
-        stage.hover(onLeft);
-        QCursor::setPos(
-            stage.view.viewport()->mapToGlobal(onLeft)); // a popup opens there, for example
+        HoverStage stage;
+        stage.hand.hover(onLeft);
+        // A popup opens there, for example.
+        QCursor::setPos(stage.view.viewport()->mapToGlobal(onLeft));
         QEvent leave(QEvent::Leave);
         QCoreApplication::sendEvent(stage.view.viewport(), &leave);
-        QCOMPARE(stage.take(), u"+left -left"_s);
+        QCOMPARE(stage.log.takeWithHover(), u"left.enter left.leave"_s);
     }
 
     void leaveSlotDeletes_data()
     {
-        QTest::addColumn<Action>("action");
-        QTest::newRow("the one that is entered") << Action([](Stage *s) { delete s->right; });
-        QTest::newRow("the one that is left") << Action([](Stage *s) { delete s->left; });
-        QTest::newRow("both") << Action([](Stage *s) {
-            delete s->right;
-            delete s->left;
-        });
-        QTest::newRow("the parent of both") << Action([](Stage *s) { delete s->page; });
-        QTest::newRow("everything") << Action([](Stage *s) { s->view.ownScene.clear(); });
-        QTest::newRow("later the one that is entered")
-            << Action([](Stage *s) { s->right->deleteLater(); });
-        QTest::newRow("hides the one that is entered")
-            << Action([](Stage *s) { s->right->hide(); });
-        QTest::newRow("takes the one that is entered out") << Action([](Stage *s) {
-            s->view.ownScene.removeItem(s->right);
-            delete s->right;
-        });
+        addRows({{"deletion", namesOf(deletions)},
+                 {"plain", {{"a button is entered", false}, {"a plain item is entered", true}}}});
     }
 
     void leaveSlotDeletes()
     {
-        QFETCH(Action, action);
-        for (const bool plainEntered : {false, true}) {
-            Stage stage;
-            if (plainEntered) { // it goes with the button that it lies on
-                auto *const item = new QGraphicsRectItem(QRectF(225, 25, 90, 50), stage.page);
-                item->setAcceptHoverEvents(true);
-                item->setZValue(9);
-            }
-            QVERIFY(stage.view.showAndWait());
-            stage.hover(onLeft);
-            int calls = 0;
-            connect(stage.left, &KELRoundRectControl::mouseLeave, &stage.view, [&] {
-                ++calls;
-                action(&stage);
-            });
-            stage.hover(onRight);
-            QTRY_COMPARE(calls, 1);
-            stage.hover(onNothing);
-            stage.hover(onRight);
-            stage.hover(onLeft);
-            QCoreApplication::processEvents();
-        }
+        HoverStage stage;
+        if (fetch<bool>("plain")) // it goes with the button that it lies on
+            (new HoverItem(&stage, QRectF(225, 25, 90, 50), stage.page))->setZValue(9);
+        stage.hand.hover(onLeft);
+        stage.log.on(u"left.leave"_s, [&] { deletions.at(fetch<size_t>("deletion")).run(stage); });
+        stage.hand.hover(onRight);
+        QTRY_COMPARE(stage.log.count(u"left.leave"_s), 1);
+        stage.hand.hover(onNothing);
+        stage.hand.hover(onRight);
+        stage.hand.hover(onLeft);
+        QCoreApplication::processEvents();
     }
 
-    void enterSlotDeletes_data() { leaveSlotDeletes_data(); }
+    void enterSlotDeletes_data() { addRows({{"deletion", namesOf(deletions)}}); }
 
     void enterSlotDeletes()
     {
-        QFETCH(Action, action);
-        Stage stage;
-        QVERIFY(stage.view.showAndWait());
-        stage.hover(onLeft);
-        connect(stage.right, &KELRoundRectControl::mouseEnter, &stage.view,
-                [&] { action(&stage); });
-        stage.hover(onRight);
-        stage.hover(onNothing);
-        stage.hover(onLeft);
+        HoverStage stage;
+        stage.hand.hover(onLeft);
+        stage.log.on(u"right.enter"_s, [&] { deletions.at(fetch<size_t>("deletion")).run(stage); });
+        stage.hand.hover(onRight);
+        stage.hand.hover(onNothing);
+        stage.hand.hover(onLeft);
     }
 
     void leftControlThatDiesIsForgotten()
     {
-        Stage stage;
-        QGraphicsRectItem item(QRectF(20, 220, 200, 60));
-        item.setAcceptHoverEvents(true);
-        stage.view.ownScene.addItem(&item);
-        QVERIFY(stage.view.showAndWait());
-        stage.hover(onLeft);
-        stage.hover(onNothing);
+        HoverStage stage;
+        const HoverItem item(&stage);
+        stage.hand.hover(onLeft);
+        stage.hand.hover(onNothing);
         delete stage.left;
-        stage.hover(onRight);
+        stage.hand.hover(onRight);
         QCoreApplication::processEvents();
-        QVERIFY(stage.take().endsWith(QLatin1String("+right")));
+        QVERIFY(stage.log.takeWithHover().endsWith(QLatin1String("right.enter")));
     }
 };
 

@@ -1,25 +1,19 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
-#include "keltest.h"
+#include "stage.h"
 
 #include <kelcheckbox.h>
 #include <kellabel.h>
-#include <kelpushbutton.h>
 #include <kelslidecontrol.h>
 
 #include <QtCore/QEventLoop>
-#include <QtCore/QPointer>
 #include <QtCore/QTimer>
 #include <QtWidgets/QDialog>
 #include <QtWidgets/QGraphicsProxyWidget>
 #include <QtWidgets/QGraphicsSceneMouseEvent>
 
-#include <memory>
-
 namespace {
-
-constexpr int wellAfterLongPressMs = 700;
 
 // Accepts every press, but only after the base has handled it.
 class LateAcceptingControl : public KELRoundRectControl
@@ -47,7 +41,7 @@ protected:
 class PressCounter : public QGraphicsRectItem
 {
 public:
-    explicit PressCounter(const QRectF &rect) : QGraphicsRectItem(rect) { }
+    using QGraphicsRectItem::QGraphicsRectItem;
     int presses = 0;
 
 protected:
@@ -58,48 +52,108 @@ protected:
     }
 };
 
-struct Spies
+using Factory = KELRoundRectControl *(*)();
+
+struct Case
 {
-    explicit Spies(const KELRoundRectControl *control) :
-        press(control, &KELRoundRectControl::mousePress),
-        release(control, &KELRoundRectControl::mouseRelease),
-        clicked(control, &KELRoundRectControl::mouseClicked),
-        longPress(control, &KELRoundRectControl::mouseLongPress)
-    { }
-    QSignalSpy press;
-    QSignalSpy release;
-    QSignalSpy clicked;
-    QSignalSpy longPress;
+    const char *name;
+    Factory create;
 };
 
-std::unique_ptr<QDialog> openDialog(QWidget *parent, Qt::WindowModality modality)
+template <typename Control>
+KELRoundRectControl *create()
 {
-    auto dialog = std::make_unique<QDialog>(parent);
-    dialog->setWindowModality(modality);
-    dialog->show();
-    return dialog;
+    return new Control;
 }
 
 template <typename Control>
-Control *placed(KelTestView *view, const QRectF &rect)
+KELRoundRectControl *createSelectable()
 {
-    auto *control = new Control;
-    control->setboundRect(rect);
-    view->ownScene.addItem(control);
+    auto *const control = new Control;
+    control->setFlag(QGraphicsItem::ItemIsSelectable);
     return control;
 }
 
-const QRectF leftRect(20, 20, 100, 60);
-const QRectF rightRect(200, 20, 100, 60);
+const std::vector<Case> selectableControls = {
+    {"base with the flag", createSelectable<KELRoundRectControl>},
+    {"label with the flag", createSelectable<KELLabel>},
+    {"push button", create<KELPushButton>},
+    {"check box", create<KELCheckBox>},
+    {"slider", create<KELSlideControl>},
+};
+
+const std::vector<Case> ignoringControls = {
+    {"control that is not selectable", create<KELRoundRectControl>},
+    {"derived from the base", createSelectable<IgnoringControl<KELRoundRectControl>>},
+    {"derived from the push button", create<IgnoringControl<KELPushButton>>},
+    {"derived from the check box", create<IgnoringControl<KELCheckBox>>},
+};
+
+// The control of a case.
+class CaseStage : public Stage<KELRoundRectControl>
+{
+public:
+    explicit CaseStage(const std::vector<Case> &cases) :
+        Stage(QRectF(100, 100, 100, 50), cases.at(fetch<size_t>("control")).create())
+    { }
+};
+
+void openDialog(ControlStage *stage)
+{
+    stage->cover = std::make_unique<QDialog>();
+    stage->cover->setWindowModality(Qt::ApplicationModal);
+    stage->cover->show();
+}
+
+// The last call of a test function.
+void losesItsOnlyPress(ControlStage *stage)
+{
+    QTRY_VERIFY(!stage->control->style()->isMouseDown);
+    QVERIFY2(!hasTimers(stage->control), "the long press is still to come");
+    QCOMPARE(stage->log.take(), u"press"_s);
+}
+
+// A view in a proxy in another view.
+struct ProxyStage
+{
+    ProxyStage()
+    {
+        button->setboundRect(20, 20, 100, 60);
+        inner->ownScene.addItem(button);
+        log.listenTo(button);
+        proxy = outer.ownScene.addWidget(inner);
+    }
+    ~ProxyStage()
+    {
+        if (!proxy->scene())
+            delete proxy;
+    }
+
+    KelTestView outer;
+    KelTestView *const inner{new KelTestView(QSize(300, 200))};
+    KELPushButton *const button{new KELPushButton};
+    QPointer<QGraphicsProxyWidget> proxy;
+    SignalLog log;
+    Hand hand{&outer};
+};
+
+struct Change
+{
+    const char *name;
+    void (*make)(ProxyStage &);
+};
+
+const std::vector<Change> changes = {
+    {"outer view hidden", [](ProxyStage &s) { s.outer.hide(); }},
+    {"outer view disabled", [](ProxyStage &s) { s.outer.setEnabled(false); }},
+    {"proxy hidden", [](ProxyStage &s) { s.proxy->hide(); }},
+    {"proxy disabled", [](ProxyStage &s) { s.proxy->setEnabled(false); }},
+    {"proxy taken out", [](ProxyStage &s) { s.outer.ownScene.removeItem(s.proxy); }},
+};
 
 } // namespace
 
-using Change = std::function<void(KelTestView *, QGraphicsProxyWidget *)>;
-using Factory = std::function<KELRoundRectControl *()>;
-Q_DECLARE_METATYPE(Change)
-Q_DECLARE_METATYPE(Factory)
-
-// Rare ways to get and to lose the pointer; the common ones have a table of their own.
+// Rare ways to get and to lose the pointer; the common ones are in tst_pointerloss.
 class tst_KELPress : public KelTest
 {
     Q_OBJECT
@@ -107,394 +161,283 @@ class tst_KELPress : public KelTest
 private Q_SLOTS:
     void pressInsideTheReleaseOfAnotherIsWatched()
     {
-        KelTestView view;
-        auto *button = placed<KELPushButton>(&view, leftRect);
-        QVERIFY(view.showAndWait());
-        Spies spies(button);
-        bool nested = false;
-        connect(button, &KELPushButton::mouseRelease, &view, [&] {
-            if (std::exchange(nested, true))
-                return;
-            QEventLoop loop;
-            QTimer::singleShot(0, &view, [&] { view.press(view.centreOf(button)); });
-            QTimer::singleShot(20, &loop, &QEventLoop::quit);
-            loop.exec();
+        Stage<KELPushButton> stage;
+        bool isNested = false;
+        stage.log.on(u"release"_s, [&] {
+            if (!std::exchange(isNested, true))
+                stage.hand.press(stage.centre());
         });
-        view.click(view.centreOf(button));
-        QCOMPARE(spies.press.count(), 2);
+        stage.hand.tap(stage.centre());
         // The end of the outer release took the grab of the inner press away.
-        QTRY_VERIFY(!button->style()->isMouseDown);
-        QTest::qWait(wellAfterLongPressMs);
-        QCOMPARE(spies.longPress.count(), 0);
+        QTRY_VERIFY(!stage->style()->isMouseDown);
+        QVERIFY(!hasTimers(stage.control));
+        QCOMPARE(stage.log.take(), u"press release press clicked"_s);
     }
 
     void controlThatHeldTheGrabBeforeIsWatched()
     {
-        KelTestView view;
-        auto *button = placed<KELPushButton>(&view, leftRect);
-        QVERIFY(view.showAndWait());
-        Spies spies(button);
-        button->grabMouse();
-        view.press(view.centreOf(button));
-        QVERIFY(button->isMouseDown());
-        const auto dialog = openDialog(nullptr, Qt::ApplicationModal);
-        QTRY_VERIFY(!button->style()->isMouseDown);
-        QTest::qWait(wellAfterLongPressMs);
-        QCOMPARE(spies.longPress.count(), 0);
+        Stage<KELPushButton> stage;
+        stage.view.showOnce();
+        stage->grabMouse();
+        stage.hand.press(stage.centre());
+        QVERIFY(stage->isMouseDown());
+        openDialog(&stage);
+        losesItsOnlyPress(&stage);
     }
 
     void grabOfTheApplicationIsLeftAlone()
     {
-        KelTestView view;
-        auto *button = placed<KELPushButton>(&view, leftRect);
-        auto *other = placed<KELPushButton>(&view, rightRect);
-        QVERIFY(view.showAndWait());
-        Spies spies(button);
-        Spies otherSpies(other);
-        button->grabMouse();
-        view.press(view.centreOf(button));
-        auto dialog = openDialog(nullptr, Qt::ApplicationModal);
-        QTRY_VERIFY(!button->style()->isMouseDown);
-        dialog.reset();
-        view.press(view.centreOf(other));
-        QCOMPARE(view.ownScene.mouseGrabberItem(), button);
-        QCOMPARE(spies.press.count(), 2);
-        QCOMPARE(otherSpies.press.count(), 0);
+        Stage<KELPushButton> stage;
+        stage.view.showOnce();
+        stage->grabMouse();
+        stage.hand.press(stage.centre());
+        openDialog(&stage);
+        QTRY_VERIFY(!stage->style()->isMouseDown);
+        stage.cover.reset();
+        stage.hand.press(stage.otherCentre());
+        QCOMPARE(stage.view.ownScene.mouseGrabberItem(), stage.control);
+        QCOMPARE(stage.log.take(), u"press press"_s);
+    }
+
+    // The release came after all.
+    void releaseEndsTheStaleGrab()
+    {
+        Stage<KELPushButton> stage;
+        stage.hand.press(stage.centre());
+        openDialog(&stage);
+        QTRY_VERIFY(!stage->style()->isMouseDown);
+        stage.cover.reset();
+        stage.hand.release();
+        stage->grabMouse();
+        stage.log.take();
+        stage.hand.press(stage.otherCentre());
+        QCOMPARE(stage.log.take(), u"press"_s);
     }
 
     void secondButtonDoesNotBlindTheWatch()
     {
-        KelTestView view;
-        auto *button = placed<KELPushButton>(&view, leftRect);
-        QVERIFY(view.showAndWait());
-        Spies spies(button);
-        view.press(view.centreOf(button));
-        view.press(view.centreOf(button), Qt::RightButton);
-        const auto dialog = openDialog(nullptr, Qt::ApplicationModal);
-        QTRY_VERIFY(!button->style()->isMouseDown);
-        QTest::qWait(wellAfterLongPressMs);
-        QCOMPARE(spies.longPress.count(), 0);
+        Stage<KELPushButton> stage;
+        stage.hand.press(stage.centre());
+        stage.hand.press(stage.centre(), Qt::RightButton);
+        stage.log.take();
+        openDialog(&stage);
+        QTRY_VERIFY(!stage->style()->isMouseDown);
+        QVERIFY(!hasTimers(stage.control));
+        QCOMPARE(stage.log.take(), QString());
     }
 
     void controlThatAcceptsLateIsWatched()
     {
-        KelTestView view;
-        auto *control = placed<LateAcceptingControl>(&view, leftRect);
-        QVERIFY(view.showAndWait());
-        Spies spies(control);
-        view.click(view.centreOf(control));
-        QCOMPARE(spies.clicked.count(), 1);
+        Stage<LateAcceptingControl> stage;
+        stage.hand.tap(stage.centre());
+        QCOMPARE(stage.log.take(), u"press release clicked"_s);
 
-        view.press(view.centreOf(control));
+        stage.hand.press(stage.centre());
         QCoreApplication::processEvents();
-        QVERIFY(control->isMouseDown());
-        const auto dialog = openDialog(nullptr, Qt::ApplicationModal);
-        QTRY_VERIFY(!control->style()->isMouseDown);
-        QTest::qWait(wellAfterLongPressMs);
-        QCOMPARE(spies.longPress.count(), 0);
+        QVERIFY(stage->isMouseDown());
+        openDialog(&stage);
+        losesItsOnlyPress(&stage);
     }
 
     void childThatGrabsForItselfTakesThePointer()
     {
-        KelTestView view;
-        auto *control = placed<KELRoundRectControl>(&view, leftRect);
-        control->setFlag(QGraphicsItem::ItemIsSelectable);
-        auto *child = new QGraphicsRectItem(30, 30, 10, 10, control);
-        QVERIFY(view.showAndWait());
-        Spies spies(control);
-        view.press(view.centreOf(control));
+        Stage<KELRoundRectControl> stage;
+        stage->setFlag(QGraphicsItem::ItemIsSelectable);
+        auto *const child = new QGraphicsRectItem(110, 110, 10, 10, stage.get());
+        stage.hand.press(stage.centre());
         child->grabMouse();
-        QTRY_VERIFY(!control->style()->isMouseDown);
-        QTest::qWait(wellAfterLongPressMs);
-        QCOMPARE(spies.longPress.count(), 0);
+        losesItsOnlyPress(&stage);
     }
 
     void dialogOpenedByTheSelectionCounts()
     {
-        KelTestView view;
-        auto *button = placed<KELPushButton>(&view, leftRect);
-        QVERIFY(view.showAndWait());
-        Spies spies(button);
-        std::unique_ptr<QDialog> dialog;
+        Stage<KELPushButton> stage;
         QObject context; // the dying scene changes its selection again
-        connect(&view.ownScene, &QGraphicsScene::selectionChanged, &context,
-                [&] { dialog = openDialog(nullptr, Qt::ApplicationModal); });
-        view.press(view.centreOf(button));
-        QVERIFY(dialog);
-        QTRY_VERIFY(!button->style()->isMouseDown);
-        QTest::qWait(wellAfterLongPressMs);
-        QCOMPARE(spies.longPress.count(), 0);
+        connect(&stage.view.ownScene, &QGraphicsScene::selectionChanged, &context,
+                [&] { openDialog(&stage); });
+        stage.hand.press(stage.centre());
+        QVERIFY(stage.cover);
+        losesItsOnlyPress(&stage);
     }
 
     void grabTakenByTheSelectionCounts()
     {
-        KelTestView view;
-        auto *button = placed<KELPushButton>(&view, leftRect);
-        QVERIFY(view.showAndWait());
-        Spies spies(button);
+        Stage<KELPushButton> stage;
         QObject context; // the dying scene changes its selection again
-        connect(&view.ownScene, &QGraphicsScene::selectionChanged, &context,
-                [&] { button->ungrabMouse(); });
-        view.press(view.centreOf(button));
-        QTRY_VERIFY(!button->style()->isMouseDown);
-        QTest::qWait(wellAfterLongPressMs);
-        QCOMPARE(spies.longPress.count(), 0);
+        connect(&stage.view.ownScene, &QGraphicsScene::selectionChanged, &context,
+                [&] { stage->ungrabMouse(); });
+        stage.hand.press(stage.centre());
+        losesItsOnlyPress(&stage);
     }
 
     void freshPressIsNotHandedOnTwice()
     {
-        KelTestView view;
-        auto *button = placed<KELPushButton>(&view, leftRect);
-        auto *cover = new PressCounter(leftRect);
-        view.ownScene.addItem(cover);
-        QVERIFY(view.showAndWait());
-        Spies spies(button);
-        view.press(view.centreOf(button));
-        auto dialog = openDialog(nullptr, Qt::ApplicationModal);
-        QTRY_VERIFY(!button->style()->isMouseDown);
-        dialog.reset();
+        Stage<KELPushButton> stage;
+        auto *const cover = new PressCounter(stage->boundingRect());
+        stage.view.ownScene.addItem(cover);
+        stage.hand.press(stage.centre());
+        openDialog(&stage);
+        QTRY_VERIFY(!stage->style()->isMouseDown);
+        stage.cover.reset();
         cover->presses = 0;
         // Lets go of the old grab, as a release would that the scene gets after all.
-        button->ungrabMouse();
-        view.click(view.centreOf(button));
+        stage->ungrabMouse();
+        stage.hand.tap(stage.centre());
         QCOMPARE(cover->presses, 1);
-        QCOMPARE(spies.press.count(), 2);
-        QCOMPARE(spies.clicked.count(), 1);
+        QCOMPARE(stage.log.take(), u"press press release clicked"_s);
     }
 
     void clickWorksThroughAProxy()
     {
-        KelTestView outer;
-        auto *inner = new KelTestView(QSize(300, 200));
-        auto *button = placed<KELPushButton>(inner, leftRect);
-        outer.ownScene.addWidget(inner);
-        QVERIFY(outer.showAndWait());
-        Spies spies(button);
-        outer.press(QPoint(70, 50));
+        ProxyStage stage;
+        stage.hand.press(QPoint(70, 50));
         QCoreApplication::processEvents();
-        QVERIFY(button->isMouseDown());
-        outer.release(QPoint(70, 50));
-        QCOMPARE(spies.clicked.count(), 1);
+        QVERIFY(stage.button->isMouseDown());
+        stage.hand.release();
+        QCOMPARE(stage.log.take(), u"press release clicked"_s);
     }
 
-    void hiddenOrDisabledProxyLosesThePress_data()
-    {
-        QTest::addColumn<Change>("change");
-        QTest::newRow("outer view hidden")
-            << Change([](KelTestView *outer, QGraphicsProxyWidget *) { outer->hide(); });
-        QTest::newRow("outer view disabled")
-            << Change([](KelTestView *outer, QGraphicsProxyWidget *) { outer->setEnabled(false); });
-        QTest::newRow("proxy hidden")
-            << Change([](KelTestView *, QGraphicsProxyWidget *proxy) { proxy->hide(); });
-        QTest::newRow("proxy disabled")
-            << Change([](KelTestView *, QGraphicsProxyWidget *proxy) { proxy->setEnabled(false); });
-        QTest::newRow("proxy taken out")
-            << Change([](KelTestView *outer, QGraphicsProxyWidget *proxy) {
-                   outer->ownScene.removeItem(proxy);
-               });
-    }
+    void hiddenOrDisabledProxyLosesThePress_data() { addRows({{"change", namesOf(changes)}}); }
 
     void hiddenOrDisabledProxyLosesThePress()
     {
-        QFETCH(Change, change);
-        KelTestView outer;
-        auto *inner = new KelTestView(QSize(300, 200));
-        auto *button = placed<KELPushButton>(inner, leftRect);
-        const QPointer<QGraphicsProxyWidget> proxy(outer.ownScene.addWidget(inner));
-        QVERIFY(outer.showAndWait());
-        Spies spies(button);
-        outer.press(QPoint(70, 50));
-        QVERIFY(button->isMouseDown());
-        change(&outer, proxy);
-        QTRY_VERIFY(!button->style()->isMouseDown);
-        QTest::qWait(wellAfterLongPressMs);
-        QCOMPARE(spies.longPress.count(), 0);
-        if (!proxy->scene())
-            delete proxy;
+        ProxyStage stage;
+        stage.hand.press(QPoint(70, 50));
+        QVERIFY(stage.button->isMouseDown());
+        changes.at(fetch<size_t>("change")).make(stage);
+        QTRY_VERIFY(!stage.button->style()->isMouseDown);
+        QVERIFY(!hasTimers(stage.button));
+        QCOMPARE(stage.log.take(), u"press"_s);
     }
 
     // It is never painted, which Qt would do for ever. The other view serves nobody, so that no
     // view ends the search.
     void viewInsideTheSceneItShows()
     {
-        KelTestView outer;
-        outer.setInteractive(false);
-        auto *button = placed<KELPushButton>(&outer, leftRect);
-        auto *inner = new QGraphicsView(&outer.ownScene);
+        Stage<KELPushButton> stage;
+        stage.view.setInteractive(false);
+        auto *const inner = new QGraphicsView(&stage.view.ownScene);
         inner->setUpdatesEnabled(false);
         inner->setFrameShape(QFrame::NoFrame);
         inner->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-        inner->resize(150, 100);
-        QGraphicsProxyWidget *const proxy = outer.ownScene.addWidget(inner);
+        inner->resize(250, 170);
+        QGraphicsProxyWidget *const proxy = stage.view.ownScene.addWidget(inner);
         proxy->setFlag(QGraphicsItem::ItemHasNoContents);
-        proxy->setPos(200, 150);
-        QVERIFY(outer.showAndWait());
-        Spies spies(button);
-        const QPoint pos = inner->mapFromScene(leftRect.center());
-        QTest::mousePress(inner->viewport(), Qt::LeftButton, Qt::NoModifier, pos);
+        proxy->setPos(300, 150);
+        stage.view.showOnce();
+        Hand hand(inner->viewport());
+        hand.press(inner->mapFromScene(stage->boundingRect().center()));
         QCoreApplication::processEvents();
-        QVERIFY(button->isMouseDown());
-        QTest::mouseRelease(inner->viewport(), Qt::LeftButton, Qt::NoModifier, pos);
-        QCOMPARE(spies.clicked.count(), 1);
+        QVERIFY(stage->isMouseDown());
+        hand.release();
+        QCOMPARE(stage.log.take(), u"press release clicked"_s);
     }
 
     void windowModalDialogOfASiblingWindowCounts()
     {
-        QDialog root;
+        Stage<KELPushButton> stage;
+        QWidget root;
         root.show();
-        auto *window = new QDialog(&root);
-        auto *sibling = new QDialog(&root);
-        auto *view = new KelTestView;
-        auto *button = placed<KELPushButton>(view, leftRect);
-        view->setParent(window);
-        window->resize(view->size());
-        window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(window));
-        view->press(view->centreOf(button));
-        QVERIFY(button->isMouseDown());
-        const auto dialog = openDialog(sibling, Qt::WindowModal);
-        QTRY_VERIFY(!button->style()->isMouseDown);
+        stage.window.setParent(&root, Qt::Window);
+        auto *const sibling = new QWidget(&root, Qt::Window);
+        stage.hand.press(stage.centre());
+        QVERIFY(stage->isMouseDown());
+        QDialog dialog(sibling);
+        dialog.setWindowModality(Qt::WindowModal);
+        dialog.show();
+        QTRY_VERIFY(!stage->style()->isMouseDown);
+        stage.window.setParent(nullptr);
     }
 
     void eventsWithoutAViewStillClick()
     {
         QGraphicsScene scene;
-        auto *button = new KELPushButton;
-        button->setboundRect(leftRect);
+        auto *const button = new KELPushButton;
         scene.addItem(button);
-        Spies spies(button);
+        SignalLog log;
+        log.listenTo(button);
         for (const QEvent::Type type :
              {QEvent::GraphicsSceneMousePress, QEvent::GraphicsSceneMouseRelease}) {
             QGraphicsSceneMouseEvent event(type);
             event.setButton(Qt::LeftButton);
             event.setButtons(type == QEvent::GraphicsSceneMousePress ? Qt::LeftButton
                                                                      : Qt::NoButton);
-            event.setPos(leftRect.center());
+            event.setPos(button->boundingRect().center());
             scene.sendEvent(button, &event);
             QCoreApplication::processEvents();
         }
-        QCOMPARE(spies.clicked.count(), 1);
+        QCOMPARE(log.take(), u"press release clicked"_s);
     }
 
     void rightTapOnASelectableControlLeavesNothing_data()
     {
-        QTest::addColumn<Factory>("factory");
-        QTest::newRow("base with the flag") << Factory([] {
-            auto *const control = new KELRoundRectControl;
-            control->setFlag(QGraphicsItem::ItemIsSelectable);
-            return control;
-        });
-        QTest::newRow("label with the flag") << Factory([] {
-            auto *const control = new KELLabel;
-            control->setFlag(QGraphicsItem::ItemIsSelectable);
-            return control;
-        });
-        QTest::newRow("push button") << Factory([] { return new KELPushButton; });
-        QTest::newRow("check box") << Factory([] { return new KELCheckBox; });
-        QTest::newRow("slider") << Factory([] { return new KELSlideControl; });
+        addRows({{"control", namesOf(selectableControls)}});
     }
 
     void rightTapOnASelectableControlLeavesNothing()
     {
-        QFETCH(Factory, factory);
-        KelTestView view;
-        KELRoundRectControl *const control = factory();
-        control->setAcceptedMouseButtons(Qt::AllButtons);
-        control->setboundRect(leftRect);
-        view.ownScene.addItem(control);
-        QVERIFY(view.showAndWait());
-        Spies spies(control);
-        view.press(view.centreOf(control), Qt::RightButton);
-        QTRY_VERIFY(!control->style()->isMouseDown);
-        view.release(view.centreOf(control), Qt::RightButton);
-        QVERIFY(!control->isMouseDown());
-        QTest::qWait(wellAfterLongPressMs);
-        QCOMPARE(spies.press.count(), 1);
-        QCOMPARE(spies.longPress.count(), 0);
-        QCOMPARE(spies.clicked.count(), 0);
-        view.click(view.centreOf(control));
-        QCOMPARE(spies.clicked.count(), 1);
+        CaseStage stage(selectableControls);
+        stage->setAcceptedMouseButtons(Qt::AllButtons);
+        stage.hand.press(stage.centre(), Qt::RightButton);
+        QTRY_VERIFY(!stage->style()->isMouseDown);
+        stage.hand.release(stage.centre(), Qt::RightButton);
+        QVERIFY(!stage->isMouseDown());
+        QVERIFY(!hasTimers(stage.control));
+        QCOMPARE(stage.log.count(u"press"_s), 1);
+        QCOMPARE(stage.log.count(u"clicked"_s), 0);
+        stage.hand.tap(stage.centre());
+        QVERIFY(stage.log.take().endsWith(QLatin1String("release clicked")));
     }
 
     void rightPressThatADerivedClassAcceptsClicks()
     {
-        KelTestView view;
-        auto *control = placed<LateAcceptingControl>(&view, leftRect);
-        control->setFlag(QGraphicsItem::ItemIsSelectable);
-        QVERIFY(view.showAndWait());
-        Spies spies(control);
-        view.press(view.centreOf(control), Qt::RightButton);
+        Stage<LateAcceptingControl> stage;
+        stage->setFlag(QGraphicsItem::ItemIsSelectable);
+        stage.hand.press(stage.centre(), Qt::RightButton);
         QCoreApplication::processEvents();
-        QVERIFY(control->isMouseDown());
-        view.release(view.centreOf(control), Qt::RightButton);
-        QCOMPARE(spies.release.count(), 1);
-        QCOMPARE(spies.clicked.count(), 1);
+        QVERIFY(stage->isMouseDown());
+        stage.hand.release(stage.centre(), Qt::RightButton);
+        QCOMPARE(stage.log.take(), u"press release clicked"_s);
     }
 
-    void ignoredPressStaysAsDescribed_data()
-    {
-        QTest::addColumn<Factory>("factory");
-        QTest::newRow("control that is not selectable")
-            << Factory([] { return new KELRoundRectControl; });
-        QTest::newRow("derived from the base") << Factory([] {
-            auto *const control = new IgnoringControl<KELRoundRectControl>;
-            control->setFlag(QGraphicsItem::ItemIsSelectable);
-            return control;
-        });
-        QTest::newRow("derived from the push button")
-            << Factory([] { return new IgnoringControl<KELPushButton>; });
-        QTest::newRow("derived from the check box")
-            << Factory([] { return new IgnoringControl<KELCheckBox>; });
-    }
+    void ignoredPressStaysAsDescribed_data() { addRows({{"control", namesOf(ignoringControls)}}); }
 
     void ignoredPressStaysAsDescribed()
     {
-        QFETCH(Factory, factory);
-        KelTestView view;
-        KELRoundRectControl *const control = factory();
-        control->setboundRect(leftRect);
-        view.ownScene.addItem(control);
-        QVERIFY(view.showAndWait());
-        Spies spies(control);
-        view.press(view.centreOf(control));
-        QVERIFY(control->isMouseDown());
-        QTest::qWait(20);
-        QVERIFY(control->isMouseDown());
-        QVERIFY(control->style()->isMouseDown);
-        view.release(view.centreOf(control));
-        QTRY_COMPARE(spies.longPress.count(), 1);
-        QCOMPARE(spies.press.count(), 1);
-        QCOMPARE(spies.release.count(), 0);
-        QCOMPARE(spies.clicked.count(), 0);
-        QVERIFY(control->isMouseDown());
+        CaseStage stage(ignoringControls);
+        stage.hand.press(stage.centre());
+        QVERIFY(stage->isMouseDown());
+        for (int i = 0; i < 5; ++i)
+            QCoreApplication::processEvents();
+        QVERIFY(stage->isMouseDown());
+        QVERIFY(stage->style()->isMouseDown);
+        stage.hand.release();
+        endLongPressTime(stage.control);
+        const QString change = stage->isCheck() ? u" checked checkChanged"_s : QString();
+        QCOMPARE(stage.log.take(), u"press%1 longPress"_s.arg(change));
+        QVERIFY(stage->isMouseDown());
     }
 
     void tapAfterAnIgnoredPress()
     {
-        KelTestView view;
-        auto *ignoring = placed<IgnoringControl<KELPushButton>>(&view, leftRect);
-        auto *button = placed<KELPushButton>(&view, rightRect);
-        QVERIFY(view.showAndWait());
-        Spies spies(button);
-        view.click(view.centreOf(ignoring));
-        view.click(view.centreOf(button));
-        QCOMPARE(spies.clicked.count(), 1);
+        Stage<IgnoringControl<KELPushButton>> stage;
+        stage.hand.tap(stage.centre());
+        stage.hand.tap(stage.otherCentre());
+        QCOMPARE(stage.log.take(), u"press other.press other.release other.clicked"_s);
     }
 
     void plainControlFollowsItsButtonsInOneTurn()
     {
-        KelTestView view;
-        auto *control = placed<KELRoundRectControl>(&view, leftRect);
-        QVERIFY(view.showAndWait());
-        view.press(view.centreOf(control));
-        QTest::qWait(1);
-        QVERIFY(control->style()->isMouseDown);
-        control->setAcceptedMouseButtons(Qt::NoButton);
-        QVERIFY(!control->isMouseDown());
+        Stage<KELRoundRectControl> stage;
+        stage.hand.press(stage.centre());
+        QCoreApplication::processEvents();
+        QVERIFY(stage->style()->isMouseDown);
+        stage->setAcceptedMouseButtons(Qt::NoButton);
+        QVERIFY(!stage->isMouseDown());
         QEventLoop loop;
         QTimer::singleShot(0, &loop, &QEventLoop::quit);
         loop.exec();
-        QVERIFY(!control->style()->isMouseDown);
+        QVERIFY(!stage->style()->isMouseDown);
     }
 };
 
