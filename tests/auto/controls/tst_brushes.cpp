@@ -3,20 +3,16 @@
 
 #include "controlclasses.h"
 #include "keltest.h"
+#include "rows.h"
 
 #include <QtGui/QPainter>
-#include <QtWidgets/QStyleOptionGraphicsItem>
 
-#include <functional>
 #include <limits>
-#include <memory>
-
-Q_DECLARE_METATYPE(QBrush)
-Q_DECLARE_METATYPE(std::function<QImage(QBrush)>)
+#include <map>
 
 namespace {
 
-using Painted = std::function<QImage(QBrush)>;
+using Painted = std::function<QImage(const QBrush &)>;
 
 constexpr qreal notANumber = std::numeric_limits<qreal>::quiet_NaN();
 constexpr qreal infinite = std::numeric_limits<qreal>::infinity();
@@ -57,30 +53,13 @@ QBrush stoppedAt(qreal position)
     return gradient;
 }
 
-using FieldOf = std::function<QBrush &(KELRoundRectControlStyle *)>;
-
-QBrush &backgroundOf(KELRoundRectControlStyle *style)
-{
-    return style->backgroundBrush;
-}
-
-QBrush &foregroundOf(KELRoundRectControlStyle *style)
-{
-    return style->foregroundBrush;
-}
-
-QBrush &outlineOf(KELRoundRectControlStyle *style)
-{
-    return style->borderBrush;
-}
-
-QBrush &knobOf(KELRoundRectControlStyle *style)
-{
-    return static_cast<KELCheckBoxStyle *>(style)->indicatorBrush;
-}
-
 template <typename Control>
-Painted painted(const FieldOf &field, bool check = true)
+constexpr bool hasValue
+    = std::is_same_v<Control, KELProcessBar> || std::is_same_v<Control, KELSlideControl>;
+
+// Paints a control with a brush in this field of its record.
+template <typename Control, typename Style = KELRoundRectControlStyle>
+Painted painted(QBrush Style::*field, bool check = true)
 {
     return [field, check](const QBrush &brush) {
         Control control(nullptr);
@@ -91,8 +70,36 @@ Painted painted(const FieldOf &field, bool check = true)
         style->icon = KELIconFont('M');
         style->borderWidth = 3;
         style->isCheck = check;
-        field(style) = brush;
+        static_cast<Style *>(style)->*field = brush;
+        if constexpr (hasValue<Control>)
+            control.setValue(50);
         return KelImage::paint(&control, canvas);
+    };
+}
+
+// The same in the record of a table, or in those of its pages.
+template <typename Style>
+Painted paintedTable(QBrush Style::*field)
+{
+    return [field](const QBrush &brush) {
+        KELNavigationTable table;
+        table.setboundRect(0, 0, 140, 90);
+        auto *const style = static_cast<KELNavigationTableStyle *>(table.style());
+        style->showTitle = true;
+        style->titleHeight = 25;
+        style->tabHeight = 40;
+        if constexpr (std::is_same_v<Style, KELNavigationTableStyle>)
+            style->*field = brush;
+        for (int i = 0; i < 2; ++i) {
+            auto *const page = new KELNavigationTableItem;
+            page->setText(u"Tab"_s);
+            page->style()->icon = KELIconFont('M');
+            page->style()->iconSize = 10;
+            if constexpr (std::is_same_v<Style, KELNavigationTableItemStyle>)
+                static_cast<Style *>(page->style())->*field = brush;
+            table.addItem(page);
+        }
+        return KelImage::paint(&table, canvas);
     };
 }
 
@@ -105,41 +112,6 @@ QImage paintedLine(const QBrush &brush)
     return KelImage::paint(&line, canvas);
 }
 
-template <typename Control>
-QImage paintedAtHalf(const FieldOf &field, const QBrush &brush)
-{
-    Control control(nullptr);
-    control.setboundRect(5, 5, 120, 70);
-    control.setValue(50);
-    field(control.style()) = brush;
-    return KelImage::paint(&control, canvas);
-}
-
-using TableField = std::function<QBrush &(KELNavigationTableStyle *)>;
-using PageField = std::function<QBrush &(KELNavigationTableItemStyle *)>;
-
-QImage paintedTable(const TableField &tableField, const PageField &pageField, const QBrush &brush)
-{
-    KELNavigationTable table;
-    table.setboundRect(0, 0, 140, 90);
-    auto *const style = static_cast<KELNavigationTableStyle *>(table.style());
-    style->showTitle = true;
-    style->titleHeight = 25;
-    style->tabHeight = 40;
-    if (tableField)
-        tableField(style) = brush;
-    for (int i = 0; i < 2; ++i) {
-        auto *const page = new KELNavigationTableItem;
-        page->setText(u"Tab"_s);
-        page->style()->icon = KELIconFont('M');
-        page->style()->iconSize = 10;
-        if (pageField)
-            pageField(static_cast<KELNavigationTableItemStyle *>(page->style())) = brush;
-        table.addItem(page);
-    }
-    return KelImage::paint(&table, canvas);
-}
-
 QImage paintedText(const QBrush &brush)
 {
     return KELTextPixmap(u"Caption"_s, canvas, brush, QBrush(Qt::white), QFont()).toImage();
@@ -147,75 +119,154 @@ QImage paintedText(const QBrush &brush)
 
 struct Place
 {
-    const char *name;
+    QByteArray name;
     Painted paint;
 };
 
-Place tablePlace(const char *name, const TableField &field)
+// Where a brush shows.
+const std::vector<Place> &places()
 {
-    return {name, [field](const QBrush &brush) { return paintedTable(field, nullptr, brush); }};
-}
-
-Place pagePlace(const char *name, const PageField &field)
-{
-    return {name, [field](const QBrush &brush) { return paintedTable(nullptr, field, brush); }};
-}
-
-QList<Place> places()
-{
-    using TableStyle = KELNavigationTableStyle;
-    using PageStyle = KELNavigationTableItemStyle;
-    const auto bar = [](const FieldOf &field) {
-        return [field](const QBrush &brush) { return paintedAtHalf<KELProcessBar>(field, brush); };
-    };
-    const auto slider = [](const FieldOf &field) {
-        return
-            [field](const QBrush &brush) { return paintedAtHalf<KELSlideControl>(field, brush); };
-    };
-    return {
-        {"base, fill", painted<KELRoundRectControl>(backgroundOf)},
-        {"base, outline", painted<KELRoundRectControl>(outlineOf)},
-        {"base, caption and glyph", painted<KELRoundRectControl>(foregroundOf)},
-        {"push button, fill", painted<KELPushButton>(backgroundOf)},
-        {"push button, outline", painted<KELPushButton>(outlineOf)},
-        {"push button, caption and glyph", painted<KELPushButton>(foregroundOf)},
-        {"combo box entry, fill", painted<KELComboBoxItem>(backgroundOf)},
-        {"combo box entry, caption and glyph", painted<KELComboBoxItem>(foregroundOf)},
-        {"label, fill", painted<KELLabel>(backgroundOf)},
-        {"label, caption and glyph", painted<KELLabel>(foregroundOf)},
+    using Style = KELRoundRectControlStyle;
+    using Table = KELNavigationTableStyle;
+    using Page = KELNavigationTableItemStyle;
+    static const std::vector<Place> all = {
+        {"base, fill", painted<KELRoundRectControl>(&Style::backgroundBrush)},
+        {"base, outline", painted<KELRoundRectControl>(&Style::borderBrush)},
+        {"base, caption and glyph", painted<KELRoundRectControl>(&Style::foregroundBrush)},
+        {"push button, fill", painted<KELPushButton>(&Style::backgroundBrush)},
+        {"push button, outline", painted<KELPushButton>(&Style::borderBrush)},
+        {"push button, caption and glyph", painted<KELPushButton>(&Style::foregroundBrush)},
+        {"combo box entry, fill", painted<KELComboBoxItem>(&Style::backgroundBrush)},
+        {"combo box entry, caption and glyph", painted<KELComboBoxItem>(&Style::foregroundBrush)},
+        {"label, fill", painted<KELLabel>(&Style::backgroundBrush)},
+        {"label, caption and glyph", painted<KELLabel>(&Style::foregroundBrush)},
         {"line", paintedLine},
-        {"check box, track", painted<KELCheckBox>(backgroundOf, false)},
-        {"check box, knob", painted<KELCheckBox>(knobOf, false)},
-        {"check box, outline", painted<KELCheckBox>(outlineOf)},
-        {"radio box, fill", painted<KELRadioBox>(backgroundOf)},
-        {"radio box, outline", painted<KELRadioBox>(outlineOf)},
-        {"radio box, dot", painted<KELRadioBox>(foregroundOf)},
-        {"progress bar, bar", bar(backgroundOf)},
-        {"progress bar, done", bar(outlineOf)},
-        {"progress bar, number", bar(foregroundOf)},
-        {"slider, groove", slider(backgroundOf)},
-        {"slider, knob", slider(foregroundOf)},
-        {"slider, outline", slider(outlineOf)},
-        tablePlace("table, background",
-                   [](TableStyle *s) -> QBrush & { return s->backgroundBrush; }),
-        tablePlace("table, title bar",
-                   [](TableStyle *s) -> QBrush & { return s->titleBackgroundBrush; }),
-        tablePlace("table, title",
-                   [](TableStyle *s) -> QBrush & { return s->titleForegroundBrush; }),
-        pagePlace("table, tab", [](PageStyle *s) -> QBrush & { return s->backgroundBrush; }),
-        pagePlace("table, tab of the page shown",
-                  [](PageStyle *s) -> QBrush & { return s->buttonBackground; }),
-        pagePlace("table, caption and glyph of a tab",
-                  [](PageStyle *s) -> QBrush & { return s->buttonForeground; }),
+        {"check box, track", painted<KELCheckBox>(&Style::backgroundBrush, false)},
+        {"check box, knob", painted<KELCheckBox>(&KELCheckBoxStyle::indicatorBrush, false)},
+        {"check box, outline", painted<KELCheckBox>(&Style::borderBrush)},
+        {"radio box, fill", painted<KELRadioBox>(&Style::backgroundBrush)},
+        {"radio box, outline", painted<KELRadioBox>(&Style::borderBrush)},
+        {"radio box, dot", painted<KELRadioBox>(&Style::foregroundBrush)},
+        {"progress bar, bar", painted<KELProcessBar>(&Style::backgroundBrush)},
+        {"progress bar, done", painted<KELProcessBar>(&Style::borderBrush)},
+        {"progress bar, number", painted<KELProcessBar>(&Style::foregroundBrush)},
+        {"slider, groove", painted<KELSlideControl>(&Style::backgroundBrush)},
+        {"slider, knob", painted<KELSlideControl>(&Style::foregroundBrush)},
+        {"slider, outline", painted<KELSlideControl>(&Style::borderBrush)},
+        {"table, background", paintedTable<Table>(&Table::backgroundBrush)},
+        {"table, title bar", paintedTable<Table>(&Table::titleBackgroundBrush)},
+        {"table, title", paintedTable<Table>(&Table::titleForegroundBrush)},
+        {"table, tab", paintedTable<Page>(&Page::backgroundBrush)},
+        {"table, tab of the page shown", paintedTable<Page>(&Page::buttonBackground)},
+        {"table, caption and glyph of a tab", paintedTable<Page>(&Page::buttonForeground)},
         {"text pixmap", paintedText},
     };
+    return all;
 }
 
-void addPlaces()
+// These, and all brushes of all controls, whether they show or not.
+const std::vector<Place> &allPlaces()
 {
-    QTest::addColumn<Painted>("paint");
-    for (const Place &place : places())
-        QTest::newRow(place.name) << place.paint;
+    static const std::vector<Place> all = [] {
+        using Style = KELRoundRectControlStyle;
+        std::vector<Place> found = places();
+        forEachControl([&found](auto tag) {
+            using Control = typename decltype(tag)::Type;
+            const QByteArray name(Control::staticMetaObject.className());
+            found.push_back({"background of a " + name, painted<Control>(&Style::backgroundBrush)});
+            found.push_back({"foreground of a " + name, painted<Control>(&Style::foregroundBrush)});
+            found.push_back({"outline of a " + name, painted<Control>(&Style::borderBrush)});
+        });
+        return found;
+    }();
+    return all;
+}
+
+struct NamedBrush
+{
+    QByteArray name;
+    QBrush brush;
+};
+
+QBrush focused(const QPointF &centre, qreal radius, const QPointF &focus, qreal focalRadius = 0)
+{
+    return coloured(QRadialGradient(centre, radius, focus, focalRadius));
+}
+
+// A number in each place of a gradient and its transformation.
+std::vector<NamedBrush> brushesWith(const QByteArray &name, qreal n)
+{
+    return {
+        {"linear, x of start " + name, coloured(QLinearGradient(n, 0, 100, 50))},
+        {"linear, y of start " + name, coloured(QLinearGradient(0, n, 100, 50))},
+        {"linear, x of stop " + name, coloured(QLinearGradient(0, 0, n, 50))},
+        {"linear, y of stop " + name, coloured(QLinearGradient(0, 0, 100, n))},
+        {"radial, x of centre " + name, coloured(QRadialGradient(n, 20, 40))},
+        {"radial, y of centre " + name, coloured(QRadialGradient(30, n, 40))},
+        {"radial, centre without focal point " + name, focused({n, 20}, 40, {30, 20})},
+        {"radial, radius " + name, coloured(QRadialGradient(30, 20, n))},
+        {"radial, x of focal point " + name, focused({30, 20}, 40, {n, 20}, 5)},
+        {"radial, y of focal point " + name, focused({30, 20}, 40, {30, n}, 5)},
+        {"radial, focal radius " + name, focused({30, 20}, 40, {30, 20}, n)},
+        {"conical, x of centre " + name, coloured(QConicalGradient(n, 20, 45))},
+        {"conical, y of centre " + name, coloured(QConicalGradient(30, n, 45))},
+        {"conical, angle " + name, coloured(QConicalGradient(30, 20, n))},
+        {"linear, moved " + name, transformed(linear(), {1, 0, 0, 1, n, 0})},
+        {"radial, moved " + name, transformed(radial(), {1, 0, 0, 1, n, 0})},
+        {"conical, moved " + name, transformed(conical(), {1, 0, 0, 1, n, 0})},
+        {"radial, scaled " + name, transformed(radial(), {n, 0, 0, 1, 0, 0})},
+        {"radial, sheared " + name, transformed(radial(), {1, n, 0, 1, 0, 0})},
+        {"radial, in perspective " + name, transformed(radial(), {1, 0, n, 0, 1, 0, 0, 0, 1})},
+        {"radial, last number " + name, transformed(radial(), {1, 0, 0, 0, 1, 0, 0, 0, n})},
+    };
+}
+
+const std::vector<NamedBrush> &unusable()
+{
+    static const std::vector<NamedBrush> all = [] {
+        std::vector<NamedBrush> found = {
+            {"stop at no number", stoppedAt(notANumber)},
+            {"scaled by 0", transformed(radial(), QTransform::fromScale(0, 1))},
+            {"scaled by a tiny number", transformed(radial(), QTransform::fromScale(1e-160, 1))},
+            {"scaled by a small number", transformed(radial(), QTransform::fromScale(9e-6, 1))},
+            {"circles that touch", focused({0, 0}, 50, {30, 0}, 20)},
+            {"circles that nearly touch", focused({0, 0}, 50, {30 - 1e-9, 0}, 20)},
+            {"negative radius", focused({0, 1.7e-6}, -100000, {-100000, 0})},
+            {"all 0", transformed(radial(), {0, 0, 0, 0, 0, 0, 0, 0, 0})},
+        };
+        const std::map<QByteArray, qreal> numbers = {{"not a number", notANumber},
+                                                     {"infinite", infinite},
+                                                     {"minus infinite", -infinite},
+                                                     {"1e308", 1e308},
+                                                     {"-1e308", -1e308},
+                                                     {"1e12", 1e12},
+                                                     {"just beyond", 100000.1},
+                                                     {"just beyond, negative", -100000.1}};
+        for (const auto &[name, number] : numbers) {
+            const std::vector<NamedBrush> more = brushesWith(name, number);
+            found.insert(found.end(), more.begin(), more.end());
+        }
+        return found;
+    }();
+    return all;
+}
+
+const std::vector<NamedBrush> &usable()
+{
+    static const std::vector<NamedBrush> all = {
+        {"linear", linear()},
+        {"radial", radial()},
+        {"conical", conical()},
+        {"at the limit", focused({-100000, 100000}, 100000, {-99000, 99000}, 10)},
+        {"circles near each other", focused({0, 0}, 50, {29.99, 0}, 20)},
+        {"without size", coloured(QRadialGradient(30, 20, 0))},
+        {"transformed", transformed(radial(), QTransform().rotate(30).scale(2, 0.5))},
+        {"in perspective", transformed(linear(), {1, 0, 0.001, 0, 1, 0, 0, 0, 1})},
+        {"scaled far down", transformed(radial(), QTransform::fromScale(1.1e-5, 1))},
+        {"stops at the ends", stoppedAt(1)},
+        {"preset", QBrush(QGradient(QGradient::WarmFlame))},
+    };
+    return all;
 }
 
 } // namespace
@@ -226,74 +277,10 @@ class tst_Brushes : public KelTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void unusableGradientPaintsNothing_data()
-    {
-        QTest::addColumn<QBrush>("brush");
-
-        const struct
-        {
-            const char *name;
-            qreal value;
-        } numbers[] = {{"not a number", notANumber},
-                       {"infinite", infinite},
-                       {"minus infinite", -infinite},
-                       {"1e308", 1e308},
-                       {"-1e308", -1e308},
-                       {"1e12", 1e12},
-                       {"just beyond", 100000.1},
-                       {"just beyond, negative", -100000.1}};
-        for (const auto &number : numbers) {
-            const qreal value = number.value;
-            const auto add = [&number](const char *what, const QBrush &brush) {
-                QTest::addRow("%s %s", what, number.name) << brush;
-            };
-            add("linear, x of start", coloured(QLinearGradient(value, 0, 100, 50)));
-            add("linear, y of start", coloured(QLinearGradient(0, value, 100, 50)));
-            add("linear, x of stop", coloured(QLinearGradient(0, 0, value, 50)));
-            add("linear, y of stop", coloured(QLinearGradient(0, 0, 100, value)));
-            add("radial, x of centre", coloured(QRadialGradient(value, 20, 40)));
-            add("radial, y of centre", coloured(QRadialGradient(30, value, 40)));
-            add("radial, centre without focal point",
-                coloured(QRadialGradient(QPointF(value, 20), 40, QPointF(30, 20))));
-            add("radial, radius", coloured(QRadialGradient(30, 20, value)));
-            add("radial, x of focal point",
-                coloured(QRadialGradient(QPointF(30, 20), 40, QPointF(value, 20), 5)));
-            add("radial, y of focal point",
-                coloured(QRadialGradient(QPointF(30, 20), 40, QPointF(30, value), 5)));
-            add("radial, focal radius",
-                coloured(QRadialGradient(QPointF(30, 20), 40, QPointF(30, 20), value)));
-            add("conical, x of centre", coloured(QConicalGradient(value, 20, 45)));
-            add("conical, y of centre", coloured(QConicalGradient(30, value, 45)));
-            add("conical, angle", coloured(QConicalGradient(30, 20, value)));
-            const QTransform moved(1, 0, 0, 1, value, 0);
-            add("linear, moved", transformed(linear(), moved));
-            add("radial, moved", transformed(radial(), moved));
-            add("conical, moved", transformed(conical(), moved));
-            add("radial, scaled", transformed(radial(), QTransform(value, 0, 0, 1, 0, 0)));
-            add("radial, sheared", transformed(radial(), QTransform(1, value, 0, 1, 0, 0)));
-            add("radial, in perspective",
-                transformed(radial(), QTransform(1, 0, value, 0, 1, 0, 0, 0, 1)));
-            add("radial, last number",
-                transformed(radial(), QTransform(1, 0, 0, 0, 1, 0, 0, 0, value)));
-        }
-        QTest::newRow("stop at no number") << stoppedAt(notANumber);
-        QTest::newRow("scaled by 0") << transformed(radial(), QTransform::fromScale(0, 1));
-        QTest::newRow("scaled by a tiny number")
-            << transformed(radial(), QTransform::fromScale(1e-160, 1));
-        QTest::newRow("scaled by a small number")
-            << transformed(radial(), QTransform::fromScale(9e-6, 1));
-        QTest::newRow("circles that touch")
-            << coloured(QRadialGradient(QPointF(0, 0), 50, QPointF(30, 0), 20));
-        QTest::newRow("circles that nearly touch")
-            << coloured(QRadialGradient(QPointF(0, 0), 50, QPointF(30 - 1e-9, 0), 20));
-        QTest::newRow("negative radius")
-            << coloured(QRadialGradient(QPointF(0, 1.7e-6), -100000, QPointF(-100000, 0), 0));
-        QTest::newRow("all 0") << transformed(radial(), QTransform(0, 0, 0, 0, 0, 0, 0, 0, 0));
-    }
+    void unusableGradientPaintsNothing_data() { addRows({{"brush", namesOf(unusable())}}); }
 
     void unusableGradientPaintsNothing()
     {
-        QFETCH(QBrush, brush);
         const auto paint = [](const QBrush &background, const QTransform &transform) {
             KELRoundRectControl control;
             control.setboundRect(5, 5, 60, 30);
@@ -301,10 +288,10 @@ private Q_SLOTS:
             control.style()->borderBrush = QBrush(Qt::NoBrush);
             return KelImage::draw(canvas, 1, [&](QPainter *painter) {
                 painter->setTransform(transform, true);
-                QStyleOptionGraphicsItem option;
-                control.paint(painter, &option, nullptr);
+                control.paint(painter, nullptr);
             });
         };
+        const QBrush &brush = unusable().at(fetch<size_t>("brush")).brush;
         for (const QTransform &transform :
              {QTransform(), QTransform::fromScale(2, 2), QTransform().rotate(30)}) {
             QCOMPARE(KelImage::difference(paint(brush, transform), paint(Qt::NoBrush, transform)),
@@ -312,56 +299,23 @@ private Q_SLOTS:
         }
     }
 
-    void unusableInEveryPlace_data()
-    {
-        addPlaces();
-        // Whether they show there or not.
-        forEachControl([](auto tag) {
-            using Control = typename decltype(tag)::Type;
-            const char *const name = Control::staticMetaObject.className();
-            QTest::addRow("background of a %s", name) << painted<Control>(backgroundOf);
-            QTest::addRow("foreground of a %s", name) << painted<Control>(foregroundOf);
-            QTest::addRow("outline of a %s", name) << painted<Control>(outlineOf);
-        });
-    }
+    void unusableInEveryPlace_data() { addRows({{"place", namesOf(allPlaces())}}); }
 
     void unusableInEveryPlace()
     {
-        QFETCH(Painted, paint);
+        const Painted &paint = allPlaces().at(fetch<size_t>("place")).paint;
         const QImage nothing = paint(QColor(0, 0, 0, 0));
-        QCOMPARE(
-            KelImage::difference(paint(coloured(QRadialGradient(notANumber, 20, 40))), nothing),
-            QString());
-        QCOMPARE(KelImage::difference(paint(coloured(QRadialGradient(30, 20, 1e308))), nothing),
-                 QString());
-        QCOMPARE(
-            KelImage::difference(paint(coloured(QLinearGradient(infinite, 0, 100, 0))), nothing),
-            QString());
+        for (const QBrush &brush : {coloured(QRadialGradient(notANumber, 20, 40)),
+                                    coloured(QRadialGradient(30, 20, 1e308)),
+                                    coloured(QLinearGradient(infinite, 0, 100, 0))})
+            QCOMPARE(KelImage::difference(paint(brush), nothing), QString());
     }
 
-    void usableGradientPaints_data()
-    {
-        QTest::addColumn<QBrush>("brush");
-        QTest::newRow("linear") << linear();
-        QTest::newRow("radial") << radial();
-        QTest::newRow("conical") << conical();
-        QTest::newRow("at the limit") << coloured(
-            QRadialGradient(QPointF(-100000, 100000), 100000, QPointF(-99000, 99000), 10));
-        QTest::newRow("circles near each other")
-            << coloured(QRadialGradient(QPointF(0, 0), 50, QPointF(29.99, 0), 20));
-        QTest::newRow("without size") << coloured(QRadialGradient(30, 20, 0));
-        QTest::newRow("transformed")
-            << transformed(radial(), QTransform().rotate(30).scale(2, 0.5));
-        QTest::newRow("in perspective")
-            << transformed(linear(), QTransform(1, 0, 0.001, 0, 1, 0, 0, 0, 1));
-        QTest::newRow("scaled far down") << transformed(radial(), QTransform::fromScale(1.1e-5, 1));
-        QTest::newRow("stops at the ends") << stoppedAt(1);
-        QTest::newRow("preset") << QBrush(QGradient(QGradient::WarmFlame));
-    }
+    void usableGradientPaints_data() { addRows({{"brush", namesOf(usable())}}); }
 
     void usableGradientPaints()
     {
-        QFETCH(QBrush, brush);
+        const QBrush &brush = usable().at(fetch<size_t>("brush")).brush;
         KELRoundRectControl control;
         control.setboundRect(5, 5, 60, 30);
         control.style()->backgroundBrush = brush;
@@ -373,14 +327,14 @@ private Q_SLOTS:
             painter->drawRoundedRect(QRectF(5, 5, 60, 30), 0, 0);
         });
         QCOMPARE(KelImage::difference(KelImage::paint(&control, canvas), expected), QString());
-        QVERIFY(expected != KelImage::draw(canvas, 1, [](QPainter *) {}));
+        QVERIFY(expected != KelImage::blank(canvas));
     }
 
-    void usableInEveryPlace_data() { addPlaces(); }
+    void usableInEveryPlace_data() { addRows({{"place", namesOf(places())}}); }
 
     void usableInEveryPlace()
     {
-        QFETCH(Painted, paint);
+        const Painted &paint = places().at(fetch<size_t>("place")).paint;
         QVERIFY(paint(radial()) != paint(QColor(0, 0, 0, 0)));
     }
 };

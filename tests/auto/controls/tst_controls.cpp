@@ -3,6 +3,7 @@
 
 #include "controlclasses.h"
 #include "keltest.h"
+#include "rows.h"
 
 #include <algorithm>
 #include <iterator>
@@ -129,7 +130,7 @@ struct State
     bool disabled;
 };
 
-const State states[] = {
+const std::vector<State> states = {
     {"at rest", false, false, false},
     {"pressed", true, false, false},
     {"checked", false, true, false},
@@ -141,6 +142,7 @@ const State states[] = {
 };
 
 constexpr qreal scales[] = {0.5, 1, 1.5, 2};
+constexpr QSizeF tinySizes[] = {{1, 1}, {3, 200}, {200, 3}, {0, 0}};
 
 // A picture whose margins are wider than the control has an area without size, in which Qt draws a
 // pixmap and a glyph in their own size.
@@ -168,9 +170,9 @@ std::unique_ptr<KELRoundRectControl> makeControl(const ControlClass &controlClas
     return control;
 }
 
-// Says what the control changes outside its rectangle widened by slack, when the rectangle's corner
-// falls between the pixels of the picture.
-QString changesOutside(KELRoundRectControl *control, qreal scale, qreal slack)
+// What is outside the rectangle of the control, widened by slack, with the control and without it.
+// The corner of the rectangle may fall between the pixels of the picture.
+QImage outsideOf(KELRoundRectControl *control, bool isPainted, qreal scale = 1, qreal slack = 0)
 {
     constexpr qreal marginPx = 100;
     const QRectF bounds = control->boundingRect();
@@ -179,45 +181,39 @@ QString changesOutside(KELRoundRectControl *control, qreal scale, qreal slack)
     const QPointF shift = QPointF(marginPx, marginPx) - whole;
     const QRectF kept = bounds.translated(shift).adjusted(-slack, -slack, slack, slack);
     const QRect allowed = QRectF(kept.topLeft() * scale, kept.size() * scale).toAlignedRect();
-    const auto draw = [&](bool withControl) {
-        QImage image = KelImage::draw(size.toSize(), scale, [&](QPainter *painter) {
-            painter->translate(shift);
-            if (withControl)
-                control->paint(painter, nullptr);
-        });
-        QPainter(&image).fillRect(allowed, Qt::white);
-        return image;
-    };
-    return KelImage::difference(draw(true), draw(false));
+    QImage image = KelImage::draw(size.toSize(), scale, [&](QPainter *painter) {
+        painter->translate(shift);
+        if (isPainted)
+            control->paint(painter, nullptr);
+    });
+    QPainter(&image).fillRect(allowed, Qt::white);
+    return image;
 }
 
-bool isAny(const ControlClass & /*controlClass*/)
+// Says what a control changes outside that reaches so far beyond its rectangle.
+QString changesOutside(KELRoundRectControl *control, qreal reachPx)
 {
-    return true;
-}
-
-bool hasPartsOfFixedSize(const ControlClass &controlClass)
-{
-    return controlClass.tinyReachPx > 0;
-}
-
-bool hasNoPartsOfFixedSize(const ControlClass &controlClass)
-{
-    return !hasPartsOfFixedSize(controlClass);
-}
-
-void addClassesAndStates(bool (*isMeant)(const ControlClass &) = isAny)
-{
-    QTest::addColumn<int>("controlClass");
-    QTest::addColumn<int>("state");
-    for (size_t i = 0; i < controlClasses().size(); ++i) {
-        if (!isMeant(controlClasses()[i]))
-            continue;
-        for (size_t j = 0; j < std::size(states); ++j) {
-            QTest::addRow("%s, %s", controlClasses()[i].name.constData(), states[j].name)
-                << int(i) << int(j);
-        }
+    QString changes;
+    for (const qreal scale : scales) {
+        const qreal slack = qMax(reachPx, thinOutline(*control, scale));
+        changes += KelImage::difference(outsideOf(control, true, scale, slack),
+                                        outsideOf(control, false, scale, slack));
     }
+    return changes;
+}
+
+void addClassesAndStates()
+{
+    addRows({{"class", namesOf(controlClasses())}, {"state", namesOf(states)}});
+}
+
+void addClassesAndStates(bool withPartsOfFixedSize)
+{
+    addRows({{"class", namesOf(controlClasses())}, {"state", namesOf(states)}},
+            [=](const std::vector<int> &row) {
+                return withPartsOfFixedSize
+                    == (controlClasses().at(size_t(row[0])).tinyReachPx > 0);
+            });
 }
 
 } // namespace
@@ -233,8 +229,8 @@ private Q_SLOTS:
     {
         const auto item = control();
         item->setboundRect(10, 10, 120, 80);
-        const QImage blank = KelImage::draw(QSize(140, 100), 1, [](QPainter *) {});
-        QVERIFY(KelImage::paint(item.get(), QSize(140, 100)) != blank);
+        const QSize size(140, 100);
+        QVERIFY(KelImage::paint(item.get(), size) != KelImage::blank(size));
     }
 
     void paintsNothingOutside_data() { addClassesAndStates(); }
@@ -244,12 +240,7 @@ private Q_SLOTS:
         const auto item = control();
         for (const QSizeF &size : {QSizeF(120, 80), QSizeF(60, 50)}) {
             item->setboundRect(QRectF(QPointF(100, 100), size));
-            for (const qreal scale : scales) {
-                const qreal slack = qMax(controlClass().reachPx, thinOutline(*item, scale));
-                QCOMPARE(slack > 0 ? changesOutside(item.get(), scale, slack)
-                                   : KelImage::pixelsOutside(item.get(), scale),
-                         QString());
-            }
+            QCOMPARE(changesOutside(item.get(), controlClass().reachPx), QString());
         }
     }
 
@@ -258,43 +249,37 @@ private Q_SLOTS:
     void paintsNothingOutsideAtFractions()
     {
         const auto item = control();
-        const qreal pixmapSlack = controlClass().hasPixmap ? 1 : 0;
+        const qreal reachPx = qMax<qreal>(controlClass().reachPx, controlClass().hasPixmap ? 1 : 0);
         for (const QRectF &rect : {QRectF(3.5, 7.25, 80, 60), QRectF(-0.3, -0.7, 80.6, 60.4)}) {
             item->setboundRect(rect);
-            for (const qreal scale : scales) {
-                const qreal slack = qMax(qMax(pixmapSlack, controlClass().reachPx),
-                                         thinOutline(*item, scale));
-                QCOMPARE(changesOutside(item.get(), scale, slack), QString());
-            }
+            QCOMPARE(changesOutside(item.get(), reachPx), QString());
         }
     }
 
-    void paintsNothingOutsideWhenTiny_data() { addClassesAndStates(hasNoPartsOfFixedSize); }
+    void paintsNothingOutsideWhenTiny_data() { addClassesAndStates(false); }
 
     void paintsNothingOutsideWhenTiny()
     {
         const auto item = control();
         item->style()->borderBrush = QBrush(Qt::NoBrush);
         removePicture(item.get());
-        for (const QSizeF &size : {QSizeF(1, 1), QSizeF(3, 200), QSizeF(200, 3), QSizeF(0, 0)}) {
+        for (const QSizeF &size : tinySizes) {
             item->setboundRect(QRectF(QPointF(10, 10), size));
             for (const qreal scale : scales)
                 QCOMPARE(KelImage::pixelsOutside(item.get(), scale), QString());
         }
     }
 
-    void partsOfFixedSizeGoOutsideATinyControl_data() { addClassesAndStates(hasPartsOfFixedSize); }
+    void partsOfFixedSizeGoOutsideATinyControl_data() { addClassesAndStates(true); }
 
     void partsOfFixedSizeGoOutsideATinyControl()
     {
         const auto item = control();
-        const qreal reach = controlClass().tinyReachPx;
         item->setboundRect(10, 10, 1, 1);
-        QVERIFY(!KelImage::pixelsOutside(item.get()).isEmpty());
-        for (const QSizeF &size : {QSizeF(1, 1), QSizeF(3, 200), QSizeF(200, 3), QSizeF(0, 0)}) {
-            item->setboundRect(10, 10, size.width(), size.height());
-            for (const qreal scale : scales)
-                QCOMPARE(changesOutside(item.get(), scale, reach), QString());
+        QVERIFY(outsideOf(item.get(), true) != outsideOf(item.get(), false));
+        for (const QSizeF &size : tinySizes) {
+            item->setboundRect(QRectF(QPointF(10, 10), size));
+            QCOMPARE(changesOutside(item.get(), controlClass().tinyReachPx), QString());
         }
     }
 
@@ -335,9 +320,7 @@ private Q_SLOTS:
         item->style()->borderWidth = 2;
         for (const QSizeF &size : {QSizeF(1, 1), QSizeF(1, 40), QSizeF(40, 1)}) {
             item->setboundRect(QRectF(QPointF(10, 10), size));
-            for (const qreal scale : scales)
-                QCOMPARE(changesOutside(item.get(), scale, qMax(1.0, controlClass().tinyReachPx)),
-                         QString());
+            QCOMPARE(changesOutside(item.get(), qMax(1.0, controlClass().tinyReachPx)), QString());
         }
     }
 
@@ -347,9 +330,9 @@ private Q_SLOTS:
     {
         const auto item = control();
         item->setboundRect(10, 10, 120, 80);
-        const QImage first = KelImage::paint(item.get(), QSize(140, 100));
-        QCOMPARE(KelImage::difference(KelImage::paint(item.get(), QSize(140, 100)), first),
-                 QString());
+        const QSize size(140, 100);
+        const QImage first = KelImage::paint(item.get(), size);
+        QCOMPARE(KelImage::difference(KelImage::paint(item.get(), size), first), QString());
     }
 
     void roundCornersStayInside_data() { addClassesAndStates(); }
@@ -372,13 +355,11 @@ private Q_SLOTS:
 private:
     static const ControlClass &controlClass()
     {
-        QFETCH(int, controlClass);
-        return controlClasses()[size_t(controlClass)];
+        return controlClasses().at(fetch<size_t>("class"));
     }
     static std::unique_ptr<KELRoundRectControl> control()
     {
-        QFETCH(int, state);
-        return makeControl(controlClass(), states[state]);
+        return makeControl(controlClass(), states.at(fetch<size_t>("state")));
     }
 };
 
