@@ -215,35 +215,6 @@ public:
     }
 };
 
-// A record with a value that has a destructor.
-struct RichStyle : KELRoundRectControlStyle
-{
-    QString unit;
-    std::vector<QString> history;
-};
-
-class RichControl : public KELRoundRectControl
-{
-public:
-    RichControl()
-    {
-        auto *rich = new RichStyle();
-        m_style->copy(rich);
-        delete m_style;
-        m_style = rich;
-        rich->unit = QString(200, QLatin1Char('u'));
-        rich->history.assign(50, rich->unit);
-    }
-
-    ~RichControl() override
-    {
-        // The base deletes the record as its own type, which frees no value added here.
-        auto *rich = static_cast<RichStyle *>(m_style);
-        rich->unit = QString();
-        std::vector<QString>().swap(rich->history);
-    }
-};
-
 class SelfDeletingControl : public KELPushButton
 {
 public:
@@ -276,12 +247,10 @@ struct ControlsOfTheProcess
         comboBox.reset();
         scene.reset();
         alone.reset();
-        rich.reset();
     }
 
     std::unique_ptr<KELPushButton> alone;
     std::unique_ptr<KELComboBox> comboBox;
-    std::unique_ptr<RichControl> rich;
     std::unique_ptr<QGraphicsScene> scene;
 };
 
@@ -546,30 +515,7 @@ private Q_SLOTS:
         QCOMPARE(log.take(), u"second.press second.release second.clicked"_s);
     }
 
-    void menuIsDeletedWithTheControl()
-    {
-        const QPointer<QMenu> menu(new QMenu);
-        auto *control = new KELPushButton;
-        control->style()->contextMenu = menu;
-        delete control;
-        QVERIFY(menu);
-        QCoreApplication::sendPostedEvents(menu, QEvent::DeferredDelete);
-        QVERIFY(!menu);
-    }
-
-    void derivedRecordIsDeletedAsTheBaseRecord()
-    {
-        // The sanitizers watch this one.
-        for (int i = 0; i < 3; ++i) {
-            const std::unique_ptr<KELRoundRectControl> control(new RichControl);
-            QCOMPARE(control->style()->textFlags, 0x1084);
-        }
-        std::unique_ptr<KELRoundRectControlStyle> own(new KELRoundRectControlStyle());
-        own = std::unique_ptr<KELRoundRectControlStyle>(new KELPushButtonStyle());
-        QVERIFY(own->text.isNull());
-    }
-
-    // The sanitizers watch this one, too.
+    // The sanitizers watch this one.
     void shortRecordOfADerivedClassIsNotWrittenTo()
     {
         delete new WithShortRecord<KELCheckBox, KELCheckBoxStyle>;
@@ -586,7 +532,6 @@ private Q_SLOTS:
         controls.alone = std::make_unique<KELPushButton>();
         controls.alone->setText(u"Start"_s);
         controls.alone->style()->pixmap = QPixmap(10, 10);
-        controls.rich = std::make_unique<RichControl>();
         controls.comboBox = std::make_unique<KELComboBox>();
         controls.comboBox->addItem(1, u"Start"_s);
         const auto children = controls.comboBox->childItems();
