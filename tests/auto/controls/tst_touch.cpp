@@ -425,6 +425,16 @@ private Q_SLOTS:
         QCOMPARE(stage.takeClicks(), u"3"_s);
     }
 
+    // At the end of a press Qt forgets where the items were that it moves, unless another goes on.
+    void firstFingerGoesOnMovingAKey()
+    {
+        TouchStage stage;
+        stage.key(0)->setFlag(QGraphicsItem::ItemIsMovable);
+        stage.play({down(0, at(0)), to(0, at(0) + QPoint(0, 60)), down(1, at(3)), up(1),
+                    to(0, at(0) + QPoint(0, 80)), up(0)});
+        QCOMPARE(stage.key(0)->pos(), QPointF(0, 80));
+    }
+
     void secondFingerDragsASlider()
     {
         TouchStage stage;
