@@ -23,21 +23,8 @@ struct Column
 };
 
 // Adds a data row for each combination: addRows({{"input", inputs}, {"way", deletionWays}}). A test
-// reads a column with fetch<Input>("input"). Of the combinations that mean nothing isMeant returns
-// false; it gets the values.
-void addRows(const std::vector<Column> &columns,
-             const std::function<bool(const std::vector<int> &)> &isMeant = nullptr);
-
-// The names of cases, each with its place among them: cases[fetch<size_t>("case")] is that of a
-// row.
-template <typename Cases>
-std::vector<Named> namesOf(const Cases &cases)
-{
-    std::vector<Named> names;
-    for (const auto &one : cases)
-        names.push_back({one.name, int(names.size())});
-    return names;
-}
+// reads a column with fetch<Input>("input").
+void addRows(const std::vector<Column> &columns);
 
 // The names of cases, each with its place among them: cases[fetch<size_t>("case")] is that of a
 // row.

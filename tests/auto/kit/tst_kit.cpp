@@ -154,36 +154,6 @@ private Q_SLOTS:
         QCOMPARE(QByteArray(QTest::currentDataTag()), first + ", " + second);
     }
 
-    void rowsAreLeftOut_data()
-    {
-        addRows({{"first", {{"one", 1}, {"two", 2}}}, {"second", {{"three", 3}, {"four", 4}}}},
-                [](const std::vector<int> &row) { return row[0] * row[1] == 6; });
-    }
-
-    void rowsAreLeftOut()
-    {
-        QCOMPARE(QByteArray(QTest::currentDataTag()), QByteArray("two, three"));
-    }
-
-    void rowsOfCases_data() { addRows({{"case", namesOf(cases)}}); }
-
-    void rowsOfCases()
-    {
-        QCOMPARE(QByteArray(QTest::currentDataTag()), cases.at(fetch<size_t>("case")).name);
-    }
-
-    void handUsesAWidget_data() { addRows({{"input", inputs}}); }
-
-    void handUsesAWidget()
-    {
-        QPushButton button;
-        button.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&button));
-        const QSignalSpy clicked(&button, &QPushButton::clicked);
-        Hand(&button, fetch<Input>("input")).tap(QPoint(3, 3));
-        QCOMPARE(clicked.count(), 1);
-    }
-
     void differenceNamesItsPicture()
     {
         const QImage blank = KelImage::blank(QSize(20, 10));
