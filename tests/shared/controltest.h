@@ -8,8 +8,47 @@
 
 #include <kelroundrectcontrol.h>
 
+// Counts its paints.
+template <typename Control>
+class Counting : public Control
+{
+public:
+    using Control::Control;
+
+    void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override
+    {
+        ++paints;
+        Control::paint(painter, option, widget);
+    }
+
+    int paints = 0;
+};
+
+// Lets a test call initStyle() once more, as a derived class does in its constructor.
+template <typename Control>
+class Restyled : public Control
+{
+public:
+    using Control::Control;
+
+    void makeStyleAgain() { this->m_style = this->initStyle(); }
+};
+
 // What the tests of several controls check alike. Each is the last call of a test function.
 namespace ControlTest {
+
+// A class adds neither signals nor slots, properties or enumerations to those of the base.
+template <typename Control>
+void declaresNoInterfaceOfItsOwn(const char *name)
+{
+    const QMetaObject &meta = Control::staticMetaObject;
+    QCOMPARE(meta.className(), name);
+    QCOMPARE(meta.superClass(), &KELRoundRectControl::staticMetaObject);
+    QCOMPARE(meta.methodCount(), meta.methodOffset());
+    QCOMPARE(meta.propertyCount(), meta.propertyOffset());
+    QCOMPARE(meta.enumeratorCount(), meta.enumeratorOffset());
+    QCOMPARE(Control().metaObject(), &meta);
+}
 
 // The constructor takes a parent item, also none.
 template <typename Control>

@@ -59,13 +59,28 @@ void forEachDifference(const QImage &actual, const QImage &expected,
     }
 }
 
+template <typename Test>
+QRect areaWhere(const QImage &image, const Test &isMeant)
+{
+    const QImage pixels = image.convertToFormat(QImage::Format_ARGB32);
+    QRect area;
+    for (int y = 0; y < pixels.height(); ++y) {
+        const auto *const line = reinterpret_cast<const QRgb *>(pixels.constScanLine(y));
+        for (int x = 0; x < pixels.width(); ++x) {
+            if (isMeant(line[x]))
+                area |= QRect(x, y, 1, 1);
+        }
+    }
+    return area;
+}
+
 } // namespace
 
 QImage KelImage::draw(const QSize &size, qreal scale, const Drawing &draw)
 {
     QImage image(QSize(qRound(size.width() * scale), qRound(size.height() * scale)),
                  QImage::Format_ARGB32_Premultiplied);
-    image.fill(QColor(200, 220, 240));
+    image.fill(paper);
     QPainter painter(&image);
     painter.scale(scale, scale);
     draw(&painter);
@@ -149,12 +164,10 @@ QString KelImage::pixelsOutside(QGraphicsItem *item, qreal scale)
 
 QRect KelImage::areaOf(const QImage &image, const QColor &colour)
 {
-    QRect area;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (image.pixelColor(x, y) == colour)
-                area |= QRect(x, y, 1, 1);
-        }
-    }
-    return area;
+    return areaWhere(image, [rgba = colour.rgba()](QRgb pixel) { return pixel == rgba; });
+}
+
+QRect KelImage::inkOf(const QImage &image, const QColor &background)
+{
+    return areaWhere(image, [rgba = background.rgba()](QRgb pixel) { return pixel != rgba; });
 }

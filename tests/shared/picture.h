@@ -13,7 +13,10 @@ namespace KelImage {
 
 using Drawing = std::function<void(QPainter *)>;
 
-// Calls draw on a picture of size, scaled, filled with an uneven background.
+// The background of all pictures.
+inline const QColor paper(200, 220, 240);
+
+// Calls draw on a picture of size, scaled, filled with paper.
 QImage draw(const QSize &size, qreal scale, const Drawing &draw);
 inline QImage blank(const QSize &size, qreal scale = 1)
 {
@@ -37,6 +40,8 @@ QString pixelsOutside(QGraphicsItem *item, qreal scale = 1);
 
 // The rectangle around all pixels of one colour.
 QRect areaOf(const QImage &image, const QColor &colour);
+// The rectangle around all pixels of another colour.
+QRect inkOf(const QImage &image, const QColor &background = paper);
 
 } // namespace KelImage
 

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 
 #include "handdrawing.h"
+#include "looks.h"
 #include "losses.h"
+#include "record.h"
 
 #include <kelcheckbox.h>
 
@@ -152,6 +154,61 @@ private Q_SLOTS:
         const QByteArray first = fetch<int>("first") == 1 ? "one" : "two";
         const QByteArray second = fetch<bool>("second") ? "yes" : "no";
         QCOMPARE(QByteArray(QTest::currentDataTag()), first + ", " + second);
+    }
+
+    void rowsHaveTheNamesOfCases_data()
+    {
+        addRows({{"look", namesOf(looks())}});
+        QCOMPARE(namesOf(looks()).size(), looks().size());
+    }
+
+    void rowsHaveTheNamesOfCases()
+    {
+        QCOMPARE(QByteArray(QTest::currentDataTag()),
+                 QByteArray(looks().at(fetch<size_t>("look")).name));
+    }
+
+    void looksChangeARecord()
+    {
+        KELRoundRectControlStyle last = Record::defaults();
+        for (const NamedLook &look : looks()) {
+            KELRoundRectControlStyle record = Record::defaults();
+            look.apply(record);
+            const bool isNew = QByteArray(look.name) == "new";
+            QCOMPARE(Record::difference(record, Record::defaults()).isEmpty(), isNew);
+            QCOMPARE(Record::difference(record, last).isEmpty(), isNew);
+            last = record;
+        }
+    }
+
+    void recordNamesTheFieldsThatDiffer()
+    {
+        const KELRoundRectControl control;
+        KELRoundRectControlStyle record = *control.style();
+        QCOMPARE(Record::difference(record, Record::defaults()), QString());
+        record.iconSize = 31;
+        record.text = u""_s;
+        QCOMPARE(Record::difference(record, Record::defaults()),
+                 u"text: \"\", not null\niconSize: 31, not 30"_s);
+    }
+
+    void filledRecordDiffersInEachFieldButTheMenu()
+    {
+        KELRoundRectControlStyle record = Record::defaults();
+        Record::fill(&record);
+        const QStringList fields = Record::difference(record, Record::defaults()).split(u'\n');
+        QCOMPARE(fields.size(), 17);
+        QCOMPARE(record.contextMenu, nullptr);
+    }
+
+    void inkIsWhatIsNotPaper()
+    {
+        const QImage image = KelImage::draw(
+            QSize(20, 10), 1, [](QPainter *painter) { painter->fillRect(3, 4, 5, 2, Qt::red); });
+        QCOMPARE(KelImage::inkOf(image), QRect(3, 4, 5, 2));
+        QCOMPARE(KelImage::areaOf(image, Qt::red), QRect(3, 4, 5, 2));
+        QCOMPARE(KelImage::inkOf(image, Qt::red), image.rect());
+        QCOMPARE(KelImage::inkOf(KelImage::blank(QSize(20, 10))), QRect());
     }
 
     void differenceNamesItsPicture()
