@@ -2,16 +2,11 @@
 // SPDX-License-Identifier: MIT
 
 #include "controltest.h"
-
-#include <kelpushbutton.h>
+#include "record.h"
+#include "stage.h"
 
 #include <QtWidgets/QGraphicsRectItem>
 #include <QtWidgets/QGraphicsSceneMouseEvent>
-#include <QtWidgets/QMenu>
-
-#include <memory>
-
-Q_DECLARE_METATYPE(Qt::MouseButton)
 
 namespace {
 
@@ -32,13 +27,10 @@ KELPushButtonStyle optionOf(const KELPushButton &button)
     return option;
 }
 
-class OpenButton : public KELPushButton
+class FilteringButton : public KELPushButton
 {
 public:
-    using KELPushButton::KELPushButton;
     using KELPushButton::sceneEventFilter;
-
-    void makeStyleAgain() { m_style = initStyle(); }
 };
 
 // Accepts every button and counts what it gets.
@@ -73,14 +65,9 @@ private Q_SLOTS:
     {
         const KELPushButton button;
         const KELPushButtonStyle &style = *styleOf(button);
-        QCOMPARE(style.boundRect, QRectF(100, 100, 100, 30));
-        QCOMPARE(style.backgroundBrush, QBrush(restColour));
-        QCOMPARE(style.foregroundBrush, QBrush(Qt::black));
-        QCOMPARE(style.borderBrush, QBrush(Qt::black));
-        QCOMPARE(style.borderWidth, 2.0F);
-        QCOMPARE(style.xRadius, 0.0);
-        QCOMPARE(style.yRadius, 0.0);
-        ControlTest::hasTheOtherDefaultsOfTheBase(style);
+        KELRoundRectControlStyle expected = Record::defaults();
+        expected.borderWidth = 2;
+        QCOMPARE(Record::difference(style, expected), QString());
         QCOMPARE(style.iconMargins, QMarginsF(5, 1, 5, 1));
     }
 
@@ -103,94 +90,32 @@ private Q_SLOTS:
 
     void declaresNoInterfaceOfItsOwn()
     {
-        const QMetaObject &meta = KELPushButton::staticMetaObject;
-        QCOMPARE(QByteArray(meta.className()), QByteArray("KELPushButton"));
-        QCOMPARE(meta.superClass(), &KELRoundRectControl::staticMetaObject);
-        QCOMPARE(meta.methodCount(), meta.methodOffset());
-        QCOMPARE(meta.propertyCount(), meta.propertyOffset());
-        QCOMPARE(meta.enumeratorCount(), meta.enumeratorOffset());
+        ControlTest::declaresNoInterfaceOfItsOwn<KELPushButton>("KELPushButton");
     }
 
     void initStyleCarriesTheLookOver()
     {
-        OpenButton button;
+        Restyled<KELPushButton> button;
         QMenu menu;
-        KELPushButtonStyle *style = styleOf(button);
-        style->boundRect = QRectF(1, 2, 3, 4);
-        style->text = u"Start"_s;
-        style->foregroundBrush = QBrush(Qt::green);
-        style->borderBrush = QBrush(Qt::blue);
-        style->margins = QMarginsF(1, 2, 3, 4);
-        style->textFlags = Qt::AlignRight;
-        style->trimText = false;
-        style->iconSize = 12;
-        style->xRadius = 5;
-        style->contextMenu = &menu;
-        style->backgroundBrush = QBrush(Qt::red);
-        style->borderWidth = 7;
-        style->iconMargins = QMarginsF(9, 9, 9, 9);
-        style->isMouseDown = true;
-        style->isCheck = true;
+        Record::fill(button.style());
+        button.style()->contextMenu = &menu;
+        styleOf(button)->iconMargins = QMarginsF(9, 9, 9, 9);
+        KELRoundRectControlStyle expected = *button.style();
+        expected.backgroundBrush = restColour;
+        expected.borderWidth = 2;
+        expected.isMouseDown = expected.isCheck = false;
 
         button.makeStyleAgain();
-        style = styleOf(button);
-        QCOMPARE(style->boundRect, QRectF(1, 2, 3, 4));
-        QCOMPARE(style->text, u"Start"_s);
-        QCOMPARE(style->foregroundBrush, QBrush(Qt::green));
-        QCOMPARE(style->borderBrush, QBrush(Qt::blue));
-        QCOMPARE(style->margins, QMarginsF(1, 2, 3, 4));
-        QCOMPARE(style->textFlags, int(Qt::AlignRight));
-        QVERIFY(!style->trimText);
-        QCOMPARE(style->iconSize, 12);
-        QCOMPARE(style->xRadius, 5.0);
-        QCOMPARE(style->contextMenu, &menu);
-        QCOMPARE(style->backgroundBrush, QBrush(restColour));
-        QCOMPARE(style->borderWidth, 2.0F);
-        QCOMPARE(style->iconMargins, QMarginsF(5, 1, 5, 1));
-        QVERIFY(!style->isMouseDown);
-        QVERIFY(!style->isCheck);
-        style->contextMenu = nullptr;
+        QCOMPARE(Record::difference(*button.style(), expected), QString());
+        QCOMPARE(styleOf(button)->iconMargins, QMarginsF(5, 1, 5, 1));
+        button.style()->contextMenu = nullptr;
     }
 
-    void optionIsACopyOfTheRecord()
+    void optionHasTheIconMargins()
     {
         KELPushButton button;
-        KELPushButtonStyle *style = styleOf(button);
-        QPixmap pixmap(4, 4);
-        pixmap.fill(Qt::red);
-        style->boundRect = QRectF(3, 4, 50, 60);
-        style->text = u"Start"_s;
-        style->foregroundBrush = QBrush(Qt::green);
-        style->borderBrush = QBrush(Qt::blue);
-        style->borderWidth = 3.5F;
-        style->margins = QMarginsF(1, 2, 3, 4);
-        style->textFlags = Qt::AlignRight;
-        style->trimText = false;
-        style->icon = KELIconFont('x');
-        style->iconSize = 12;
-        style->pixmap = pixmap;
-        style->xRadius = 5;
-        style->yRadius = 6;
-        style->font.setPixelSize(33);
-        style->iconMargins = QMarginsF(9, 8, 7, 6);
-
-        const KELPushButtonStyle option = optionOf(button);
-        QCOMPARE(option.boundRect, QRectF(3, 4, 50, 60));
-        QCOMPARE(option.backgroundBrush, QBrush(restColour));
-        QCOMPARE(option.foregroundBrush, QBrush(Qt::green));
-        QCOMPARE(option.borderBrush, QBrush(Qt::blue));
-        QCOMPARE(option.borderWidth, 3.5F);
-        QCOMPARE(option.xRadius, 5.0);
-        QCOMPARE(option.yRadius, 6.0);
-        QCOMPARE(option.text, u"Start"_s);
-        QCOMPARE(option.textFlags, int(Qt::AlignRight));
-        QVERIFY(!option.trimText);
-        QCOMPARE(option.font, style->font);
-        QCOMPARE(option.margins, QMarginsF(1, 2, 3, 4));
-        QCOMPARE(option.pixmap.cacheKey(), pixmap.cacheKey());
-        QCOMPARE(option.icon.getIcon(), QChar('x'));
-        QCOMPARE(option.iconSize, 12);
-        QCOMPARE(option.iconMargins, QMarginsF(9, 8, 7, 6));
+        styleOf(button)->iconMargins = QMarginsF(9, 8, 7, 6);
+        QCOMPARE(optionOf(button).iconMargins, QMarginsF(9, 8, 7, 6));
     }
 
     void optionTakesOverTheStates()
@@ -205,55 +130,6 @@ private Q_SLOTS:
         QVERIFY(optionOf(button).isCheck);
         button.setEnabled(false);
         QVERIFY(optionOf(button).isCheck);
-    }
-
-    void optionLeavesOutWhatIsNotShown_data()
-    {
-        QTest::addColumn<QString>("what");
-
-        for (const char *what : {"background", "border brush", "border width zero",
-                                 "border width negative", "foreground", "empty text"})
-            QTest::newRow(what) << QString::fromLatin1(what);
-    }
-
-    void optionLeavesOutWhatIsNotShown()
-    {
-        QFETCH(QString, what);
-        KELPushButton button;
-        KELPushButtonStyle *style = styleOf(button);
-        style->text = u"Start"_s;
-        if (what == QLatin1String("background")) {
-            style->backgroundBrush = QBrush(Qt::red, Qt::NoBrush);
-            QCOMPARE(optionOf(button).backgroundBrush, QBrush(Qt::NoBrush));
-        } else if (what == QLatin1String("border brush")) {
-            style->borderBrush = QBrush(Qt::red, Qt::NoBrush);
-            QCOMPARE(optionOf(button).borderBrush, QBrush(Qt::NoBrush));
-        } else if (what == QLatin1String("border width zero")) {
-            style->borderWidth = 0;
-            QCOMPARE(optionOf(button).borderBrush, QBrush(Qt::NoBrush));
-        } else if (what == QLatin1String("border width negative")) {
-            style->borderWidth = -1;
-            QCOMPARE(optionOf(button).borderBrush, QBrush(Qt::NoBrush));
-        } else if (what == QLatin1String("foreground")) {
-            style->foregroundBrush = QBrush(Qt::red, Qt::NoBrush);
-            QCOMPARE(optionOf(button).foregroundBrush, QBrush(Qt::NoBrush));
-            QVERIFY(optionOf(button).text.isNull());
-        } else {
-            style->text = u""_s;
-            QVERIFY(optionOf(button).text.isNull());
-            QCOMPARE(optionOf(button).foregroundBrush, QBrush(Qt::black));
-        }
-        QVERIFY(optionOf(button).pixmap.isNull());
-        QVERIFY(optionOf(button).icon.isNull());
-    }
-
-    void optionHasTheRectangleInTheScene()
-    {
-        KELRoundRectControl parent;
-        parent.setboundRect(10, 20, 200, 100);
-        auto *button = new KELPushButton(&parent);
-        button->setboundRect(5, 5, 50, 30);
-        QCOMPARE(optionOf(*button).boundRect, QRectF(15, 25, 50, 30));
     }
 
     void optionFillsFieldsWithoutInitialiser()
@@ -314,42 +190,29 @@ private Q_SLOTS:
 
     void stateLooks_data()
     {
-        QTest::addColumn<bool>("enabled");
-        QTest::addColumn<bool>("checked");
-        QTest::addColumn<bool>("pressed");
-        QTest::addColumn<QStringList>("looks");
-
-        const QString isPressed = u"pressed"_s;
-        const QString isChecked = u"checked"_s;
-        const QString isDisabled = u"disabled"_s;
-        QTest::newRow("at rest") << true << false << false << QStringList();
-        QTest::newRow("pressed") << true << false << true << QStringList({isPressed});
-        QTest::newRow("checked") << true << true << false << QStringList({isChecked});
-        QTest::newRow("checked and pressed")
-            << true << true << true << QStringList({isChecked, isPressed});
-        QTest::newRow("disabled") << false << false << false << QStringList({isDisabled});
-        QTest::newRow("disabled and pressed")
-            << false << false << true << QStringList({isDisabled});
-        QTest::newRow("disabled and checked")
-            << false << true << false << QStringList({isDisabled});
-        QTest::newRow("disabled, checked and pressed")
-            << false << true << true << QStringList({isDisabled});
+        addRows({{"enabled", {{"enabled", true}, {"disabled", false}}},
+                 {"checked", {{"unchecked", false}, {"checked", true}}},
+                 {"pressed", {{"released", false}, {"pressed", true}}}});
     }
 
     void stateLooks()
     {
-        QFETCH(bool, enabled);
-        QFETCH(bool, checked);
-        QFETCH(bool, pressed);
-        QFETCH(QStringList, looks);
+        QStringList looks;
+        if (!fetch<bool>("enabled"))
+            looks.append(u"disabled"_s);
+        if (fetch<bool>("enabled") && fetch<bool>("checked"))
+            looks.append(u"checked"_s);
+        if (fetch<bool>("enabled") && fetch<bool>("pressed"))
+            looks.append(u"pressed"_s);
+
         KELPushButton button;
         QStringList calls;
         button.setIsMouseDownTemplate([&](KELPushButtonStyle &) { calls.append(u"pressed"_s); });
         button.setIsCheckedTemplate([&](KELPushButtonStyle &) { calls.append(u"checked"_s); });
         button.setIsDisableTemplate([&](KELPushButtonStyle &) { calls.append(u"disabled"_s); });
-        button.setEnabled(enabled);
-        button.style()->isCheck = checked;
-        button.style()->isMouseDown = pressed;
+        button.setEnabled(fetch<bool>("enabled"));
+        button.style()->isCheck = fetch<bool>("checked");
+        button.style()->isMouseDown = fetch<bool>("pressed");
         optionOf(button);
         QCOMPARE(calls, looks);
         calls.clear();
@@ -408,9 +271,10 @@ private Q_SLOTS:
         });
         styleOf(button)->isMouseDown = true;
         KelImage::paint(&button, QSize(220, 150));
-        QVERIFY(button.text().isNull());
-        QCOMPARE(styleOf(button)->borderWidth, 2.0F);
-        QVERIFY(!button.isCheck());
+        KELRoundRectControlStyle expected = Record::defaults();
+        expected.borderWidth = 2;
+        expected.isMouseDown = true;
+        QCOMPARE(Record::difference(*button.style(), expected), QString());
         QCOMPARE(styleOf(button)->iconMargins, QMarginsF(5, 1, 5, 1));
     }
 
@@ -425,151 +289,104 @@ private Q_SLOTS:
     void lookNeedsARepaint()
     {
         int paints = 0;
-        KelTestView view;
-        auto *button = new KELPushButton;
-        button->setCacheMode(QGraphicsItem::NoCache);
-        button->setIsCheckedTemplate([&paints](KELPushButtonStyle &) { ++paints; });
-        button->style()->isCheck = true;
-        view.ownScene.addItem(button);
-        QVERIFY(view.showAndWait());
+        const auto count = [&paints](KELPushButtonStyle & /*look*/) { ++paints; };
+        Stage<KELPushButton> stage;
+        stage->setCacheMode(QGraphicsItem::NoCache);
+        stage->setIsCheckedTemplate(count);
+        stage->setCheck(true);
+        stage.view.showOnce();
         QTRY_VERIFY(paints > 0);
         QCoreApplication::processEvents();
 
         paints = 0;
-        button->setIsCheckedTemplate([&paints](KELPushButtonStyle &) { ++paints; });
-        button->setIsMouseDownTemplate(nullptr);
-        button->setIsDisableTemplate(nullptr);
+        stage->setIsCheckedTemplate(count);
+        stage->setIsMouseDownTemplate(nullptr);
+        stage->setIsDisableTemplate(nullptr);
         QCoreApplication::processEvents();
         QCoreApplication::processEvents();
         QCOMPARE(paints, 0);
-        button->update();
+        stage->update();
         QTRY_COMPARE(paints, 1);
     }
 
     void filterSwallowsOtherButtons_data()
     {
-        QTest::addColumn<Qt::MouseButton>("mouseButton");
-        QTest::addColumn<bool>("swallowed");
-
-        QTest::newRow("left") << Qt::LeftButton << false;
-        QTest::newRow("right") << Qt::RightButton << true;
-        QTest::newRow("middle") << Qt::MiddleButton << true;
-        QTest::newRow("back") << Qt::BackButton << true;
-        QTest::newRow("none") << Qt::NoButton << true;
+        addRows({{"button",
+                  {{"left", Qt::LeftButton},
+                   {"right", Qt::RightButton},
+                   {"middle", Qt::MiddleButton},
+                   {"back", Qt::BackButton},
+                   {"none", Qt::NoButton}}},
+                 {"type",
+                  {{"press", QEvent::GraphicsSceneMousePress},
+                   {"release", QEvent::GraphicsSceneMouseRelease},
+                   {"double click", QEvent::GraphicsSceneMouseDoubleClick}}}});
     }
 
     void filterSwallowsOtherButtons()
     {
-        QFETCH(Qt::MouseButton, mouseButton);
-        QFETCH(bool, swallowed);
-        OpenButton button;
-        for (const QEvent::Type type :
-             {QEvent::GraphicsSceneMousePress, QEvent::GraphicsSceneMouseRelease,
-              QEvent::GraphicsSceneMouseDoubleClick}) {
-            QGraphicsSceneMouseEvent event(type);
-            event.setButton(mouseButton);
-            QCOMPARE(button.sceneEventFilter(&button, &event), swallowed);
-            QCOMPARE(button.sceneEventFilter(nullptr, &event), swallowed);
-        }
+        FilteringButton button;
+        QGraphicsSceneMouseEvent event(fetch<QEvent::Type>("type"));
+        event.setButton(fetch<Qt::MouseButton>("button"));
+        const bool isSwallowed = event.button() != Qt::LeftButton;
+        QCOMPARE(button.sceneEventFilter(&button, &event), isSwallowed);
+        QCOMPARE(button.sceneEventFilter(nullptr, &event), isSwallowed);
     }
 
     void filterPassesOtherEvents_data()
     {
-        QTest::addColumn<int>("type");
-
-        QTest::newRow("move") << int(QEvent::GraphicsSceneMouseMove);
-        QTest::newRow("context menu") << int(QEvent::GraphicsSceneContextMenu);
-        QTest::newRow("hover enter") << int(QEvent::GraphicsSceneHoverEnter);
-        QTest::newRow("wheel") << int(QEvent::GraphicsSceneWheel);
-        QTest::newRow("touch") << int(QEvent::TouchBegin);
-        QTest::newRow("key") << int(QEvent::KeyPress);
-        QTest::newRow("release of the mouse grab") << int(QEvent::UngrabMouse);
-        QTest::newRow("mouse press of a widget") << int(QEvent::MouseButtonPress);
+        addRows({{"type",
+                  {{"move", QEvent::GraphicsSceneMouseMove},
+                   {"context menu", QEvent::GraphicsSceneContextMenu},
+                   {"hover enter", QEvent::GraphicsSceneHoverEnter},
+                   {"wheel", QEvent::GraphicsSceneWheel},
+                   {"touch", QEvent::TouchBegin},
+                   {"key", QEvent::KeyPress},
+                   {"release of the mouse grab", QEvent::UngrabMouse},
+                   {"mouse press of a widget", QEvent::MouseButtonPress}}}});
     }
 
     void filterPassesOtherEvents()
     {
-        QFETCH(int, type);
-        OpenButton button;
-        if (type == QEvent::GraphicsSceneMouseMove) {
-            QGraphicsSceneMouseEvent move(QEvent::GraphicsSceneMouseMove);
-            move.setButton(Qt::RightButton);
-            QVERIFY(!button.sceneEventFilter(&button, &move));
-        }
-        QEvent event{QEvent::Type(type)};
+        FilteringButton button;
+        QGraphicsSceneMouseEvent event(fetch<QEvent::Type>("type"));
+        event.setButton(Qt::RightButton);
         QVERIFY(!button.sceneEventFilter(&button, &event));
     }
 
-    void pressOnAChild_data()
+    void tapOnAChild_data()
     {
-        QTest::addColumn<Qt::MouseButton>("mouseButton");
-        QTest::addColumn<int>("clicks");
-
-        QTest::newRow("left") << Qt::LeftButton << 1;
-        QTest::newRow("right") << Qt::RightButton << 0;
-        QTest::newRow("middle") << Qt::MiddleButton << 0;
+        addRows({{"button",
+                  {{"left", Qt::LeftButton},
+                   {"right", Qt::RightButton},
+                   {"middle", Qt::MiddleButton}}}});
     }
 
-    void pressOnAChild()
+    void tapOnAChild()
     {
-        QFETCH(Qt::MouseButton, mouseButton);
-        QFETCH(int, clicks);
-        KelTestView view;
+        const auto mouseButton = fetch<Qt::MouseButton>("button");
+        const bool isLeft = mouseButton == Qt::LeftButton;
+        Stage<KELPushButton> stage;
         auto *below = new ChildItem(nullptr);
-        below->setRect(0, 0, 300, 200);
-        view.ownScene.addItem(below);
-        auto *button = new KELPushButton;
-        button->setboundRect(50, 60, 100, 40);
-        auto *child = new ChildItem(button);
-        child->setPos(90, 70);
-        view.ownScene.addItem(button);
-        QVERIFY(view.showAndWait());
-        const QSignalSpy pressed(button, &KELRoundRectControl::mousePress);
-        const QSignalSpy released(button, &KELRoundRectControl::mouseRelease);
-        const QSignalSpy clicked(button, &KELRoundRectControl::mouseClicked);
+        below->setRect(50, 50, 300, 200);
+        below->setZValue(-1);
+        stage.view.ownScene.addItem(below);
+        auto *child = new ChildItem(stage.get());
+        child->setPos(140, 110);
 
-        const QPoint pos = view.centreOf(child);
-        view.press(pos, mouseButton);
-        QCOMPARE(button->isMouseDown(), clicks == 1);
-        view.release(pos, mouseButton);
-        QCOMPARE(pressed.count(), clicks);
-        QCOMPARE(released.count(), clicks);
-        QCOMPARE(clicked.count(), clicks);
-        if (clicks > 0)
-            QCOMPARE(pressed.first().first().toPointF(), QPointF(100, 75));
+        const QPoint pos = stage.view.centreOf(child);
+        stage.hand.press(pos, mouseButton);
+        QCOMPARE(stage->isMouseDown(), isLeft);
+        stage.hand.release(pos, mouseButton);
+        QCOMPARE(stage.log.take(), isLeft ? u"press release clicked"_s : QString());
+        if (isLeft)
+            QCOMPARE(stage.log.takePoints().first(), QPointF(150, 115));
+        QTest::mouseDClick(stage.view.viewport(), mouseButton, Qt::NoModifier, pos);
+        QCOMPARE(stage.log.count(u"doubleClicked"_s), isLeft ? 1 : 0);
+        stage.hand.release(pos, mouseButton);
+        QVERIFY(!stage->isMouseDown());
         QCOMPARE(child->events, 0);
         QCOMPARE(below->events, 0);
-        QVERIFY(!button->isMouseDown());
-    }
-
-    void doubleClickOnAChild_data()
-    {
-        QTest::addColumn<Qt::MouseButton>("mouseButton");
-        QTest::addColumn<int>("doubleClicks");
-
-        QTest::newRow("left") << Qt::LeftButton << 1;
-        QTest::newRow("right") << Qt::RightButton << 0;
-    }
-
-    void doubleClickOnAChild()
-    {
-        QFETCH(Qt::MouseButton, mouseButton);
-        QFETCH(int, doubleClicks);
-        KelTestView view;
-        auto *button = new KELPushButton;
-        button->setboundRect(50, 60, 100, 40);
-        auto *child = new ChildItem(button);
-        child->setPos(90, 70);
-        view.ownScene.addItem(button);
-        QVERIFY(view.showAndWait());
-        const QSignalSpy doubleClicked(button, &KELRoundRectControl::mouseDoubleClicked);
-        const QSignalSpy clicked(button, &KELRoundRectControl::mouseClicked);
-
-        QTest::mouseDClick(view.viewport(), mouseButton, Qt::NoModifier, view.centreOf(child));
-        QCOMPARE(doubleClicked.count(), doubleClicks);
-        view.release(view.centreOf(child), mouseButton);
-        QCOMPARE(clicked.count(), doubleClicks);
-        QCOMPARE(child->events, 0);
     }
 };
 
