@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "keltest.h"
+#include "rows.h"
 
 #include <keliconfont.h>
 
@@ -24,19 +25,45 @@ QString dataFile(const QString &name)
     return KelTest::besideProgram(name);
 }
 
-QString quoted(const QString &text)
+QStringList successLine(const QString &path, const QString &family)
 {
-    return QLatin1Char('"') + text + QLatin1Char('"');
+    return {u"install from \"%1\" , font \"%2\" succeeful"_s.arg(path, family)};
 }
 
-QString successLine(const QString &path, const QString &family)
+QStringList failureLine(const QString &path)
 {
-    return u"install from %1 , font %2 succeeful"_s.arg(quoted(path), quoted(family));
+    return {u"could not intstall \"%1\""_s.arg(path)};
 }
 
-QString failureLine(const QString &path)
+void installTestFont()
 {
-    return u"could not intstall "_s + quoted(path);
+    KELIconFont::installFont(dataFile(u"icons.ttf"_s));
+    QCOMPARE(KelTest::takeDebugLines(), successLine(dataFile(u"icons.ttf"_s), testFamily));
+}
+
+// A glyph shows its font only to the painter that draws it.
+QFont fontOf(const KELIconFont &icon)
+{
+    QImage image(40, 40, QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&image);
+    icon.drawIcon(&painter, image.rect(), Qt::AlignCenter);
+    return painter.font();
+}
+
+// The glyph in the middle of a picture.
+QImage picture(const KELIconFont &icon)
+{
+    return KelImage::draw(QSize(40, 40), 1, [&](QPainter *painter) {
+        icon.drawIcon(painter, QRectF(0, 0, 40, 40), Qt::AlignCenter);
+    });
+}
+
+QImage pictureByHand(const QFont &font, QChar glyph)
+{
+    return KelImage::draw(QSize(40, 40), 1, [&](QPainter *painter) {
+        painter->setFont(font);
+        painter->drawText(QRectF(0, 0, 40, 40), Qt::AlignCenter, QString(glyph));
+    });
 }
 
 // The families Qt finds in a file, as the installation sees them.
@@ -74,7 +101,33 @@ private Q_SLOTS:
         QCOMPARE(KELIconFont::iconFont(), QFont(QString(), -1, -1, false));
         KELIconFont::installFont(dataFile(u"missing.ttf"_s));
         QCOMPARE(KELIconFont::fontFamily(), QString());
-        QCOMPARE(takeDebugLines(), QStringList(failureLine(dataFile(u"missing.ttf"_s))));
+        QCOMPARE(takeDebugLines(), failureLine(dataFile(u"missing.ttf"_s)));
+    }
+
+    void glyphHoldsItsCode_data()
+    {
+        addRows({{"code",
+                  {{"zero", 0},
+                   {"one", 1},
+                   {"letter", 'A'},
+                   {"high byte alone", 0x0100},
+                   {"private use", fullGlyph},
+                   {"high surrogate", 0xD800},
+                   {"largest", 0xFFFF}}}});
+    }
+
+    void glyphHoldsItsCode()
+    {
+        const auto code = ushort(fetch<int>("code"));
+        KELIconFont converted;
+        converted = code;
+        for (const KELIconFont &icon : {KELIconFont(code), converted}) {
+            QCOMPARE(icon.isNull(), code == 0);
+            QCOMPARE(icon.getIcon().unicode(), code);
+            QCOMPARE(static_cast<QChar>(icon).unicode(), code);
+            const QString text = icon;
+            QCOMPARE(text, QString(1, QChar(code)));
+        }
     }
 
     void defaultGlyphIsNull()
@@ -82,47 +135,8 @@ private Q_SLOTS:
         const KELIconFont icon;
         QVERIFY(icon.isNull());
         QCOMPARE(icon.getIcon(), QChar());
-    }
-
-    void glyphHoldsItsCode_data()
-    {
-        QTest::addColumn<ushort>("code");
-        QTest::addColumn<bool>("isNull");
-
-        QTest::newRow("zero") << ushort(0) << true;
-        QTest::newRow("one") << ushort(1) << false;
-        QTest::newRow("letter") << ushort('A') << false;
-        QTest::newRow("high byte alone") << ushort(0x0100) << false;
-        QTest::newRow("private use") << fullGlyph << false;
-        QTest::newRow("high surrogate") << ushort(0xD800) << false;
-        QTest::newRow("largest") << ushort(0xFFFF) << false;
-    }
-
-    void glyphHoldsItsCode()
-    {
-        QFETCH(ushort, code);
-        QFETCH(bool, isNull);
-        const KELIconFont icon(code);
-        QCOMPARE(icon.isNull(), isNull);
-        QCOMPARE(icon.getIcon().unicode(), code);
-        QCOMPARE(static_cast<QChar>(icon).unicode(), code);
         const QString text = icon;
-        QCOMPARE(text.size(), 1);
-        QCOMPARE(text.at(0).unicode(), code);
-    }
-
-    void glyphConvertsFromACode()
-    {
-        KELIconFont icon;
-        icon = fullGlyph;
-        QCOMPARE(icon.getIcon().unicode(), fullGlyph);
-    }
-
-    void glyphCodeZeroIsAStringOfLengthOne()
-    {
-        const QString text = KELIconFont();
-        QCOMPARE(text.size(), 1);
-        QCOMPARE(text.at(0), QChar());
+        QCOMPARE(text, QString(1, QChar()));
     }
 
     void setIconReplacesTheGlyphOnly()
@@ -134,11 +148,8 @@ private Q_SLOTS:
         icon.setIcon(QChar(fullGlyph));
         QCOMPARE(icon.getIcon().unicode(), fullGlyph);
 
-        QImage image(40, 40, QImage::Format_ARGB32_Premultiplied);
-        QPainter painter(&image);
-        icon.drawIcon(&painter, image.rect(), Qt::AlignCenter);
-        QCOMPARE(painter.font().family(), testFamily);
-        QCOMPARE(painter.font().pixelSize(), 17);
+        QCOMPARE(fontOf(icon).family(), testFamily);
+        QCOMPARE(fontOf(icon).pixelSize(), 17);
 
         icon.setIcon(QChar());
         QVERIFY(icon.isNull());
@@ -171,6 +182,7 @@ private Q_SLOTS:
         QCOMPARE(font.weight(), int(QFont::Normal));
         QVERIFY(!font.italic());
         QCOMPARE(font.pointSizeF(), QFont().pointSizeF());
+        QCOMPARE(font.resolve(QFont(u"Of a device"_s, 33)).pointSize(), 33);
     }
 
     void iconFontUsesTheFamily()
@@ -185,24 +197,15 @@ private Q_SLOTS:
 
     void installsAFont()
     {
-        KELIconFont::g_fontFamily.clear();
-        const QString path = dataFile(u"icons.ttf"_s);
-        KELIconFont::installFont(path);
-        QCOMPARE(takeDebugLines(), QStringList(successLine(path, testFamily)));
-        QCOMPARE(KELIconFont::fontFamily(), testFamily);
-        QCOMPARE(KELIconFont::g_fontFamily, testFamily);
-        QCOMPARE(KELIconFont::iconFont().family(), familiesOf(path).value(0));
-    }
-
-    void installsAgain()
-    {
         KELIconFont::g_fontFamily = u"Before"_s;
         const QString path = dataFile(u"icons.ttf"_s);
-        KELIconFont::installFont(path);
-        KELIconFont::installFont(path);
-        QCOMPARE(takeDebugLines(),
-                 QStringList({successLine(path, testFamily), successLine(path, testFamily)}));
-        QCOMPARE(KELIconFont::fontFamily(), testFamily);
+        for (int i = 0; i < 2; ++i) {
+            KELIconFont::installFont(path);
+            QCOMPARE(takeDebugLines(), successLine(path, testFamily));
+            QCOMPARE(KELIconFont::fontFamily(), testFamily);
+            QCOMPARE(KELIconFont::g_fontFamily, testFamily);
+            QCOMPARE(KELIconFont::iconFont().family(), familiesOf(path).value(0));
+        }
     }
 
     void refusesAFile_data()
@@ -222,8 +225,8 @@ private Q_SLOTS:
 
     void refusesAFile()
     {
-        QFETCH(QString, name);
-        QFETCH(QByteArray, content);
+        const auto name = fetch<QString>("name");
+        const auto content = fetch<QByteArray>("content");
         QTemporaryDir folder;
         const QString path = name.isEmpty() ? folder.path() : folder.filePath(name);
         if (!content.isNull())
@@ -231,17 +234,16 @@ private Q_SLOTS:
 
         KELIconFont::g_fontFamily.clear();
         KELIconFont::installFont(path);
-        QCOMPARE(takeDebugLines(), QStringList(failureLine(path)));
+        QCOMPARE(takeDebugLines(), failureLine(path));
         QCOMPARE(KELIconFont::fontFamily(), QString());
     }
 
     void keepsTheFamilyWhenAFileIsRefused()
     {
-        KELIconFont::installFont(dataFile(u"icons.ttf"_s));
-        takeDebugLines();
+        installTestFont();
         for (const QString &name : {u"missing.ttf"_s, u"truncated.ttf"_s}) {
             KELIconFont::installFont(dataFile(name));
-            QCOMPARE(takeDebugLines(), QStringList(failureLine(dataFile(name))));
+            QCOMPARE(takeDebugLines(), failureLine(dataFile(name)));
             QCOMPARE(KELIconFont::fontFamily(), testFamily);
             QCOMPARE(KELIconFont::iconFont().family(), testFamily);
         }
@@ -256,8 +258,8 @@ private Q_SLOTS:
         KELIconFont::g_fontFamily = u"Before"_s;
         KELIconFont::installFont(path);
         const QString family = families.isEmpty() ? u"Before"_s : families.first();
-        const QString line = families.isEmpty() ? failureLine(path) : successLine(path, family);
-        QCOMPARE(takeDebugLines(), QStringList(line));
+        QCOMPARE(takeDebugLines(),
+                 families.isEmpty() ? failureLine(path) : successLine(path, family));
         QCOMPARE(KELIconFont::fontFamily(), family);
     }
 
@@ -276,17 +278,16 @@ private Q_SLOTS:
 
     void pathIsPrintedQuoted()
     {
-        QFETCH(QString, path);
-        QFETCH(QString, printed);
-        KELIconFont::installFont(path);
-        QCOMPARE(takeDebugLines(), QStringList(u"could not intstall "_s + printed));
+        KELIconFont::installFont(fetch<QString>("path"));
+        QCOMPARE(takeDebugLines(),
+                 QStringList(u"could not intstall "_s + fetch<QString>("printed")));
     }
 
     void refusesAnEmptyPath()
     {
         KELIconFont::g_fontFamily.clear();
         KELIconFont::installFont(QString());
-        QCOMPARE(takeDebugLines(), QStringList(failureLine(QString())));
+        QCOMPARE(takeDebugLines(), failureLine(QString()));
         QCOMPARE(KELIconFont::fontFamily(), QString());
         // Qt's own complaint about an empty file name.
         QCOMPARE(takeWarnings(), QStringList(u"QFSFileEngine::open: No file name specified"_s));
@@ -304,8 +305,7 @@ private Q_SLOTS:
             KELIconFont::installFont(path);
             const QString family = KELIconFont::fontFamily();
             const bool refused = family == QLatin1String("Before");
-            QCOMPARE(takeDebugLines(),
-                     QStringList(refused ? failureLine(path) : successLine(path, family)));
+            QCOMPARE(takeDebugLines(), refused ? failureLine(path) : successLine(path, family));
             QCOMPARE(familiesOf(path).value(0, u"Before"_s), family);
         }
     }
@@ -314,19 +314,13 @@ private Q_SLOTS:
     {
         KELIconFont::g_fontFamily.clear();
         const KELIconFont before(leftGlyph);
-        KELIconFont::installFont(dataFile(u"icons.ttf"_s));
-        takeDebugLines();
+        installTestFont();
         const KELIconFont after(leftGlyph);
         const KELIconFont copyOfBefore(before);
 
-        QImage image(40, 40, QImage::Format_ARGB32_Premultiplied);
-        QPainter painter(&image);
-        before.drawIcon(&painter, image.rect(), 0);
-        QCOMPARE(painter.font().family(), QString());
-        after.drawIcon(&painter, image.rect(), 0);
-        QCOMPARE(painter.font().family(), testFamily);
-        copyOfBefore.drawIcon(&painter, image.rect(), 0);
-        QCOMPARE(painter.font().family(), QString());
+        QCOMPARE(fontOf(before).family(), QString());
+        QCOMPARE(fontOf(after).family(), testFamily);
+        QCOMPARE(fontOf(copyOfBefore).family(), QString());
     }
 
     void drawsTheGlyphIntoTheRectangle_data()
@@ -349,18 +343,15 @@ private Q_SLOTS:
 
     void drawsTheGlyphIntoTheRectangle()
     {
-        QFETCH(ushort, code);
-        QFETCH(int, flags);
-        QFETCH(QRect, ink);
-        KELIconFont::installFont(dataFile(u"icons.ttf"_s));
-        takeDebugLines();
-        KELIconFont icon(code);
+        const auto ink = fetch<QRect>("ink");
+        installTestFont();
+        KELIconFont icon(fetch<ushort>("code"));
         icon.setPixelSize(20);
 
         const QSize size(60, 60);
-        const QImage actual = KelImage::draw(size, 1, [&icon, flags](QPainter *painter) {
+        const QImage actual = KelImage::draw(size, 1, [&icon](QPainter *painter) {
             painter->setPen(Qt::darkRed);
-            icon.drawIcon(painter, QRectF(5, 10, 40, 40), flags);
+            icon.drawIcon(painter, QRectF(5, 10, 40, 40), fetch<int>("flags"));
         });
         // The font engine may smooth the edges; one pixel around them is left out of the
         // comparison.
@@ -401,47 +392,28 @@ private Q_SLOTS:
     {
         KELIconFont::g_fontFamily = testFamily;
         const KELIconFont icon(fullGlyph);
-        const auto draw = [&icon](QPainter *painter) {
-            icon.drawIcon(painter, QRectF(0, 0, 40, 40), Qt::AlignCenter);
-        };
-        const QImage first = KelImage::draw(QSize(40, 40), 1, draw);
-        const QImage second = KelImage::draw(QSize(40, 40), 1, draw);
-        QCOMPARE(KelImage::difference(second, first), QString());
+        const QImage first = picture(icon);
+        QCOMPARE(KelImage::difference(picture(icon), first), QString());
         QCOMPARE(icon.getIcon().unicode(), fullGlyph);
     }
 
     void drawsANullGlyph()
     {
         KELIconFont::g_fontFamily.clear();
-        const KELIconFont icon;
-        const QSize size(40, 40);
-        const QImage actual = KelImage::draw(size, 1, [&icon](QPainter *painter) {
-            icon.drawIcon(painter, QRectF(0, 0, 40, 40), Qt::AlignCenter);
-        });
-        const QImage expected = KelImage::draw(size, 1, [](QPainter *painter) {
-            painter->setFont(QFont(QString()));
-            painter->drawText(QRectF(0, 0, 40, 40), Qt::AlignCenter, QString(QChar()));
-        });
-        QCOMPARE(KelImage::difference(actual, expected), QString());
+        QCOMPARE(
+            KelImage::difference(picture(KELIconFont()), pictureByHand(QFont(QString()), QChar())),
+            QString());
     }
 
     void drawsAGlyphThatTheFontLacks()
     {
-        KELIconFont::installFont(dataFile(u"icons.ttf"_s));
-        takeDebugLines();
+        installTestFont();
         KELIconFont icon(0xE0FF);
         icon.setPixelSize(20);
-        const QSize size(40, 40);
-        const QImage actual = KelImage::draw(size, 1, [&icon](QPainter *painter) {
-            icon.drawIcon(painter, QRectF(0, 0, 40, 40), Qt::AlignCenter);
-        });
-        const QImage expected = KelImage::draw(size, 1, [](QPainter *painter) {
-            QFont font(testFamily);
-            font.setPixelSize(20);
-            painter->setFont(font);
-            painter->drawText(QRectF(0, 0, 40, 40), Qt::AlignCenter, QString(QChar(0xE0FF)));
-        });
-        QCOMPARE(KelImage::difference(actual, expected), QString());
+        QFont font(testFamily);
+        font.setPixelSize(20);
+        QCOMPARE(KelImage::difference(picture(icon), pictureByHand(font, QChar(0xE0FF))),
+                 QString());
     }
 
     void pixelSizeIsThatOfTheGlyphAlone()
@@ -450,35 +422,22 @@ private Q_SLOTS:
         KELIconFont icon(fullGlyph);
         const KELIconFont other(icon);
         icon.setPixelSize(48);
-        QImage image(60, 60, QImage::Format_ARGB32_Premultiplied);
-        QPainter painter(&image);
-        other.drawIcon(&painter, image.rect(), 0);
-        QCOMPARE(painter.font().pointSizeF(), QFont().pointSizeF());
-        icon.drawIcon(&painter, image.rect(), 0);
-        QCOMPARE(painter.font().pixelSize(), 48);
+        QCOMPARE(fontOf(other).pointSizeF(), QFont().pointSizeF());
+        QCOMPARE(fontOf(icon).pixelSize(), 48);
         QCOMPARE(KELIconFont::iconFont(), QFont(testFamily));
     }
 
-    void pixelSizeMustBePositive_data()
-    {
-        QTest::addColumn<int>("pixelSize");
-
-        QTest::newRow("zero") << 0;
-        QTest::newRow("negative") << -3;
-    }
+    void pixelSizeMustBePositive_data() { addRows({{"size", {{"zero", 0}, {"negative", -3}}}}); }
 
     void pixelSizeMustBePositive()
     {
-        QFETCH(int, pixelSize);
         KELIconFont icon(fullGlyph);
         icon.setPixelSize(25);
-        icon.setPixelSize(pixelSize);
-        QCOMPARE(takeWarnings(),
-                 QStringList(u"QFont::setPixelSize: Pixel size <= 0 (%1)"_s.arg(pixelSize)));
-        QImage image(40, 40, QImage::Format_ARGB32_Premultiplied);
-        QPainter painter(&image);
-        icon.drawIcon(&painter, image.rect(), 0);
-        QCOMPARE(painter.font().pixelSize(), 25);
+        icon.setPixelSize(fetch<int>("size"));
+        QCOMPARE(
+            takeWarnings(),
+            QStringList(u"QFont::setPixelSize: Pixel size <= 0 (%1)"_s.arg(fetch<int>("size"))));
+        QCOMPARE(fontOf(icon).pixelSize(), 25);
     }
 };
 

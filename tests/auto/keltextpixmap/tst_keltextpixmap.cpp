@@ -1,16 +1,13 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
+#include "handdrawing.h"
 #include "keltest.h"
+#include "rows.h"
 
 #include <keltextpixmap.h>
 
-#include <QtGui/QLinearGradient>
-#include <QtGui/QPainter>
-
 #include <type_traits>
-
-Q_DECLARE_METATYPE(QBrush)
 
 namespace {
 
@@ -22,38 +19,55 @@ QFont fontOf(int pixelSize, bool bold = false)
     return font;
 }
 
-QBrush gradient(const QColor &from, const QColor &to)
+// What a picture is made of; by default a short black text on white.
+struct Case
 {
-    QLinearGradient colours(0, 0, 80, 0);
-    colours.setColorAt(0, from);
-    colours.setColorAt(1, to);
-    return colours;
+    const char *name;
+    QString text = u"Motor"_s;
+    QSize size = QSize(80, 40);
+    QBrush textBrush = Qt::black;
+    QColor background = Qt::white;
+    QFont font = fontOf(14);
+};
+
+const std::vector<Case> &cases()
+{
+    const QString longText = u"Pump three runs too fast today"_s;
+
+    static const std::vector<Case> all = {
+        {"one word"},
+        {"default font", u"Motor"_s, QSize(80, 40), Qt::black, Qt::white, QFont()},
+        {"large bold", u"Motor"_s, QSize(80, 40), Qt::white, Qt::darkGreen, fontOf(26, true)},
+        {"wrapped", longText, QSize(80, 100)},
+        {"clipped below", longText, QSize(50, 30)},
+        {"one word wider than the picture", u"Donaudampfschiff"_s, QSize(40, 30)},
+        {"two lines", u"a\nb"_s},
+        {"ampersand as written", u"A&B"_s},
+        {"translucent text", u"Motor"_s, QSize(80, 40), QColor(255, 0, 0, 90)},
+        {"gradient text", u"Motor"_s, QSize(80, 40), HandDrawing::gradient()},
+        {"text without brush", u"Motor"_s, QSize(80, 40), Qt::NoBrush},
+        {"translucent background", u"Motor"_s, QSize(80, 40), Qt::black, QColor(0, 200, 0, 100)},
+        {"transparent background", u"Motor"_s, QSize(80, 40), Qt::black, Qt::transparent},
+        {"right to left", u"\u05E9\u05DC\u05D5\u05DD"_s},
+    };
+    return all;
 }
 
-QPixmap handDrawn(const QString &text, const QSize &size, const QBrush &textBrush,
-                  const QColor &background, const QFont &font)
+QImage handDrawn(const Case &row)
 {
-    QPixmap pixmap(size);
-    pixmap.fill(background);
+    QPixmap pixmap(row.size);
+    pixmap.fill(row.background);
     QPainter painter(&pixmap);
-    painter.setFont(font);
-    painter.setPen(QPen(textBrush, 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
-    painter.drawText(QRectF(QPointF(), size), Qt::AlignCenter | Qt::TextWordWrap, text);
-    return pixmap;
+    painter.setFont(row.font);
+    painter.setPen(HandDrawing::squarePen(row.textBrush, 1));
+    painter.drawText(QRectF(QPointF(), row.size), Qt::AlignCenter | Qt::TextWordWrap, row.text);
+    painter.end();
+    return pixmap.toImage();
 }
 
-// The smallest rectangle around all pixels that are not background.
 QRect inkOf(const QPixmap &pixmap, const QColor &background)
 {
-    const QImage image = pixmap.toImage().convertToFormat(QImage::Format_ARGB32);
-    QRect ink;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (image.pixel(x, y) != background.rgba())
-                ink |= QRect(x, y, 1, 1);
-        }
-    }
-    return ink;
+    return KelImage::inkOf(pixmap.toImage(), background);
 }
 
 } // namespace
@@ -63,58 +77,13 @@ class tst_KELTextPixmap : public KelTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void isTheHandDrawnPicture_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<QBrush>("textBrush");
-        QTest::addColumn<QColor>("background");
-        QTest::addColumn<QFont>("font");
-
-        const QString word = u"Motor"_s;
-        const QString longText = u"Pump three runs too fast today"_s;
-        const QSize size(80, 40);
-        QTest::newRow("one word") << word << size << QBrush(Qt::black) << QColor(Qt::white)
-                                  << fontOf(14);
-        QTest::newRow("default font")
-            << word << size << QBrush(Qt::black) << QColor(Qt::white) << QFont();
-        QTest::newRow("large bold")
-            << word << size << QBrush(Qt::white) << QColor(Qt::darkGreen) << fontOf(26, true);
-        QTest::newRow("wrapped") << longText << QSize(80, 100) << QBrush(Qt::black)
-                                 << QColor(Qt::white) << fontOf(14);
-        QTest::newRow("clipped below")
-            << longText << QSize(50, 30) << QBrush(Qt::black) << QColor(Qt::white) << fontOf(14);
-        QTest::newRow("one word wider than the picture")
-            << u"Donaudampfschiff"_s << QSize(40, 30) << QBrush(Qt::black) << QColor(Qt::white)
-            << fontOf(14);
-        QTest::newRow("two lines")
-            << u"a\nb"_s << size << QBrush(Qt::black) << QColor(Qt::white) << fontOf(14);
-        QTest::newRow("ampersand as written")
-            << u"A&B"_s << size << QBrush(Qt::black) << QColor(Qt::white) << fontOf(14);
-        QTest::newRow("translucent text")
-            << word << size << QBrush(QColor(255, 0, 0, 90)) << QColor(Qt::white) << fontOf(20);
-        QTest::newRow("gradient text")
-            << word << size << gradient(Qt::red, Qt::blue) << QColor(Qt::white) << fontOf(26, true);
-        QTest::newRow("text without brush")
-            << word << size << QBrush(Qt::NoBrush) << QColor(Qt::white) << fontOf(14);
-        QTest::newRow("translucent background")
-            << word << size << QBrush(Qt::black) << QColor(0, 200, 0, 100) << fontOf(14);
-        QTest::newRow("transparent background")
-            << word << size << QBrush(Qt::black) << QColor(0, 0, 0, 0) << fontOf(14);
-        QTest::newRow("right to left") << u"\u05E9\u05DC\u05D5\u05DD"_s << size << QBrush(Qt::black)
-                                       << QColor(Qt::white) << fontOf(14);
-    }
+    void isTheHandDrawnPicture_data() { addRows({{"case", namesOf(cases())}}); }
 
     void isTheHandDrawnPicture()
     {
-        QFETCH(QString, text);
-        QFETCH(QSize, size);
-        QFETCH(QBrush, textBrush);
-        QFETCH(QColor, background);
-        QFETCH(QFont, font);
-        const QPixmap expected = handDrawn(text, size, textBrush, background, font);
-        const KELTextPixmap actual(text, size, textBrush, background, font);
-        QCOMPARE(KelImage::difference(actual.toImage(), expected.toImage()), QString());
+        const Case &row = cases().at(fetch<size_t>("case"));
+        const KELTextPixmap actual(row.text, row.size, row.textBrush, row.background, row.font);
+        QCOMPARE(KelImage::difference(actual.toImage(), handDrawn(row)), QString());
     }
 
     void hasTheAskedSize()
@@ -150,8 +119,7 @@ private Q_SLOTS:
 
         QTest::newRow("solid") << QBrush(Qt::red) << QColor(Qt::red);
         QTest::newRow("pattern") << QBrush(Qt::red, Qt::CrossPattern) << QColor(Qt::red);
-        QTest::newRow("gradient") << gradient(Qt::red, Qt::blue)
-                                  << gradient(Qt::red, Qt::blue).color();
+        QTest::newRow("gradient") << HandDrawing::gradient() << HandDrawing::gradient().color();
         QTest::newRow("fully transparent") << QBrush(Qt::transparent) << QColor(0, 0, 0, 0);
         QTest::newRow("translucent") << QBrush(QColor(0, 0, 255, 128)) << QColor(0, 0, 255, 128);
         // Not equal to a default brush: the colours differ.
@@ -162,12 +130,12 @@ private Q_SLOTS:
 
     void backgroundUsesTheColourOnly()
     {
-        QFETCH(QBrush, background);
-        QFETCH(QColor, fill);
-        const KELTextPixmap pixmap(QString(), QSize(40, 30), Qt::black, background, QFont());
+        const auto fill = fetch<QColor>("fill");
+        const KELTextPixmap pixmap(QString(), QSize(40, 30), Qt::black, fetch<QBrush>("background"),
+                                   QFont());
         QCOMPARE(pixmap.toImage().pixelColor(20, 15).alpha(), fill.alpha());
-        const QPixmap expected = handDrawn(QString(), QSize(40, 30), Qt::black, fill, QFont());
-        QCOMPARE(KelImage::difference(pixmap.toImage(), expected.toImage()), QString());
+        const QImage expected = handDrawn({"", QString(), QSize(40, 30), Qt::black, fill});
+        QCOMPARE(KelImage::difference(pixmap.toImage(), expected), QString());
     }
 
     void textIsCentred()
@@ -224,8 +192,7 @@ private Q_SLOTS:
 
     void emptySizeGivesANullPixmap()
     {
-        QFETCH(QSize, size);
-        const KELTextPixmap pixmap(u"Motor"_s, size, Qt::black, Qt::white, QFont());
+        const KELTextPixmap pixmap(u"Motor"_s, fetch<QSize>("size"), Qt::black, Qt::white, QFont());
         QVERIFY(pixmap.isNull());
         QCOMPARE(takeWarnings(), QStringList());
     }
@@ -247,9 +214,7 @@ private Q_SLOTS:
             copy = original;
             QCOMPARE(copy.cacheKey(), original.cacheKey());
         }
-        const QPixmap expected = handDrawn(u"Motor"_s, QSize(80, 40), Qt::black, Qt::white,
-                                           fontOf(14));
-        QCOMPARE(KelImage::difference(copy.toImage(), expected.toImage()), QString());
+        QCOMPARE(KelImage::difference(copy.toImage(), handDrawn(cases().front())), QString());
     }
 };
 
