@@ -4,185 +4,100 @@
 #ifndef COMBOSTAGE_H
 #define COMBOSTAGE_H
 
-#include "keltest.h"
+#include "stage.h"
 
 #include <kelapplicationnotify.h>
 #include <kelcombobox.h>
 #include <kellabel.h>
 
 #include <QtCore/QMutex>
-#include <QtCore/QPointer>
 #include <QtCore/QSet>
 #include <QtGui/QPixmapCache>
 #include <QtGui/QScreen>
 #include <QtGui/QWindow>
 #include <QtWidgets/QGraphicsSceneMouseEvent>
 
+#include <memory>
 #include <typeinfo>
 
 // Called for every QObject at its beginning and its end.
 extern Q_CORE_EXPORT quintptr qtHookData[];
 
-enum class Input { Mouse, Touch };
+inline const std::vector<Named> indexMethods = {{"no index", int(QGraphicsScene::NoIndex)},
+                                                {"tree index", int(QGraphicsScene::BspTreeIndex)}};
+inline const std::vector<Named> closedOrOpen = {{"closed", false}, {"open", true}};
 
-struct Named
-{
-    const char *name;
-    int value;
-};
+enum class Closing { ByTheButton, ByAPick, ByAPress };
+inline const std::vector<Named> closings = {{"by the button", int(Closing::ByTheButton)},
+                                            {"by a pick", int(Closing::ByAPick)},
+                                            {"by a press outside", int(Closing::ByAPress)}};
 
-inline const Named inputs[] = {{"mouse", int(Input::Mouse)}, {"touch", int(Input::Touch)}};
-inline const Named indexMethods[] = {{"no index", int(QGraphicsScene::NoIndex)},
-                                     {"tree index", int(QGraphicsScene::BspTreeIndex)}};
-
-inline constexpr QPoint farAway(350, 250);
+inline constexpr QPoint farAway(390, 290);
 
 inline const QString downArrow(QChar(0x25BC));
 inline const QString upArrow(QChar(0x25B2));
 
-template <class Item>
-Item *childOf(const QGraphicsItem *parent, int place = 0)
-{
-    const QList<QGraphicsItem *> children = parent->childItems();
-    for (QGraphicsItem *child : children) {
-        QGraphicsObject *const object = child->toGraphicsObject();
-        auto *const found = object ? qobject_cast<Item *>(object) : nullptr;
-        if (found && place-- == 0)
-            return found;
-    }
-    return nullptr;
-}
-
-// What a combo box is made of, found as an application finds it.
-struct ComboParts
-{
-    explicit ComboParts(const KELComboBox &box) :
-        button(childOf<KELPushButton>(&box)),
-        text(childOf<KELLabel>(button, 0)),
-        arrow(childOf<KELLabel>(button, 1)),
-        panel(childOf<KELLabel>(&box)),
-        notify(box.findChild<KELApplicationNotify *>())
-    { }
-
-    const QPointer<KELPushButton> button;
-    const QPointer<KELLabel> text;
-    const QPointer<KELLabel> arrow;
-    const QPointer<KELLabel> panel;
-    const QPointer<KELApplicationNotify> notify;
-};
-
-inline KELLabel *labelOf(const KELComboBoxItem *item)
-{
-    return childOf<KELLabel>(item);
-}
-
-inline void clickButton(const KELComboBox &box)
-{
-    Q_EMIT ComboParts(box).button->mouseClicked();
-}
-
-// True when notify hears of a press that is sent to anybody.
-inline bool hearsOfPresses(KELApplicationNotify *notify, QEvent *press)
-{
-    int calls = 0;
-    const auto connection = QObject::connect(notify, &KELApplicationNotify::notify,
-                                             [&calls] { ++calls; });
-    QObject target;
-    QCoreApplication::sendEvent(&target, press);
-    QObject::disconnect(connection);
-    return calls == 1;
-}
-
-inline bool filtersTheApplication(const KELComboBox &box)
-{
-    const ComboParts parts(box);
-    QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
-    press.setPos(parts.button->sceneBoundingRect().center()); // leaves the list as it is
-    return hearsOfPresses(parts.notify, &press);
-}
-
-// "open" or "closed", when all signs of it agree.
-inline QString listState(const KELComboBox &box)
-{
-    const ComboParts parts(box);
-    const bool isShown = parts.panel->isVisibleTo(&box);
-    const bool isUp = parts.arrow->text() == upArrow;
-    const bool filters = filtersTheApplication(box);
-    if (isShown && isUp && filters && box.zValue() == 1)
-        return u"open"_s;
-    if (!isShown && parts.arrow->text() == downArrow && !filters)
-        return u"closed"_s;
-    return u"shown %1, up %2, filters %3, z %4"_s.arg(isShown).arg(isUp).arg(filters).arg(
-        box.zValue());
-}
-
-inline QStringList textsOf(const KELComboBox &box)
-{
-    QStringList texts;
-    const QList<KELComboBoxItem *> items = box.items();
-    for (const KELComboBoxItem *item : items)
-        texts.append(item->display());
-    return texts;
-}
-
-inline void addEntries(KELComboBox *box, const QStringList &texts)
-{
-    for (const QString &text : texts)
-        box->addItem(text + u" value"_s, text);
-}
-
 inline const QStringList threeTexts = {u"one"_s, u"two"_s, u"three"_s};
 
-// The event filters of combo boxes that live, while a census does.
-class NotifierCensus
+// The event filters of combo boxes that live.
+class ApplicationFilters
 {
 public:
-    NotifierCensus()
+    ApplicationFilters()
     {
-        objects()->clear();
-        qtHookData[3] = quintptr(&NotifierCensus::enter);
-        qtHookData[4] = quintptr(&NotifierCensus::leave);
+        qtHookData[3] = quintptr(&enter);
+        qtHookData[4] = quintptr(&leave);
     }
-    ~NotifierCensus()
+    ~ApplicationFilters()
     {
         qtHookData[3] = 0;
         qtHookData[4] = 0;
     }
+
+    int count() const { return all().size(); }
+
+    // How many of them hear of a press on any object.
+    int listening() const
+    {
+        QGraphicsSceneMouseEvent scenePress(QEvent::GraphicsSceneMousePress);
+        QMouseEvent press(QEvent::MouseButtonPress, QPointF(), Qt::LeftButton, Qt::LeftButton,
+                          Qt::NoModifier);
+        QTouchEvent touch(QEvent::TouchBegin);
+        int hearing = 0;
+        const QObjectList filters = all();
+        for (QObject *filter : filters) {
+            auto *const notify = qobject_cast<KELApplicationNotify *>(filter);
+            if (!notify || hears(notify, &scenePress) || hears(notify, &press)
+                || hears(notify, &touch))
+                ++hearing;
+        }
+        return hearing;
+    }
+
+    // True when notify hears of a press that is sent to anybody.
+    static bool hears(KELApplicationNotify *notify, QEvent *press)
+    {
+        SignalLog log;
+        log.listenTo(notify);
+        QObject target;
+        QCoreApplication::sendEvent(&target, press);
+        return log.take() == u"notify"_s;
+    }
+
+private:
+    Q_DISABLE_COPY(ApplicationFilters)
 
     static QObjectList all()
     {
         const QMutexLocker locker(mutex());
         QObjectList filters;
         for (QObject *object : qAsConst(*objects())) {
-            if (qobject_cast<KELApplicationNotify *>(object) || filtersPressesOutside(object))
+            // The other one is private and filters the application as long as it lives.
+            if (qobject_cast<KELApplicationNotify *>(object)
+                || QByteArray(typeid(*object).name()).contains("KELOutsidePress"))
                 filters.append(object);
         }
         return filters;
-    }
-
-    // How many of them hear of a press on any object.
-    static int listening()
-    {
-        int count = 0;
-        QGraphicsSceneMouseEvent scenePress(QEvent::GraphicsSceneMousePress);
-        QMouseEvent press(QEvent::MouseButtonPress, QPointF(), Qt::LeftButton, Qt::LeftButton,
-                          Qt::NoModifier);
-        QTouchEvent touch(QEvent::TouchBegin);
-        const QObjectList filters = all();
-        for (QObject *filter : filters) {
-            auto *const notifier = qobject_cast<KELApplicationNotify *>(filter);
-            if (!notifier || hearsOfPresses(notifier, &scenePress)
-                || hearsOfPresses(notifier, &press) || hearsOfPresses(notifier, &touch))
-                ++count;
-        }
-        return count;
-    }
-
-private:
-    // A private class of the library, which filters the application as long as it lives.
-    static bool filtersPressesOutside(const QObject *object)
-    {
-        return QByteArray(typeid(*object).name()).contains("KELOutsidePress");
     }
     static void enter(QObject *object)
     {
@@ -206,84 +121,100 @@ private:
     }
 };
 
-inline QTouchDevice *stageTouchScreen()
+inline const ApplicationFilters applicationFilters;
+
+template <class Item>
+Item *childOf(const QGraphicsItem *parent, int place = 0)
 {
-    static QTouchDevice *const device = QTest::createTouchDevice();
-    return device;
+    const QList<QGraphicsItem *> children = parent->childItems();
+    for (QGraphicsItem *child : children) {
+        QGraphicsObject *const object = child->toGraphicsObject();
+        auto *const found = object ? qobject_cast<Item *>(object) : nullptr;
+        if (found && place-- == 0)
+            return found;
+    }
+    return nullptr;
 }
 
-// A combo box with entries in a view with room for its list.
-class ComboStage
+inline KELLabel *labelOf(const KELComboBoxItem *entry)
 {
-public:
-    explicit ComboStage(int indexMethod = QGraphicsScene::NoIndex) : box(new KELComboBox)
-    {
-        view.ownScene.setItemIndexMethod(QGraphicsScene::ItemIndexMethod(indexMethod));
-        box->setboundRect(20, 20, 160, 40);
-        addEntries(box, threeTexts);
-        view.ownScene.addItem(box);
-    }
+    return childOf<KELLabel>(entry);
+}
 
-    bool show() { return view.showAndWait(); }
+// What a combo box is made of, found as an application finds it.
+struct ComboParts
+{
+    explicit ComboParts(const KELComboBox &box) :
+        button(childOf<KELPushButton>(&box)),
+        text(childOf<KELLabel>(button, 0)),
+        arrow(childOf<KELLabel>(button, 1)),
+        panel(childOf<KELLabel>(&box)),
+        notify(box.findChild<KELApplicationNotify *>())
+    { }
 
-    void press(Input input, const QPoint &pos, Qt::MouseButton button = Qt::LeftButton)
-    {
-        if (input == Input::Touch)
-            view.touchPress(pos);
-        else
-            view.press(pos, button);
-    }
-    void release(Input input, const QPoint &pos, Qt::MouseButton button = Qt::LeftButton)
-    {
-        if (input == Input::Touch)
-            view.touchRelease(pos);
-        else
-            view.release(pos, button);
-    }
-    void tap(Input input, const QPoint &pos)
-    {
-        press(input, pos);
-        release(input, pos);
-    }
-
-    QPoint buttonCentre() const { return view.centreOf(ComboParts(*box).button); }
-    QPoint entryCentre(int place) const { return view.centreOf(box->items().at(place)); }
-    // The middle of a row of the list, whether there is an entry or not.
-    QPoint rowCentre(int row) const
-    {
-        const QRectF panel = ComboParts(*box).panel->boundingRect();
-        return view.at(box, QPointF(panel.center().x(), panel.top() + 30 * row + 15));
-    }
-    void open(Input input = Input::Mouse) { tap(input, buttonCentre()); }
-    bool isOpen() const { return ComboParts(*box).panel->isVisible(); }
-
-    KelTestView view;
-    const QPointer<KELComboBox> box;
+    const QPointer<KELPushButton> button;
+    const QPointer<KELLabel> text;
+    const QPointer<KELLabel> arrow;
+    const QPointer<KELLabel> panel;
+    const QPointer<KELApplicationNotify> notify;
 };
 
-inline KELPushButton *addNeighbour(ComboStage *stage, const QRectF &rect)
+inline void clickButton(const KELComboBox &box)
 {
-    auto *neighbour = new KELPushButton;
-    neighbour->setboundRect(rect);
-    stage->view.ownScene.addItem(neighbour);
-    return neighbour;
+    Q_EMIT ComboParts(box).button->mouseClicked();
 }
 
-inline void addInputs()
+// "open" or "closed", when all signs of it agree.
+inline QString listState(const KELComboBox &box)
 {
-    QTest::addColumn<int>("input");
-    for (const Named &input : inputs)
-        QTest::newRow(input.name) << input.value;
+    const ComboParts parts(box);
+    QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
+    press.setPos(parts.button->sceneBoundingRect().center()); // leaves the list as it is
+    const bool isShown = parts.panel->isVisibleTo(&box);
+    const bool isUp = parts.arrow->text() == upArrow;
+    const bool filters = ApplicationFilters::hears(parts.notify, &press);
+    if (isShown && isUp && filters && box.zValue() == 1)
+        return u"open"_s;
+    if (!isShown && parts.arrow->text() == downArrow && !filters)
+        return u"closed"_s;
+    return u"shown %1, up %2, filters %3, z %4"_s.arg(isShown).arg(isUp).arg(filters).arg(
+        box.zValue());
 }
 
-inline void addInputsAndIndexMethods()
+inline QString textsOf(const KELComboBox &box)
 {
-    QTest::addColumn<int>("input");
-    QTest::addColumn<int>("indexMethod");
-    for (const Named &input : inputs) {
-        for (const Named &method : indexMethods)
-            QTest::addRow("%s, %s", input.name, method.name) << input.value << method.value;
-    }
+    QStringList texts;
+    const QList<KELComboBoxItem *> entries = box.items();
+    for (const KELComboBoxItem *entry : entries)
+        texts.append(entry->display());
+    return texts.join(QLatin1Char(' '));
+}
+
+// All of a combo box that its entries change: "one two three; 1, two; closed; 90 px".
+inline QString summaryOf(const KELComboBox &box)
+{
+    const ComboParts parts(box);
+    KELComboBoxItem *const selected = box.items().value(box.selectIndex());
+    return u"%1; %2, %3; %4; %5 px%6"_s.arg(textsOf(box))
+        .arg(box.selectIndex())
+        .arg(parts.text->text(), listState(box))
+        .arg(parts.panel->rect().height())
+        .arg(box.selectedItem() == selected ? QString() : u"; another entry"_s);
+}
+
+inline void addEntries(KELComboBox *box, const QStringList &texts)
+{
+    for (const QString &text : texts)
+        box->addItem(text + u" value"_s, text);
+}
+
+inline std::unique_ptr<KELComboBox> makeBox(const QStringList &texts = threeTexts,
+                                            const QRectF &rect = QRectF(20, 20, 160, 40))
+{
+    auto box = std::make_unique<KELComboBox>();
+    box->setboundRect(rect.x(), rect.y(), rect.width(), rect.height());
+    addEntries(box.get(), texts);
+    return box;
 }
 
 // What the window shows now, after all repaints that were asked for.
@@ -303,5 +234,78 @@ inline QString staleParts(const KelTestView &view)
     view.viewport()->update();
     return KelImage::difference(shown, shownPicture(view));
 }
+
+// A combo box with three entries, in a view with room for its list.
+class ComboStage : public Stage<KELComboBox>
+{
+public:
+    explicit ComboStage(Input input = Input::Mouse, int indexMethod = QGraphicsScene::NoIndex) :
+        Stage(QRectF(20, 20, 160, 40)), parts(**this)
+    {
+        hand.use(input);
+        view.ownScene.setItemIndexMethod(QGraphicsScene::ItemIndexMethod(indexMethod));
+        addEntries(get(), threeTexts);
+    }
+
+    KELComboBoxItem *entry(int place) const { return get()->items().at(place); }
+    QString shownText() const { return parts.text->text(); }
+    QString state() const { return listState(**this); }
+    QString summary() const { return summaryOf(**this); }
+
+    QPoint buttonCentre() const { return view.centreOf(parts.button); }
+    QPoint entryCentre(int place) const { return view.centreOf(entry(place)); }
+    // The middle of a row of the list, whether there is an entry or not.
+    QPoint rowCentre(int row) const
+    {
+        const QRectF panel = parts.panel->boundingRect();
+        return at(panel.center().x(), panel.top() + 30 * row + 15);
+    }
+
+    void tapButton() { hand.tap(buttonCentre()); }
+    void open() { tapButton(); }
+    void close(Closing way, int picked = 1)
+    {
+        hand.tap(way == Closing::ByTheButton   ? buttonCentre()
+                     : way == Closing::ByAPick ? entryCentre(picked)
+                                               : farAway);
+    }
+
+    // Beside the control in the stacking order, above it.
+    KELPushButton *addNeighbour(const QRectF &rect)
+    {
+        auto *neighbour = new KELPushButton(parent);
+        neighbour->setboundRect(rect);
+        log.listenTo(neighbour, u"neighbour"_s);
+        return neighbour;
+    }
+
+    // A new combo box can be opened and used: nobody remembers a dead one.
+    bool nextBoxWorks()
+    {
+        QCoreApplication::processEvents();
+        KELComboBox *const next = makeBox(threeTexts, QRectF(210, 20, 160, 40)).release();
+        view.ownScene.addItem(next);
+        hand.tap(farAway);
+        hand.tap(view.centreOf(next));
+        const bool isOpened = listState(*next) == u"open"_s;
+        hand.tap(view.centreOf(next->items().at(1)));
+        const bool isPicked = next->selectIndex() == 1 && listState(*next) == u"closed"_s;
+        shownPicture(view);
+        delete next;
+        return isOpened && isPicked;
+    }
+
+    // What is left of the control; empty when it is gone with its filters.
+    QString traces()
+    {
+        if (control)
+            return u"the control"_s;
+        if (applicationFilters.count() > 0)
+            return u"%1 filters"_s.arg(applicationFilters.count());
+        return nextBoxWorks() ? QString() : u"the next one does not work"_s;
+    }
+
+    const ComboParts parts;
+};
 
 #endif

@@ -2,39 +2,37 @@
 // SPDX-License-Identifier: MIT
 
 #include "combostage.h"
+#include "handdrawing.h"
 
-#include <QtGui/QFontMetrics>
-#include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
-
-#include <memory>
 
 namespace {
 
 const QSize canvas(330, 260);
-
-const QRectF boxRects[] = {QRectF(20, 20, 160, 40), QRectF(10, 8, 300, 60), QRectF(30, 30, 64, 24),
-                           QRectF(15, 25, 90, 31)};
 constexpr qreal scales[] = {0.5, 1, 1.5, 2};
 
-enum State { Closed, ClosedPressed, Open, OpenEntryPressed, Disabled, OpenDisabled, Enabled };
+const QRectF usual(20, 20, 160, 40);
+const QRectF boxRects[] = {usual, QRectF(10, 8, 300, 60), QRectF(30, 30, 64, 24),
+                           QRectF(15, 25, 90, 31)};
+const std::vector<Named> sizes = {{"160 x 40", 0}, {"300 x 60", 1}, {"64 x 24", 2}, {"90 x 31", 3}};
 
-const Named states[] = {{"closed", Closed},
-                        {"closed, button pressed", ClosedPressed},
-                        {"open", Open},
-                        {"open, entry pressed", OpenEntryPressed},
-                        {"disabled", Disabled},
-                        {"open and disabled", OpenDisabled},
-                        {"enabled again", Enabled}};
+enum class State { Closed, ClosedPressed, Open, OpenEntryPressed, Disabled, OpenDisabled, Enabled };
+const std::vector<Named> states = {{"closed", int(State::Closed)},
+                                   {"closed, button pressed", int(State::ClosedPressed)},
+                                   {"open", int(State::Open)},
+                                   {"open, entry pressed", int(State::OpenEntryPressed)},
+                                   {"disabled", int(State::Disabled)},
+                                   {"open and disabled", int(State::OpenDisabled)},
+                                   {"enabled again", int(State::Enabled)}};
 
-bool isOpen(int state)
+bool isOpen(State state)
 {
-    return state == Open || state == OpenEntryPressed || state == OpenDisabled;
+    return state == State::Open || state == State::OpenEntryPressed || state == State::OpenDisabled;
 }
 
-bool isDisabled(int state)
+bool isDisabled(State state)
 {
-    return state == Disabled || state == OpenDisabled;
+    return state == State::Disabled || state == State::OpenDisabled;
 }
 
 void setCacheModes(QGraphicsItem *item, QGraphicsItem::CacheMode mode)
@@ -49,30 +47,25 @@ void setCacheModes(QGraphicsItem *item, QGraphicsItem::CacheMode mode)
 class Picture
 {
 public:
-    explicit Picture(const QRectF &rect) : box(new KELComboBox)
+    explicit Picture(const QRectF &rect = usual) : box(makeBox({}, rect).release())
     {
-        box->setboundRect(rect.x(), rect.y(), rect.width(), rect.height());
         scene.addItem(box);
     }
-
-    void fill(int state)
+    explicit Picture(State state, const QRectF &rect = usual) : Picture(rect)
     {
         addEntries(box, threeTexts);
         box->setSelectIndex(1);
         if (isOpen(state))
             clickButton(*box);
-        if (state == ClosedPressed)
-            ComboParts(*box).button->style()->isMouseDown = true;
-        if (state == OpenEntryPressed)
-            box->items().at(2)->style()->isMouseDown = true;
-        box->setEnabled(!isDisabled(state));
-        if (state == Enabled) {
+        ComboParts(*box).button->style()->isMouseDown = state == State::ClosedPressed;
+        box->items().at(2)->style()->isMouseDown = state == State::OpenEntryPressed;
+        if (isDisabled(state) || state == State::Enabled)
             box->setEnabled(false);
+        if (state == State::Enabled)
             box->setEnabled(true);
-        }
     }
 
-    QImage render(qreal scale)
+    QImage render(qreal scale = 1)
     {
         setCacheModes(box, QGraphicsItem::NoCache);
         return KelImage::draw(canvas, scale, [&](QPainter *painter) {
@@ -88,115 +81,78 @@ public:
 class Drawing
 {
 public:
-    Drawing(const QRectF &rect, int state) : m_rect(rect), m_state(state) { }
+    explicit Drawing(State state, const QRectF &rect = usual) : m_rect(rect), m_state(state) { }
 
     QString text = threeTexts.at(1);
     QStringList entries = threeTexts;
 
-    QImage render(qreal scale) const
+    QImage render(qreal scale = 1) const
     {
         return KelImage::draw(canvas, scale, [this](QPainter *painter) {
-            drawButton(painter);
-            drawLabel(painter, QRectF(m_rect.x(), m_rect.y(), m_rect.width() - 30, m_rect.height()),
-                      text, labelColour());
+            const QColor labels = isDisabled(m_state) ? QColor(170, 170, 180, 200) : Qt::white;
+            drawShape(painter, m_rect, m_state == State::ClosedPressed,
+                      isDisabled(m_state) ? QColor(150, 150, 150, 100) : Qt::white, 1.5F);
+            drawLabel(painter, m_rect.adjusted(0, 0, -30, 0), text, labels);
             drawLabel(painter, QRectF(m_rect.right() - 25, m_rect.y(), 25, m_rect.height()),
-                      isOpen(m_state) ? u"▲"_s : u"▼"_s, labelColour());
+                      isOpen(m_state) ? u"▲"_s : u"▼"_s, labels);
             if (isOpen(m_state))
                 drawList(painter);
         });
     }
 
 private:
-    QColor labelColour() const
-    {
-        return isDisabled(m_state) ? QColor(170, 170, 180, 200) : QColor(Qt::white);
-    }
-
-    static QPen outline(const QColor &colour, double width)
-    {
-        QPen pen(colour);
-        pen.setWidthF(width);
-        pen.setCapStyle(Qt::SquareCap);
-        pen.setJoinStyle(Qt::BevelJoin);
-        return pen;
-    }
-
-    static void clipTo(QPainter *painter, const QRectF &rect)
+    // Of the button and of an entry, which are cut to their rectangle.
+    static void drawShape(QPainter *painter, const QRectF &rect, bool isPressed,
+                          const QBrush &border, float borderWidth)
     {
         QPainterPath path;
         path.addRect(rect);
-        painter->setClipPath(path, Qt::IntersectClip);
-    }
-
-    void drawButton(QPainter *painter) const
-    {
+        KELRoundRectControlStyle style = KELRoundRectControlStyle();
+        style.backgroundBrush = isPressed ? QBrush(QColor(50, 70, 100, 200)) : QBrush(Qt::NoBrush);
+        style.borderBrush = border;
+        style.borderWidth = borderWidth;
         painter->save();
-        clipTo(painter, m_rect);
-        painter->setRenderHint(QPainter::Antialiasing);
-        painter->setPen(outline(isDisabled(m_state) ? QColor(150, 150, 150, 100) : Qt::white, 1.5));
-        if (m_state == ClosedPressed)
-            painter->setBrush(QColor(50, 70, 100, 200));
-        painter->drawRoundedRect(m_rect.adjusted(0.75, 0.75, -0.75, -0.75), 0, 0);
+        painter->setClipPath(path, Qt::IntersectClip);
+        HandDrawing::setHints(painter);
+        HandDrawing::drawShape(painter, style, rect);
         painter->restore();
     }
 
-    static void drawLabel(QPainter *painter, const QRectF &rect, const QString &caption,
+    static void drawLabel(QPainter *painter, const QRectF &rect, const QString &text,
                           const QColor &colour)
     {
+        KELRoundRectControlStyle style = KELRoundRectControlStyle();
+        style.textFlags = Qt::AlignCenter | Qt::TextWordWrap;
+        style.foregroundBrush = colour;
         painter->save();
-        painter->setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing
-                                | QPainter::SmoothPixmapTransform);
-        const QFont font;
-        painter->setFont(font);
-        painter->setPen(colour);
-        painter->drawText(rect, Qt::AlignCenter | Qt::TextWordWrap,
-                          QFontMetrics(font).elidedText(caption, Qt::ElideRight, int(rect.width()),
-                                                        Qt::TextShowMnemonic));
+        HandDrawing::setHints(painter);
+        HandDrawing::drawCaption(painter, style, rect,
+                                 HandDrawing::elided(text, rect.width(), style.font));
         painter->restore();
     }
 
     void drawList(QPainter *painter) const
     {
-        const double height = entries.isEmpty() ? 5 : 30.0 * entries.size();
+        KELRoundRectControlStyle style = KELRoundRectControlStyle();
+        style.backgroundBrush = QColor(4, 4, 18, 240);
+        style.borderBrush = QColor(Qt::white);
+        style.borderWidth = 1;
+        const qreal height = entries.isEmpty() ? 5 : 30 * entries.size();
         const QRectF list(m_rect.x(), m_rect.bottom() - 1, m_rect.width(), height);
         painter->save();
-        painter->setRenderHint(QPainter::Antialiasing);
-        painter->setBrush(QColor(4, 4, 18, 240));
-        painter->setPen(outline(Qt::white, 1));
-        painter->drawRoundedRect(list.adjusted(0.5, 0.5, -0.5, -0.5), 0, 0);
+        HandDrawing::setHints(painter);
+        HandDrawing::drawShape(painter, style, list);
         painter->restore();
-        for (int n = 0; n < entries.size(); ++n)
-            drawEntry(painter, QRectF(list.x() + 0.5, list.y() + 30 * n, list.width() - 1, 30), n);
-    }
-
-    void drawEntry(QPainter *painter, const QRectF &rect, int n) const
-    {
-        if (m_state == OpenEntryPressed && n == 2) {
-            painter->save();
-            clipTo(painter, rect);
-            painter->setRenderHint(QPainter::Antialiasing);
-            painter->setPen(Qt::NoPen);
-            painter->setBrush(QColor(50, 70, 100, 200));
-            painter->drawRoundedRect(rect, 0, 0);
-            painter->restore();
+        for (int n = 0; n < entries.size(); ++n) {
+            const QRectF entry(list.x() + 0.5, list.y() + 30 * n, list.width() - 1, 30);
+            drawShape(painter, entry, m_state == State::OpenEntryPressed && n == 2, Qt::NoBrush, 0);
+            drawLabel(painter, entry, entries.at(n), Qt::white);
         }
-        drawLabel(painter, rect, entries.at(n), Qt::white);
     }
 
     const QRectF m_rect;
-    const int m_state;
+    const State m_state;
 };
-
-void addStates()
-{
-    QTest::addColumn<QRectF>("rect");
-    QTest::addColumn<int>("state");
-    for (const QRectF &rect : boxRects) {
-        for (const Named &state : states)
-            QTest::addRow("%s, %g x %g", state.name, rect.width(), rect.height())
-                << rect << state.value;
-    }
-}
 
 } // namespace
 
@@ -205,54 +161,46 @@ class tst_KELComboBoxPaint : public KelTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void looksAsDrawnByHand_data() { addStates(); }
+    void looksAsDrawnByHand_data() { addRows({{"state", states}, {"size", sizes}}); }
 
     void looksAsDrawnByHand()
     {
-        QFETCH(QRectF, rect);
-        QFETCH(int, state);
-        Picture picture(rect);
-        picture.fill(state);
-        const Drawing drawing(rect, state);
+        const QRectF &rect = boxRects[fetch<int>("size")];
+        Picture picture(fetch<State>("state"), rect);
+        const Drawing drawing(fetch<State>("state"), rect);
         for (const qreal scale : scales)
             QCOMPARE(KelImage::difference(picture.render(scale), drawing.render(scale)), QString());
     }
 
+    void emptyBox_data() { addRows({{"isOpen", closedOrOpen}}); }
+
     void emptyBox()
     {
-        const QRectF rect(20, 20, 160, 40);
-        Picture picture(rect);
-        Drawing closed(rect, Closed);
-        closed.text.clear();
-        closed.entries.clear();
-        QCOMPARE(KelImage::difference(picture.render(1), closed.render(1)), QString());
-        clickButton(*picture.box);
-        Drawing open(rect, Open);
-        open.text.clear();
-        open.entries.clear();
+        Picture picture;
+        if (fetch<bool>("isOpen"))
+            clickButton(*picture.box);
+        Drawing drawing(fetch<bool>("isOpen") ? State::Open : State::Closed);
+        drawing.text.clear();
+        drawing.entries.clear();
         for (const qreal scale : scales)
-            QCOMPARE(KelImage::difference(picture.render(scale), open.render(scale)), QString());
+            QCOMPARE(KelImage::difference(picture.render(scale), drawing.render(scale)), QString());
     }
 
     void entryAddedToTheOpenList()
     {
-        const QRectF rect(20, 20, 160, 40);
-        Picture picture(rect);
-        picture.fill(Open);
+        Picture picture(State::Open);
         picture.box->addItem(4, u"an entry whose text is much wider than the box"_s);
-        Drawing drawing(rect, Open);
+        Drawing drawing(State::Open);
         drawing.entries.append(picture.box->items().last()->display());
-        QCOMPARE(KelImage::difference(picture.render(1), drawing.render(1)), QString());
+        QCOMPARE(KelImage::difference(picture.render(), drawing.render()), QString());
     }
 
     void removedEntryLeavesAGap()
     {
-        const QRectF rect(20, 20, 160, 40);
-        Picture picture(rect);
-        picture.fill(Open);
-        const QImage before = picture.render(1);
+        Picture picture(State::Open);
+        const QImage before = picture.render();
         delete picture.box->items().at(0);
-        const QImage after = picture.render(1);
+        const QImage after = picture.render();
         // the second row is as it was, the first one empty, the third one below the list
         const QRect second(25, 92, 150, 25);
         QCOMPARE(KelImage::difference(after.copy(second), before.copy(second)), QString());
@@ -265,30 +213,23 @@ private Q_SLOTS:
 
     void listIsAbovePartsOfEarlierNeighbours()
     {
-        const QRectF rect(20, 20, 160, 40);
-        Picture picture(rect);
-        auto *neighbour = new QGraphicsRectItem(20, 70, 160, 40);
-        neighbour->setBrush(Qt::red);
-        picture.scene.addItem(neighbour);
-        picture.fill(Open);
-        const QImage open = picture.render(1);
+        Picture picture(State::Open);
+        auto *neighbour = picture.scene.addRect(20, 70, 160, 40, QPen(Qt::red), Qt::red);
+        neighbour->stackBefore(picture.box);
         // the list is not opaque: some red comes through
-        QVERIFY(open.pixelColor(30, 75).red() < 50);
+        QVERIFY(picture.render().pixelColor(30, 75).red() < 50);
         clickButton(*picture.box);
-        QCOMPARE(picture.render(1).pixelColor(30, 75), QColor(Qt::red));
+        QCOMPARE(picture.render().pixelColor(30, 75), QColor(Qt::red));
     }
 
-    void nothingOutsideBoxAndList_data() { addStates(); }
+    void nothingOutsideBoxAndList_data() { looksAsDrawnByHand_data(); }
 
     void nothingOutsideBoxAndList()
     {
-        QFETCH(QRectF, rect);
-        QFETCH(int, state);
-        Picture picture(rect);
-        picture.fill(state);
-        QRectF allowed = rect;
-        if (isOpen(state))
-            allowed.setBottom(rect.bottom() - 1 + 90);
+        QRectF allowed = boxRects[fetch<int>("size")];
+        Picture picture(fetch<State>("state"), allowed);
+        if (isOpen(fetch<State>("state")))
+            allowed.setBottom(allowed.bottom() - 1 + 90);
         for (const qreal scale : scales) {
             // An outline thinner than a pixel is drawn as one pixel.
             const int slack = scale < 1 ? 1 : 0;
@@ -296,7 +237,7 @@ private Q_SLOTS:
                                    .toAlignedRect()
                                    .adjusted(-slack, -slack, slack, slack);
             QImage actual = picture.render(scale);
-            QImage blank = KelImage::draw(canvas, scale, [](QPainter *) {});
+            QImage blank = KelImage::blank(canvas, scale);
             QVERIFY(actual != blank);
             QPainter(&actual).fillRect(kept, Qt::white);
             QPainter(&blank).fillRect(kept, Qt::white);
@@ -306,20 +247,17 @@ private Q_SLOTS:
 
     void closedListIsNotPainted()
     {
-        const QRectF rect(20, 20, 160, 40);
-        Picture picture(rect);
-        picture.fill(Closed);
-        const QImage closed = picture.render(1);
+        Picture picture(State::Closed);
+        const QImage closed = picture.render();
         clickButton(*picture.box);
-        QVERIFY(picture.render(1) != closed);
+        QVERIFY(picture.render() != closed);
         clickButton(*picture.box);
-        QCOMPARE(KelImage::difference(picture.render(1), closed), QString());
+        QCOMPARE(KelImage::difference(picture.render(), closed), QString());
     }
 
     void partsStayInside()
     {
-        Picture picture(QRectF(20, 20, 160, 40));
-        picture.fill(OpenEntryPressed);
+        Picture picture(State::OpenEntryPressed);
         const ComboParts parts(*picture.box);
         const QList<QGraphicsItem *> all = {parts.button,
                                             parts.text,
@@ -334,32 +272,26 @@ private Q_SLOTS:
         }
     }
 
-    void cachedPictureInAView_data()
-    {
-        QTest::addColumn<int>("indexMethod");
-        for (const Named &method : indexMethods)
-            QTest::newRow(method.name) << method.value;
-    }
+    void cachedPictureInAView_data() { addRows({{"indexMethod", indexMethods}}); }
 
     // What a window shows, with the caches of the items, is what is painted without them.
     void cachedPictureInAView()
     {
-        QFETCH(int, indexMethod);
-        ComboStage stage(indexMethod);
+        ComboStage stage(Input::Mouse, fetch<int>("indexMethod"));
         stage.view.setBackgroundBrush(Qt::darkCyan);
-        QVERIFY(stage.show());
         for (int round = 0; round < 2; ++round) {
             stage.open();
             const QImage cached = shownPicture(stage.view);
-            setCacheModes(stage.box, QGraphicsItem::NoCache);
+            setCacheModes(stage.control, QGraphicsItem::NoCache);
             stage.view.viewport()->update();
             const QImage direct = shownPicture(stage.view);
-            setCacheModes(stage.box, QGraphicsItem::DeviceCoordinateCache); // as controls are made
+            setCacheModes(stage.control,
+                          QGraphicsItem::DeviceCoordinateCache); // as controls are made
             // inside the outlines and beside the texts, where nothing is smoothed
             for (const QPoint &pos : {QPoint(30, 30), QPoint(30, 70), QPoint(175, 140),
                                       QPoint(5, 5), QPoint(190, 80), QPoint(30, 152)})
                 QCOMPARE(cached.pixelColor(pos), direct.pixelColor(pos));
-            stage.open();
+            stage.tapButton();
             QCOMPARE(shownPicture(stage.view).pixelColor(30, 70), QColor(Qt::darkCyan));
         }
     }
