@@ -4,14 +4,13 @@
 #ifndef TABLESTAGE_H
 #define TABLESTAGE_H
 
-#include "keltest.h"
+#include "stage.h"
 
 #include <kelnavigationtable.h>
 
 #include <QtWidgets/QGraphicsSceneMouseEvent>
 
-enum class Input { Mouse, Touch };
-Q_DECLARE_METATYPE(Input)
+#include <memory>
 
 // Reaches what is protected and counts paints.
 class OpenTable : public KELNavigationTable
@@ -48,19 +47,20 @@ inline KELNavigationTableItemStyle *styleOf(const KELNavigationTableItem *page)
     return static_cast<KELNavigationTableItemStyle *>(page->style());
 }
 
-inline QList<KELNavigationTableItem *> addPages(KELNavigationTable *table, int count)
+using Pages = QList<QPointer<KELNavigationTableItem>>;
+
+inline Pages addPages(KELNavigationTable *table, int count)
 {
-    QList<KELNavigationTableItem *> pages;
+    Pages pages;
     for (int i = 0; i < count; ++i) {
-        pages.append(new KELNavigationTableItem(nullptr));
+        pages.append(new KELNavigationTableItem);
         table->addItem(pages.last());
     }
     return pages;
 }
 
 // Empty when exactly this one of the pages is shown and the table says so.
-inline QString whatIsNotShown(const KELNavigationTable *table,
-                              const QList<KELNavigationTableItem *> &pages, int index)
+inline QString whatIsNotShown(const KELNavigationTable *table, const Pages &pages, int index)
 {
     for (int i = 0; i < pages.size(); ++i) {
         if (pages.at(i)->isVisible() != (i == index))
@@ -71,95 +71,100 @@ inline QString whatIsNotShown(const KELNavigationTable *table,
     return table->selectItem() == pages.value(index) ? QString() : u"the page"_s;
 }
 
-// Counts what the signals of a control report.
-class SignalCount
+enum class Switch { ByIndex, ByMouse, ByTouch };
+inline const std::vector<Named> switches = {{"by index", int(Switch::ByIndex)},
+                                            {"by mouse", int(Switch::ByMouse)},
+                                            {"by touch", int(Switch::ByTouch)}};
+
+// A table of 440 x 310 px at (20, 30) of the view.
+class TableStage : public Stage<OpenTable>
 {
 public:
-    explicit SignalCount(KELRoundRectControl *control)
+    explicit TableStage(int count, Input input = Input::Mouse) : Stage(QRectF(0, 0, 440, 310))
     {
-        const auto note = [this](const char *name) {
-            return [this, name] { m_names.append(QLatin1String(name)); };
-        };
-        using Control = KELRoundRectControl;
-        QObject::connect(control, &Control::mousePress, &m_context, note("press"));
-        QObject::connect(control, &Control::mouseRelease, &m_context, note("release"));
-        QObject::connect(control, &Control::mouseClicked, &m_context, note("click"));
-        QObject::connect(control, &Control::mouseDoubleClicked, &m_context, note("double"));
-        QObject::connect(control, &Control::mouseLongPress, &m_context, note("long"));
-        QObject::connect(control, &Control::mouseEnter, &m_context, note("enter"));
-        QObject::connect(control, &Control::mouseLeave, &m_context, note("leave"));
+        hand.use(input);
+        control->setPos(20, 30);
+        other->setboundRect(465, 350, 30, 40);
+        window.resize(500, 400);
+        view.resize(window.size());
+        view.ownScene.setSceneRect(view.rect());
+        addPages(count);
     }
 
-    QString all() const { return m_names.join(QLatin1Char(' ')); }
+    void addPages(int count) { pages.append(::addPages(get(), count)); }
 
-private:
-    QObject m_context;
-    QStringList m_names;
-};
-
-// A shown table of 440 x 310 px at (20, 30) of the view.
-class Stage
-{
-public:
-    explicit Stage(int count) : view(QSize(500, 400)), table(new OpenTable(nullptr))
-    {
-        table->setPos(20, 30);
-        pages = addPages(table, count);
-        view.ownScene.addItem(table);
-    }
-
-    bool show()
-    {
-        if (!view.showAndWait())
-            return false;
-        // A tap elsewhere: the next one must not be the second of a double tap that began in an
-        // earlier test.
-        view.touchPress(QPoint(3, 3));
-        view.touchRelease(QPoint(3, 3));
-        settle();
-        return true;
-    }
-
-    // Lets everything that waits for its repaint be painted.
+    // Lets everything that waits for its repaint be painted; the paints count from now on.
     void settle()
     {
+        view.showOnce();
         QCoreApplication::processEvents();
         view.grab();
-        table->paints = 0;
+        get()->paints = 0;
+    }
+    bool wasPainted() const
+    {
+        QCoreApplication::processEvents();
+        return get()->paints > 0;
     }
 
-    // The middle of a tab on the screen.
-    QPoint tab(int index) const
+    // The middle of a tab.
+    QPoint tab(int index) const { return at((index + 0.5) * 440 / pages.size(), 270); }
+
+    void switchTo(int index, Switch way)
     {
-        const qreal width = 440.0 / pages.size();
-        return view.at(table, QPointF((index + 0.5) * width, 270));
+        if (way == Switch::ByIndex) {
+            get()->setSelectIndex(index);
+            return;
+        }
+        hand.use(way == Switch::ByMouse ? Input::Mouse : Input::Touch);
+        hand.tap(tab(index));
     }
 
-    void press(Input input, const QPoint &pos)
+    // Calls slot when the page is hidden or shown for the first time from now on.
+    void once(KELNavigationTableItem *page, const std::function<void()> &slot)
     {
-        if (input == Input::Touch)
-            view.touchPress(pos);
-        else
-            view.press(pos);
-    }
-    void release(Input input, const QPoint &pos)
-    {
-        if (input == Input::Touch)
-            view.touchRelease(pos);
-        else
-            view.release(pos);
-    }
-    void tap(Input input, const QPoint &pos)
-    {
-        press(input, pos);
-        release(input, pos);
+        auto wasCalled = std::make_shared<bool>(false);
+        QObject::connect(page, &QGraphicsObject::visibleChanged, &view, [slot, wasCalled, this] {
+            if (std::exchange(*wasCalled, true))
+                return;
+            ++calls;
+            const auto copy = slot; // the page may die
+            copy();
+        });
     }
 
-    QString whatIsNotShown(int index) const { return ::whatIsNotShown(table, pages, index); }
+    Pages alivePages() const
+    {
+        Pages alive = pages;
+        alive.removeAll(nullptr);
+        return alive;
+    }
 
-    KelTestView view;
-    OpenTable *const table;
-    QList<KELNavigationTableItem *> pages;
+    QString whatIsNotShown(int index) const { return ::whatIsNotShown(get(), pages, index); }
+
+    // Empty when the table shows this one of the living pages and everything works on.
+    QString whatIsWrong(int index)
+    {
+        const Pages alive = alivePages();
+        QString wrong = ::whatIsNotShown(get(), alive, index);
+        if (!wrong.isEmpty())
+            return wrong;
+        view.grab();
+        // Tabs in equal widths, each for its page.
+        for (int i = 0; i < alive.size(); ++i) {
+            for (const qreal place : {0.01, 0.99}) {
+                get()->pressAt(QPointF((i + place) * 440 / alive.size(), 270));
+                wrong = ::whatIsNotShown(get(), alive, i);
+                if (!wrong.isEmpty())
+                    return u"at %1 of tab %2: "_s.arg(place).arg(i) + wrong;
+            }
+        }
+        get()->setSelectIndex(alive.size());
+        return ::whatIsNotShown(get(), alive, alive.size() - 1);
+    }
+
+    Pages pages;
+    int calls = 0;
 };
 
 #endif
