@@ -455,6 +455,18 @@ private Q_SLOTS:
         QCOMPARE(stage.log.take(), QString());
     }
 
+    void pressWhileHiddenDoesNotClose_data() { addRows({{"input", inputs}}); }
+
+    void pressWhileHiddenDoesNotClose()
+    {
+        ComboStage stage(fetch<Input>("input"));
+        stage.open();
+        stage->hide();
+        stage.hand.tap(farAway);
+        stage->show();
+        QCOMPARE(stage.state(), u"open"_s);
+    }
+
     // A press near the one before it, and soon after it, is a double click, also when it is beside
     // the control.
     void doubleClickOutsideCloses()

@@ -45,6 +45,56 @@ struct OpenStage : public ComboStage
     QImage before;
 };
 
+struct Change
+{
+    const char *name;
+    bool isOpen;
+    std::function<void(ComboStage &)> apply;
+};
+
+std::function<void(ComboStage &)> boxMovedBy(qreal shift)
+{
+    return [shift](ComboStage &stage) { stage->setboundRect(20 + shift, 20 + shift, 160, 40); };
+}
+
+std::function<void(ComboStage &)> boxMovedTo(const QRectF &rect)
+{
+    return [rect](ComboStage &stage) { stage->setboundRect(rect); };
+}
+
+// The first of three entries is selected.
+const Change changes[] = {
+    {"entry renamed", true, [](ComboStage &s) { s.entry(1)->setDisplay(u"renamed"_s); }},
+    {"entry made wider", true,
+     [](ComboStage &s) { s.entry(1)->setboundRect(QRectF(0.5, 30, 250, 30)); }},
+    {"entry made lower", true, [](ComboStage &s) { s.entry(1)->setboundRect(0.5, 42, 159, 10); }},
+    // As many pixels as before, so that only what was reported as changed is repainted.
+    {"entry moved by a fraction, rectangle", true,
+     [](ComboStage &s) { s.entry(1)->setboundRect(QRectF(0.75, 30, 159, 30)); }},
+    {"entry moved by a fraction, numbers", true,
+     [](ComboStage &s) { s.entry(1)->setboundRect(0.75, 30, 159, 30); }},
+    {"entry selected", false, [](ComboStage &s) { s->setSelectIndex(1); }},
+    {"renamed entry selected again", false,
+     [](ComboStage &s) {
+         s.entry(0)->setDisplay(u"ONE"_s);
+         s->setSelectIndex(0);
+     }},
+    {"selected removed", false, [](ComboStage &s) { s->removeItem(s.entry(0)); }},
+    {"selected deleted", false, [](ComboStage &s) { delete s.entry(0); }},
+    {"list opened", false, [](ComboStage &s) { clickButton(*s); }},
+    {"box disabled", false, [](ComboStage &s) { s->setEnabled(false); }},
+    {"closed box moved by 0.25 px", false, boxMovedBy(0.25)},
+    {"closed box moved by 0.4 px", false, boxMovedBy(0.4)},
+    {"closed box moved by 0.5 px", false, boxMovedBy(0.5)},
+    {"closed box moved by 1 px", false, boxMovedBy(1)},
+    {"open box moved by 0.25 px", true, boxMovedBy(0.25)},
+    {"open box moved by 0.4 px", true, boxMovedBy(0.4)},
+    {"open box moved by 0.5 px", true, boxMovedBy(0.5)},
+    {"open box moved by 1 px", true, boxMovedBy(1)},
+    {"closed box moved by 0.25 px, rectangle", false, boxMovedTo({20.25, 20.25, 160, 40})},
+    {"open box moved by 0.25 px, rectangle", true, boxMovedTo({20.25, 20.25, 160, 40})},
+};
+
 } // namespace
 
 class tst_KELComboBoxPointer : public KelTest
@@ -223,47 +273,6 @@ private Q_SLOTS:
         stage.hand.release();
     }
 
-    void boxMovedByAFractionIsPaintedAnew_data()
-    {
-        addRows({{"isOpen", closedOrOpen},
-                 {"hundredths", {{"0.25 px", 25}, {"0.4 px", 40}, {"0.5 px", 50}, {"1 px", 100}}}});
-    }
-
-    void boxMovedByAFractionIsPaintedAnew()
-    {
-        const qreal shift = fetch<int>("hundredths") / 100.0;
-        ComboStage stage;
-        stage.view.setBackgroundBrush(Qt::darkCyan);
-        stage->setSelectIndex(1);
-        stage.view.showOnce();
-        if (fetch<bool>("isOpen"))
-            stage.open();
-        QCOMPARE(staleParts(stage.view), QString());
-        const QImage before = shownPicture(stage.view);
-        stage->setboundRect(20 + shift, 20 + shift, 160, 40);
-        QVERIFY(shownPicture(stage.view) != before);
-        QCOMPARE(staleParts(stage.view), QString());
-    }
-
-    void entryMovedByAFractionIsPaintedAnew_data()
-    {
-        addRows({{"indexMethod", indexMethods}, {"overload", overloads}});
-    }
-
-    // As many pixels as before, so that only what was reported as changed is repainted.
-    void entryMovedByAFractionIsPaintedAnew()
-    {
-        ComboStage stage(Input::Mouse, fetch<int>("indexMethod"));
-        stage.entry(1)->style()->borderBrush = QColor(Qt::red);
-        stage.entry(1)->style()->borderWidth = 2;
-        stage.open();
-        QCOMPARE(staleParts(stage.view), QString());
-        const QImage before = shownPicture(stage.view);
-        moveTo(stage.entry(1), QRectF(0.75, 30, 159, 30));
-        QVERIFY(shownPicture(stage.view) != before);
-        QCOMPARE(staleParts(stage.view), QString());
-    }
-
     void loneEntryMovedWhileShown_data() { boxMovedWhileShown_data(); }
 
     // Without its label, which would tell the scene where to look.
@@ -324,43 +333,25 @@ private Q_SLOTS:
         QVERIFY(scene.items(oldRect).isEmpty());
     }
 
-    void textsArePaintedAtOnce_data()
+    void changeIsPaintedAtOnce_data()
     {
-        addRows({{"change",
-                  {{"entry renamed", 0},
-                   {"entry made wider", 1},
-                   {"entry made lower", 2},
-                   {"entry selected", 3},
-                   {"same entry again", 4},
-                   {"selected removed", 5},
-                   {"selected deleted", 6},
-                   {"list opened", 7},
-                   {"box disabled", 8}}}});
+        addRows({{"change", namesOf(changes)}, {"indexMethod", indexMethods}});
     }
 
-    void textsArePaintedAtOnce()
+    void changeIsPaintedAtOnce()
     {
-        const int change = fetch<int>("change");
-        ComboStage stage;
+        const Change &change = changes[fetch<size_t>("change")];
+        ComboStage stage(Input::Mouse, fetch<int>("indexMethod"));
         stage.view.setBackgroundBrush(Qt::darkCyan);
+        stage.entry(1)->style()->borderBrush = QColor(Qt::red);
+        stage.entry(1)->style()->borderWidth = 2;
         stage->setSelectIndex(0);
         stage.view.showOnce();
-        if (change <= 2)
+        if (change.isOpen)
             stage.open();
-        if (change == 4)
-            stage.entry(0)->setDisplay(u"ONE"_s);
+        QCOMPARE(staleParts(stage.view), QString());
         const QImage before = shownPicture(stage.view);
-        const std::function<void()> changes[] = {
-            [&] { stage.entry(1)->setDisplay(u"renamed"_s); },
-            [&] { stage.entry(1)->setboundRect(QRectF(0.5, 30, 250, 30)); },
-            [&] { stage.entry(1)->setboundRect(0.5, 42, 159, 10); },
-            [&] { stage->setSelectIndex(1); },
-            [&] { stage->setSelectIndex(0); },
-            [&] { stage->removeItem(stage.entry(0)); },
-            [&] { delete stage.entry(0); },
-            [&] { clickButton(*stage); },
-            [&] { stage->setEnabled(false); }};
-        changes[change]();
+        change.apply(stage);
         QVERIFY(shownPicture(stage.view) != before);
         QCOMPARE(staleParts(stage.view), QString());
     }
