@@ -15,15 +15,11 @@ public:
                                        Qt::KeyboardModifiers modifiers);
 };
 
-namespace {
-
 QTouchDevice *touchPanel()
 {
     static QTouchDevice *const device = QTest::createTouchDevice();
     return device;
 }
-
-} // namespace
 
 // The sequence remembers where fingers are that do not move.
 Fingers::Fingers(QWidget *target) :

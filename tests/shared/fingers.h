@@ -11,6 +11,8 @@
 
 #include <memory>
 
+QTouchDevice *touchPanel();
+
 // Several fingers on a touch screen, reported as a panel does: each event names all of them.
 class Fingers
 {

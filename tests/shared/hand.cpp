@@ -127,3 +127,36 @@ void Hand::openContextMenu(const QPoint &pos)
     QContextMenuEvent event(QContextMenuEvent::Mouse, pos, m_target->mapToGlobal(pos));
     QCoreApplication::sendEvent(m_target, &event);
 }
+
+void WindowHand::press(QWindow *window, const QPoint &pos, Qt::MouseButton button)
+{
+    m_window = window;
+    m_pos = pos;
+    m_button = button;
+    if (m_input == Input::Touch)
+        QTest::touchEvent(window, touchPanel()).press(0, pos, window);
+    else
+        QTest::mousePress(window, button, Qt::NoModifier, pos);
+}
+
+void WindowHand::press(QWidget *widget, const QPoint &pos, Qt::MouseButton button)
+{
+    QWidget *const native = widget->windowHandle() ? widget : widget->nativeParentWidget();
+    press(native->windowHandle(), widget->mapTo(native, pos), button);
+}
+
+void WindowHand::release()
+{
+    if (!m_window)
+        return;
+    if (m_input == Input::Touch)
+        QTest::touchEvent(m_window, touchPanel()).release(0, m_pos, m_window);
+    else
+        QTest::mouseRelease(m_window, m_button, Qt::NoModifier, m_pos);
+}
+
+void WindowHand::tap(QWidget *widget, const QPoint &pos, Qt::MouseButton button)
+{
+    press(widget, pos, button);
+    release();
+}

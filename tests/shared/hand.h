@@ -65,4 +65,24 @@ private:
     std::unique_ptr<Fingers> m_fingers;
 };
 
+// A press as the window system reports it: to the window, which hands it on to a widget in it.
+class WindowHand
+{
+public:
+    explicit WindowHand(Input input = Input::Mouse) : m_input(input) { }
+
+    void press(QWindow *window, const QPoint &pos, Qt::MouseButton button = Qt::LeftButton);
+    // At a position of the widget.
+    void press(QWidget *widget, const QPoint &pos, Qt::MouseButton button = Qt::LeftButton);
+    // Where it was pressed, if the window is still there.
+    void release();
+    void tap(QWidget *widget, const QPoint &pos, Qt::MouseButton button = Qt::LeftButton);
+
+private:
+    const Input m_input;
+    QPointer<QWindow> m_window;
+    QPoint m_pos;
+    Qt::MouseButton m_button = Qt::NoButton;
+};
+
 #endif

@@ -5,7 +5,9 @@
 #include "looks.h"
 #include "losses.h"
 #include "record.h"
+#include "program.h"
 
+#include <kelapplicationnotify.h>
 #include <kelcheckbox.h>
 
 #include <QtWidgets/QPushButton>
@@ -209,6 +211,37 @@ private Q_SLOTS:
         QCOMPARE(KelImage::areaOf(image, Qt::red), QRect(3, 4, 5, 2));
         QCOMPARE(KelImage::inkOf(image, Qt::red), image.rect());
         QCOMPARE(KelImage::inkOf(KelImage::blank(QSize(20, 10))), QRect());
+    }
+
+    void windowHandReachesTheWindowFirst_data() { addRows({{"input", inputs}}); }
+
+    void windowHandReachesTheWindowFirst()
+    {
+        qRegisterMetaType<QEvent *>();
+        QWidget window;
+        window.setWindowFlags(Qt::FramelessWindowHint);
+        QPushButton button(&window);
+        button.move(20, 30);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        KELApplicationNotify notifier(nullptr, QEvent::MouseButtonPress);
+        window.windowHandle()->installEventFilter(&notifier);
+        const QSignalSpy seen(&notifier, &KELApplicationNotify::notify);
+        const QSignalSpy clicked(&button, &QPushButton::clicked);
+        WindowHand(fetch<Input>("input")).tap(&button, QPoint(3, 3));
+        QCOMPARE(seen.count(), 1);
+        QCOMPARE(clicked.count(), 1);
+    }
+
+    void endOfAProgramIsReported()
+    {
+        const QString self = QCoreApplication::applicationFilePath();
+        const ProgramEnd good = runProgram(self, {u"-functions"_s});
+        QVERIFY(good.output.contains(u"\nendOfAProgramIsReported()\n"_s));
+        QCOMPARE(good.exitCode, 0);
+        const ProgramEnd bad = runProgram(self, {u"two words"_s});
+        QVERIFY(bad.output.contains(u"'two words'"_s));
+        QCOMPARE(bad.exitCode, 1);
     }
 
     void differenceNamesItsPicture()
