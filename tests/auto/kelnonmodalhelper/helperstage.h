@@ -5,6 +5,8 @@
 #define HELPERSTAGE_H
 
 #include "keltest.h"
+#include "rows.h"
+#include "signallog.h"
 
 #include <kelnonmodalhelper.h>
 
@@ -12,41 +14,36 @@
 #include <QtCore/QPointer>
 #include <QtCore/QTimer>
 #include <QtGui/QMouseEvent>
-#include <QtGui/QWindow>
 
 #include <algorithm>
-#include <functional>
-
-namespace HelperStage {
 
 constexpr int hideDelayMs = 5;
 constexpr int longPeriodMs = 600000; // ends in no test
+constexpr int markedPeriodMs = longPeriodMs + 1;
 constexpr int patienceMs = 60000;
 
-using Source = KELNonModalhelper::TriggerSource;
-inline const Source none = KELNonModalhelper::TriggerNone;
-inline const Source parent = KELNonModalhelper::TriggerParent;
-inline const Source screen = KELNonModalhelper::TriggerScreen;
-inline const Source otherSource = Source(3);
+using Helper = KELNonModalhelper;
+using Source = Helper::TriggerSource;
+inline const std::vector<Named> sources = {{"TriggerNone", Helper::TriggerNone},
+                                           {"TriggerParent", Helper::TriggerParent},
+                                           {"TriggerScreen", Helper::TriggerScreen},
+                                           {"a value without a name", 3}};
 
 inline QList<QAbstractEventDispatcher::TimerInfo> timersOf(QObject *object)
 {
     return QAbstractEventDispatcher::instance()->registeredTimers(object);
 }
 
-// The running period in ms, or -1.
-inline int periodOf(KELNonModalhelper *helper)
+// The running period in ms, or -1; its timer.
+inline int periodOf(Helper *helper)
 {
     const auto timers = timersOf(helper);
     return timers.isEmpty() ? -1 : timers.constFirst().interval;
 }
 
-inline int remainingMs(KELNonModalhelper *helper)
+inline int timerOf(Helper *helper)
 {
-    const auto timers = timersOf(helper);
-    return timers.isEmpty()
-        ? -1
-        : QAbstractEventDispatcher::instance()->remainingTime(timers.constFirst().timerId);
+    return timersOf(helper).constFirst().timerId;
 }
 
 // Waits until every hide scheduled so far has been carried out: timers of one length fire in the
@@ -58,24 +55,26 @@ inline void letScheduledHidesRun()
     loop.exec();
 }
 
+inline void sendDeferredDeletes()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
 // The hides that are scheduled and not carried out yet.
 inline int scheduledHides()
 {
-    int count = 0;
     const QObjectList children = QAbstractEventDispatcher::instance()->children();
-    for (QObject *child : children) {
+    return int(std::count_if(children.cbegin(), children.cend(), [](QObject *child) {
         const auto timers = timersOf(child);
-        count += !timers.isEmpty() && timers.constFirst().interval == hideDelayMs
+        return !timers.isEmpty() && timers.constFirst().interval == hideDelayMs
             && timers.constFirst().timerType == Qt::PreciseTimer;
-    }
-    return count;
+    }));
 }
 
 inline void sendMouse(QObject *receiver, const QPointF &local, const QPointF &onScreen,
-                      QEvent::Type type = QEvent::MouseButtonPress,
-                      Qt::MouseButton button = Qt::LeftButton)
+                      QEvent::Type type = QEvent::MouseButtonPress)
 {
-    QMouseEvent event(type, local, local, onScreen, button, button, Qt::NoModifier);
+    QMouseEvent event(type, local, local, onScreen, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(receiver, &event);
 }
 
@@ -91,26 +90,6 @@ public:
     }
 };
 
-// A window with a panel in it, which the helper watches.
-struct PanelInWindow
-{
-    PanelInWindow() : window(QRect(20, 30, 400, 300)), panel(new QWidget(&window))
-    {
-        panel->setGeometry(panelRect);
-        window.show();
-    }
-
-    void pressOutside() { sendMouse(&window, outside, outside); }
-    void pressInside() { sendMouse(&window, inside, inside); }
-
-    static constexpr QRect panelRect = QRect(100, 100, 120, 80);
-    static constexpr QPoint inside = QPoint(150, 140);
-    static constexpr QPoint outside = QPoint(50, 40);
-
-    Window window;
-    QPointer<QWidget> panel;
-};
-
 // Counts what happens to it.
 class CountingWidget : public QWidget
 {
@@ -118,21 +97,19 @@ public:
     using QWidget::QWidget;
     int shows = 0;
     int hides = 0;
-    std::function<void()> whenShown;
-    std::function<void()> whenHidden;
+    std::function<void()> whenShown = [] {};
+    std::function<void()> whenHidden = [] {};
 
 protected:
     void showEvent(QShowEvent * /*event*/) override
     {
         ++shows;
-        if (whenShown)
-            whenShown();
+        whenShown();
     }
     void hideEvent(QHideEvent * /*event*/) override
     {
         ++hides;
-        if (whenHidden)
-            whenHidden();
+        whenHidden();
     }
 };
 
@@ -142,28 +119,114 @@ class HelperWatch : public QObject
 public:
     HelperWatch() { QCoreApplication::instance()->installEventFilter(this); }
 
-    QList<QPointer<KELNonModalhelper>> made; // in the order of creation, with the destroyed ones
+    QList<QPointer<Helper>> made; // in the order of creation, with the destroyed ones
 
-    KELNonModalhelper *last() const { return made.isEmpty() ? nullptr : made.constLast().data(); }
-
-    int alive() const
-    {
-        return int(std::count_if(made.cbegin(), made.cend(),
-                                 [](const QPointer<KELNonModalhelper> &helper) { return helper; }));
-    }
+    Helper *last() const { return made.isEmpty() ? nullptr : made.constLast().data(); }
+    int alive() const { return int(made.size() - made.count(QPointer<Helper>())); }
 
     bool eventFilter(QObject *watched, QEvent *event) override
     {
         // A helper gets its notifier as a child while it is constructed.
-        if (event->type() == QEvent::ChildAdded) {
-            auto *const helper = qobject_cast<KELNonModalhelper *>(watched);
-            if (helper && !made.contains(helper))
-                made.append(helper);
-        }
+        auto *const helper = qobject_cast<Helper *>(watched);
+        if (event->type() == QEvent::ChildAdded && helper && !made.contains(helper))
+            made.append(helper);
         return QObject::eventFilter(watched, event);
     }
 };
 
-} // namespace HelperStage
+enum class Maker { Application, StaticShow, Nobody };
+inline const std::vector<Named> makers = {{"own helper", int(Maker::Application)},
+                                          {"helper of the static show()", int(Maker::StaticShow)}};
+
+// A panel in a page in a window, and its helper.
+class HelperStage
+{
+public:
+    // With a period, one that begins at once.
+    explicit HelperStage(Maker maker = Maker::Application, int periodMs = 0) :
+        window(new Window(QRect(20, 30, 400, 300))),
+        page(new QWidget(window)),
+        panel(new CountingWidget(page))
+    {
+        // A failed row may have left one.
+        if (scheduledHides() > 0)
+            letScheduledHidesRun();
+        page->setGeometry(0, 0, 400, 300);
+        panel->setGeometry(100, 100, 120, 80);
+        window->show();
+        panel->shows = 0;
+        if (maker == Maker::StaticShow) {
+            show(Helper::TriggerParent, periodMs > 0, periodMs);
+        } else if (maker == Maker::Application) {
+            helper = new Helper(panel);
+            log.listenTo(helper);
+            if (periodMs > 0)
+                helper->enableTime(periodMs);
+        }
+    }
+
+    ~HelperStage()
+    {
+        log.stop();
+        delete helper;
+        delete panel;
+        delete window;
+    }
+
+    // The static one; its helper is that of the stage from now on.
+    void show(Source source, bool isTimed = false, int ms = 0)
+    {
+        const QPointer<Helper> before = helper;
+        Helper::show(panel, source, isTimed, ms);
+        helper = watch.last();
+        if (helper && helper != before)
+            log.listenTo(helper);
+    }
+
+    void pressInside() { sendMouse(page, inside, inside); }
+    void pressOutside()
+    {
+        if (page)
+            sendMouse(page, outside, outside);
+    }
+    // With all that follows.
+    void tapOutside()
+    {
+        pressOutside();
+        letScheduledHidesRun();
+        sendDeferredDeletes();
+    }
+
+    int period() const { return periodOf(helper); }
+    // Begins a period of another length than the next one has, so that a restart is seen: none
+    // begins while the panel is hidden.
+    void markPeriod()
+    {
+        helper->enableTime(markedPeriodMs);
+        panel->hide();
+        helper->enableTime(longPeriodMs);
+        panel->show();
+        QCOMPARE(period(), markedPeriodMs);
+    }
+    void endPeriod()
+    {
+        QTimerEvent event(timerOf(helper));
+        QCoreApplication::sendEvent(helper, &event);
+    }
+    int triggered() const { return log.count(u"triggered"_s); }
+
+    static constexpr QPoint inside = QPoint(150, 140);
+    static constexpr QPoint outside = QPoint(50, 40);
+
+    HelperWatch watch;
+    const QPointer<Window> window;
+    const QPointer<QWidget> page;
+    const QPointer<CountingWidget> panel;
+    QPointer<Helper> helper;
+    SignalLog log;
+
+private:
+    Q_DISABLE_COPY(HelperStage)
+};
 
 #endif

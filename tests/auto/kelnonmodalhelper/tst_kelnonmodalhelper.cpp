@@ -10,22 +10,26 @@
 #include <limits>
 #include <memory>
 
-using HelperStage::CountingWidget;
-using HelperStage::letScheduledHidesRun;
-using HelperStage::longPeriodMs;
-using HelperStage::PanelInWindow;
-using HelperStage::patienceMs;
-using HelperStage::periodOf;
-
 namespace {
 
-constexpr int shortPeriodMs = 60;
-
-void endPeriod(KELNonModalhelper *helper)
+struct Call
 {
-    QTimerEvent event(HelperStage::timersOf(helper).constFirst().timerId);
-    QCoreApplication::sendEvent(helper, &event);
-}
+    const char *name;
+    std::function<void(HelperStage &)> run;
+};
+
+const std::vector<Call> starts = {
+    {"enableTime()", [](HelperStage &s) { s.helper->enableTime(longPeriodMs); }},
+    {"show()", [](HelperStage &s) { s.helper->show(); }},
+    {"startTime()", [](HelperStage &s) { s.helper->startTime(); }},
+    {"a press inside", [](HelperStage &s) { s.pressInside(); }},
+    {"a press on another window",
+     [](HelperStage & /*stage*/) {
+         Window other(QRect(450, 30, 100, 100));
+         other.show();
+         sendMouse(&other, QPointF(1, 1), QPointF(451, 31));
+     }},
+};
 
 } // namespace
 
@@ -37,7 +41,7 @@ class tst_KELNonModalhelper : public KelTest
 private Q_SLOTS:
     void isAPlainObject()
     {
-        const QMetaObject &meta = KELNonModalhelper::staticMetaObject;
+        const QMetaObject &meta = Helper::staticMetaObject;
         QCOMPARE(meta.superClass(), &QObject::staticMetaObject);
         QCOMPARE(meta.methodCount() - meta.methodOffset(), 1);
         QCOMPARE(meta.method(meta.indexOfSignal("triggered()")).methodType(), QMetaMethod::Signal);
@@ -45,245 +49,210 @@ private Q_SLOTS:
 
     void valuesOfTheTriggerSource()
     {
-        QCOMPARE(int(KELNonModalhelper::TriggerNone), 0);
-        QCOMPARE(int(KELNonModalhelper::TriggerParent), 1);
-        QCOMPARE(int(KELNonModalhelper::TriggerScreen), 2);
+        QCOMPARE(int(Helper::TriggerNone), 0);
+        QCOMPARE(int(Helper::TriggerParent), 1);
+        QCOMPARE(int(Helper::TriggerScreen), 2);
     }
 
     void startsWithItsDefaults()
     {
-        PanelInWindow stage;
-        KELNonModalhelper helper(stage.panel);
-        QVERIFY(!helper.parent());
-        QCOMPARE(helper.triggerSource(), KELNonModalhelper::TriggerParent);
-        QVERIFY(!helper.isTimeEnable());
-        QCOMPARE(periodOf(&helper), -1);
-        const QSignalSpy triggered(&helper, &KELNonModalhelper::triggered);
-        stage.pressOutside();
-        letScheduledHidesRun();
-        QCOMPARE(triggered.count(), 1);
+        HelperStage stage;
+        QVERIFY(!stage.helper->parent());
+        QCOMPARE(stage.helper->triggerSource(), Helper::TriggerParent);
+        QVERIFY(!stage.helper->isTimeEnable());
+        QCOMPARE(stage.period(), -1);
+        stage.tapOutside();
+        QCOMPARE(stage.triggered(), 1);
     }
 
     void hasOneNotifier()
     {
-        KELNonModalhelper helper(nullptr);
+        qRegisterMetaType<QEvent *>();
+        Helper helper(nullptr);
         const auto notifiers = helper.findChildren<KELApplicationNotify *>();
         QCOMPARE(notifiers.size(), 1);
         QCOMPARE(notifiers.constFirst()->parent(), &helper);
-        int seen = 0;
-        connect(notifiers.constFirst(), &KELApplicationNotify::notify, &helper, [&] { ++seen; });
+        const QSignalSpy seen(notifiers.constFirst(), &KELApplicationNotify::notify);
         QObject receiver;
-        HelperStage::sendMouse(&receiver, QPointF(), QPointF(), QEvent::MouseButtonRelease);
-        QCOMPARE(seen, 0);
-        HelperStage::sendMouse(&receiver, QPointF(), QPointF());
-        QCOMPARE(seen, 1);
+        sendMouse(&receiver, QPointF(), QPointF(), QEvent::MouseButtonRelease);
+        QCOMPARE(seen.count(), 0);
+        sendMouse(&receiver, QPointF(), QPointF());
+        QCOMPARE(seen.count(), 1);
+    }
+
+    void constructionLeavesTheWidgetAlone_data()
+    {
+        addRows({{"shown", {{"hidden", false}, {"shown", true}}}});
     }
 
     void constructionLeavesTheWidgetAlone()
     {
-        CountingWidget hidden;
-        const KELNonModalhelper first(&hidden);
-        QVERIFY(hidden.isHidden());
-        CountingWidget shown;
-        shown.show();
-        const KELNonModalhelper second(&shown);
-        QVERIFY(shown.isVisible());
-        QCOMPARE(shown.hides, 0);
+        CountingWidget widget;
+        widget.setVisible(fetch<bool>("shown"));
+        const Helper helper(&widget);
+        QCOMPARE(widget.isVisible(), fetch<bool>("shown"));
+        QCOMPARE(widget.hides, 0);
     }
 
-    void triggerSourceIsStored_data()
-    {
-        QTest::addColumn<int>("source");
-
-        QTest::newRow("none") << 0;
-        QTest::newRow("parent") << 1;
-        QTest::newRow("screen") << 2;
-        QTest::newRow("a value without a name") << 3;
-    }
+    void triggerSourceIsStored_data() { addRows({{"source", sources}}); }
 
     void triggerSourceIsStored()
     {
-        QFETCH(int, source);
-        KELNonModalhelper helper(nullptr);
-        helper.setTriggerSource(HelperStage::Source(source));
-        QCOMPARE(int(helper.triggerSource()), source);
-        helper.setTriggerSource(KELNonModalhelper::TriggerParent);
-        QCOMPARE(helper.triggerSource(), KELNonModalhelper::TriggerParent);
+        Helper helper(nullptr);
+        helper.setTriggerSource(fetch<Source>("source"));
+        QCOMPARE(helper.triggerSource(), fetch<Source>("source"));
+        helper.setTriggerSource(Helper::TriggerParent);
+        QCOMPARE(helper.triggerSource(), Helper::TriggerParent);
     }
 
     void periodIsStored_data()
     {
-        QTest::addColumn<int>("ms");
-        QTest::addColumn<int>("period");
-
-        QTest::newRow("0") << 0 << 3000;
-        QTest::newRow("-5") << -5 << 3000;
-        QTest::newRow("-1") << -1 << 3000;
-        QTest::newRow("the smallest int") << std::numeric_limits<int>::min() << 3000;
-        QTest::newRow("1") << 1 << 1;
-        QTest::newRow("2") << 2 << 2;
-        QTest::newRow("2999") << 2999 << 2999;
-        QTest::newRow("3001") << 3001 << 3001;
-        QTest::newRow("the largest int")
-            << std::numeric_limits<int>::max() << std::numeric_limits<int>::max();
+        addRows({{"ms",
+                  {{"0", 0},
+                   {"-5", -5},
+                   {"-1", -1},
+                   {"the smallest int", std::numeric_limits<int>::min()},
+                   {"1", 1},
+                   {"2", 2},
+                   {"2999", 2999},
+                   {"3001", 3001},
+                   {"the largest int", std::numeric_limits<int>::max()}}}});
     }
 
     void periodIsStored()
     {
-        QFETCH(int, ms);
-        QFETCH(int, period);
-        PanelInWindow stage;
-        KELNonModalhelper helper(stage.panel);
-        helper.enableTime(ms);
-        QVERIFY(helper.isTimeEnable());
-        QCOMPARE(HelperStage::timersOf(&helper).size(), 1);
-        QCOMPARE(periodOf(&helper), period);
+        const HelperStage stage;
+        const int ms = fetch<int>("ms");
+        stage.helper->enableTime(ms);
+        QVERIFY(stage.helper->isTimeEnable());
+        QCOMPARE(timersOf(stage.helper).size(), 1);
+        QCOMPARE(stage.period(), ms > 0 ? ms : 3000);
     }
 
     void enableTimeStartsUnlessHidden_data()
     {
-        QTest::addColumn<bool>("panelHidden");
-        QTest::addColumn<bool>("windowHidden");
-        QTest::addColumn<bool>("starts");
-
-        QTest::newRow("visible") << false << false << true;
-        QTest::newRow("hidden") << true << false << false;
-        QTest::newRow("not visible, as its parent is hidden") << false << true << true;
+        addRows({{"panel", {{"shown", false}, {"hidden", true}}},
+                 {"window", {{"shown", false}, {"in a hidden window", true}}}});
     }
 
     void enableTimeStartsUnlessHidden()
     {
-        QFETCH(bool, panelHidden);
-        QFETCH(bool, windowHidden);
-        QFETCH(bool, starts);
-        PanelInWindow stage;
-        stage.panel->setHidden(panelHidden);
-        stage.window.setHidden(windowHidden);
-        KELNonModalhelper helper(stage.panel);
-        helper.enableTime(longPeriodMs);
-        QVERIFY(helper.isTimeEnable());
-        QCOMPARE(periodOf(&helper), starts ? longPeriodMs : -1);
+        const HelperStage stage;
+        stage.panel->setHidden(fetch<bool>("panel"));
+        stage.window->setHidden(fetch<bool>("window"));
+        stage.helper->enableTime(longPeriodMs);
+        QVERIFY(stage.helper->isTimeEnable());
+        QCOMPARE(stage.period(), fetch<bool>("panel") ? -1 : longPeriodMs);
     }
 
-    void enableTimeRestarts()
+    void enableTimeChangesTheRunningPeriod()
     {
-        PanelInWindow stage;
-        KELNonModalhelper helper(stage.panel);
-        helper.enableTime(shortPeriodMs);
-        helper.enableTime(longPeriodMs);
-        QCOMPARE(HelperStage::timersOf(&helper).size(), 1);
-        QCOMPARE(periodOf(&helper), longPeriodMs);
-        helper.stopTime();
-        helper.enableTime(longPeriodMs + 1);
-        QCOMPARE(periodOf(&helper), longPeriodMs + 1);
+        const HelperStage stage(Maker::Application, 60);
+        stage.helper->enableTime(longPeriodMs);
+        QCOMPARE(timersOf(stage.helper).size(), 1);
+        QCOMPARE(stage.period(), longPeriodMs);
+        stage.helper->stopTime();
+        stage.helper->enableTime(longPeriodMs + 1);
+        QCOMPARE(stage.period(), longPeriodMs + 1);
     }
 
     void enableTimeIsNotTakenBack()
     {
-        PanelInWindow stage;
-        KELNonModalhelper helper(stage.panel);
-        helper.enableTime(longPeriodMs);
-        helper.stopTime();
-        helper.show();
-        endPeriod(&helper);
+        HelperStage stage(Maker::Application, longPeriodMs);
+        stage.helper->stopTime();
+        stage.helper->show();
+        stage.endPeriod();
         QVERIFY(stage.panel->isHidden());
-        QVERIFY(helper.isTimeEnable());
-        helper.show();
-        QCOMPARE(periodOf(&helper), longPeriodMs);
+        QVERIFY(stage.helper->isTimeEnable());
+        stage.helper->show();
+        QCOMPARE(stage.period(), longPeriodMs);
     }
 
     void stopTimeStopsOnly()
     {
-        PanelInWindow stage;
-        KELNonModalhelper helper(stage.panel);
-        const QSignalSpy triggered(&helper, &KELNonModalhelper::triggered);
-        helper.enableTime(longPeriodMs);
-        helper.stopTime();
-        QCOMPARE(periodOf(&helper), -1);
-        QVERIFY(helper.isTimeEnable());
+        const HelperStage stage(Maker::Application, longPeriodMs);
+        stage.helper->stopTime();
+        QCOMPARE(stage.period(), -1);
+        QVERIFY(stage.helper->isTimeEnable());
         QVERIFY(stage.panel->isVisible());
-        QCOMPARE(triggered.count(), 0);
+        QCOMPARE(stage.triggered(), 0);
     }
 
-    void periodBeginsAfterStopTimeWith_data()
+    void stopTimeIsForOneHelper()
     {
-        QTest::addColumn<QString>("call");
-
-        QTest::newRow("show()") << u"show"_s;
-        QTest::newRow("startTime()") << u"startTime"_s;
-        QTest::newRow("enableTime()") << u"enableTime"_s;
-        QTest::newRow("a press") << u"press"_s;
+        const HelperStage stage(Maker::Application, longPeriodMs);
+        Helper other(stage.panel);
+        other.enableTime(longPeriodMs);
+        other.stopTime();
+        QCOMPARE(periodOf(&other), -1);
+        QCOMPARE(stage.period(), longPeriodMs);
     }
 
-    void periodBeginsAfterStopTimeWith()
+    void periodBeginsAfterStopTime_data() { addRows({{"with", namesOf(starts)}}); }
+
+    void periodBeginsAfterStopTime()
     {
-        QFETCH(QString, call);
-        PanelInWindow stage;
-        KELNonModalhelper helper(stage.panel);
-        helper.enableTime(longPeriodMs);
-        helper.stopTime();
-        if (call == QLatin1String("show"))
-            helper.show();
-        else if (call == QLatin1String("startTime"))
-            helper.startTime();
-        else if (call == QLatin1String("enableTime"))
-            helper.enableTime(longPeriodMs);
-        else
-            stage.pressInside();
-        QCOMPARE(periodOf(&helper), longPeriodMs);
+        HelperStage stage(Maker::Application, longPeriodMs);
+        stage.helper->stopTime();
+        starts[fetch<size_t>("with")].run(stage);
+        QCOMPARE(stage.period(), longPeriodMs);
     }
 
-    void stopTimeWithoutATimer()
+    void runningPeriodBeginsAnew_data() { periodBeginsAfterStopTime_data(); }
+
+    void runningPeriodBeginsAnew()
     {
-        PanelInWindow stage;
-        KELNonModalhelper helper(stage.panel);
-        helper.stopTime();
-        QVERIFY(!helper.isTimeEnable());
-        helper.show();
-        QCOMPARE(periodOf(&helper), -1);
+        HelperStage stage;
+        stage.markPeriod();
+        starts[fetch<size_t>("with")].run(stage);
+        QCOMPARE(timersOf(stage.helper).size(), 1);
+        QCOMPARE(stage.period(), longPeriodMs);
+        QVERIFY(stage.panel->isVisible());
+        QCOMPARE(scheduledHides(), 0);
     }
 
-    void startTimeNeedsEnableTime()
+    void popupLeavesTheRunningPeriodAlone()
     {
-        PanelInWindow stage;
-        KELNonModalhelper helper(stage.panel);
-        helper.startTime();
-        QCOMPARE(periodOf(&helper), -1);
-        stage.pressInside();
-        QCOMPARE(periodOf(&helper), -1);
+        HelperStage stage;
+        stage.markPeriod();
+        Window toolTip(QRect(450, 30, 100, 100), nullptr, Qt::ToolTip);
+        toolTip.show();
+        sendMouse(&toolTip, QPointF(1, 1), QPointF(451, 31));
+        QCOMPARE(stage.period(), markedPeriodMs);
+    }
+
+    void noPeriodWithoutEnableTime_data()
+    {
+        addRows({{"with", namesOf(starts)}},
+                [](const std::vector<int> &row) { return row[0] != 0; });
+    }
+
+    void noPeriodWithoutEnableTime()
+    {
+        HelperStage stage;
+        stage.helper->stopTime();
+        QVERIFY(!stage.helper->isTimeEnable());
+        starts[fetch<size_t>("with")].run(stage);
+        QCOMPARE(stage.period(), -1);
     }
 
     void startTimeWhileHidden()
     {
-        PanelInWindow stage;
+        const HelperStage stage;
         stage.panel->hide();
-        KELNonModalhelper helper(stage.panel);
-        helper.enableTime(longPeriodMs);
-        helper.startTime();
-        QCOMPARE(periodOf(&helper), longPeriodMs);
+        stage.helper->enableTime(longPeriodMs);
+        stage.helper->startTime();
+        QCOMPARE(stage.period(), longPeriodMs);
         QVERIFY(stage.panel->isHidden());
-    }
-
-    void startTimeRestarts()
-    {
-        PanelInWindow stage;
-        KELNonModalhelper helper(stage.panel);
-        helper.enableTime(longPeriodMs);
-        QTRY_VERIFY_WITH_TIMEOUT(HelperStage::remainingMs(&helper) <= longPeriodMs - 150,
-                                 patienceMs);
-        helper.startTime();
-        QVERIFY(HelperStage::remainingMs(&helper) > longPeriodMs - 150);
-        QCOMPARE(HelperStage::timersOf(&helper).size(), 1);
     }
 
     void showShowsTheWidget()
     {
         CountingWidget widget;
-        KELNonModalhelper helper(&widget);
+        Helper helper(&widget);
         helper.show();
         QVERIFY(widget.isVisible());
         QCOMPARE(widget.shows, 1);
-        QCOMPARE(periodOf(&helper), -1);
         widget.hide();
         helper.enableTime(longPeriodMs);
         QCOMPARE(periodOf(&helper), -1);
@@ -292,278 +261,141 @@ private Q_SLOTS:
         QCOMPARE(periodOf(&helper), longPeriodMs);
     }
 
-    void showRestarts()
-    {
-        PanelInWindow stage;
-        KELNonModalhelper helper(stage.panel);
-        helper.enableTime(longPeriodMs);
-        QTRY_VERIFY_WITH_TIMEOUT(HelperStage::remainingMs(&helper) <= longPeriodMs - 150,
-                                 patienceMs);
-        helper.show();
-        QVERIFY(HelperStage::remainingMs(&helper) > longPeriodMs - 150);
-        QVERIFY(stage.panel->isVisible());
-    }
-
     void nothingElseShowsTheWidget()
     {
-        PanelInWindow stage;
+        HelperStage stage;
         stage.panel->hide();
-        KELNonModalhelper helper(stage.panel);
-        helper.setTriggerSource(KELNonModalhelper::TriggerScreen);
-        helper.enableTime(longPeriodMs);
-        helper.startTime();
+        stage.helper->setTriggerSource(Helper::TriggerScreen);
+        stage.helper->enableTime(longPeriodMs);
+        stage.helper->startTime();
         stage.pressOutside();
         stage.pressInside();
-        helper.ignoreOnce();
-        endPeriod(&helper);
-        helper.stopTime();
+        stage.helper->ignoreOnce();
+        stage.endPeriod();
+        stage.helper->stopTime();
         QVERIFY(stage.panel->isHidden());
     }
 
     void withoutAWidget()
     {
-        KELNonModalhelper helper(nullptr);
-        const QSignalSpy triggered(&helper, &KELNonModalhelper::triggered);
-        helper.enableTime(longPeriodMs);
-        QVERIFY(helper.isTimeEnable());
-        QCOMPARE(periodOf(&helper), -1);
-        helper.show();
-        QCOMPARE(periodOf(&helper), -1);
-        helper.startTime();
-        QCOMPARE(periodOf(&helper), longPeriodMs);
-        endPeriod(&helper);
-        QCOMPARE(periodOf(&helper), -1);
-        PanelInWindow stage;
-        stage.pressOutside();
-        letScheduledHidesRun();
-        QCOMPARE(triggered.count(), 0);
+        HelperStage stage(Maker::Nobody);
+        stage.helper = new Helper(nullptr);
+        stage.log.listenTo(stage.helper);
+        stage.helper->enableTime(longPeriodMs);
+        QVERIFY(stage.helper->isTimeEnable());
+        QCOMPARE(stage.period(), -1);
+        stage.helper->show();
+        QCOMPARE(stage.period(), -1);
+        stage.helper->startTime();
+        QCOMPARE(stage.period(), longPeriodMs);
+        stage.endPeriod();
+        QCOMPARE(stage.period(), -1);
+        stage.tapOutside();
+        QCOMPARE(stage.triggered(), 0);
     }
 
+    // The only ones on the real clock.
     void periodEnds_data()
     {
-        QTest::addColumn<int>("period");
-        QTest::addColumn<bool>("byShow");
-
-        QTest::newRow("1 ms") << 1 << false;
-        QTest::newRow("60 ms") << 60 << false;
-        QTest::newRow("333 ms, begun by show()") << 333 << true;
+        addRows({{"ms", {{"1 ms", 1}, {"60 ms", 60}, {"333 ms", 333}}},
+                 {"byShow", {{"begun at once", false}, {"begun by show()", true}}}});
     }
 
     void periodEnds()
     {
-        QFETCH(int, period);
-        QFETCH(bool, byShow);
-        PanelInWindow stage;
-        stage.panel->setHidden(byShow);
-        KELNonModalhelper helper(stage.panel);
+        const int periodMs = fetch<int>("ms");
+        HelperStage stage;
+        stage.panel->setHidden(fetch<bool>("byShow"));
         QElapsedTimer clock;
         qint64 elapsedMs = -1;
-        int count = 0;
-        connect(&helper, &KELNonModalhelper::triggered, &helper, [&] {
-            elapsedMs = clock.elapsed();
-            ++count;
-        });
+        stage.log.on(u"triggered"_s, [&] { elapsedMs = clock.elapsed(); });
         clock.start();
-        helper.enableTime(period);
-        if (byShow)
-            helper.show();
+        stage.helper->enableTime(periodMs);
+        if (fetch<bool>("byShow"))
+            stage.helper->show();
         QVERIFY(stage.panel->isVisible());
-        QTRY_COMPARE_WITH_TIMEOUT(count, 1, patienceMs);
-        QVERIFY2(elapsedMs >= period, qPrintable(QString::number(elapsedMs)));
+        QTRY_COMPARE_WITH_TIMEOUT(stage.triggered(), 1, patienceMs);
+        QVERIFY2(elapsedMs >= periodMs, qPrintable(QString::number(elapsedMs)));
         QVERIFY(stage.panel->isHidden());
-        QCOMPARE(periodOf(&helper), -1);
-    }
-
-    void defaultPeriodIsThreeSeconds()
-    {
-        PanelInWindow stages[2];
-        KELNonModalhelper ofZero(stages[0].panel);
-        KELNonModalhelper ofMinusFive(stages[1].panel);
-        const QSignalSpy zero(&ofZero, &KELNonModalhelper::triggered);
-        const QSignalSpy minusFive(&ofMinusFive, &KELNonModalhelper::triggered);
-        QElapsedTimer clock;
-        clock.start();
-        ofZero.enableTime(0);
-        ofMinusFive.enableTime(-5);
-        qint64 firstMs = -1;
-        for (KELNonModalhelper *helper : {&ofZero, &ofMinusFive}) {
-            connect(helper, &KELNonModalhelper::triggered, helper, [&] {
-                if (firstMs < 0)
-                    firstMs = clock.elapsed();
-            });
-        }
-        QTRY_COMPARE_WITH_TIMEOUT(zero.count() + minusFive.count(), 2, patienceMs);
-        QVERIFY2(firstMs >= 3000, qPrintable(QString::number(firstMs)));
+        QCOMPARE(stage.period(), -1);
     }
 
     void hiddenBeforeTheSignal()
     {
-        CountingWidget widget;
-        KELNonModalhelper helper(&widget);
-        helper.enableTime(longPeriodMs);
-        helper.show();
+        HelperStage stage(Maker::Application, longPeriodMs);
         QStringList log;
-        widget.whenHidden = [&] { log.append(u"hidden"_s); };
-        connect(&helper, &KELNonModalhelper::triggered, &widget, [&] {
-            log.append(widget.isHidden() ? u"triggered"_s : u"triggered while visible"_s);
+        stage.panel->whenHidden = [&] { log.append(u"hidden"_s); };
+        stage.log.on(u"triggered"_s, [&] {
+            log.append(stage.panel->isHidden() ? u"triggered"_s : u"triggered while visible"_s);
         });
-        endPeriod(&helper);
+        stage.endPeriod();
         QCOMPARE(log, QStringList({"hidden", "triggered"}));
     }
 
     void timerIsSingleUse()
     {
-        PanelInWindow stage;
-        KELNonModalhelper helper(stage.panel);
-        const QSignalSpy triggered(&helper, &KELNonModalhelper::triggered);
-        connect(&helper, &KELNonModalhelper::triggered, &helper,
-                [&] { QCOMPARE(periodOf(&helper), -1); });
-        helper.enableTime(1);
-        QTRY_COMPARE_WITH_TIMEOUT(triggered.count(), 1, patienceMs);
+        HelperStage stage(Maker::Application, longPeriodMs);
+        stage.log.on(u"triggered"_s, [&] { QCOMPARE(stage.period(), -1); });
+        stage.endPeriod();
+        QCOMPARE(stage.triggered(), 1);
         // Shown by somebody else, it stays.
         stage.panel->show();
-        QCOMPARE(periodOf(&helper), -1);
-        letScheduledHidesRun();
-        QVERIFY(stage.panel->isVisible());
-        QCOMPARE(triggered.count(), 1);
-        helper.show();
-        QTRY_COMPARE_WITH_TIMEOUT(triggered.count(), 2, patienceMs);
+        QCOMPARE(stage.period(), -1);
+        stage.helper->show();
+        stage.endPeriod();
+        QCOMPARE(stage.triggered(), 2);
     }
 
     void endOfThePeriodWhileHidden()
     {
-        CountingWidget widget;
-        KELNonModalhelper helper(&widget);
-        const QSignalSpy triggered(&helper, &KELNonModalhelper::triggered);
-        helper.enableTime(shortPeriodMs);
-        helper.show();
-        widget.hide();
-        QCOMPARE(periodOf(&helper), shortPeriodMs);
-        QTRY_COMPARE_WITH_TIMEOUT(periodOf(&helper), -1, patienceMs);
-        QCOMPARE(triggered.count(), 0);
-        QCOMPARE(widget.hides, 1);
+        HelperStage stage(Maker::Application, longPeriodMs);
+        stage.panel->hide();
+        QCOMPARE(stage.period(), longPeriodMs);
+        stage.endPeriod();
+        QCOMPARE(stage.period(), -1);
+        QCOMPARE(stage.triggered(), 0);
+        QCOMPARE(stage.panel->hides, 1);
     }
 
     void endOfThePeriodWhileTheParentIsHidden()
     {
-        PanelInWindow stage;
-        KELNonModalhelper helper(stage.panel);
-        const QSignalSpy triggered(&helper, &KELNonModalhelper::triggered);
-        helper.enableTime(longPeriodMs);
-        stage.window.hide();
+        HelperStage stage(Maker::Application, longPeriodMs);
+        stage.window->hide();
         QVERIFY(!stage.panel->isHidden());
-        endPeriod(&helper);
+        stage.endPeriod();
         QVERIFY(stage.panel->isHidden());
-        QCOMPARE(triggered.count(), 1);
+        QCOMPARE(stage.triggered(), 1);
     }
 
     void foreignTimerIsNotThePeriod()
     {
-        PanelInWindow stage;
-        KELNonModalhelper helper(stage.panel);
-        const QSignalSpy triggered(&helper, &KELNonModalhelper::triggered);
-        helper.enableTime(longPeriodMs);
-        const int own = HelperStage::timersOf(&helper).constFirst().timerId;
-        const int foreign = helper.startTimer(longPeriodMs);
+        const HelperStage stage(Maker::Application, longPeriodMs);
+        const int own = timerOf(stage.helper);
+        const int foreign = stage.helper->startTimer(longPeriodMs);
         QTimerEvent event(foreign);
-        QCoreApplication::sendEvent(&helper, &event);
+        QCoreApplication::sendEvent(stage.helper, &event);
         QVERIFY(stage.panel->isVisible());
-        QCOMPARE(triggered.count(), 0);
-        helper.killTimer(foreign);
-        QCOMPARE(HelperStage::timersOf(&helper).size(), 1);
-        QCOMPARE(HelperStage::timersOf(&helper).constFirst().timerId, own);
-    }
-
-    void pressesPutOffTheEnd()
-    {
-        constexpr int period = 1000;
-        PanelInWindow stage;
-        KELNonModalhelper helper(stage.panel);
-        QElapsedTimer sinceThePress;
-        qint64 elapsedMs = -1;
-        connect(&helper, &KELNonModalhelper::triggered, &helper,
-                [&] { elapsedMs = sinceThePress.isValid() ? sinceThePress.elapsed() : -2; });
-        helper.enableTime(period);
-        QTimer::singleShot(period / 2, &helper, [&] {
-            sinceThePress.start();
-            stage.pressInside();
-        });
-        QTRY_VERIFY_WITH_TIMEOUT(elapsedMs != -1, patienceMs);
-        QVERIFY2(elapsedMs >= period, qPrintable(QString::number(elapsedMs)));
-    }
-
-    void pressRestartsTheRunningPeriod()
-    {
-        PanelInWindow stage;
-        KELNonModalhelper helper(stage.panel);
-        helper.enableTime(longPeriodMs);
-        QTRY_VERIFY_WITH_TIMEOUT(HelperStage::remainingMs(&helper) <= longPeriodMs - 150,
-                                 patienceMs);
-        stage.pressInside();
-        QVERIFY(HelperStage::remainingMs(&helper) > longPeriodMs - 150);
-    }
-
-    void otherTopLevelWindowRestartsTheRunningPeriod()
-    {
-        PanelInWindow stage;
-        HelperStage::Window unrelated(QRect(450, 30, 100, 100));
-        unrelated.show();
-        KELNonModalhelper helper(stage.panel);
-        helper.enableTime(longPeriodMs);
-        QTRY_VERIFY_WITH_TIMEOUT(HelperStage::remainingMs(&helper) <= longPeriodMs - 150,
-                                 patienceMs);
-        HelperStage::sendMouse(&unrelated, QPointF(1, 1), QPointF(451, 31));
-        QVERIFY(HelperStage::remainingMs(&helper) > longPeriodMs - 150);
-        letScheduledHidesRun();
-        QVERIFY(stage.panel->isVisible());
-    }
-
-    void popupLeavesTheRunningPeriodAlone()
-    {
-        PanelInWindow stage;
-        HelperStage::Window toolTip(QRect(450, 30, 100, 100), nullptr, Qt::ToolTip);
-        toolTip.show();
-        KELNonModalhelper helper(stage.panel);
-        helper.enableTime(longPeriodMs);
-        QTRY_VERIFY_WITH_TIMEOUT(HelperStage::remainingMs(&helper) <= longPeriodMs - 50,
-                                 patienceMs);
-        const int before = HelperStage::remainingMs(&helper);
-        HelperStage::sendMouse(&toolTip, QPointF(1, 1), QPointF(451, 31));
-        const int after = HelperStage::remainingMs(&helper);
-        QVERIFY(after > 0);
-        QVERIFY(after <= before);
-    }
-
-    void ownStopTimeEndsThePeriodOfTheHelperOnly()
-    {
-        PanelInWindow stage;
-        KELNonModalhelper one(stage.panel);
-        KELNonModalhelper other(stage.panel);
-        one.enableTime(longPeriodMs);
-        other.enableTime(longPeriodMs);
-        one.stopTime();
-        QCOMPARE(periodOf(&one), -1);
-        QCOMPARE(periodOf(&other), longPeriodMs);
+        QCOMPARE(stage.triggered(), 0);
+        stage.helper->killTimer(foreign);
+        QCOMPARE(timersOf(stage.helper).size(), 1);
+        QCOMPARE(timerOf(stage.helper), own);
     }
 
     void hideIsDelayed()
     {
-        PanelInWindow stage;
-        KELNonModalhelper helper(stage.panel);
+        HelperStage stage;
         QElapsedTimer clock;
         qint64 elapsedNs = -1;
-        int count = 0;
-        connect(&helper, &KELNonModalhelper::triggered, &helper, [&] {
+        stage.log.on(u"triggered"_s, [&] {
             elapsedNs = clock.nsecsElapsed();
-            ++count;
             QVERIFY(stage.panel->isHidden());
         });
         for (int i = 1; i <= 20; ++i) {
             clock.start();
             stage.pressOutside();
             QVERIFY(stage.panel->isVisible());
-            QCOMPARE(count, i - 1);
-            QTRY_COMPARE_WITH_TIMEOUT(count, i, patienceMs);
+            QCOMPARE(stage.triggered(), i - 1);
+            QTRY_COMPARE_WITH_TIMEOUT(stage.triggered(), i, patienceMs);
             QVERIFY2(elapsedNs >= 5000000, qPrintable(QString::number(elapsedNs)));
             stage.panel->show();
         }
@@ -571,211 +403,137 @@ private Q_SLOTS:
 
     void hideUsesAPreciseTimer()
     {
-        PanelInWindow stage;
-        KELNonModalhelper helper(stage.panel);
-        QCOMPARE(HelperStage::scheduledHides(), 0);
+        HelperStage stage;
+        QCOMPARE(scheduledHides(), 0);
         stage.pressOutside();
-        QCOMPARE(HelperStage::scheduledHides(), 1);
+        QCOMPARE(scheduledHides(), 1);
         letScheduledHidesRun();
-        QCOMPARE(HelperStage::scheduledHides(), 0);
+        QCOMPARE(scheduledHides(), 0);
         QVERIFY(stage.panel->isHidden());
     }
 
     void hideStopsTheTimerFirst()
     {
-        CountingWidget widget;
-        KELNonModalhelper helper(&widget);
-        helper.setTriggerSource(KELNonModalhelper::TriggerScreen);
-        helper.enableTime(longPeriodMs);
-        helper.show();
-        widget.setGeometry(0, 0, 100, 100);
+        HelperStage stage(Maker::Application, longPeriodMs);
         QList<int> periods;
-        widget.whenHidden = [&] { periods.append(periodOf(&helper)); };
-        connect(&helper, &KELNonModalhelper::triggered, &widget,
-                [&] { periods.append(periodOf(&helper)); });
-        QCOMPARE(periodOf(&helper), longPeriodMs);
-        HelperStage::sendMouse(&widget, QPointF(400, 400), QPointF(400, 400));
-        QCOMPARE(periodOf(&helper), longPeriodMs);
+        stage.panel->whenHidden = [&] { periods.append(stage.period()); };
+        stage.log.on(u"triggered"_s, [&] { periods.append(stage.period()); });
+        stage.pressOutside();
+        QCOMPARE(stage.period(), longPeriodMs);
         letScheduledHidesRun();
         QCOMPARE(periods, QList<int>({-1, -1}));
     }
 
     void pressesAreIgnoredUntilTheSignalIsOut()
     {
-        CountingWidget widget;
-        widget.setGeometry(0, 0, 100, 100);
-        KELNonModalhelper helper(&widget);
-        helper.setTriggerSource(KELNonModalhelper::TriggerScreen);
-        helper.enableTime(longPeriodMs);
-        helper.show();
-        const auto pressOutside = [&] {
-            HelperStage::sendMouse(&widget, QPointF(400, 400), QPointF(400, 400));
-        };
+        HelperStage stage(Maker::Application, longPeriodMs);
         QList<int> periods;
-        widget.whenHidden = [&] {
-            pressOutside();
-            periods.append(periodOf(&helper));
+        stage.panel->whenHidden = [&] {
+            stage.pressOutside();
+            periods.append(stage.period());
         };
-        int count = 0;
-        connect(&helper, &KELNonModalhelper::triggered, &widget, [&] {
-            ++count;
-            widget.show();
-            pressOutside();
-            periods.append(periodOf(&helper));
+        stage.log.on(u"triggered"_s, [&] {
+            stage.panel->show();
+            stage.pressOutside();
+            periods.append(stage.period());
         });
-        pressOutside();
-        letScheduledHidesRun();
+        stage.tapOutside();
         QCOMPARE(periods, QList<int>({-1, -1}));
         letScheduledHidesRun();
-        QCOMPARE(count, 1);
-        QVERIFY(widget.isVisible());
-        pressOutside();
-        letScheduledHidesRun();
-        QCOMPARE(count, 2);
-    }
-
-    void hiddenBySomebodyElseMeanwhile()
-    {
-        PanelInWindow stage;
-        KELNonModalhelper helper(stage.panel);
-        const QSignalSpy triggered(&helper, &KELNonModalhelper::triggered);
-        helper.enableTime(longPeriodMs);
-        stage.pressOutside();
-        stage.panel->hide();
-        QCOMPARE(triggered.count(), 0);
-        letScheduledHidesRun();
-        QCOMPARE(triggered.count(), 1);
-        QCOMPARE(periodOf(&helper), -1);
+        QCOMPARE(stage.triggered(), 1);
+        QVERIFY(stage.panel->isVisible());
+        stage.tapOutside();
+        QCOMPARE(stage.triggered(), 2);
     }
 
     void shownAgainItIsWatchedAgain()
     {
-        PanelInWindow stage;
-        KELNonModalhelper helper(stage.panel);
-        const QSignalSpy triggered(&helper, &KELNonModalhelper::triggered);
+        HelperStage stage;
         for (int i = 1; i <= 3; ++i) {
-            helper.show();
+            stage.helper->show();
             QVERIFY(stage.panel->isVisible());
-            stage.pressOutside();
-            letScheduledHidesRun();
+            stage.tapOutside();
             QVERIFY(stage.panel->isHidden());
-            QCOMPARE(triggered.count(), i);
+            QCOMPARE(stage.triggered(), i);
         }
+    }
+
+    void ignoreOnceLetsOnePressPass_data()
+    {
+        addRows({{"calls", {{"once", 1}, {"twice", 2}}},
+                 {"pressed", {{"before the press", false}, {"within the delay", true}}}});
     }
 
     void ignoreOnceLetsOnePressPass()
     {
-        PanelInWindow stage;
-        KELNonModalhelper helper(stage.panel);
-        const QSignalSpy triggered(&helper, &KELNonModalhelper::triggered);
-        helper.ignoreOnce();
-        stage.pressOutside();
+        const bool isPressed = fetch<bool>("pressed");
+        HelperStage stage;
+        if (isPressed)
+            stage.pressOutside();
+        for (int i = 0; i < fetch<int>("calls"); ++i)
+            stage.helper->ignoreOnce();
+        if (!isPressed)
+            stage.pressOutside();
         letScheduledHidesRun();
         QVERIFY(stage.panel->isVisible());
-        QCOMPARE(triggered.count(), 0);
-        stage.pressOutside();
-        letScheduledHidesRun();
+        QCOMPARE(stage.triggered(), 0);
+        stage.tapOutside();
         QVERIFY(stage.panel->isHidden());
-        QCOMPARE(triggered.count(), 1);
-    }
-
-    void ignoreOnceTwiceIsOnce()
-    {
-        PanelInWindow stage;
-        KELNonModalhelper helper(stage.panel);
-        helper.ignoreOnce();
-        helper.ignoreOnce();
-        stage.pressOutside();
-        letScheduledHidesRun();
-        QVERIFY(stage.panel->isVisible());
-        stage.pressOutside();
-        letScheduledHidesRun();
-        QVERIFY(stage.panel->isHidden());
-    }
-
-    void ignoreOnceWithinTheDelay()
-    {
-        PanelInWindow stage;
-        KELNonModalhelper helper(stage.panel);
-        stage.pressOutside();
-        helper.ignoreOnce();
-        letScheduledHidesRun();
-        QVERIFY(stage.panel->isVisible());
-        stage.pressOutside();
-        letScheduledHidesRun();
-        QVERIFY(stage.panel->isHidden());
+        QCOMPARE(stage.triggered(), 1);
     }
 
     void ignoreOnceKeepsThePeriod()
     {
-        PanelInWindow stage;
-        KELNonModalhelper helper(stage.panel);
-        helper.enableTime(longPeriodMs);
-        const int id = HelperStage::timersOf(&helper).constFirst().timerId;
-        const int before = HelperStage::remainingMs(&helper);
-        helper.ignoreOnce();
-        stage.pressOutside();
-        letScheduledHidesRun();
-        QCOMPARE(periodOf(&helper), longPeriodMs);
-        QCOMPARE(HelperStage::timersOf(&helper).constFirst().timerId, id);
-        QVERIFY(HelperStage::remainingMs(&helper) < before);
+        HelperStage stage;
+        stage.markPeriod();
+        stage.helper->ignoreOnce();
+        stage.tapOutside();
+        QCOMPARE(stage.period(), markedPeriodMs);
     }
 
     void ignoreOnceDoesNotHoldThePeriod()
     {
-        PanelInWindow stage;
-        KELNonModalhelper helper(stage.panel);
-        const QSignalSpy triggered(&helper, &KELNonModalhelper::triggered);
-        helper.ignoreOnce();
-        helper.enableTime(1);
-        QTRY_COMPARE_WITH_TIMEOUT(triggered.count(), 1, patienceMs);
+        HelperStage stage(Maker::Application, longPeriodMs);
+        stage.helper->ignoreOnce();
+        stage.endPeriod();
+        QCOMPARE(stage.triggered(), 1);
         QVERIFY(stage.panel->isHidden());
         // The wish is still there.
         stage.panel->show();
-        stage.pressOutside();
-        letScheduledHidesRun();
+        stage.tapOutside();
         QVERIFY(stage.panel->isVisible());
     }
 
     void ignoreOnceWaitsForAPressThatWouldHide()
     {
-        PanelInWindow stage;
-        KELNonModalhelper helper(stage.panel);
-        helper.ignoreOnce();
+        HelperStage stage;
+        stage.helper->ignoreOnce();
         stage.pressInside();
         letScheduledHidesRun();
         stage.panel->hide();
-        stage.pressOutside();
-        letScheduledHidesRun();
-        helper.show();
-        stage.pressOutside();
-        letScheduledHidesRun();
+        stage.tapOutside();
+        stage.helper->show();
+        stage.tapOutside();
         QVERIFY(stage.panel->isVisible());
-        stage.pressOutside();
-        letScheduledHidesRun();
+        stage.tapOutside();
         QVERIFY(stage.panel->isHidden());
     }
 
     void destructionLeavesTheWidgetAlone()
     {
-        CountingWidget widget;
-        auto helper = std::make_unique<KELNonModalhelper>(&widget);
-        helper->enableTime(longPeriodMs);
-        helper->show();
-        const QSignalSpy triggered(helper.get(), &KELNonModalhelper::triggered);
-        helper.reset();
-        QVERIFY(widget.isVisible());
-        QCOMPARE(widget.hides, 0);
-        QCOMPARE(triggered.count(), 0);
+        const HelperStage stage(Maker::Application, longPeriodMs);
+        delete stage.helper;
+        QVERIFY(stage.panel->isVisible());
+        QCOMPARE(stage.panel->hides, 0);
+        QCOMPARE(stage.triggered(), 0);
     }
 
     void destroyedHelperIsDeaf()
     {
-        PanelInWindow stage;
-        auto helper = std::make_unique<KELNonModalhelper>(stage.panel);
-        helper.reset();
+        HelperStage stage;
+        delete stage.helper;
         stage.pressOutside();
-        QCOMPARE(HelperStage::scheduledHides(), 0);
+        QCOMPARE(scheduledHides(), 0);
         letScheduledHidesRun();
         QVERIFY(stage.panel->isVisible());
     }

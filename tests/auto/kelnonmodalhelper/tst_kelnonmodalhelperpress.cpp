@@ -1,12 +1,14 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
+#include "hand.h"
 #include "helperstage.h"
 #include "xserver.h"
 
 #include <kelapplicationnotify.h>
 
 #include <QtCore/QDeadlineTimer>
+#include <QtGui/QWindow>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QListView>
 #include <QtWidgets/QMenu>
@@ -15,52 +17,41 @@
 #include <QtWidgets/QToolTip>
 
 #include <memory>
-#include <vector>
-
-using HelperStage::letScheduledHidesRun;
-using HelperStage::longPeriodMs;
-using HelperStage::PanelInWindow;
-using HelperStage::periodOf;
-using HelperStage::sendMouse;
-using HelperStage::Window;
 
 namespace {
 
-enum class Outcome { Nothing, Restarts, Hides };
-enum class State { Visible, Hidden, ParentHidden, Pending };
-
-constexpr Outcome nothing = Outcome::Nothing;
-constexpr Outcome restarts = Outcome::Restarts;
-constexpr Outcome hides = Outcome::Hides;
-
-constexpr QPoint inside = PanelInWindow::inside;
-constexpr QPoint outside = PanelInWindow::outside;
+constexpr QPoint inside = HelperStage::inside;
+constexpr QPoint outside = HelperStage::outside;
 constexpr QRect otherRect(450, 200, 200, 150);
 
-// The panel in a page in a window, and whatever a row of a table adds.
-struct Stage
+const Qt::WindowFlags noFocus = Qt::WindowDoesNotAcceptFocus;
+const Qt::WindowFlags noFocusWindow = Qt::Window | Qt::WindowDoesNotAcceptFocus;
+
+// The panel, the page that it is in, and whatever a row adds.
+class PressStage : public HelperStage
 {
-    explicit Stage(bool panelIsWindow = false) : window(QRect(20, 30, 400, 300))
+public:
+    explicit PressStage(Source source = Helper::TriggerParent, bool isPanelWindow = false)
     {
-        // A failed row may have left one.
-        if (HelperStage::scheduledHides() > 0)
-            letScheduledHidesRun();
-        page = new QWidget(&window);
-        page->setGeometry(0, 0, 400, 300);
-        if (panelIsWindow) {
-            panel = keep(new Window(QRect(450, 40, 120, 80)));
-        } else {
-            panel = new QWidget(page);
-            panel->setGeometry(PanelInWindow::panelRect);
-        }
-        window.show();
+        helper->setTriggerSource(source);
+        if (!isPanelWindow)
+            return;
+        panel->setParent(nullptr, Qt::Window | Qt::FramelessWindowHint);
+        panel->setGeometry(450, 40, 120, 80);
         panel->show();
+    }
+
+    // A period that a press can restart.
+    void stopPeriod()
+    {
+        helper->enableTime(longPeriodMs);
+        helper->stopTime();
     }
 
     template <typename Object>
     Object *keep(Object *object)
     {
-        kept.emplace_back(object);
+        m_kept.emplace_back(object);
         return object;
     }
 
@@ -79,47 +70,55 @@ struct Stage
         return made;
     }
 
-    Window window;
-    QWidget *page = nullptr;
-    QWidget *panel = nullptr;
-    std::vector<std::unique_ptr<QObject>> kept;
+private:
+    std::vector<std::unique_ptr<QObject>> m_kept;
 };
 
-QWidget *childOf(QWidget *parentWidget, Qt::WindowFlags flags = Qt::WindowFlags())
+QWidget *childOf(QWidget *parent, Qt::WindowFlags flags = Qt::WindowFlags())
 {
-    auto *const child = new QWidget(parentWidget);
+    auto *const child = new QWidget(parent);
     child->setWindowFlags(flags);
     child->setGeometry(10, 10, 60, 40);
     child->show();
     return child;
 }
 
-QWidget *nativeChildOf(QWidget *parentWidget, Qt::WindowFlags flags = Qt::WindowFlags())
+QWidget *nativeChildOf(QWidget *parent, Qt::WindowFlags flags = Qt::WindowFlags())
 {
-    QWidget *const child = childOf(parentWidget, flags);
+    QWidget *const child = childOf(parent, flags);
     child->setAttribute(Qt::WA_NativeWindow);
     child->winId();
     return child;
 }
 
-QWidget *dialogOf(QWidget *parentWidget)
+QWidget *dialogOf(QWidget *parent)
 {
-    auto *const dialog = new Window(QRect(500, 400, 100, 80), parentWidget, Qt::Dialog);
+    auto *const dialog = new Window(QRect(500, 400, 100, 80), parent, Qt::Dialog);
     dialog->show();
     return dialog;
 }
 
-QComboBox *openComboBoxIn(Stage *stage)
+QPushButton *buttonIn(QWidget *parent)
 {
-    auto *const box = new QComboBox(stage->page);
+    auto *const button = new QPushButton(parent);
+    button->setGeometry(10, 10, 60, 40);
+    // A window that becomes active late takes no focus from it then.
+    button->setFocusPolicy(Qt::NoFocus);
+    button->show();
+    return button;
+}
+
+QAbstractItemView *listOfAComboBoxIn(QWidget *parent)
+{
+    auto *const box = new QComboBox(parent);
     box->addItems({u"one"_s, u"two"_s});
     box->setGeometry(260, 20, 100, 30);
     box->show();
     box->showPopup();
-    return box;
+    return box->view();
 }
 
-QMenu *openMenuOf(Stage *stage)
+QMenu *openMenu(PressStage *stage)
 {
     auto *const menu = stage->keep(new QMenu);
     menu->addAction(u"one"_s);
@@ -127,160 +126,207 @@ QMenu *openMenuOf(Stage *stage)
     return menu;
 }
 
-const Qt::WindowFlags noFocus = Qt::WindowDoesNotAcceptFocus;
-const Qt::WindowFlags noFocusWindow = Qt::Window | Qt::WindowDoesNotAcceptFocus;
+// What a press hits: the parent of the panel, a popup or something else that is ignored, or
+// neither.
+enum class Kind { Parent, Other, Ignored };
+enum class Outcome { Nothing, Restarts, Hides };
 
-// What a press does, by trigger source and position: in the geometry of the panel or not.
-struct Outcomes
+Outcome outcomeOf(Kind kind, Source source, bool isInside)
 {
-    Outcome none;
-    Outcome parentIn;
-    Outcome parentOut;
-    Outcome screenIn;
-    Outcome screenOut;
-    Outcome other;
-};
-
-constexpr Outcomes ofAnyObject = {nothing, restarts, restarts, restarts, hides, restarts};
-constexpr Outcomes ofTheParent = {nothing, restarts, hides, restarts, hides, restarts};
-constexpr Outcomes ofNothing = {nothing, nothing, nothing, nothing, nothing, nothing};
+    if (kind == Kind::Ignored || source == Helper::TriggerNone)
+        return Outcome::Nothing;
+    const bool canHide = source == Helper::TriggerScreen
+        || (source == Helper::TriggerParent && kind == Kind::Parent);
+    return canHide && !isInside ? Outcome::Hides : Outcome::Restarts;
+}
 
 struct Receiver
 {
     const char *name;
-    QObject *(*make)(Stage *);
-    Outcomes outcomes;
+    std::function<QObject *(PressStage *)> make;
+    Kind kind = Kind::Other;
 };
 
-const Receiver receiverRows[] = {
-    {"the widget", [](Stage *s) -> QObject * { return s->panel; }, ofAnyObject},
-    {"its child", [](Stage *s) -> QObject * { return childOf(s->panel); }, ofAnyObject},
-    {"its parent", [](Stage *s) -> QObject * { return s->page; }, ofTheParent},
-    {"the parent of the parent", [](Stage *s) -> QObject * { return &s->window; }, ofAnyObject},
-    {"a sibling", [](Stage *s) -> QObject * { return childOf(s->page); }, ofAnyObject},
-    {"a child of a sibling", [](Stage *s) -> QObject * { return childOf(childOf(s->page)); },
-     ofAnyObject},
-    {"a native sibling", [](Stage *s) -> QObject * { return nativeChildOf(s->page); }, ofAnyObject},
-    {"a child of a native sibling",
-     [](Stage *s) -> QObject * { return childOf(nativeChildOf(s->page)); }, ofAnyObject},
-    {"another window", [](Stage *s) -> QObject * { return s->newWindow(Qt::Window); }, ofAnyObject},
-    {"a child of another window",
-     [](Stage *s) -> QObject * { return childOf(s->newWindow(Qt::Window)); }, ofAnyObject},
-    {"a dialog", [](Stage *s) -> QObject * { return dialogOf(s->page); }, ofAnyObject},
-    {"a sheet", [](Stage *s) -> QObject * { return s->newWindow(Qt::Sheet); }, ofAnyObject},
-    {"a drawer", [](Stage *s) -> QObject * { return s->newWindow(Qt::Drawer); }, ofAnyObject},
+constexpr Kind ignored = Kind::Ignored;
 
-    {"a popup", [](Stage *s) -> QObject * { return s->newWindow(Qt::Popup); }, ofNothing},
-    {"a tool window", [](Stage *s) -> QObject * { return s->newWindow(Qt::Tool); }, ofNothing},
-    {"a tool tip", [](Stage *s) -> QObject * { return s->newWindow(Qt::ToolTip); }, ofNothing},
-    {"a splash screen", [](Stage *s) -> QObject * { return s->newWindow(Qt::SplashScreen); },
-     ofNothing},
-    {"a child of a popup", [](Stage *s) -> QObject * { return childOf(s->newWindow(Qt::Popup)); },
-     ofNothing},
-    {"a child of a tool window",
-     [](Stage *s) -> QObject * { return childOf(s->newWindow(Qt::Tool)); }, ofNothing},
+const std::vector<Receiver> targets = {
+    {"the widget", [](PressStage *s) { return s->panel; }},
+    {"its child", [](PressStage *s) { return childOf(s->panel); }},
+    {"its parent", [](PressStage *s) { return s->page; }, Kind::Parent},
+    {"the parent of the parent", [](PressStage *s) { return s->window; }},
+    {"a sibling", [](PressStage *s) { return childOf(s->page); }},
+    {"a child of a sibling", [](PressStage *s) { return childOf(childOf(s->page)); }},
+    {"a native sibling", [](PressStage *s) { return nativeChildOf(s->page); }},
+    {"a child of a native sibling", [](PressStage *s) { return childOf(nativeChildOf(s->page)); }},
+    {"another window", [](PressStage *s) { return s->newWindow(Qt::Window); }},
+    {"a child of another window", [](PressStage *s) { return childOf(s->newWindow(Qt::Window)); }},
+    {"a dialog", [](PressStage *s) { return dialogOf(s->page); }},
+    {"a sheet", [](PressStage *s) { return s->newWindow(Qt::Sheet); }},
+    {"a drawer", [](PressStage *s) { return s->newWindow(Qt::Drawer); }},
+
+    {"a popup", [](PressStage *s) { return s->newWindow(Qt::Popup); }, ignored},
+    {"a tool window", [](PressStage *s) { return s->newWindow(Qt::Tool); }, ignored},
+    {"a tool tip", [](PressStage *s) { return s->newWindow(Qt::ToolTip); }, ignored},
+    {"a splash screen", [](PressStage *s) { return s->newWindow(Qt::SplashScreen); }, ignored},
+    {"a child of a popup", [](PressStage *s) { return childOf(s->newWindow(Qt::Popup)); }, ignored},
+    {"a child of a tool window", [](PressStage *s) { return childOf(s->newWindow(Qt::Tool)); },
+     ignored},
     {"a child of a child of a tool tip",
-     [](Stage *s) -> QObject * { return childOf(childOf(s->newWindow(Qt::ToolTip))); }, ofNothing},
+     [](PressStage *s) { return childOf(childOf(s->newWindow(Qt::ToolTip))); }, ignored},
     {"a native child of a tool window",
-     [](Stage *s) -> QObject * { return nativeChildOf(s->newWindow(Qt::Tool)); }, ofNothing},
-    {"a dialog of a tool window",
-     [](Stage *s) -> QObject * { return dialogOf(s->newWindow(Qt::Tool)); }, ofNothing},
+     [](PressStage *s) { return nativeChildOf(s->newWindow(Qt::Tool)); }, ignored},
+    {"a dialog of a tool window", [](PressStage *s) { return dialogOf(s->newWindow(Qt::Tool)); },
+     ignored},
     {"a child of a dialog of a tool window",
-     [](Stage *s) -> QObject * { return childOf(dialogOf(s->newWindow(Qt::Tool))); }, ofNothing},
-    {"a menu", [](Stage *s) -> QObject * { return openMenuOf(s); }, ofNothing},
+     [](PressStage *s) { return childOf(dialogOf(s->newWindow(Qt::Tool))); }, ignored},
+    {"a menu", openMenu, ignored},
     {"the list of a combo box",
-     [](Stage *s) -> QObject * { return openComboBoxIn(s)->view()->viewport(); }, ofNothing},
-    {"the window of that list",
-     [](Stage *s) -> QObject * { return openComboBoxIn(s)->view()->window(); }, ofNothing},
+     [](PressStage *s) { return listOfAComboBoxIn(s->page)->viewport(); }, ignored},
+    {"the window of that list", [](PressStage *s) { return listOfAComboBoxIn(s->page)->window(); },
+     ignored},
 
-    {"a window without focus", [](Stage *s) -> QObject * { return s->newWindow(noFocusWindow); },
-     ofNothing},
+    {"a window without focus", [](PressStage *s) { return s->newWindow(noFocusWindow); }, ignored},
     {"a child of a window without focus",
-     [](Stage *s) -> QObject * { return childOf(s->newWindow(noFocusWindow)); }, ofNothing},
+     [](PressStage *s) { return childOf(s->newWindow(noFocusWindow)); }, ignored},
     {"a child of a child of a window without focus",
-     [](Stage *s) -> QObject * { return childOf(childOf(s->newWindow(noFocusWindow))); },
-     ofNothing},
+     [](PressStage *s) { return childOf(childOf(s->newWindow(noFocusWindow))); }, ignored},
     {"a native child of a window without focus",
-     [](Stage *s) -> QObject * { return nativeChildOf(s->newWindow(noFocusWindow)); }, ofNothing},
+     [](PressStage *s) { return nativeChildOf(s->newWindow(noFocusWindow)); }, ignored},
     {"a child of a native child of a window without focus",
-     [](Stage *s) -> QObject * { return childOf(nativeChildOf(s->newWindow(noFocusWindow))); },
-     ofAnyObject},
+     [](PressStage *s) { return childOf(nativeChildOf(s->newWindow(noFocusWindow))); }},
     {"a dialog of a window without focus",
-     [](Stage *s) -> QObject * { return dialogOf(s->newWindow(noFocusWindow)); }, ofNothing},
-    {"a sibling without focus", [](Stage *s) -> QObject * { return childOf(s->page, noFocus); },
-     ofNothing},
+     [](PressStage *s) { return dialogOf(s->newWindow(noFocusWindow)); }, ignored},
+    {"a sibling without focus", [](PressStage *s) { return childOf(s->page, noFocus); }, ignored},
     {"a child of a sibling without focus",
-     [](Stage *s) -> QObject * { return childOf(childOf(s->page, noFocus)); }, ofAnyObject},
+     [](PressStage *s) { return childOf(childOf(s->page, noFocus)); }},
     {"a child of a native sibling without focus",
-     [](Stage *s) -> QObject * { return childOf(nativeChildOf(s->page, noFocus)); }, ofNothing},
+     [](PressStage *s) { return childOf(nativeChildOf(s->page, noFocus)); }, ignored},
 
-    {"a QWindow", [](Stage *s) -> QObject * { return s->newQWindow(Qt::Window); }, ofAnyObject},
-    {"a QWindow, dialog", [](Stage *s) -> QObject * { return s->newQWindow(Qt::Dialog); },
-     ofAnyObject},
+    {"a QWindow", [](PressStage *s) { return s->newQWindow(Qt::Window); }},
+    {"a QWindow, dialog", [](PressStage *s) { return s->newQWindow(Qt::Dialog); }},
     {"a QWindow with one of the two bits of a popup",
-     [](Stage *s) -> QObject * { return s->newQWindow(Qt::WindowFlags(8)); }, ofAnyObject},
-    {"a QWindow, popup", [](Stage *s) -> QObject * { return s->newQWindow(Qt::Popup); }, ofNothing},
-    {"a QWindow, tool window", [](Stage *s) -> QObject * { return s->newQWindow(Qt::Tool); },
-     ofNothing},
-    {"a QWindow, tool tip", [](Stage *s) -> QObject * { return s->newQWindow(Qt::ToolTip); },
-     ofNothing},
-    {"a QWindow, splash screen",
-     [](Stage *s) -> QObject * { return s->newQWindow(Qt::SplashScreen); }, ofNothing},
-    {"a QWindow without focus", [](Stage *s) -> QObject * { return s->newQWindow(noFocusWindow); },
-     ofNothing},
+     [](PressStage *s) { return s->newQWindow(Qt::WindowFlags(8)); }},
+    {"a QWindow, popup", [](PressStage *s) { return s->newQWindow(Qt::Popup); }, ignored},
+    {"a QWindow, tool window", [](PressStage *s) { return s->newQWindow(Qt::Tool); }, ignored},
+    {"a QWindow, tool tip", [](PressStage *s) { return s->newQWindow(Qt::ToolTip); }, ignored},
+    {"a QWindow, splash screen", [](PressStage *s) { return s->newQWindow(Qt::SplashScreen); },
+     ignored},
+    {"a QWindow without focus", [](PressStage *s) { return s->newQWindow(noFocusWindow); },
+     ignored},
     {"a QWindow in a QWindow without focus",
-     [](Stage *s) -> QObject * { return new QWindow(s->newQWindow(noFocusWindow)); }, ofAnyObject},
+     [](PressStage *s) { return new QWindow(s->newQWindow(noFocusWindow)); }},
 
-    {"an object", [](Stage *s) -> QObject * { return s->keep(new QObject); }, ofNothing},
-    {"an object in the panel", [](Stage *s) -> QObject * { return new QObject(s->panel); },
-     ofNothing},
-    {"the application", [](Stage *) -> QObject * { return QCoreApplication::instance(); },
-     ofNothing},
+    {"an object", [](PressStage *s) { return s->keep(new QObject); }, ignored},
+    {"an object in the panel", [](PressStage *s) { return new QObject(s->panel); }, ignored},
+    {"the application", [](PressStage *) { return QCoreApplication::instance(); }, ignored},
 };
 
-// What a press does while the widget is not visible or a hide is scheduled, whatever receives it.
-struct ElsewhenRow
+// While the panel can be seen the source decides, otherwise the outcome is the same for all but
+// TriggerNone.
+struct Circumstances
 {
     const char *name;
-    State state;
-    int source;
-    Outcome outcome;
+    std::function<void(HelperStage &)> arrange;
+    bool isInside = false;
+    bool doesSourceDecide = false;
+    Outcome outcome = Outcome::Nothing;
 };
 
-const ElsewhenRow elsewhenRows[] = {
-    {"hidden, TriggerNone", State::Hidden, 0, nothing},
-    {"hidden, TriggerParent", State::Hidden, 1, restarts},
-    {"hidden, TriggerScreen", State::Hidden, 2, restarts},
-    {"hidden, another source", State::Hidden, 3, restarts},
-    {"in a hidden parent, TriggerNone", State::ParentHidden, 0, nothing},
-    {"in a hidden parent, TriggerParent", State::ParentHidden, 1, restarts},
-    {"in a hidden parent, TriggerScreen", State::ParentHidden, 2, restarts},
-    {"in a hidden parent, another source", State::ParentHidden, 3, restarts},
-    {"pending, TriggerNone", State::Pending, 0, nothing},
-    {"pending, TriggerParent", State::Pending, 1, nothing},
-    {"pending, TriggerScreen", State::Pending, 2, nothing},
-    {"pending, another source", State::Pending, 3, nothing},
+const std::vector<Circumstances> circumstances = {
+    {"inside", [](HelperStage & /*stage*/) {}, true, true},
+    {"outside", [](HelperStage & /*stage*/) {}, false, true},
+    {"the widget hidden", [](HelperStage &s) { s.panel->hide(); }, false, false, Outcome::Restarts},
+    {"in a hidden window", [](HelperStage &s) { s.window->hide(); }, false, false,
+     Outcome::Restarts},
+    {"a hide scheduled", [](HelperStage &s) { s.pressOutside(); }},
 };
 
-enum class Device { Mouse, Touch };
-
-// A place for a real press.
+// For a real press. A widget that ignores it hands it to its parent.
 struct Spot
 {
-    QPointer<QWindow> window;
+    QWindow *window;
     QPoint pos;
 };
 
-Spot spotIn(QWidget *widget, const QPoint &pos)
+Spot spotIn(QWidget *widget, const QPoint &pos = QPoint(5, 5))
 {
     QWidget *const native = widget->windowHandle() ? widget : widget->nativeParentWidget();
     return {native->windowHandle(), widget->mapTo(native, pos)};
 }
 
+Spot spotInSplashScreen(PressStage *stage)
+{
+    auto *const splash = stage->keep(new QSplashScreen(QPixmap(otherRect.size())));
+    splash->move(otherRect.topLeft());
+    splash->show();
+    return spotIn(splash);
+}
+
+Spot spotInToolTip(PressStage * /*stage*/)
+{
+    QToolTip::showText(otherRect.topLeft(), u"a long tip to press on"_s);
+    const QWidgetList widgets = QApplication::topLevelWidgets();
+    for (QWidget *widget : widgets) {
+        if (widget->windowType() == Qt::ToolTip && widget->isVisible())
+            return spotIn(widget);
+    }
+    return {};
+}
+
+Spot spotInQWindow(PressStage *stage)
+{
+    QWindow *const window = stage->newQWindow(Qt::Window | Qt::FramelessWindowHint);
+    window->show();
+    return {window, QPoint(20, 20)};
+}
+
+struct Place
+{
+    const char *name;
+    std::function<Spot(PressStage *)> make;
+    Kind kind = Kind::Other;
+    bool isInside = false;
+};
+
+const std::vector<Place> places = {
+    {"on the widget", [](PressStage *s) { return spotIn(s->panel, QPoint(60, 40)); }, Kind::Parent,
+     true},
+    {"on its first pixel", [](PressStage *s) { return spotIn(s->panel, QPoint(0, 0)); },
+     Kind::Parent, true},
+    {"on its last pixel", [](PressStage *s) { return spotIn(s->panel, QPoint(119, 79)); },
+     Kind::Parent, true},
+    {"on a button in it", [](PressStage *s) { return spotIn(buttonIn(s->panel)); }, Kind::Parent,
+     true},
+    {"on the parent", [](PressStage *s) { return spotIn(s->page, QPoint(300, 200)); },
+     Kind::Parent},
+    {"on the parent, one pixel beside the widget",
+     [](PressStage *s) { return spotIn(s->page, QPoint(220, 140)); }, Kind::Parent},
+    {"on a button beside it", [](PressStage *s) { return spotIn(buttonIn(s->page)); }},
+    {"on a sibling that ignores it", [](PressStage *s) { return spotIn(childOf(s->page)); },
+     Kind::Parent},
+    {"on a native sibling that ignores it",
+     [](PressStage *s) { return spotIn(nativeChildOf(s->page)); }, Kind::Parent},
+    {"on a button in a native sibling",
+     [](PressStage *s) { return spotIn(buttonIn(nativeChildOf(s->page)), QPoint(15, 15)); }},
+    {"on another window", [](PressStage *s) { return spotIn(s->newWindow(Qt::Window)); }},
+    {"on a QWindow", spotInQWindow},
+    {"in a popup", [](PressStage *s) { return spotIn(s->newWindow(Qt::Popup)); }, ignored},
+    {"on a button in a popup",
+     [](PressStage *s) { return spotIn(buttonIn(s->newWindow(Qt::Popup))); }, ignored},
+    {"in a tool window", [](PressStage *s) { return spotIn(s->newWindow(Qt::Tool)); }, ignored},
+    {"in a splash screen", spotInSplashScreen, ignored},
+    {"in a tool tip", spotInToolTip, ignored},
+    {"in a menu", [](PressStage *s) { return spotIn(openMenu(s), QPoint(8, 8)); }, ignored},
+    {"in the list of a combo box",
+     [](PressStage *s) { return spotIn(listOfAComboBoxIn(s->page)->viewport()); }, ignored},
+    {"on a key of a keyboard without focus",
+     [](PressStage *s) { return spotIn(buttonIn(s->newWindow(noFocusWindow))); }, ignored},
+};
+
 // As qWaitForWindowExposed() for each, which sleeps.
 bool areExposed(const QList<QWindow *> &windows)
 {
-    const QDeadlineTimer deadline(HelperStage::patienceMs);
+    const QDeadlineTimer deadline(patienceMs);
     const auto isExposed = [](const QWindow *window) { return window && window->isExposed(); };
     while (!std::all_of(windows.cbegin(), windows.cend(), isExposed)) {
         if (deadline.hasExpired())
@@ -289,125 +335,6 @@ bool areExposed(const QList<QWindow *> &windows)
     }
     return true;
 }
-
-QTouchDevice *touchScreen()
-{
-    static QTouchDevice *const device = QTest::createTouchDevice();
-    return device;
-}
-
-void press(const Spot &spot, Device device)
-{
-    if (device == Device::Mouse)
-        QTest::mousePress(spot.window, Qt::LeftButton, Qt::NoModifier, spot.pos);
-    else
-        QTest::touchEvent(spot.window, touchScreen()).press(0, spot.pos, spot.window);
-}
-
-void release(const Spot &spot, Device device)
-{
-    if (!spot.window)
-        return;
-    if (device == Device::Mouse)
-        QTest::mouseRelease(spot.window, Qt::LeftButton, Qt::NoModifier, spot.pos);
-    else
-        QTest::touchEvent(spot.window, touchScreen()).release(0, spot.pos, spot.window);
-}
-
-QWidget *acceptingChildOf(QWidget *parentWidget)
-{
-    auto *const button = new QPushButton(parentWidget);
-    button->setGeometry(10, 10, 60, 40);
-    // A window that becomes active late takes no focus from it then.
-    button->setFocusPolicy(Qt::NoFocus);
-    button->show();
-    return button;
-}
-
-Spot spotInSplashScreen(Stage *stage)
-{
-    auto *const splash = stage->keep(new QSplashScreen(QPixmap(otherRect.size())));
-    splash->move(otherRect.topLeft());
-    splash->show();
-    return spotIn(splash, QPoint(20, 20));
-}
-
-Spot spotInToolTip(Stage * /*stage*/)
-{
-    QToolTip::showText(otherRect.topLeft(), u"a long tip to press on"_s);
-    const QWidgetList widgets = QApplication::topLevelWidgets();
-    for (QWidget *widget : widgets) {
-        if (widget->windowType() == Qt::ToolTip && widget->isVisible())
-            return spotIn(widget, QPoint(5, 5));
-    }
-    return {};
-}
-
-Spot spotInQWindow(Stage *stage)
-{
-    QWindow *const window = stage->newQWindow(Qt::Window | Qt::FramelessWindowHint);
-    window->show();
-    return {window, QPoint(20, 20)};
-}
-
-struct RealRow
-{
-    const char *name;
-    Spot (*make)(Stage *);
-    Outcome none;
-    Outcome parent;
-    Outcome screen;
-    Outcome other;
-};
-
-// With TriggerScreen the panel is a window of its own. A widget that ignores the press hands it to
-// its parent.
-const RealRow realRows[] = {
-    {"on the widget", [](Stage *s) { return spotIn(s->panel, QPoint(60, 40)); }, nothing, restarts,
-     restarts, restarts},
-    {"on its first pixel", [](Stage *s) { return spotIn(s->panel, QPoint(0, 0)); }, nothing,
-     restarts, restarts, restarts},
-    {"on its last pixel", [](Stage *s) { return spotIn(s->panel, QPoint(119, 79)); }, nothing,
-     restarts, restarts, restarts},
-    {"on a button in it", [](Stage *s) { return spotIn(acceptingChildOf(s->panel), QPoint(5, 5)); },
-     nothing, restarts, restarts, restarts},
-    {"on the parent", [](Stage *s) { return spotIn(s->page, QPoint(300, 200)); }, nothing, hides,
-     hides, restarts},
-    {"on the parent, one pixel beside the widget",
-     [](Stage *s) { return spotIn(s->page, QPoint(220, 140)); }, nothing, hides, hides, restarts},
-    {"on a button beside it",
-     [](Stage *s) { return spotIn(acceptingChildOf(s->page), QPoint(5, 5)); }, nothing, restarts,
-     hides, restarts},
-    {"on a sibling that ignores it",
-     [](Stage *s) { return spotIn(childOf(s->page), QPoint(5, 5)); }, nothing, hides, hides,
-     restarts},
-    {"on a native sibling that ignores it",
-     [](Stage *s) { return spotIn(nativeChildOf(s->page), QPoint(5, 5)); }, nothing, hides, hides,
-     restarts},
-    {"on a button in a native sibling",
-     [](Stage *s) { return spotIn(acceptingChildOf(nativeChildOf(s->page)), QPoint(15, 15)); },
-     nothing, restarts, hides, restarts},
-    {"on another window", [](Stage *s) { return spotIn(s->newWindow(Qt::Window), QPoint(20, 20)); },
-     nothing, restarts, hides, restarts},
-    {"on a QWindow", spotInQWindow, nothing, restarts, hides, restarts},
-    {"in a popup", [](Stage *s) { return spotIn(s->newWindow(Qt::Popup), QPoint(20, 20)); },
-     nothing, nothing, nothing, nothing},
-    {"on a button in a popup",
-     [](Stage *s) { return spotIn(acceptingChildOf(s->newWindow(Qt::Popup)), QPoint(5, 5)); },
-     nothing, nothing, nothing, nothing},
-    {"in a tool window", [](Stage *s) { return spotIn(s->newWindow(Qt::Tool), QPoint(20, 20)); },
-     nothing, nothing, nothing, nothing},
-    {"in a splash screen", spotInSplashScreen, nothing, nothing, nothing, nothing},
-    {"in a tool tip", spotInToolTip, nothing, nothing, nothing, nothing},
-    {"in a menu", [](Stage *s) { return spotIn(openMenuOf(s), QPoint(8, 8)); }, nothing, nothing,
-     nothing, nothing},
-    {"in the list of a combo box",
-     [](Stage *s) { return spotIn(openComboBoxIn(s)->view()->viewport(), QPoint(5, 5)); }, nothing,
-     nothing, nothing, nothing},
-    {"on a key of a keyboard without focus",
-     [](Stage *s) { return spotIn(acceptingChildOf(s->newWindow(noFocusWindow)), QPoint(5, 5)); },
-     nothing, nothing, nothing, nothing},
-};
 
 } // namespace
 
@@ -421,121 +348,75 @@ private Q_SLOTS:
 
     void delivered_data()
     {
-        QTest::addColumn<int>("receiver");
-        QTest::addColumn<int>("source");
-        QTest::addColumn<QPoint>("local");
-        QTest::addColumn<QPoint>("onScreen");
-        QTest::addColumn<int>("state");
-        QTest::addColumn<int>("outcome");
-
-        for (int i = 0; i < int(std::size(receiverRows)); ++i) {
-            const char *const name = receiverRows[i].name;
-            const Outcomes &outcomes = receiverRows[i].outcomes;
-            const auto add = [&](const char *when, int source, const QPoint &local,
-                                 const QPoint &onScreen, State state, Outcome outcome) {
-                QTest::addRow("%s; %s", name, when)
-                    << i << source << local << onScreen << int(state) << int(outcome);
-            };
-            const State visible = State::Visible;
-            add("TriggerNone", 0, outside, outside, visible, outcomes.none);
-            add("TriggerParent, inside", 1, inside, outside, visible, outcomes.parentIn);
-            add("TriggerParent, outside", 1, outside, inside, visible, outcomes.parentOut);
-            add("TriggerScreen, inside", 2, outside, inside, visible, outcomes.screenIn);
-            add("TriggerScreen, outside", 2, inside, outside, visible, outcomes.screenOut);
-            add("another source", 3, outside, outside, visible, outcomes.other);
-            for (const ElsewhenRow &row : elsewhenRows)
-                add(row.name, row.source, outside, outside, row.state, row.outcome);
-        }
+        addRows({{"receiver", namesOf(targets)},
+                 {"circumstances", namesOf(circumstances)},
+                 {"source", sources}});
     }
 
     void delivered()
     {
-        QFETCH(int, receiver);
-        QFETCH(int, source);
-        QFETCH(QPoint, local);
-        QFETCH(QPoint, onScreen);
-        QFETCH(int, state);
-        QFETCH(int, outcome);
-        Stage stage;
-        QObject *const target = receiverRows[receiver].make(&stage);
+        const Receiver &receiver = targets[fetch<size_t>("receiver")];
+        const Circumstances &given = circumstances[fetch<size_t>("circumstances")];
+        const auto source = fetch<Source>("source");
+        PressStage stage;
+        QObject *const target = receiver.make(&stage);
         // This receiver and no other.
         if (target->isWidgetType())
             static_cast<QWidget *>(target)->setAttribute(Qt::WA_NoMousePropagation);
-        stage.panel->setHidden(State(state) == State::Hidden);
-        stage.window.setHidden(State(state) == State::ParentHidden);
-        KELNonModalhelper helper(stage.panel);
-        const QSignalSpy triggered(&helper, &KELNonModalhelper::triggered);
-        helper.enableTime(longPeriodMs);
-        const bool pending = State(state) == State::Pending;
-        if (pending)
-            sendMouse(stage.page, outside, outside);
-        helper.setTriggerSource(HelperStage::Source(source));
-        helper.stopTime();
+        given.arrange(stage);
+        stage.stopPeriod();
+        const bool isPending = scheduledHides() > 0;
+        const bool wasHidden = stage.panel->isHidden();
+        stage.helper->setTriggerSource(source);
 
-        sendMouse(target, local, onScreen);
-        const bool willHide = pending || Outcome(outcome) == hides;
-        QCOMPARE(periodOf(&helper), Outcome(outcome) == restarts ? longPeriodMs : -1);
-        QCOMPARE(stage.panel->isHidden(), State(state) == State::Hidden);
-        QCOMPARE(triggered.count(), 0);
-        QCOMPARE(HelperStage::scheduledHides(), int(willHide));
+        // The source looks at one of the two positions; the other one would say the opposite.
+        const bool byScreen = source == Helper::TriggerScreen;
+        sendMouse(target, given.isInside != byScreen ? inside : outside,
+                  given.isInside == byScreen ? inside : outside);
+        Outcome outcome = source == Helper::TriggerNone ? Outcome::Nothing : given.outcome;
+        if (given.doesSourceDecide)
+            outcome = outcomeOf(receiver.kind, source, given.isInside);
+        QCOMPARE(stage.period(), outcome == Outcome::Restarts ? longPeriodMs : -1);
+        QCOMPARE(stage.panel->isHidden(), wasHidden);
+        QCOMPARE(stage.triggered(), 0);
+        const bool willHide = isPending || outcome == Outcome::Hides;
+        QCOMPARE(scheduledHides(), int(willHide));
         if (!willHide)
             return;
         letScheduledHidesRun();
-        QCOMPARE(triggered.count(), 1);
+        QCOMPARE(stage.triggered(), 1);
         QVERIFY(stage.panel->isHidden());
     }
 
     void real_data()
     {
-        QTest::addColumn<int>("row");
-        QTest::addColumn<int>("device");
-        QTest::addColumn<int>("source");
-        QTest::addColumn<int>("outcome");
-
-        for (int i = 0; i < int(std::size(realRows)); ++i) {
-            const RealRow &row = realRows[i];
-            for (const Device device : {Device::Mouse, Device::Touch}) {
-                const auto add = [&](const char *source, int value, Outcome outcome) {
-                    QTest::addRow("%s %s, %s", device == Device::Mouse ? "mouse" : "touch",
-                                  row.name, source)
-                        << i << int(device) << value << int(outcome);
-                };
-                add("TriggerNone", 0, row.none);
-                add("TriggerParent", 1, row.parent);
-                add("TriggerScreen", 2, row.screen);
-                add("another source", 3, row.other);
-            }
-        }
+        addRows({{"input", inputs}, {"place", namesOf(places)}, {"source", sources}});
     }
 
     void real()
     {
-        QFETCH(int, row);
-        QFETCH(int, device);
-        QFETCH(int, source);
-        QFETCH(int, outcome);
-        Stage stage(HelperStage::Source(source) == HelperStage::screen);
+        const auto source = fetch<Source>("source");
+        const Place &place = places[fetch<size_t>("place")];
+        const Outcome outcome = outcomeOf(place.kind, source, place.isInside);
+        PressStage stage(source, source == Helper::TriggerScreen);
         // First, as a tool tip goes when a window becomes active.
-        QVERIFY(areExposed({stage.window.windowHandle(), stage.panel->window()->windowHandle()}));
-        const Spot spot = realRows[row].make(&stage);
+        QVERIFY(areExposed({stage.window->windowHandle(), stage.panel->window()->windowHandle()}));
+        const Spot spot = place.make(&stage);
         QVERIFY(areExposed({spot.window}));
-        KELNonModalhelper helper(stage.panel);
-        const QSignalSpy triggered(&helper, &KELNonModalhelper::triggered);
-        helper.setTriggerSource(HelperStage::Source(source));
-        helper.enableTime(longPeriodMs);
-        helper.stopTime();
+        stage.stopPeriod();
 
         // On a slow machine the delay may be over when this returns.
-        press(spot, Device(device));
-        if (Outcome(outcome) != hides)
-            QCOMPARE(periodOf(&helper), Outcome(outcome) == restarts ? longPeriodMs : -1);
+        WindowHand hand(fetch<Input>("input"));
+        hand.press(spot.window, spot.pos);
+        if (outcome != Outcome::Hides)
+            QCOMPARE(stage.period(), outcome == Outcome::Restarts ? longPeriodMs : -1);
         letScheduledHidesRun();
-        QCOMPARE(triggered.count(), int(Outcome(outcome) == hides));
-        QCOMPARE(stage.panel->isHidden(), Outcome(outcome) == hides);
-        release(spot, Device(device));
+        QCOMPARE(stage.triggered(), int(outcome == Outcome::Hides));
+        QCOMPARE(stage.panel->isHidden(), outcome == Outcome::Hides);
+        hand.release();
         QToolTip::hideText();
         letScheduledHidesRun();
-        QCOMPARE(triggered.count(), int(Outcome(outcome) == hides));
+        QCOMPARE(stage.triggered(), int(outcome == Outcome::Hides));
     }
 
     void edgeOfTheGeometry_data()
@@ -559,12 +440,10 @@ private Q_SLOTS:
 
     void edgeOfTheGeometry()
     {
-        QFETCH(QPointF, pos);
-        QFETCH(bool, contained);
-        for (const auto source : {HelperStage::parent, HelperStage::screen}) {
-            Stage stage;
-            KELNonModalhelper helper(stage.panel);
-            helper.setTriggerSource(source);
+        QFETCH(const QPointF, pos);
+        QFETCH(const bool, contained);
+        for (const Source source : {Helper::TriggerParent, Helper::TriggerScreen}) {
+            const PressStage stage(source);
             sendMouse(stage.page, pos, pos);
             letScheduledHidesRun();
             QCOMPARE(stage.panel->isVisible(), contained);
@@ -579,23 +458,26 @@ private Q_SLOTS:
 
         // The page is at (20, 30) of the screen, the dialog at (60, 70).
         QTest::newRow("TriggerParent, the numbers are those of the page")
-            << 1 << QPoint(65, 75) << false;
-        QTest::newRow("TriggerParent, beside these numbers") << 1 << QPoint(50, 50) << true;
-        QTest::newRow("TriggerScreen, on it") << 2 << QPoint(50, 50) << false;
-        QTest::newRow("TriggerScreen, beside it") << 2 << QPoint(30, 30) << true;
+            << int(Helper::TriggerParent) << QPoint(65, 75) << false;
+        QTest::newRow("TriggerParent, beside these numbers")
+            << int(Helper::TriggerParent) << QPoint(50, 50) << true;
+        QTest::newRow("TriggerScreen, on it")
+            << int(Helper::TriggerScreen) << QPoint(50, 50) << false;
+        QTest::newRow("TriggerScreen, beside it")
+            << int(Helper::TriggerScreen) << QPoint(30, 30) << true;
     }
 
     void topLevelWidgetWithAParent()
     {
-        QFETCH(int, source);
-        QFETCH(QPoint, local);
-        QFETCH(bool, hides);
-        Stage stage;
+        const auto source = fetch<Source>("source");
+        QFETCH(const QPoint, local);
+        QFETCH(const bool, hides);
+        const HelperStage stage(Maker::Nobody);
         Window dialog(QRect(60, 70, 120, 80), stage.page, Qt::Dialog);
         dialog.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-        KELNonModalhelper helper(&dialog);
-        helper.setTriggerSource(HelperStage::Source(source));
+        Helper helper(&dialog);
+        helper.setTriggerSource(source);
         sendMouse(stage.page, local, stage.page->mapToGlobal(local));
         letScheduledHidesRun();
         QCOMPARE(dialog.isHidden(), hides);
@@ -603,135 +485,102 @@ private Q_SLOTS:
 
     void widgetWithoutAParent()
     {
-        Stage stage(true);
-        KELNonModalhelper helper(stage.panel);
-        helper.enableTime(longPeriodMs);
-        for (QWidget *receiver : {static_cast<QWidget *>(&stage.window), stage.page, stage.panel}) {
-            helper.stopTime();
+        PressStage stage(Helper::TriggerParent, true);
+        QWidget *const widgets[] = {stage.window, stage.page, stage.panel};
+        for (QWidget *receiver : widgets) {
+            stage.stopPeriod();
             sendMouse(receiver, QPointF(1, 1), QPointF(1, 1));
-            QCOMPARE(periodOf(&helper), longPeriodMs);
-            QCOMPARE(HelperStage::scheduledHides(), 0);
+            QCOMPARE(stage.period(), longPeriodMs);
+            QCOMPARE(scheduledHides(), 0);
         }
     }
 
     void widgetWithANewParent()
     {
-        Stage stage;
-        KELNonModalhelper helper(stage.panel);
-        stage.panel->setParent(&stage.window);
+        const HelperStage stage;
+        stage.panel->setParent(stage.window);
         stage.panel->show();
         stage.page->setAttribute(Qt::WA_NoMousePropagation);
         sendMouse(stage.page, outside, outside);
-        QCOMPARE(HelperStage::scheduledHides(), 0);
-        sendMouse(&stage.window, outside, outside);
+        QCOMPARE(scheduledHides(), 0);
+        sendMouse(stage.window, outside, outside);
         letScheduledHidesRun();
         QVERIFY(stage.panel->isHidden());
     }
 
     void geometryIsThatOfThePress()
     {
-        Stage stage;
-        KELNonModalhelper helper(stage.panel);
+        HelperStage stage;
         stage.panel->move(outside);
-        sendMouse(stage.page, outside, outside);
-        QCOMPARE(HelperStage::scheduledHides(), 0);
+        stage.pressOutside();
+        QCOMPARE(scheduledHides(), 0);
         sendMouse(stage.page, QPoint(210, 170), outside);
-        QCOMPARE(HelperStage::scheduledHides(), 1);
+        QCOMPARE(scheduledHides(), 1);
         letScheduledHidesRun();
     }
 
     void everyButtonCounts_data()
     {
-        QTest::addColumn<int>("button");
-
-        QTest::newRow("left") << int(Qt::LeftButton);
-        QTest::newRow("right") << int(Qt::RightButton);
-        QTest::newRow("middle") << int(Qt::MiddleButton);
-        QTest::newRow("back") << int(Qt::BackButton);
+        addRows({{"button",
+                  {{"left", Qt::LeftButton},
+                   {"right", Qt::RightButton},
+                   {"middle", Qt::MiddleButton},
+                   {"back", Qt::BackButton}}}});
     }
 
     void everyButtonCounts()
     {
-        QFETCH(int, button);
-        Stage stage;
-        KELNonModalhelper helper(stage.panel);
-        QVERIFY(QTest::qWaitForWindowExposed(&stage.window));
-        const Spot spot = spotIn(stage.page, outside);
-        QTest::mousePress(spot.window, Qt::MouseButton(button), Qt::NoModifier, spot.pos);
-        QTest::mouseRelease(spot.window, Qt::MouseButton(button), Qt::NoModifier, spot.pos);
+        const HelperStage stage;
+        QVERIFY(QTest::qWaitForWindowExposed(stage.window));
+        WindowHand().tap(stage.page, outside, fetch<Qt::MouseButton>("button"));
         letScheduledHidesRun();
         QVERIFY(stage.panel->isHidden());
     }
 
     void otherEventsDoNotCount_data()
     {
-        QTest::addColumn<int>("type");
-
-        QTest::newRow("move") << int(QEvent::MouseMove);
-        QTest::newRow("release") << int(QEvent::MouseButtonRelease);
-        QTest::newRow("double click") << int(QEvent::MouseButtonDblClick);
+        addRows({{"type",
+                  {{"move", QEvent::MouseMove},
+                   {"release", QEvent::MouseButtonRelease},
+                   {"double click", QEvent::MouseButtonDblClick}}},
+                 {"source", sources}});
     }
 
     void otherEventsDoNotCount()
     {
-        QFETCH(int, type);
-        Stage stage;
-        for (const int source : {0, 1, 2, 3}) {
-            KELNonModalhelper helper(stage.panel);
-            helper.setTriggerSource(HelperStage::Source(source));
-            helper.enableTime(longPeriodMs);
-            helper.stopTime();
-            sendMouse(stage.page, outside, outside, QEvent::Type(type));
-            QCOMPARE(periodOf(&helper), -1);
-            QCOMPARE(HelperStage::scheduledHides(), 0);
-        }
+        PressStage stage(fetch<Source>("source"));
+        stage.stopPeriod();
+        sendMouse(stage.page, outside, outside, fetch<QEvent::Type>("type"));
+        QCOMPARE(stage.period(), -1);
+        QCOMPARE(scheduledHides(), 0);
     }
 
+    // Which is clicked even when it is released within the delay.
     void pressGoesOnToItsTarget_data()
     {
-        QTest::addColumn<int>("device");
-
-        QTest::newRow("mouse") << int(Device::Mouse);
-        QTest::newRow("touch") << int(Device::Touch);
+        addRows(
+            {{"input", inputs}, {"late", {{"released at once", false}, {"released late", true}}}});
     }
 
     void pressGoesOnToItsTarget()
     {
-        QFETCH(int, device);
-        Stage stage(true);
-        auto *const button = qobject_cast<QPushButton *>(acceptingChildOf(stage.page));
-        QVERIFY(QTest::qWaitForWindowExposed(&stage.window));
-        KELNonModalhelper helper(stage.panel);
-        helper.setTriggerSource(KELNonModalhelper::TriggerScreen);
+        PressStage stage(Helper::TriggerScreen, true);
+        QPushButton *const button = buttonIn(stage.page);
+        QVERIFY(QTest::qWaitForWindowExposed(stage.window));
         bool visibleAtThePress = false;
         connect(button, &QPushButton::pressed, button,
                 [&] { visibleAtThePress = stage.panel->isVisible(); });
         const QSignalSpy clicked(button, &QPushButton::clicked);
-        const Spot spot = spotIn(button, QPoint(5, 5));
-        press(spot, Device(device));
+        WindowHand hand(fetch<Input>("input"));
+        hand.press(button, QPoint(5, 5));
         QVERIFY(visibleAtThePress);
+        if (fetch<bool>("late"))
+            letScheduledHidesRun();
+        hand.release();
+        QCOMPARE(clicked.count(), 1);
         letScheduledHidesRun();
         QVERIFY(stage.panel->isHidden());
-        release(spot, Device(device));
-        QCOMPARE(clicked.count(), 1);
-    }
-
-    void buttonBesideItIsClicked()
-    {
-        // Within the delay.
-        Stage stage(true);
-        auto *const button = qobject_cast<QPushButton *>(acceptingChildOf(stage.page));
-        QVERIFY(QTest::qWaitForWindowExposed(&stage.window));
-        KELNonModalhelper helper(stage.panel);
-        helper.setTriggerSource(KELNonModalhelper::TriggerScreen);
-        const QSignalSpy triggered(&helper, &KELNonModalhelper::triggered);
-        const QSignalSpy clicked(button, &QPushButton::clicked);
-        const Spot spot = spotIn(button, QPoint(5, 5));
-        press(spot, Device::Mouse);
-        release(spot, Device::Mouse);
-        QCOMPARE(clicked.count(), 1);
-        letScheduledHidesRun();
-        QCOMPARE(triggered.count(), 1);
+        QCOMPARE(stage.triggered(), 1);
     }
 
     void acceptedTouchIsNoPress()
@@ -746,96 +595,76 @@ private Q_SLOTS:
                 return isTouch || QWidget::event(event);
             }
         };
-        Stage stage;
+        PressStage stage;
         auto *const widget = new TouchWidget(stage.page);
         widget->setAttribute(Qt::WA_AcceptTouchEvents);
         widget->setGeometry(10, 10, 60, 40);
         widget->show();
-        QVERIFY(QTest::qWaitForWindowExposed(&stage.window));
-        KELNonModalhelper helper(stage.panel);
-        helper.enableTime(longPeriodMs);
-        helper.stopTime();
-        const Spot spot = spotIn(widget, QPoint(5, 5));
-        press(spot, Device::Touch);
-        QCOMPARE(HelperStage::scheduledHides(), 0);
-        QCOMPARE(periodOf(&helper), -1);
-        release(spot, Device::Touch);
+        QVERIFY(QTest::qWaitForWindowExposed(stage.window));
+        stage.stopPeriod();
+        WindowHand(Input::Touch).tap(widget, QPoint(5, 5));
+        QCOMPARE(scheduledHides(), 0);
+        QCOMPARE(stage.period(), -1);
     }
 
     void onePressHidesOnce()
     {
-        Stage stage(true);
-        QVERIFY(QTest::qWaitForWindowExposed(&stage.window));
-        KELNonModalhelper helper(stage.panel);
-        helper.setTriggerSource(KELNonModalhelper::TriggerScreen);
-        const QSignalSpy triggered(&helper, &KELNonModalhelper::triggered);
+        PressStage stage(Helper::TriggerScreen, true);
+        QVERIFY(QTest::qWaitForWindowExposed(stage.window));
         // Seen at the native window, at the page and at the window that holds it.
-        const Spot spot = spotIn(stage.page, outside);
-        press(spot, Device::Mouse);
+        WindowHand().tap(stage.page, outside);
         letScheduledHidesRun();
         letScheduledHidesRun();
-        QCOMPARE(triggered.count(), 1);
-        release(spot, Device::Mouse);
+        QCOMPARE(stage.triggered(), 1);
     }
 
     void severalHelpersSeeOnePress()
     {
-        Stage stage;
+        HelperStage stage;
         QWidget *const second = childOf(stage.page);
-        KELNonModalhelper ofThePanel(stage.panel);
-        KELNonModalhelper alsoOfThePanel(stage.panel);
-        KELNonModalhelper ofTheSecond(second);
-        const QSignalSpy one(&ofThePanel, &KELNonModalhelper::triggered);
-        const QSignalSpy other(&alsoOfThePanel, &KELNonModalhelper::triggered);
+        Helper alsoOfThePanel(stage.panel);
+        const Helper ofTheSecond(second);
+        const QSignalSpy also(&alsoOfThePanel, &Helper::triggered);
         sendMouse(stage.page, QPoint(300, 200), QPoint(300, 200));
         letScheduledHidesRun();
         QVERIFY(stage.panel->isHidden());
         QVERIFY(second->isHidden());
-        QCOMPARE(one.count(), 1);
-        QCOMPARE(other.count(), 1);
+        QCOMPARE(stage.triggered(), 1);
+        QCOMPARE(also.count(), 1);
     }
 
     void ignoredEventIsNotSeen()
     {
-        Stage stage;
-        KELNonModalhelper helper(stage.panel);
-        helper.enableTime(longPeriodMs);
-        helper.stopTime();
+        PressStage stage;
+        stage.stopPeriod();
         stage.page->setAttribute(Qt::WA_NoMousePropagation);
         QMouseEvent event(QEvent::MouseButtonPress, outside, Qt::LeftButton, Qt::LeftButton,
                           Qt::NoModifier);
         event.ignore();
         QCoreApplication::sendEvent(stage.page, &event);
-        QCOMPARE(HelperStage::scheduledHides(), 0);
-        QCOMPARE(periodOf(&helper), -1);
+        QCOMPARE(scheduledHides(), 0);
+        QCOMPARE(stage.period(), -1);
     }
 
     void injectedEvent_data()
     {
-        QTest::addColumn<bool>("withReceiver");
-        QTest::addColumn<int>("type");
-        QTest::addColumn<bool>("hides");
-
-        QTest::newRow("a press") << true << int(QEvent::MouseButtonPress) << true;
-        QTest::newRow("a press without a receiver")
-            << false << int(QEvent::MouseButtonPress) << false;
-        QTest::newRow("a release") << true << int(QEvent::MouseButtonRelease) << false;
+        addRows(
+            {{"type",
+              {{"a press", QEvent::MouseButtonPress}, {"a release", QEvent::MouseButtonRelease}}},
+             {"receiver", {{"of the parent", true}, {"without a receiver", false}}}});
     }
 
     void injectedEvent()
     {
-        QFETCH(bool, withReceiver);
-        QFETCH(int, type);
-        QFETCH(bool, hides);
-        Stage stage;
-        KELNonModalhelper helper(stage.panel);
-        auto *const notifier = helper.findChild<KELApplicationNotify *>();
+        const auto type = fetch<QEvent::Type>("type");
+        const bool hasReceiver = fetch<bool>("receiver");
+        const HelperStage stage;
+        auto *const notifier = stage.helper->findChild<KELApplicationNotify *>();
         QVERIFY(notifier);
-        QMouseEvent event(QEvent::Type(type), outside, Qt::LeftButton, Qt::LeftButton,
-                          Qt::NoModifier);
-        notifier->toNotify(withReceiver ? stage.page : nullptr, &event);
+        QMouseEvent event(type, outside, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        notifier->toNotify(hasReceiver ? stage.page.data() : nullptr, &event);
         letScheduledHidesRun();
-        QCOMPARE(stage.panel->isHidden(), hides);
+        QCOMPARE(stage.panel->isHidden(), hasReceiver && type == QEvent::MouseButtonPress);
     }
 };
 
