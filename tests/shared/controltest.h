@@ -8,6 +8,8 @@
 
 #include <kelroundrectcontrol.h>
 
+#include <limits>
+
 // Counts its paints.
 template <typename Control>
 class Counting : public Control
@@ -48,6 +50,26 @@ void declaresNoInterfaceOfItsOwn(const char *name)
     QCOMPARE(meta.propertyCount(), meta.propertyOffset());
     QCOMPARE(meta.enumeratorCount(), meta.enumeratorOffset());
     QCOMPARE(Control().metaObject(), &meta);
+}
+
+// A class adds the property check and its three signals.
+template <typename Control>
+void declaresACheck(const char *name)
+{
+    const QMetaObject &meta = Control::staticMetaObject;
+    QCOMPARE(QByteArray(meta.className()), QByteArray(name));
+    QCOMPARE(meta.superClass(), &KELRoundRectControl::staticMetaObject);
+    QCOMPARE(meta.methodCount() - meta.methodOffset(), 3);
+    for (const char *signature : {"checked()", "unchecked()", "checkChanged()"})
+        QVERIFY2(meta.indexOfSignal(signature) >= meta.methodOffset(), signature);
+    QCOMPARE(meta.propertyCount() - meta.propertyOffset(), 1);
+    const QMetaProperty property = meta.property(meta.propertyOffset());
+    QCOMPARE(QByteArray(property.name()), QByteArray("check"));
+    QCOMPARE(property.userType(), int(QMetaType::Bool));
+    QVERIFY(property.isReadable());
+    QVERIFY(property.isWritable());
+    QVERIFY(!property.isConstant());
+    QCOMPARE(property.notifySignal().methodSignature(), QByteArray("checkChanged()"));
 }
 
 // The constructor takes a parent item, also none.
@@ -105,6 +127,20 @@ inline void hasTheOtherDefaultsOfTheBase(const KELRoundRectControlStyle &style)
     QCOMPARE(style.iconSize, 30);
     QVERIFY(!style.isMouseDown);
     QVERIFY(!style.isCheck);
+}
+
+// Rows of a column "rect" in which a control draws nothing.
+inline void addOddRectangles()
+{
+    QTest::addColumn<QRectF>("rect");
+    constexpr qreal infinite = std::numeric_limits<qreal>::infinity();
+    for (const qreal odd : {std::numeric_limits<qreal>::quiet_NaN(), infinite, -infinite}) {
+        QTest::addRow("x is %g", odd) << QRectF(odd, 20, 80, 30);
+        QTest::addRow("y is %g", odd) << QRectF(40, odd, 80, 30);
+        QTest::addRow("width is %g", odd) << QRectF(40, 20, odd, 30);
+        QTest::addRow("height is %g", odd) << QRectF(40, 20, 80, odd);
+        QTest::addRow("everything is %g", odd) << QRectF(odd, odd, odd, odd);
+    }
 }
 
 } // namespace ControlTest
