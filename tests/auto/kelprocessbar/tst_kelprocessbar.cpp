@@ -2,166 +2,109 @@
 // SPDX-License-Identifier: MIT
 
 #include "controltest.h"
+#include "handdrawing.h"
+#include "record.h"
+#include "stage.h"
 
 #include <kelprocessbar.h>
 
 #include <QtCore/QLocale>
-#include <QtCore/QPointer>
-#include <QtGui/QLinearGradient>
-#include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
-#include <QtWidgets/QMenu>
 
 #include <cmath>
-#include <limits>
 
 namespace {
 
+using KelImage::paper;
+
 constexpr qreal notANumber = std::numeric_limits<qreal>::quiet_NaN();
-constexpr qreal infinite = std::numeric_limits<qreal>::infinity();
 constexpr int lowestInt = std::numeric_limits<int>::min();
 constexpr int highestInt = std::numeric_limits<int>::max();
 constexpr qreal scales[] = {0.5, 1, 1.5, 2};
-constexpr int values[] = {0, 1, 33, 50, 99, 100, 150, -5, -100, lowestInt, highestInt};
 const QSize canvas(340, 140);
-const QColor paper(200, 220, 240); // of the pictures
 const QColor trackColour(69, 69, 69);
 const QColor fillColour(67, 110, 238);
 
-QPen textPen(const QBrush &brush)
-{
-    return QPen(brush, 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin);
-}
-
-QRectF barOf(const QRectF &rect)
-{
-    return QRectF(rect.x(), rect.y() + rect.height() / 2 - 15, rect.width(), 30);
-}
-
-QPainterPath pillOf(const KELRoundRectControlStyle &style, const QRectF &rect)
-{
-    QPainterPath pill;
-    pill.addRoundedRect(barOf(rect), style.xRadius, style.yRadius);
-    return pill;
-}
+const std::vector<Named> values = {{"0", 0},
+                                   {"1", 1},
+                                   {"33", 33},
+                                   {"50", 50},
+                                   {"99", 99},
+                                   {"100", 100},
+                                   {"150", 150},
+                                   {"-5", -5},
+                                   {"-100", -100},
+                                   {"lowest", lowestInt},
+                                   {"highest", highestInt}};
 
 // What a bar with this style and value in this rectangle looks like.
 void drawByHand(QPainter *painter, const KELRoundRectControlStyle &style, const QRectF &rect,
                 int value)
 {
-    const QRectF bar = barOf(rect);
+    const QRectF bar(rect.x(), rect.y() + rect.height() / 2 - 15, rect.width(), 30);
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setRenderHint(QPainter::TextAntialiasing);
-    painter->setClipPath(pillOf(style, rect));
+    QPainterPath pill;
+    pill.addRoundedRect(bar, style.xRadius, style.yRadius);
+    painter->setClipPath(pill);
     painter->setPen(Qt::NoPen);
     painter->setBrush(style.backgroundBrush);
     painter->drawRect(bar);
     // As a number of pixels it must fit into an int.
-    const double share = std::clamp(double(value) * rect.width() / 100, -1e9, 1e9);
+    const double share = std::clamp(double(value) * rect.width() / 100, double(lowestInt),
+                                    double(highestInt));
     painter->setBrush(style.borderBrush);
     painter->drawRect(QRectF(bar.x(), bar.y(), std::trunc(share), 30));
-    painter->setPen(textPen(style.foregroundBrush));
+    painter->setPen(HandDrawing::squarePen(style.foregroundBrush, 1));
     painter->setBrush(Qt::NoBrush);
     painter->drawText(bar, Qt::AlignHCenter | Qt::AlignVCenter,
                       QString::number(value) + QLatin1Char('%'));
 }
 
-QString differenceToHand(KELProcessBar *bar, const QRectF &rect, qreal scale = 1)
+QString differenceToHand(KELProcessBar *bar, const QRectF &rect)
 {
-    const QImage byHand = KelImage::draw(canvas, scale, [&](QPainter *painter) {
+    const auto byHand = [&](QPainter *painter) {
         drawByHand(painter, *bar->style(), rect, bar->value());
-    });
-    return KelImage::difference(KelImage::paint(bar, canvas, scale), byHand);
-}
-
-QImage blank(qreal scale = 1)
-{
-    return KelImage::draw(canvas, scale, [](QPainter *) {});
-}
-
-// The rectangle around all pixels for which this is so.
-QRect areaWhere(const QImage &image, const std::function<bool(const QColor &)> &isSo)
-{
-    QRect area;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (isSo(image.pixelColor(x, y)))
-                area |= QRect(x, y, 1, 1);
-        }
-    }
-    return area;
-}
-
-QRect areaOf(const QImage &image, const QColor &colour)
-{
-    return areaWhere(image, [&colour](const QColor &pixel) { return pixel == colour; });
-}
-
-QRect paintedArea(const QImage &image)
-{
-    return areaWhere(image, [](const QColor &pixel) { return pixel != paper; });
+    };
+    QString difference;
+    for (const qreal scale : scales)
+        difference += KelImage::differenceFrom(byHand, bar, canvas, scale);
+    return difference;
 }
 
 // Only two square colours are left of the bar.
-void makeBare(KELProcessBar *bar)
-{
-    bar->style()->xRadius = 0;
-    bar->style()->yRadius = 0;
-    bar->style()->foregroundBrush = QBrush(Qt::NoBrush);
-}
-
-void addValues()
-{
-    QTest::addColumn<int>("value");
-    for (const int value : values)
-        QTest::addRow("%d", value) << value;
-}
-
-// The signals of a bar in their order, each with the value at that time.
-class Recorder
+class BareBar : public KELProcessBar
 {
 public:
-    explicit Recorder(KELProcessBar *bar)
+    explicit BareBar(const QRectF &rect)
     {
-        QObject::connect(bar, &KELProcessBar::valueChanged, &m_context,
-                         [this, bar] { m_lines += u"changed %1"_s.arg(bar->value()); });
-        QObject::connect(bar, &KELProcessBar::completed, &m_context,
-                         [this, bar] { m_lines += u"completed %1"_s.arg(bar->value()); });
+        style()->xRadius = 0;
+        style()->yRadius = 0;
+        style()->foregroundBrush = QBrush(Qt::NoBrush);
+        setboundRect(rect);
+    }
+};
+
+// Writes the signals down, each with the value at that time.
+class BarStage : public Stage<KELProcessBar>
+{
+public:
+    explicit BarStage(int value = 0)
+    {
+        get()->setValue(value);
+        for (const QString &signal : {u"valueChanged"_s, u"completed"_s}) {
+            log.on(signal,
+                   [this, signal] { m_lines += u"%1 %2"_s.arg(signal).arg(get()->value()); });
+        }
     }
 
     QString take() { return std::exchange(m_lines, QStringList()).join(QLatin1String(", ")); }
 
 private:
-    QObject m_context;
     QStringList m_lines;
 };
 
-class CountingBar : public KELProcessBar
-{
-public:
-    void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override
-    {
-        ++paints;
-        KELProcessBar::paint(painter, option, widget);
-    }
-
-    int paints = 0;
-};
-
-class OpenBar : public KELProcessBar
-{
-public:
-    void makeStyleAgain() { m_style = initStyle(); }
-};
-
-using BarSignal = void (KELProcessBar::*)();
-
-enum class Way { Delete, DeleteLater, ClearScene };
-
 } // namespace
-
-Q_DECLARE_METATYPE(BarSignal)
-Q_DECLARE_METATYPE(Way)
 
 class tst_KELProcessBar : public KelTest
 {
@@ -170,17 +113,26 @@ class tst_KELProcessBar : public KelTest
 private Q_SLOTS:
     void recordHasTheDefaultsOfABar()
     {
+        KELRoundRectControlStyle expected = Record::defaults();
+        setLook(&expected);
         const KELProcessBar bar;
-        const KELRoundRectControlStyle &style = *bar.style();
-        QCOMPARE(style.boundRect, QRectF(0, 0, 100, 30));
+        QCOMPARE(Record::difference(*bar.style(), expected), QString());
         QCOMPARE(bar.boundingRect(), QRectF(0, 0, 100, 30));
-        QCOMPARE(style.backgroundBrush, QBrush(QColor(69, 69, 69, 255)));
-        QCOMPARE(style.borderBrush, QBrush(QColor(67, 110, 238, 255)));
-        QCOMPARE(style.foregroundBrush, QBrush(Qt::white));
-        QCOMPARE(style.xRadius, 15.0);
-        QCOMPARE(style.yRadius, 15.0);
-        QCOMPARE(style.borderWidth, 0.5F);
-        ControlTest::hasTheOtherDefaultsOfTheBase(style);
+    }
+
+    void initStyleChangesThePresentRecord()
+    {
+        Restyled<KELProcessBar> bar;
+        bar.setValue(40);
+        KELRoundRectControlStyle *const style = bar.style();
+        Record::fill(style);
+        style->contextMenu = newMenu(); // dies with the bar
+        KELRoundRectControlStyle expected = *style;
+        setLook(&expected);
+        bar.makeStyleAgain();
+        QCOMPARE(bar.style(), style);
+        QCOMPARE(Record::difference(*style, expected), QString());
+        QCOMPARE(bar.value(), 40);
     }
 
     void inputSettingsAreThoseOfTheBase()
@@ -196,78 +148,22 @@ private Q_SLOTS:
         QCOMPARE(QByteArray(meta.className()), QByteArray("KELProcessBar"));
         QCOMPARE(meta.superClass(), &KELRoundRectControl::staticMetaObject);
         QCOMPARE(KELProcessBar().metaObject(), &meta);
-        QStringList methods;
-        for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
-            const QMetaMethod method = meta.method(i);
-            QCOMPARE(method.access(), QMetaMethod::Public);
-            methods += QString::fromLatin1((method.methodType() == QMetaMethod::Signal ? "signal "
-                                                : method.methodType() == QMetaMethod::Slot
-                                                ? "slot "
-                                                : "other ")
-                                           + method.methodSignature());
-        }
-        methods.sort();
-        QCOMPARE(methods,
-                 QStringList({u"signal completed()"_s, u"signal valueChanged()"_s,
-                              u"slot setValue(int)"_s}));
+        QCOMPARE(meta.methodCount() - meta.methodOffset(), 3);
+        QVERIFY(meta.indexOfSignal("completed()") >= meta.methodOffset());
+        QVERIFY(meta.indexOfSignal("valueChanged()") >= meta.methodOffset());
+        const QMetaMethod slot = meta.method(meta.indexOfSlot("setValue(int)"));
+        QCOMPARE(slot.methodType(), QMetaMethod::Slot);
+        QCOMPARE(slot.access(), QMetaMethod::Public);
         QCOMPARE(meta.propertyCount() - meta.propertyOffset(), 1);
         QCOMPARE(meta.enumeratorCount(), meta.enumeratorOffset());
     }
 
-    void initStyleChangesThePresentRecord()
-    {
-        OpenBar bar;
-        QMenu menu;
-        bar.setValue(40);
-        KELRoundRectControlStyle *const style = bar.style();
-        style->boundRect = QRectF(1, 2, 3, 4);
-        style->foregroundBrush = QBrush(Qt::red);
-        style->backgroundBrush = QBrush(Qt::green);
-        style->borderBrush = QBrush(Qt::blue);
-        style->xRadius = 5;
-        style->yRadius = 6;
-        style->borderWidth = 7;
-        style->text = u"Start"_s;
-        style->textFlags = Qt::AlignRight;
-        style->contextMenu = &menu;
-        style->isCheck = true;
-        bar.makeStyleAgain();
-        QCOMPARE(bar.style(), style);
-        QCOMPARE(style->boundRect, QRectF(0, 0, 100, 30));
-        QCOMPARE(style->foregroundBrush, QBrush(Qt::white));
-        QCOMPARE(style->backgroundBrush, QBrush(trackColour));
-        QCOMPARE(style->borderBrush, QBrush(fillColour));
-        QCOMPARE(style->xRadius, 15.0);
-        QCOMPARE(style->yRadius, 15.0);
-        QCOMPARE(style->borderWidth, 7.0F);
-        QCOMPARE(style->text, u"Start"_s);
-        QCOMPARE(style->textFlags, int(Qt::AlignRight));
-        QCOMPARE(style->contextMenu, &menu);
-        QVERIFY(style->isCheck);
-        QCOMPARE(bar.value(), 40);
-        style->contextMenu = nullptr;
-    }
-
     void startsAtZero()
     {
-        KELProcessBar bar;
-        QCOMPARE(bar.value(), 0);
-        Recorder recorder(&bar);
-        bar.setValue(0);
-        QCOMPARE(recorder.take(), QString());
-    }
-
-    void everyNumberIsStored_data() { addValues(); }
-
-    void everyNumberIsStored()
-    {
-        QFETCH(int, value);
-        KELProcessBar bar;
-        bar.setValue(value);
-        QCOMPARE(bar.value(), value);
-        bar.setValue(7);
-        bar.setValue(value);
-        QCOMPARE(bar.value(), value);
+        BarStage stage;
+        QCOMPARE(stage->value(), 0);
+        stage->setValue(0);
+        QCOMPARE(stage.take(), QString());
     }
 
     void signalsOfAChange_data()
@@ -275,54 +171,32 @@ private Q_SLOTS:
         QTest::addColumn<int>("from");
         QTest::addColumn<int>("to");
         QTest::addColumn<QString>("expected");
-        QTest::newRow("start") << 0 << 1 << u"changed 1"_s;
-        QTest::newRow("completion") << 99 << 100 << u"changed 100, completed 100"_s;
-        QTest::newRow("completion at once") << 0 << 100 << u"changed 100, completed 100"_s;
+        QTest::newRow("start") << 0 << 1 << u"valueChanged 1"_s;
+        QTest::newRow("completion") << 99 << 100 << u"valueChanged 100, completed 100"_s;
+        QTest::newRow("completion at once") << 0 << 100 << u"valueChanged 100, completed 100"_s;
         QTest::newRow("complete again") << 100 << 100 << QString();
         QTest::newRow("same value") << 42 << 42 << QString();
         QTest::newRow("same negative value") << -5 << -5 << QString();
-        QTest::newRow("beyond the end") << 0 << 150 << u"changed 150"_s;
-        QTest::newRow("just beyond the end") << 100 << 101 << u"changed 101"_s;
-        QTest::newRow("just before the end") << 100 << 99 << u"changed 99"_s;
-        QTest::newRow("back to the end") << 150 << 100 << u"changed 100, completed 100"_s;
-        QTest::newRow("back to the start") << 100 << 0 << u"changed 0"_s;
-        QTest::newRow("below the start") << 0 << -5 << u"changed -5"_s;
-        QTest::newRow("hundred below the start") << 0 << -100 << u"changed -100"_s;
-        QTest::newRow("highest number") << 100 << highestInt << u"changed 2147483647"_s;
-        QTest::newRow("lowest number") << 100 << lowestInt << u"changed -2147483648"_s;
+        QTest::newRow("beyond the end") << 0 << 150 << u"valueChanged 150"_s;
+        QTest::newRow("just beyond the end") << 100 << 101 << u"valueChanged 101"_s;
+        QTest::newRow("just before the end") << 100 << 99 << u"valueChanged 99"_s;
+        QTest::newRow("back to the end") << 150 << 100 << u"valueChanged 100, completed 100"_s;
+        QTest::newRow("back to the start") << 100 << 0 << u"valueChanged 0"_s;
+        QTest::newRow("below the start") << 0 << -5 << u"valueChanged -5"_s;
+        QTest::newRow("hundred below the start") << 0 << -100 << u"valueChanged -100"_s;
+        QTest::newRow("highest number") << 100 << highestInt << u"valueChanged 2147483647"_s;
+        QTest::newRow("lowest number") << 100 << lowestInt << u"valueChanged -2147483648"_s;
     }
 
     void signalsOfAChange()
     {
-        QFETCH(int, from);
-        QFETCH(int, to);
-        QFETCH(QString, expected);
-        KELProcessBar bar;
-        bar.setValue(from);
-        Recorder recorder(&bar);
-        bar.setValue(to);
-        QCOMPARE(recorder.take(), expected);
-        bar.setValue(to);
-        QCOMPARE(recorder.take(), QString());
-        QCOMPARE(bar.value(), to);
-    }
-
-    void completedComesEachTime()
-    {
-        KELProcessBar bar;
-        const QSignalSpy changed(&bar, &KELProcessBar::valueChanged);
-        const QSignalSpy completed(&bar, &KELProcessBar::completed);
-        for (const int value : {100, 100, 99, 100, 150, 100, 0, 100})
-            bar.setValue(value);
-        QCOMPARE(completed.count(), 4);
-        QCOMPARE(changed.count(), 7);
-    }
-
-    void setValueIsASlot()
-    {
-        KELProcessBar bar;
-        QVERIFY(QMetaObject::invokeMethod(&bar, "setValue", Q_ARG(int, 64)));
-        QCOMPARE(bar.value(), 64);
+        const int to = fetch<int>("to");
+        BarStage stage(fetch<int>("from"));
+        stage->setValue(to);
+        QCOMPARE(stage.take(), fetch<QString>("expected"));
+        stage->setValue(to);
+        QCOMPARE(stage.take(), QString());
+        QCOMPARE(stage->value(), to);
     }
 
     void propertyIsABool()
@@ -336,17 +210,16 @@ private Q_SLOTS:
         QVERIFY(property.isWritable());
         QVERIFY(!property.isResettable());
         QVERIFY(!property.isConstant());
-        QVERIFY(property.hasNotifySignal());
         QCOMPARE(property.notifySignal().methodSignature(), QByteArray("valueChanged()"));
     }
 
-    void propertyTellsWhetherTheBarHasStarted_data() { addValues(); }
+    void propertyTellsWhetherTheBarHasStarted_data() { addRows({{"value", values}}); }
 
     void propertyTellsWhetherTheBarHasStarted()
     {
-        QFETCH(int, value);
+        const int value = fetch<int>("value");
         KELProcessBar bar;
-        bar.setValue(value);
+        QVERIFY(QMetaObject::invokeMethod(&bar, "setValue", Q_ARG(int, value)));
         QCOMPARE(bar.property("value"), QVariant(value != 0));
         QCOMPARE(bar.property("value").userType(), int(QMetaType::Bool));
     }
@@ -368,230 +241,161 @@ private Q_SLOTS:
 
     void propertySetsZeroOrOne()
     {
-        QFETCH(int, before);
-        QFETCH(QVariant, written);
-        QFETCH(int, after);
-        KELProcessBar bar;
-        bar.setValue(before);
-        Recorder recorder(&bar);
-        QVERIFY(bar.setProperty("value", written));
-        QCOMPARE(bar.value(), after);
-        QCOMPARE(recorder.take(), before == after ? QString() : u"changed %1"_s.arg(after));
-    }
-
-    void propertySignalsItsChange()
-    {
-        KELProcessBar bar;
-        const QMetaObject &meta = KELProcessBar::staticMetaObject;
-        const QSignalSpy spy(&bar, meta.property(meta.propertyOffset()).notifySignal());
-        bar.setValue(3);
-        QCOMPARE(spy.count(), 1);
-        // Through the property nothing changed, but the value did.
-        bar.setValue(4);
-        QCOMPARE(spy.count(), 2);
-        bar.setProperty("value", false);
-        QCOMPARE(spy.count(), 3);
+        const int before = fetch<int>("before");
+        const int after = fetch<int>("after");
+        BarStage stage(before);
+        QVERIFY(stage->setProperty("value", fetch<QVariant>("written")));
+        QCOMPARE(stage->value(), after);
+        QCOMPARE(stage.take(), before == after ? QString() : u"valueChanged %1"_s.arg(after));
     }
 
     void slotThatTakesCompletionBack()
     {
-        KELProcessBar bar;
-        Recorder recorder(&bar);
-        connect(&bar, &KELProcessBar::valueChanged, this, [&bar] {
-            if (bar.value() == 100)
-                bar.setValue(50);
+        BarStage stage;
+        stage.log.on(u"valueChanged"_s, [&] {
+            if (stage->value() == 100)
+                stage->setValue(50);
         });
-        bar.setValue(100);
-        QCOMPARE(recorder.take(), u"changed 100, changed 50"_s);
-        QCOMPARE(bar.value(), 50);
+        stage->setValue(100);
+        QCOMPARE(stage.take(), u"valueChanged 100, valueChanged 50"_s);
+        QCOMPARE(stage->value(), 50);
     }
 
     void slotThatCompletes()
     {
-        KELProcessBar bar;
-        Recorder recorder(&bar);
-        connect(&bar, &KELProcessBar::valueChanged, this, [&bar] {
-            if (bar.value() == 50)
-                bar.setValue(100);
+        BarStage stage;
+        stage.log.on(u"valueChanged"_s, [&] {
+            if (stage->value() == 50)
+                stage->setValue(100);
         });
-        bar.setValue(50);
-        QCOMPARE(recorder.take(), u"changed 50, changed 100, completed 100"_s);
-        QCOMPARE(bar.value(), 100);
+        stage->setValue(50);
+        QCOMPARE(stage.take(), u"valueChanged 50, valueChanged 100, completed 100"_s);
+        QCOMPARE(stage->value(), 100);
     }
 
     void slotThatStartsAgain()
     {
-        KELProcessBar bar;
-        Recorder recorder(&bar);
-        connect(&bar, &KELProcessBar::completed, this, [&bar] { bar.setValue(0); });
+        BarStage stage;
+        stage.log.on(u"completed"_s, [&] { stage->setValue(0); });
         for (int round = 0; round < 3; ++round) {
-            bar.setValue(100);
-            QCOMPARE(recorder.take(), u"changed 100, completed 100, changed 0"_s);
-            QCOMPARE(bar.value(), 0);
+            stage->setValue(100);
+            QCOMPARE(stage.take(), u"valueChanged 100, completed 100, valueChanged 0"_s);
+            QCOMPARE(stage->value(), 0);
         }
     }
 
     void slotThatSetsTheSameValue()
     {
-        KELProcessBar bar;
-        Recorder recorder(&bar);
-        connect(&bar, &KELProcessBar::valueChanged, this, [&bar] { bar.setValue(bar.value()); });
-        connect(&bar, &KELProcessBar::completed, this, [&bar] { bar.setValue(100); });
-        bar.setValue(100);
-        QCOMPARE(recorder.take(), u"changed 100, completed 100"_s);
+        BarStage stage;
+        stage.log.on(u"valueChanged"_s, [&] { stage->setValue(stage->value()); });
+        stage.log.on(u"completed"_s, [&] { stage->setValue(100); });
+        stage->setValue(100);
+        QCOMPARE(stage.take(), u"valueChanged 100, completed 100"_s);
     }
 
     void slotThatDeletesTheBar_data()
     {
-        QTest::addColumn<BarSignal>("signal");
-        QTest::addColumn<Way>("way");
+        QTest::addColumn<QString>("signal");
         QTest::addColumn<int>("value");
-        QTest::addColumn<int>("completions");
-        const QPair<Way, const char *> ways[] = {{Way::Delete, "delete"},
-                                                 {Way::DeleteLater, "deleteLater"},
-                                                 {Way::ClearScene, "scene cleared"}};
-        for (const auto &way : ways) {
-            QTest::addRow("half way, %s", way.second)
-                << BarSignal(&KELProcessBar::valueChanged) << way.first << 50 << 0;
-            QTest::addRow("before completion, %s", way.second)
-                << BarSignal(&KELProcessBar::valueChanged) << way.first << 100
-                << (way.first == Way::DeleteLater ? 1 : 0);
-            QTest::addRow("on completion, %s", way.second)
-                << BarSignal(&KELProcessBar::completed) << way.first << 100 << 1;
+        QTest::addColumn<int>("way");
+        for (const Named &way : deletionWays) {
+            QTest::addRow("half way, %s", way.name) << u"valueChanged"_s << 50 << way.value;
+            QTest::addRow("before completion, %s", way.name)
+                << u"valueChanged"_s << 100 << way.value;
+            QTest::addRow("on completion, %s", way.name) << u"completed"_s << 100 << way.value;
         }
     }
 
     void slotThatDeletesTheBar()
     {
-        QFETCH(BarSignal, signal);
-        QFETCH(Way, way);
-        QFETCH(int, value);
-        QFETCH(int, completions);
-        KelTestView view;
-        const QPointer<KELProcessBar> bar(new KELProcessBar);
-        view.ownScene.addItem(bar);
-        QVERIFY(view.showAndWait());
-        const QSignalSpy changed(bar, &KELProcessBar::valueChanged);
-        const QSignalSpy completed(bar, &KELProcessBar::completed);
-        connect(bar, signal, &view, [&view, bar, way] {
-            if (way == Way::Delete)
-                delete bar;
-            else if (way == Way::DeleteLater)
-                bar->deleteLater();
-            else
-                view.ownScene.clear();
-        });
-        bar->setValue(value);
-        QCOMPARE(bar.isNull(), way != Way::DeleteLater);
+        const auto signal = fetch<QString>("signal");
+        const int value = fetch<int>("value");
+        const auto way = fetch<Way>("way");
+        Stage<KELProcessBar> stage;
+        stage.view.showOnce();
+        stage.log.on(signal, [&] { stage.destroy(way); });
+        stage->setValue(value);
+        QCOMPARE(stage.control.isNull(), way != Way::DeleteLater);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QVERIFY(bar.isNull());
-        QCOMPARE(changed.count(), 1);
-        QCOMPARE(completed.count(), completions);
-        QVERIFY(view.ownScene.items().isEmpty());
-        QCOMPARE(areaOf(view.grab().toImage(), Qt::white), view.viewport()->rect());
+        QVERIFY(!stage.control);
+        const bool isCompleted = value == 100
+            && (signal == QLatin1String("completed") || way == Way::DeleteLater);
+        QCOMPARE(stage.log.take(), isCompleted ? u"valueChanged completed"_s : u"valueChanged"_s);
+        QVERIFY(stage.nextControlIsClicked());
     }
 
-    void isTheHandDrawnPicture_data() { addValues(); }
+    void isTheHandDrawnPicture_data() { addRows({{"value", values}}); }
 
     void isTheHandDrawnPicture()
     {
-        QFETCH(int, value);
         for (const QRectF &rect :
              {QRectF(10, 10, 300, 30), QRectF(10, 10, 250, 30), QRectF(0, 0, 100, 30),
               QRectF(5.3, 7.7, 140.4, 40.6), QRectF(10, 5, 100, 119), QRectF(20, 50, 100, 10),
-              QRectF(20, 50, 100, 0), QRectF(20, 20, 9, 30), QRectF(20, 20, 0.5, 30),
-              QRectF(20, 20, 0, 30), QRectF(320, 20, -300, 40), QRectF(20, 80, 100, -40),
-              QRectF(-60, -10, 200, 30), QRectF(-5000, 10, 10000, 30)}) {
+              QRectF(20, 50, 100, 9), QRectF(20, 50, 100, 0), QRectF(20, 20, 9, 30),
+              QRectF(20, 20, 0.5, 30), QRectF(20, 20, 0, 30), QRectF(320, 20, -300, 40),
+              QRectF(20, 80, 100, -40), QRectF(-60, -10, 200, 30), QRectF(-5000, 10, 10000, 30)}) {
             KELProcessBar bar;
             bar.setboundRect(rect);
+            bar.setValue(fetch<int>("value"));
+            QCOMPARE(differenceToHand(&bar, rect), QString());
+        }
+    }
+
+    void isTheHandDrawnPictureInOtherColours_data()
+    {
+        QTest::addColumn<QBrush>("track");
+        QTest::addColumn<QBrush>("fill");
+        QTest::addColumn<QBrush>("text");
+        const QBrush none(Qt::NoBrush);
+        const QBrush colour(Qt::darkCyan);
+        QTest::newRow("no track") << none << colour << colour;
+        QTest::newRow("no fill") << colour << none << QBrush(Qt::white);
+        QTest::newRow("no text") << colour << QBrush(Qt::red) << none;
+        QTest::newRow("nothing") << none << none << none;
+        QTest::newRow("translucent")
+            << QBrush(QColor(0, 0, 0, 90)) << QBrush(QColor(255, 0, 0, 120))
+            << QBrush(QColor(0, 200, 0, 150));
+        QTest::newRow("gradients and patterns")
+            << QBrush(Qt::darkGreen, Qt::DiagCrossPattern) << HandDrawing::gradient()
+            << QBrush(Qt::black, Qt::Dense3Pattern);
+    }
+
+    void isTheHandDrawnPictureInOtherColours()
+    {
+        const QRectF rect(10, 10.5, 250, 50);
+        KELProcessBar bar;
+        bar.setboundRect(rect);
+        bar.style()->backgroundBrush = fetch<QBrush>("track");
+        bar.style()->borderBrush = fetch<QBrush>("fill");
+        bar.style()->foregroundBrush = fetch<QBrush>("text");
+        for (const int value : {0, 55, 100, -20}) {
             bar.setValue(value);
             QCOMPARE(differenceToHand(&bar, rect), QString());
         }
     }
 
-    void isTheHandDrawnPictureScaled_data() { addValues(); }
-
-    void isTheHandDrawnPictureScaled()
+    void isTheHandDrawnPictureInOtherShapes_data()
     {
-        QFETCH(int, value);
-        for (const QRectF &rect :
-             {QRectF(10, 10, 300, 30), QRectF(5.3, 7.7, 140.4, 40.6), QRectF(20, 50, 100, 9)}) {
-            KELProcessBar bar;
-            bar.setboundRect(rect);
-            bar.setValue(value);
-            for (const qreal scale : scales)
-                QCOMPARE(differenceToHand(&bar, rect, scale), QString());
-        }
-    }
-
-    void isTheHandDrawnPictureInOtherLooks_data()
-    {
-        QTest::addColumn<QBrush>("track");
-        QTest::addColumn<QBrush>("fill");
-        QTest::addColumn<QBrush>("text");
         QTest::addColumn<QPointF>("radii");
-
-        QLinearGradient gradient(0, 0, 150, 80);
-        gradient.setColorAt(0, Qt::yellow);
-        gradient.setColorAt(1, Qt::darkBlue);
-        const QBrush track(trackColour);
-        const QBrush fill(fillColour);
-        const QBrush text(Qt::white);
-        const QPointF pill(15, 15);
-        QTest::newRow("no track") << QBrush(Qt::NoBrush) << fill << text << pill;
-        QTest::newRow("no fill") << track << QBrush(Qt::NoBrush) << text << pill;
-        QTest::newRow("no text") << track << fill << QBrush(Qt::NoBrush) << pill;
-        QTest::newRow("nothing") << QBrush(Qt::NoBrush) << QBrush(Qt::NoBrush)
-                                 << QBrush(Qt::NoBrush) << pill;
-        QTest::newRow("translucent")
-            << QBrush(QColor(0, 0, 0, 90)) << QBrush(QColor(255, 0, 0, 120))
-            << QBrush(QColor(0, 200, 0, 150)) << pill;
-        QTest::newRow("gradients and patterns")
-            << QBrush(Qt::darkGreen, Qt::DiagCrossPattern) << QBrush(gradient)
-            << QBrush(Qt::black, Qt::Dense3Pattern) << pill;
-        QTest::newRow("square") << track << fill << text << QPointF(0, 0);
-        QTest::newRow("different radii") << track << fill << text << QPointF(40, 6);
-        QTest::newRow("one radius") << track << fill << text << QPointF(15, 0);
-        QTest::newRow("negative radii") << track << fill << text << QPointF(-4, -4);
-        QTest::newRow("radii larger than the bar") << track << fill << text << QPointF(900, 700);
-        QTest::newRow("radii in per cent would differ") << track << fill << text << QPointF(30, 10);
+        QTest::newRow("square") << QPointF(0, 0);
+        QTest::newRow("different radii") << QPointF(40, 6);
+        QTest::newRow("one radius") << QPointF(15, 0);
+        QTest::newRow("negative radii") << QPointF(-4, -4);
+        QTest::newRow("radii larger than the bar") << QPointF(900, 700);
+        QTest::newRow("radii in per cent would differ") << QPointF(30, 10);
     }
 
-    void isTheHandDrawnPictureInOtherLooks()
+    void isTheHandDrawnPictureInOtherShapes()
     {
-        QFETCH(QBrush, track);
-        QFETCH(QBrush, fill);
-        QFETCH(QBrush, text);
-        QFETCH(QPointF, radii);
         const QRectF rect(10, 10.5, 250, 50);
         KELProcessBar bar;
         bar.setboundRect(rect);
-        bar.style()->backgroundBrush = track;
-        bar.style()->borderBrush = fill;
-        bar.style()->foregroundBrush = text;
-        bar.style()->xRadius = radii.x();
-        bar.style()->yRadius = radii.y();
+        bar.style()->xRadius = fetch<QPointF>("radii").x();
+        bar.style()->yRadius = fetch<QPointF>("radii").y();
         for (const int value : {0, 55, 100, -20}) {
             bar.setValue(value);
-            for (const qreal scale : scales)
-                QCOMPARE(differenceToHand(&bar, rect, scale), QString());
+            QCOMPARE(differenceToHand(&bar, rect), QString());
         }
-    }
-
-    void newBarHasItsColours()
-    {
-        KELProcessBar bar;
-        bar.setboundRect(10, 10, 300, 30);
-        bar.setValue(30);
-        const QImage image = KelImage::paint(&bar, canvas);
-        QCOMPARE(image.pixelColor(30, 25), fillColour);
-        QCOMPARE(image.pixelColor(99, 25), fillColour);
-        QCOMPARE(image.pixelColor(100, 25), trackColour);
-        QCOMPARE(image.pixelColor(290, 25), trackColour);
-        const QRect lightest = areaWhere(image, [](const QColor &pixel) {
-            return pixel != paper && pixel.red() > 200 && pixel.green() > 200;
-        });
-        QVERIFY(QRect(120, 10, 80, 30).contains(lightest));
     }
 
     void fillIsCutToWholePixels_data()
@@ -599,7 +403,6 @@ private Q_SLOTS:
         QTest::addColumn<qreal>("width");
         QTest::addColumn<int>("value");
         QTest::addColumn<int>("filled");
-
         QTest::newRow("33 of 300 px") << 300.0 << 33 << 99;
         QTest::newRow("33 of 250 px: 82.5") << 250.0 << 33 << 82;
         QTest::newRow("33 of 250.5 px: 82.665") << 250.5 << 33 << 82;
@@ -617,37 +420,30 @@ private Q_SLOTS:
 
     void fillIsCutToWholePixels()
     {
-        QFETCH(qreal, width);
-        QFETCH(int, value);
-        QFETCH(int, filled);
-        KELProcessBar bar;
-        makeBare(&bar);
-        bar.setboundRect(10, 10, width, 30);
-        bar.setValue(value);
-        const QImage image = KelImage::paint(&bar, canvas);
+        const auto width = fetch<qreal>("width");
+        BareBar bar(QRectF(10, 10, width, 30));
+        bar.setValue(fetch<int>("value"));
         const QImage expected = KelImage::draw(canvas, 1, [&](QPainter *painter) {
             painter->fillRect(10, 10, int(width), 30, trackColour);
-            painter->fillRect(10, 10, filled, 30, fillColour);
+            painter->fillRect(10, 10, fetch<int>("filled"), 30, fillColour);
         });
         // The bar's own end may fall between two pixels.
         const QRect whole(0, 0, 10 + int(width), canvas.height());
-        QCOMPARE(KelImage::difference(image.copy(whole), expected.copy(whole)), QString());
+        QCOMPARE(
+            KelImage::difference(KelImage::paint(&bar, canvas).copy(whole), expected.copy(whole)),
+            QString());
     }
 
     void fillOfLessThanAPixelIsNone_data()
     {
-        QTest::addColumn<int>("value");
-        QTest::newRow("half a pixel") << 1;
-        QTest::newRow("half a pixel to the left") << -1;
+        addRows({{"value", {{"half a pixel", 1}, {"half a pixel to the left", -1}}}});
     }
 
     // At half a pixel even a fill beside the bar would show in its first column.
     void fillOfLessThanAPixelIsNone()
     {
-        QFETCH(int, value);
-        KELProcessBar bar;
-        makeBare(&bar);
-        bar.setboundRect(10.5, 10, 50, 30);
+        const int value = fetch<int>("value");
+        BareBar bar(QRectF(10.5, 10, 50, 30));
         const QImage without = KelImage::paint(&bar, canvas);
         bar.setValue(value);
         QCOMPARE(KelImage::difference(KelImage::paint(&bar, canvas), without), QString());
@@ -655,90 +451,34 @@ private Q_SLOTS:
         QVERIFY(KelImage::paint(&bar, canvas) != without);
     }
 
-    void noFillBelowOne_data()
+    void nothingIsFilledBelowOneAndAllFromHundredOn_data()
     {
-        QTest::addColumn<int>("value");
-        for (const int value : {0, -1, -5, -100, -1000, lowestInt})
-            QTest::addRow("%d", value) << value;
+        addRows({{"value",
+                  {{"0", 0},
+                   {"-1", -1},
+                   {"-5", -5},
+                   {"-100", -100},
+                   {"-1000", -1000},
+                   {"lowest", lowestInt},
+                   {"100", 100},
+                   {"101", 101},
+                   {"150", 150},
+                   {"1000000", 1000000},
+                   {"next to the highest", highestInt - 1},
+                   {"highest", highestInt}}}});
     }
 
-    void noFillBelowOne()
+    void nothingIsFilledBelowOneAndAllFromHundredOn()
     {
-        QFETCH(int, value);
-        KELProcessBar bar;
-        makeBare(&bar);
-        bar.setboundRect(10, 10, 300, 30);
-        bar.setValue(value);
+        const int value = fetch<int>("value");
         const QRect rect(10, 10, 300, 30);
-        for (const int scale : {1, 2}) {
-            const QImage expected = KelImage::draw(
-                canvas, scale, [&](QPainter *painter) { painter->fillRect(rect, trackColour); });
-            QCOMPARE(KelImage::difference(KelImage::paint(&bar, canvas, scale), expected),
-                     QString());
-        }
-    }
-
-    void fullBarFromHundredOn_data()
-    {
-        QTest::addColumn<int>("value");
-        for (const int value : {100, 101, 150, 1000000, highestInt - 1, highestInt})
-            QTest::addRow("%d", value) << value;
-    }
-
-    void fullBarFromHundredOn()
-    {
-        QFETCH(int, value);
-        KELProcessBar bar;
-        makeBare(&bar);
-        bar.setboundRect(10, 10, 300, 30);
+        BareBar bar(rect);
         bar.setValue(value);
-        const QRect rect(10, 10, 300, 30);
-        for (const int scale : {1, 2}) {
-            const QImage expected = KelImage::draw(
-                canvas, scale, [&](QPainter *painter) { painter->fillRect(rect, fillColour); });
-            QCOMPARE(KelImage::difference(KelImage::paint(&bar, canvas, scale), expected),
-                     QString());
-        }
-    }
-
-    void endsAreRound()
-    {
-        KELProcessBar bar;
-        bar.setboundRect(10, 10, 300, 30);
-        for (const int value : {0, 100}) {
-            bar.setValue(value);
-            const QImage image = KelImage::paint(&bar, canvas);
-            const QColor colour = value == 0 ? trackColour : fillColour;
-            for (const QPoint &corner :
-                 {QPoint(10, 10), QPoint(309, 10), QPoint(10, 39), QPoint(309, 39)})
-                QCOMPARE(image.pixelColor(corner), paper);
-            // A circle of radius 15 leaves 4.4 px free on the diagonal.
-            QCOMPARE(image.pixelColor(13, 13), paper);
-            QCOMPARE(image.pixelColor(16, 16), colour);
-            QCOMPARE(image.pixelColor(25, 10), colour);
-            QCOMPARE(image.pixelColor(25, 39), colour);
-        }
-    }
-
-    void textIsTheNumber_data() { addValues(); }
-
-    void textIsTheNumber()
-    {
-        QFETCH(int, value);
-        KELProcessBar bar;
-        bar.setboundRect(10, 10, 300, 30);
-        bar.style()->backgroundBrush = QBrush(Qt::NoBrush);
-        bar.style()->borderBrush = QBrush(Qt::NoBrush);
-        bar.style()->foregroundBrush = QBrush(Qt::black);
-        bar.setValue(value);
-        const QImage byHand = KelImage::draw(canvas, 1, [value](QPainter *painter) {
-            painter->setRenderHint(QPainter::Antialiasing);
-            painter->setPen(Qt::black);
-            painter->drawText(QRectF(10, 10, 300, 30), Qt::AlignCenter,
-                              QByteArray::number(value) + '%');
-        });
-        QVERIFY(byHand != blank());
-        QCOMPARE(KelImage::difference(KelImage::paint(&bar, canvas), byHand), QString());
+        const auto byHand = [&](QPainter *painter) {
+            painter->fillRect(rect, value < 1 ? trackColour : fillColour);
+        };
+        for (const int scale : {1, 2})
+            QCOMPARE(KelImage::differenceFrom(byHand, &bar, canvas, scale), QString());
     }
 
     void textDoesNotDependOnTheLocale()
@@ -782,23 +522,13 @@ private Q_SLOTS:
 
     void otherFieldsAndStatesDoNotShow()
     {
-        KELProcessBar bar;
+        Restyled<KELProcessBar> bar;
         bar.setboundRect(10, 10, 300, 60);
         bar.setValue(42);
         const QImage before = KelImage::paint(&bar, canvas);
-        KELRoundRectControlStyle *style = bar.style();
-        style->borderWidth = 9;
-        style->font.setPixelSize(28);
-        style->text = u"Caption"_s;
-        style->textFlags = Qt::AlignLeft;
-        style->trimText = false;
-        style->margins = QMarginsF(9, 8, 7, 6);
-        style->pixmap = QPixmap(20, 20);
-        style->pixmap.fill(Qt::magenta);
-        style->icon = KELIconFont('W');
-        style->iconSize = 50;
-        style->isMouseDown = true;
-        bar.setCheck(true);
+        Record::fill(bar.style());
+        bar.makeStyleAgain();
+        bar.setboundRect(10, 10, 300, 60);
         bar.setEnabled(false);
         QCOMPARE(KelImage::difference(KelImage::paint(&bar, canvas), before), QString());
     }
@@ -812,73 +542,57 @@ private Q_SLOTS:
         bar->setValue(70);
         QCOMPARE(bar->boundingRect(), QRectF(15, 25, 200, 50));
         QCOMPARE(differenceToHand(bar, QRectF(15, 25, 200, 50)), QString());
-        QCOMPARE(paintedArea(KelImage::paint(bar, canvas)), QRect(15, 35, 200, 30));
+        QCOMPARE(KelImage::inkOf(KelImage::paint(bar, canvas)), QRect(15, 35, 200, 30));
     }
 
-    void tallControlHasTheBarInItsMiddle()
+    void barIsInTheMiddleOfTheControl_data()
     {
+        addRows({{"height",
+                  {{"no height", 0},
+                   {"2 px", 2},
+                   {"10 px", 10},
+                   {"28 px", 28},
+                   {"32 px", 32},
+                   {"60 px", 60},
+                   {"120 px", 120}}}});
+    }
+
+    // Also where the control is lower than the bar.
+    void barIsInTheMiddleOfTheControl()
+    {
+        const int height = fetch<int>("height");
         KELProcessBar bar;
         bar.setValue(50);
-        for (const int height : {32, 60, 120}) {
-            bar.setboundRect(20, 10, 200, height);
-            QCOMPARE(paintedArea(KelImage::paint(&bar, canvas)),
-                     QRect(20, 10 + height / 2 - 15, 200, 30));
-        }
+        bar.setboundRect(20, 16, 200, height);
+        QCOMPARE(bar.boundingRect(), QRectF(20, 16, 200, height));
+        QCOMPARE(KelImage::inkOf(KelImage::paint(&bar, canvas)),
+                 QRect(20, 16 + height / 2 - 15, 200, 30));
     }
 
-    void controlOfThirtyPaintsNothingOutside_data() { addValues(); }
+    void controlOfThirtyPaintsNothingOutside_data() { addRows({{"value", values}}); }
 
     void controlOfThirtyPaintsNothingOutside()
     {
-        QFETCH(int, value);
         for (const QRectF &rect : {QRectF(20, 20, 200, 30), QRectF(20, 20, 8, 30)}) {
             KELProcessBar bar;
             bar.setboundRect(rect);
-            bar.setValue(value);
+            bar.setValue(fetch<int>("value"));
             for (const qreal scale : scales)
                 QCOMPARE(KelImage::pixelsOutside(&bar, scale), QString());
         }
     }
 
-    void lowControlPaintsOutsideItsRectangle_data()
-    {
-        QTest::addColumn<qreal>("height");
-        for (const qreal height : {0.0, 2.0, 10.0, 28.0})
-            QTest::addRow("%g px high", height) << height;
-    }
+    void oddGeometryDrawsNothing_data() { ControlTest::addOddRectangles(); }
 
-    void lowControlPaintsOutsideItsRectangle()
+    void oddGeometryDrawsNothing()
     {
-        QFETCH(qreal, height);
-        KELProcessBar bar;
-        bar.setboundRect(20, 60, 200, height);
-        bar.setValue(50);
-        QCOMPARE(bar.boundingRect(), QRectF(20, 60, 200, height));
-        QCOMPARE(paintedArea(KelImage::paint(&bar, canvas)),
-                 QRect(20, 60 + int(height / 2) - 15, 200, 30));
-    }
-
-    void rectangleThatIsNotFiniteDrawsNothing_data()
-    {
-        QTest::addColumn<QRectF>("rect");
-        for (const qreal bad : {notANumber, infinite, -infinite}) {
-            QTest::addRow("x is %g", bad) << QRectF(bad, 10, 100, 30);
-            QTest::addRow("y is %g", bad) << QRectF(10, bad, 100, 30);
-            QTest::addRow("width is %g", bad) << QRectF(10, 10, bad, 30);
-            QTest::addRow("height is %g", bad) << QRectF(10, 10, 100, bad);
-            QTest::addRow("everything is %g", bad) << QRectF(bad, bad, bad, bad);
-        }
-    }
-
-    void rectangleThatIsNotFiniteDrawsNothing()
-    {
-        QFETCH(QRectF, rect);
-        for (const int value : values) {
+        for (const Named &value : values) {
             KELProcessBar bar;
-            bar.setboundRect(rect);
-            bar.setValue(value);
+            bar.setboundRect(fetch<QRectF>("rect"));
+            bar.setValue(value.value);
             for (const qreal scale : scales) {
-                QCOMPARE(KelImage::difference(KelImage::paint(&bar, canvas, scale), blank(scale)),
+                QCOMPARE(KelImage::difference(KelImage::paint(&bar, canvas, scale),
+                                              KelImage::blank(canvas, scale)),
                          QString());
             }
         }
@@ -886,26 +600,24 @@ private Q_SLOTS:
 
     void radiusThatIsNotANumberIsNone_data()
     {
-        QTest::addColumn<qreal>("xRadius");
-        QTest::addColumn<qreal>("yRadius");
-        QTest::newRow("along x") << notANumber << 15.0;
-        QTest::newRow("along y") << 15.0 << notANumber;
-        QTest::newRow("both") << notANumber << notANumber;
+        QTest::addColumn<QPointF>("radii");
+        QTest::newRow("along x") << QPointF(notANumber, 15);
+        QTest::newRow("along y") << QPointF(15, notANumber);
+        QTest::newRow("both") << QPointF(notANumber, notANumber);
     }
 
     void radiusThatIsNotANumberIsNone()
     {
-        QFETCH(qreal, xRadius);
-        QFETCH(qreal, yRadius);
-        KELProcessBar bar;
-        bar.setboundRect(10, 10, 300, 30);
-        bar.setValue(42);
-        bar.style()->xRadius = 0;
-        bar.style()->yRadius = 0;
-        const QImage square = KelImage::paint(&bar, canvas);
-        bar.style()->xRadius = xRadius;
-        bar.style()->yRadius = yRadius;
-        QCOMPARE(KelImage::difference(KelImage::paint(&bar, canvas), square), QString());
+        const auto paintWith = [](const QPointF &radii) {
+            KELProcessBar bar;
+            bar.setboundRect(10, 10, 300, 30);
+            bar.setValue(42);
+            bar.style()->xRadius = radii.x();
+            bar.style()->yRadius = radii.y();
+            return KelImage::paint(&bar, canvas);
+        };
+        QCOMPARE(KelImage::difference(paintWith(fetch<QPointF>("radii")), paintWith(QPointF())),
+                 QString());
     }
 
     void clipStaysOnThePainter()
@@ -924,15 +636,14 @@ private Q_SLOTS:
             painter->fillRect(QRectF(QPointF(), canvas), Qt::magenta);
         });
         QCOMPARE(KelImage::difference(painted, byHand), QString());
-        QCOMPARE(paintedArea(painted), QRect(10, 25, 300, 30));
+        QCOMPARE(KelImage::inkOf(painted), QRect(10, 25, 300, 30));
         QCOMPARE(painted.pixelColor(160, 40), QColor(Qt::magenta));
     }
 
     void clipReplacesAnEarlierOne()
     {
         KELProcessBar bar;
-        const QRectF rect(10, 10, 300, 30);
-        bar.setboundRect(rect);
+        bar.setboundRect(10, 10, 300, 30);
         bar.setValue(42);
         const QImage withoutClip = KelImage::paint(&bar, canvas);
         for (const bool isOn : {true, false}) {
@@ -950,8 +661,7 @@ private Q_SLOTS:
         KELProcessBar bar;
         bar.setValue(42);
         bar.style()->foregroundBrush = QBrush(Qt::darkGreen);
-        QImage image(canvas, QImage::Format_ARGB32_Premultiplied);
-        image.fill(paper);
+        QImage image = KelImage::blank(canvas);
         QPainter painter(&image);
         painter.setRenderHints(painter.renderHints(), false);
         painter.setRenderHint(QPainter::LosslessImageRendering);
@@ -963,68 +673,69 @@ private Q_SLOTS:
         QCOMPARE(painter.renderHints(),
                  QPainter::Antialiasing | QPainter::TextAntialiasing
                      | QPainter::LosslessImageRendering);
-        QCOMPARE(painter.pen(), textPen(QBrush(Qt::darkGreen)));
+        QCOMPARE(painter.pen(), HandDrawing::squarePen(Qt::darkGreen, 1));
         QCOMPARE(painter.brush(), QBrush(Qt::NoBrush));
         QCOMPARE(painter.font(), font);
         QCOMPARE(painter.worldTransform(), QTransform::fromTranslate(3, 4));
         QCOMPARE(painter.clipBoundingRect(), QRectF(0, 0, 100, 30));
     }
 
-    void argumentsAreNotRead()
-    {
-        KELProcessBar bar;
-        bar.setboundRect(10, 10, 300, 30);
-        bar.setValue(42);
-        const QImage painted = KelImage::draw(
-            canvas, 1, [&bar](QPainter *painter) { bar.paint(painter, nullptr, nullptr); });
-        QCOMPARE(KelImage::difference(painted, KelImage::paint(&bar, canvas)), QString());
-    }
-
     void changeIsOnTheScreen()
     {
-        KelTestView view(canvas);
-        auto *bar = new KELProcessBar;
-        const QRectF rect(10, 10, 300, 30);
-        bar->setboundRect(rect);
-        view.ownScene.addItem(bar);
-        QVERIFY(view.showAndWait());
+        const QRectF rect(10, 10, 250, 30);
+        Stage<KELProcessBar> stage(rect);
+        stage.other->hide();
+        stage.view.showOnce();
         for (const int value : {0, 1, 42, 100, 150, -5}) {
-            bar->setValue(value);
+            stage->setValue(value);
             // The view keeps a picture of the bar without what is behind it.
-            QImage kept(canvas, QImage::Format_ARGB32_Premultiplied);
+            QImage kept(stage.view.size(), QImage::Format_ARGB32_Premultiplied);
             kept.fill(Qt::transparent);
             QPainter painter(&kept);
-            drawByHand(&painter, *bar->style(), rect, value);
+            drawByHand(&painter, *stage->style(), rect, value);
             painter.end();
-            QImage byHand = view.grab().toImage();
+            QImage byHand = stage.view.grab().toImage();
             byHand.fill(Qt::white);
             QPainter(&byHand).drawImage(0, 0, kept);
-            QTRY_COMPARE(KelImage::difference(view.grab().toImage(), byHand), QString());
+            QTRY_COMPARE(KelImage::difference(stage.view.grab().toImage(), byHand), QString());
         }
     }
 
     void sameValueDoesNotRepaint()
     {
-        KelTestView view;
-        CountingBar bar;
-        bar.setValue(42);
-        view.ownScene.addItem(&bar);
-        QVERIFY(view.showAndWait());
-        QTRY_VERIFY(bar.paints > 0);
-        QCoreApplication::processEvents();
-        const QSignalSpy sceneChanges(&view.ownScene, &QGraphicsScene::changed);
-        bar.paints = 0;
-        bar.setValue(42);
-        QTest::qWait(50);
-        QCOMPARE(bar.paints, 0);
+        Stage<Counting<KELProcessBar>> stage;
+        stage->setValue(42);
+        stage.view.showOnce();
+        QTRY_VERIFY(stage->paints > 0);
+        const auto settle = [] {
+            for (int i = 0; i < 5; ++i)
+                QCoreApplication::processEvents();
+        };
+        settle();
+        const QSignalSpy sceneChanges(&stage.view.ownScene, &QGraphicsScene::changed);
+        stage->paints = 0;
+        stage->setValue(42);
+        settle();
+        QCOMPARE(stage->paints, 0);
         QCOMPARE(sceneChanges.count(), 0);
         // The whole bar is repainted, not the piece that the fill grew by.
-        bar.setValue(43);
-        QTRY_VERIFY(bar.paints > 0);
+        stage->setValue(43);
+        QTRY_VERIFY(stage->paints > 0);
         QTRY_VERIFY(sceneChanges.count() > 0);
         const auto regions = sceneChanges.first().first().value<QList<QRectF>>();
         QCOMPARE(regions.size(), 1);
-        QVERIFY(regions.first().contains(QRectF(0, 0, 100, 30)));
+        QVERIFY(regions.first().contains(stage->boundingRect()));
+    }
+
+private:
+    static void setLook(KELRoundRectControlStyle *style)
+    {
+        style->boundRect = QRectF(0, 0, 100, 30);
+        style->backgroundBrush = trackColour;
+        style->borderBrush = fillColour;
+        style->foregroundBrush = QColor(Qt::white);
+        style->xRadius = 15;
+        style->yRadius = 15;
     }
 };
 
