@@ -1,12 +1,11 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
+#include "checkboxstates.h"
 #include "controltest.h"
-
-#include <kelcheckbox.h>
-
-#include <QtGui/QLinearGradient>
-#include <QtWidgets/QMenu>
+#include "handdrawing.h"
+#include "record.h"
+#include "stage.h"
 
 #include <limits>
 #include <memory>
@@ -15,11 +14,7 @@ namespace {
 
 const QColor defaultTrack(200, 200, 200);
 const QColor defaultKnob(0, 123, 185);
-
-KELCheckBoxStyle *styleOf(const KELCheckBox &box)
-{
-    return static_cast<KELCheckBoxStyle *>(box.style());
-}
+const QString rangeWarning = u"QColor::setRgb: RGB parameters out of range"_s;
 
 // What the box shows now, from a fresh record as paint() makes it.
 KELCheckBoxStyle optionOf(const KELCheckBox &box)
@@ -29,49 +24,20 @@ KELCheckBoxStyle optionOf(const KELCheckBox &box)
     return option;
 }
 
-QStringList rangeWarnings(int count)
+enum class Part { Track, Knob, Outline };
+
+QBrush &brushOf(KELCheckBoxStyle *style, Part part)
 {
-    QStringList warnings;
-    for (int i = 0; i < count; ++i)
-        warnings.append(u"QColor::setRgb: RGB parameters out of range"_s);
-    return warnings;
+    if (part == Part::Track)
+        return style->backgroundBrush;
+    return part == Part::Knob ? style->indicatorBrush : style->borderBrush;
 }
 
-QBrush gradient()
-{
-    QLinearGradient colours(0, 0, 80, 0);
-    colours.setColorAt(0, Qt::red);
-    colours.setColorAt(1, Qt::green);
-    return colours;
-}
-
-class OpenCheckBox : public KELCheckBox
-{
-public:
-    using KELCheckBox::KELCheckBox;
-
-    void makeStyleAgain() { m_style = initStyle(); }
-};
-
-// Writes down what the box says about its state.
-class Recorder : public QObject
-{
-public:
-    explicit Recorder(KELCheckBox *box)
-    {
-        connect(box, &KELCheckBox::checked, this, [this] { note("checked"); });
-        connect(box, &KELCheckBox::unchecked, this, [this] { note("unchecked"); });
-        connect(box, &KELCheckBox::checkChanged, this, [this] { note("changed"); });
-    }
-    QString take() { return std::exchange(m_names, QStringList()).join(QLatin1Char(' ')); }
-
-private:
-    void note(const char *name) { m_names.append(QLatin1String(name)); }
-
-    QStringList m_names;
-};
+using Box = Restyled<KELCheckBox>;
 
 } // namespace
+
+Q_DECLARE_METATYPE(BoxState)
 
 class tst_KELCheckBox : public KelTest
 {
@@ -81,16 +47,10 @@ private Q_SLOTS:
     void recordHasTheDefaultsOfACheckBox()
     {
         const KELCheckBox box;
-        const KELCheckBoxStyle &style = *styleOf(box);
-        QCOMPARE(style.boundRect, QRectF(100, 100, 100, 30));
-        QCOMPARE(style.backgroundBrush, QBrush(QColor(200, 200, 200, 255)));
-        QCOMPARE(style.foregroundBrush, QBrush(Qt::black));
-        QCOMPARE(style.borderBrush, QBrush(Qt::white));
-        QCOMPARE(style.borderWidth, 2.0F);
-        QCOMPARE(style.xRadius, 15.0);
-        QCOMPARE(style.yRadius, 15.0);
-        ControlTest::hasTheOtherDefaultsOfTheBase(style);
-        QCOMPARE(style.indicatorBrush, QBrush(QColor(0, 123, 185, 255)));
+        KELRoundRectControlStyle expected = Record::defaults();
+        setLook(&expected);
+        QCOMPARE(Record::difference(*box.style(), expected), QString());
+        QCOMPARE(styleOf(box)->indicatorBrush, QBrush(defaultKnob));
     }
 
     void recordStandsForTheBaseRecord()
@@ -104,87 +64,32 @@ private Q_SLOTS:
 
     void hasAParentItem() { ControlTest::hasAParentItem<KELCheckBox>(); }
 
-    void declaresItsInterface()
-    {
-        const QMetaObject &meta = KELCheckBox::staticMetaObject;
-        QCOMPARE(QByteArray(meta.className()), QByteArray("KELCheckBox"));
-        QCOMPARE(meta.superClass(), &KELRoundRectControl::staticMetaObject);
-        QCOMPARE(meta.methodCount() - meta.methodOffset(), 3);
-        for (const char *signature : {"checked()", "unchecked()", "checkChanged()"})
-            QVERIFY2(meta.indexOfSignal(signature) >= meta.methodOffset(), signature);
-        QCOMPARE(meta.propertyCount() - meta.propertyOffset(), 1);
-        const QMetaProperty property = meta.property(meta.propertyOffset());
-        QCOMPARE(QByteArray(property.name()), QByteArray("check"));
-        QCOMPARE(int(property.type()), int(QVariant::Bool));
-        QVERIFY(property.isReadable());
-        QVERIFY(property.isWritable());
-        QVERIFY(!property.isConstant());
-        QCOMPARE(property.notifySignal().methodSignature(), QByteArray("checkChanged()"));
-    }
+    void declaresItsInterface() { ControlTest::declaresACheck<KELCheckBox>("KELCheckBox"); }
 
     void initStyleCarriesTheLookOver()
     {
-        OpenCheckBox box;
-        auto *menu = new QMenu; // dies with the box
-        KELCheckBoxStyle *style = styleOf(box);
-        style->boundRect = QRectF(1, 2, 3, 4);
-        style->text = u"Pump"_s;
-        style->foregroundBrush = QBrush(Qt::green);
-        style->font.setPixelSize(33);
-        style->margins = QMarginsF(1, 2, 3, 4);
-        style->textFlags = Qt::AlignRight;
-        style->trimText = false;
-        style->icon = KELIconFont('x');
-        style->iconSize = 12;
-        style->pixmap = QPixmap(3, 3);
-        style->contextMenu = menu;
-        style->isMouseDown = true;
-        style->isCheck = true;
-        style->backgroundBrush = QBrush(Qt::red);
-        style->borderBrush = QBrush(Qt::red);
-        style->borderWidth = 7;
-        style->indicatorBrush = QBrush(Qt::red);
-        style->xRadius = 1;
-        style->yRadius = 1;
-
+        Box box;
+        Record::fill(box.style());
+        box.style()->contextMenu = newMenu(); // dies with the box
+        styleOf(box)->indicatorBrush = QBrush(Qt::red);
+        KELRoundRectControlStyle expected = *box.style();
+        expected.isMouseDown = false;
+        expected.isCheck = false;
+        setLook(&expected);
         box.makeStyleAgain();
-        style = styleOf(box);
-        QCOMPARE(style->boundRect, QRectF(1, 2, 3, 4));
-        QCOMPARE(style->text, u"Pump"_s);
-        QCOMPARE(style->foregroundBrush, QBrush(Qt::green));
-        QCOMPARE(style->font.pixelSize(), 33);
-        QCOMPARE(style->margins, QMarginsF(1, 2, 3, 4));
-        QCOMPARE(style->textFlags, int(Qt::AlignRight));
-        QVERIFY(!style->trimText);
-        QCOMPARE(style->icon.getIcon(), QChar('x'));
-        QCOMPARE(style->iconSize, 12);
-        QCOMPARE(style->pixmap.size(), QSize(3, 3));
-        QCOMPARE(style->contextMenu, menu);
-        QVERIFY(!style->isMouseDown);
-        QVERIFY(!style->isCheck);
-        QCOMPARE(style->backgroundBrush, QBrush(defaultTrack));
-        QCOMPARE(style->borderBrush, QBrush(Qt::white));
-        QCOMPARE(style->borderWidth, 2.0F);
-        QCOMPARE(style->indicatorBrush, QBrush(defaultKnob));
-        QCOMPARE(style->xRadius, 15.0);
-        QCOMPARE(style->yRadius, 15.0);
-    }
-
-    void initStyleReturnsTheNewRecord()
-    {
-        KELCheckBox box;
-        KELRoundRectControlStyle *made = box.initStyle();
-        QCOMPARE(box.style(), made);
+        QCOMPARE(Record::difference(*box.style(), expected), QString());
+        QCOMPARE(styleOf(box)->indicatorBrush, QBrush(defaultKnob));
     }
 
     void initStyleMakesANewRecordEachTime()
     {
-        OpenCheckBox box;
+        KELCheckBox box;
         for (int i = 0; i < 3; ++i) {
             // The new record is made before the old one goes, so it cannot be in its place.
             const auto old = quintptr(box.style());
-            box.makeStyleAgain();
-            QVERIFY(quintptr(box.style()) != old);
+            const KELRoundRectControlStyle *const made = box.initStyle();
+            QCOMPARE(box.style(), made);
+            QVERIFY(quintptr(made) != old);
         }
     }
 
@@ -192,15 +97,14 @@ private Q_SLOTS:
 
     void initStyleAgainFreesTheOldRecord()
     {
-        QFETCH(bool, texture);
-        QPixmap pixmap(8, 8);
-        pixmap.fill(Qt::red);
-        OpenCheckBox box;
+        const bool isTexture = fetch<bool>("texture");
+        const QPixmap pixmap = HandDrawing::picture();
+        Box box;
         // A leak of the gradient is for the sanitizers to see.
         for (int i = 0; i < 3; ++i) {
-            styleOf(box)->indicatorBrush = texture ? QBrush(pixmap) : gradient();
+            styleOf(box)->indicatorBrush = isTexture ? QBrush(pixmap) : HandDrawing::gradient();
             styleOf(box)->text = u"Pump %1"_s.arg(i);
-            QCOMPARE(pixmap.isDetached(), !texture);
+            QCOMPARE(pixmap.isDetached(), !isTexture);
             box.makeStyleAgain();
             QVERIFY2(pixmap.isDetached(), "the old knob brush is still there");
         }
@@ -210,15 +114,14 @@ private Q_SLOTS:
 
     void knobBrushIsFreedWithTheBox()
     {
-        QFETCH(bool, texture);
-        QPixmap pixmap(8, 8);
-        pixmap.fill(Qt::red);
+        const bool isTexture = fetch<bool>("texture");
+        const QPixmap pixmap = HandDrawing::picture();
         for (const bool styleMadeAgain : {false, true}) {
-            auto box = std::make_unique<OpenCheckBox>();
+            auto box = std::make_unique<Box>();
             if (styleMadeAgain)
                 box->makeStyleAgain();
-            styleOf(*box)->indicatorBrush = texture ? QBrush(pixmap) : gradient();
-            QCOMPARE(pixmap.isDetached(), !texture);
+            styleOf(*box)->indicatorBrush = isTexture ? QBrush(pixmap) : HandDrawing::gradient();
+            QCOMPARE(pixmap.isDetached(), !isTexture);
             box.reset();
             QVERIFY2(pixmap.isDetached(), "the knob brush is still there");
         }
@@ -226,8 +129,8 @@ private Q_SLOTS:
 
     void menuIsDisposedOfWithTheBox()
     {
-        const QPointer<QMenu> menu(new QMenu);
-        auto box = std::make_unique<OpenCheckBox>();
+        const QPointer<QMenu> menu(newMenu());
+        auto box = std::make_unique<Box>();
         box->style()->contextMenu = menu;
         box->makeStyleAgain();
         QCoreApplication::sendPostedEvents(menu, QEvent::DeferredDelete);
@@ -237,59 +140,24 @@ private Q_SLOTS:
         QVERIFY(!menu);
     }
 
-    void optionCarriesTheRecord()
+    void optionIsTheRecordWithoutPicturesAndPress()
     {
         KELCheckBox box;
-        KELCheckBoxStyle *style = styleOf(box);
-        style->boundRect = QRectF(3, 4, 50, 60);
-        style->font.setPixelSize(33);
-        style->xRadius = 5;
-        style->yRadius = 6;
-        style->margins = QMarginsF(1, 2, 3, 4);
-        style->borderBrush = QBrush(Qt::blue);
-        style->borderWidth = 3.5F;
-        style->foregroundBrush = QBrush(Qt::green);
-        style->text = u"Pump"_s;
-        style->textFlags = Qt::AlignRight;
-        for (const bool trim : {false, true}) {
-            style->trimText = trim;
-            box.setCheck(trim);
-            const KELCheckBoxStyle option = optionOf(box);
-            QCOMPARE(option.boundRect, QRectF(3, 4, 50, 60));
-            QCOMPARE(option.font, style->font);
-            QCOMPARE(option.xRadius, 5.0);
-            QCOMPARE(option.yRadius, 6.0);
-            QCOMPARE(option.trimText, trim);
-            QCOMPARE(option.margins, QMarginsF(1, 2, 3, 4));
-            QCOMPARE(option.isCheck, trim);
-            QCOMPARE(option.borderBrush, QBrush(Qt::blue));
-            QCOMPARE(option.borderWidth, 3.5F);
-            QCOMPARE(option.foregroundBrush, QBrush(Qt::green));
-            QCOMPARE(option.text, u"Pump"_s);
-            QCOMPARE(option.textFlags, int(Qt::AlignRight));
+        Record::fill(box.style());
+        box.style()->contextMenu = newMenu(); // dies with the box
+        for (const bool on : {false, true}) {
+            box.style()->isCheck = on;
+            box.style()->trimText = on;
+            KELRoundRectControlStyle expected = *box.style();
+            if (on)
+                expected.backgroundBrush = QColor(70, 193, 255, 185); // as the knob, but paler
+            expected.pixmap = QPixmap();
+            expected.icon = KELCheckBoxStyle().icon;
+            expected.iconSize = 0;
+            expected.isMouseDown = false;
+            expected.contextMenu = nullptr;
+            QCOMPARE(Record::difference(optionOf(box), expected), QString());
         }
-    }
-
-    void optionLeavesPicturesOut()
-    {
-        KELCheckBox box;
-        styleOf(box)->pixmap = QPixmap(4, 4);
-        styleOf(box)->pixmap.fill(Qt::red);
-        styleOf(box)->icon = KELIconFont('x');
-        styleOf(box)->iconSize = 12;
-        const KELCheckBoxStyle option = optionOf(box);
-        QVERIFY(option.pixmap.isNull());
-        QVERIFY(option.icon.isNull());
-        QCOMPARE(option.iconSize, 0);
-    }
-
-    void optionLeavesThePressOut()
-    {
-        KELCheckBox box;
-        styleOf(box)->isMouseDown = true;
-        styleOf(box)->contextMenu = new QMenu; // dies with the box
-        QVERIFY(!optionOf(box).isMouseDown);
-        QCOMPARE(optionOf(box).contextMenu, nullptr);
     }
 
     void optionHasTheRectangleInTheScene()
@@ -320,103 +188,45 @@ private Q_SLOTS:
         QCOMPARE(option.contextMenu, nullptr);
     }
 
-    void defaultColours_data()
-    {
-        QTest::addColumn<bool>("on");
-        QTest::addColumn<bool>("enabled");
-        QTest::addColumn<QColor>("track");
-        QTest::addColumn<QColor>("knob");
-        QTest::addColumn<QColor>("outline");
-
-        const QColor knob(0, 123, 185, 255);
-        const QColor disabledKnob(130, 130, 130, 150);
-        const QColor outline(255, 255, 255, 255);
-        const QColor disabledOutline(255, 255, 255, 125);
-        QTest::newRow("off, enabled")
-            << false << true << QColor(200, 200, 200, 255) << knob << outline;
-        QTest::newRow("off, disabled")
-            << false << false << QColor(200, 200, 200, 85) << disabledKnob << disabledOutline;
-        QTest::newRow("on, enabled")
-            << true << true << QColor(70, 193, 255, 185) << knob << outline;
-        QTest::newRow("on, disabled")
-            << true << false << QColor(200, 200, 200, 80) << disabledKnob << disabledOutline;
-    }
-
-    void defaultColours()
-    {
-        QFETCH(bool, on);
-        QFETCH(bool, enabled);
-        QFETCH(QColor, track);
-        QFETCH(QColor, knob);
-        QFETCH(QColor, outline);
-        KELCheckBox box;
-        box.setCheck(on);
-        box.setEnabled(enabled);
-        const KELCheckBoxStyle option = optionOf(box);
-        QCOMPARE(option.backgroundBrush, QBrush(track));
-        QCOMPARE(option.indicatorBrush, QBrush(knob));
-        QCOMPARE(option.borderBrush, QBrush(outline));
-        QCOMPARE(option.borderWidth, 2.0F);
-        QCOMPARE(option.foregroundBrush, QBrush(Qt::black));
-    }
-
     void coloursAreComputedFromTheRecord_data()
     {
-        QTest::addColumn<bool>("on");
-        QTest::addColumn<bool>("enabled");
-        QTest::addColumn<QColor>("track");
-        QTest::addColumn<QColor>("knob");
-        QTest::addColumn<QColor>("outline");
-
-        const QColor knob(11, 122, 183, 201);
-        const QColor disabledKnob(20, 55, 126, 150);
-        const QColor outline(4, 5, 6, 207);
-        const QColor disabledOutline(4, 5, 6, 77);
-        QTest::newRow("off, enabled")
-            << false << true << QColor(90, 125, 196, 240) << knob << outline;
-        QTest::newRow("off, disabled")
-            << false << false << QColor(90, 125, 196, 70) << disabledKnob << disabledOutline;
-        QTest::newRow("on, enabled")
-            << true << true << QColor(81, 192, 253, 131) << knob << outline;
-        QTest::newRow("on, disabled")
-            << true << false << QColor(90, 125, 196, 80) << disabledKnob << disabledOutline;
+        addRows({{"own", {{"default colours", false}, {"own colours", true}}},
+                 {"state", namesOf(defaultStates)}});
     }
 
     void coloursAreComputedFromTheRecord()
     {
-        QFETCH(bool, on);
-        QFETCH(bool, enabled);
-        QFETCH(QColor, track);
-        QFETCH(QColor, knob);
-        QFETCH(QColor, outline);
+        const bool own = fetch<bool>("own");
+        const BoxState &state = (own ? ownStates : defaultStates)[fetch<size_t>("state")];
         KELCheckBox box;
-        styleOf(box)->backgroundBrush = QColor(90, 125, 196, 240);
-        styleOf(box)->indicatorBrush = QColor(11, 122, 183, 201);
-        styleOf(box)->borderBrush = QColor(4, 5, 6, 207);
-        styleOf(box)->borderWidth = 5;
-        box.setCheck(on);
-        box.setEnabled(enabled);
+        if (own) {
+            useOwnColours(box);
+            box.style()->borderWidth = 5;
+        }
+        bringInto(&box, state);
         const KELCheckBoxStyle option = optionOf(box);
-        QCOMPARE(option.backgroundBrush, QBrush(track));
-        QCOMPARE(option.indicatorBrush, QBrush(knob));
-        QCOMPARE(option.borderBrush, QBrush(outline));
-        QCOMPARE(option.borderWidth, 5.0F);
+        QCOMPARE(option.backgroundBrush, QBrush(state.track));
+        QCOMPARE(option.indicatorBrush, QBrush(state.knob));
+        QCOMPARE(option.borderBrush, QBrush(state.outline));
+        QCOMPARE(option.borderWidth, own ? 5.0F : 2.0F);
+        QCOMPARE(option.foregroundBrush, QBrush(Qt::black));
     }
 
     void enabledBrushesAreCopiedWhole()
     {
         KELCheckBox box;
+        const QBrush gradient = HandDrawing::gradient();
         const QBrush hatched(QColor(100, 110, 120, 230), Qt::DiagCrossPattern);
-        styleOf(box)->backgroundBrush = gradient();
+        styleOf(box)->backgroundBrush = gradient;
         styleOf(box)->indicatorBrush = hatched;
-        styleOf(box)->borderBrush = gradient();
-        QCOMPARE(optionOf(box).backgroundBrush, gradient());
-        QCOMPARE(optionOf(box).indicatorBrush, hatched);
-        QCOMPARE(optionOf(box).borderBrush, gradient());
-        box.setCheck(true);
-        QCOMPARE(optionOf(box).indicatorBrush, hatched);
-        QCOMPARE(optionOf(box).borderBrush, gradient());
-        QCOMPARE(optionOf(box).backgroundBrush, QBrush(QColor(170, 180, 190, 160)));
+        styleOf(box)->borderBrush = gradient;
+        for (const bool on : {false, true}) {
+            box.setCheck(on);
+            QCOMPARE(optionOf(box).backgroundBrush,
+                     on ? QBrush(QColor(170, 180, 190, 160)) : gradient);
+            QCOMPARE(optionOf(box).indicatorBrush, hatched);
+            QCOMPARE(optionOf(box).borderBrush, gradient);
+        }
     }
 
     void disabledBrushesAreSolid()
@@ -438,9 +248,9 @@ private Q_SLOTS:
         KELRoundRectControl parent;
         const auto *box = new KELCheckBox(&parent);
         parent.setEnabled(false);
-        QCOMPARE(optionOf(*box).indicatorBrush, QBrush(QColor(130, 130, 130, 150)));
-        QCOMPARE(optionOf(*box).backgroundBrush, QBrush(QColor(200, 200, 200, 85)));
-        QCOMPARE(optionOf(*box).borderBrush, QBrush(QColor(255, 255, 255, 125)));
+        QCOMPARE(optionOf(*box).indicatorBrush, QBrush(defaultStates[2].knob));
+        QCOMPARE(optionOf(*box).backgroundBrush, QBrush(defaultStates[2].track));
+        QCOMPARE(optionOf(*box).borderBrush, QBrush(defaultStates[2].outline));
     }
 
     void withoutKnob()
@@ -458,20 +268,13 @@ private Q_SLOTS:
         }
     }
 
-    void withoutTrack_data()
-    {
-        QTest::addColumn<bool>("on");
-
-        QTest::newRow("off") << false;
-        QTest::newRow("on") << true;
-    }
+    void withoutTrack_data() { addRows({{"on", {{"off", false}, {"on", true}}}}); }
 
     void withoutTrack()
     {
-        QFETCH(bool, on);
         KELCheckBox box;
         styleOf(box)->backgroundBrush = QBrush(QColor(80, 90, 100), Qt::NoBrush);
-        box.setCheck(on);
+        box.setCheck(fetch<bool>("on"));
         QCOMPARE(optionOf(box).backgroundBrush.style(), Qt::NoBrush);
         QCOMPARE(optionOf(box).indicatorBrush, QBrush(defaultKnob));
         box.setEnabled(false);
@@ -484,7 +287,6 @@ private Q_SLOTS:
     {
         QTest::addColumn<QBrush>("brush");
         QTest::addColumn<float>("width");
-
         QTest::newRow("no brush") << QBrush(Qt::red, Qt::NoBrush) << 2.0F;
         QTest::newRow("width zero") << QBrush(Qt::red) << 0.0F;
         QTest::newRow("width negative") << QBrush(Qt::red) << -1.0F;
@@ -494,11 +296,9 @@ private Q_SLOTS:
 
     void withoutOutline()
     {
-        QFETCH(QBrush, brush);
-        QFETCH(float, width);
         KELCheckBox box;
-        styleOf(box)->borderBrush = brush;
-        styleOf(box)->borderWidth = width;
+        styleOf(box)->borderBrush = fetch<QBrush>("brush");
+        styleOf(box)->borderWidth = fetch<float>("width");
         for (const bool enabled : {true, false}) {
             box.setEnabled(enabled);
             QCOMPARE(optionOf(box).borderBrush, QBrush(Qt::NoBrush));
@@ -506,94 +306,67 @@ private Q_SLOTS:
         }
     }
 
-    void withoutForeground()
+    void withoutForegroundOrText_data()
     {
-        KELCheckBox box;
-        styleOf(box)->text = u"Pump"_s;
-        styleOf(box)->foregroundBrush = QBrush(Qt::red, Qt::NoBrush);
-        QCOMPARE(optionOf(box).foregroundBrush, QBrush(Qt::NoBrush));
-        QVERIFY(optionOf(box).text.isNull());
-        QCOMPARE(optionOf(box).textFlags, 0);
-    }
-
-    void withoutText_data()
-    {
+        QTest::addColumn<QBrush>("foreground");
         QTest::addColumn<QString>("text");
-
-        QTest::newRow("null") << QString();
-        QTest::newRow("empty") << u""_s;
+        QTest::newRow("no brush") << QBrush(Qt::NoBrush) << u"Pump"_s;
+        QTest::newRow("null text") << QBrush(Qt::red) << QString();
+        QTest::newRow("empty text") << QBrush(Qt::red) << u""_s;
     }
 
-    void withoutText()
+    void withoutForegroundOrText()
     {
-        QFETCH(QString, text);
         KELCheckBox box;
-        styleOf(box)->text = text;
-        styleOf(box)->foregroundBrush = QBrush(Qt::red);
-        QCOMPARE(optionOf(box).foregroundBrush, QBrush(Qt::red));
+        styleOf(box)->text = fetch<QString>("text");
+        styleOf(box)->foregroundBrush = fetch<QBrush>("foreground");
+        QCOMPARE(optionOf(box).foregroundBrush, fetch<QBrush>("foreground"));
         QVERIFY(optionOf(box).text.isNull());
         QCOMPARE(optionOf(box).textFlags, 0);
     }
 
     void colourOutOfRangeIsInvalid_data()
     {
-        QTest::addColumn<bool>("on");
-        QTest::addColumn<bool>("enabled");
-        QTest::addColumn<QColor>("track");
-        QTest::addColumn<QColor>("knob");
-        QTest::addColumn<QColor>("outline");
-        QTest::addColumn<QString>("invalid");
-
-        const QColor white(Qt::white);
-        const QString knob = u"knob"_s;
-        const QString track = u"track"_s;
-        const QString outline = u"outline"_s;
-        QTest::newRow("disabled knob, red")
-            << false << false << QColor(69, 200, 200) << defaultKnob << white << knob;
+        QTest::addColumn<BoxState>("state");
+        QTest::addColumn<int>("changed");
+        QTest::addColumn<QColor>("colour");
+        QTest::addColumn<int>("invalid");
+        const BoxState &on = defaultStates[1];
+        const BoxState &offDisabled = defaultStates[2];
+        const BoxState &onDisabled = defaultStates[3];
+        const int track = int(Part::Track);
+        const int knob = int(Part::Knob);
+        const int outline = int(Part::Outline);
+        QTest::newRow("disabled knob, red") << offDisabled << track << QColor(69, 200, 200) << knob;
         QTest::newRow("disabled knob, green")
-            << false << false << QColor(200, 69, 200) << defaultKnob << white << knob;
+            << offDisabled << track << QColor(200, 69, 200) << knob;
         QTest::newRow("disabled knob, blue")
-            << false << false << QColor(200, 200, 69) << defaultKnob << white << knob;
+            << offDisabled << track << QColor(200, 200, 69) << knob;
         QTest::newRow("disabled knob, black track")
-            << false << false << QColor(0, 0, 0) << defaultKnob << white << knob;
-        QTest::newRow("track on, red")
-            << true << true << defaultTrack << QColor(186, 0, 0) << white << track;
-        QTest::newRow("track on, green")
-            << true << true << defaultTrack << QColor(0, 186, 0) << white << track;
-        QTest::newRow("track on, blue")
-            << true << true << defaultTrack << QColor(0, 0, 186) << white << track;
-        QTest::newRow("track on, alpha")
-            << true << true << defaultTrack << QColor(0, 0, 0, 69) << white << track;
+            << offDisabled << track << QColor(0, 0, 0) << knob;
+        QTest::newRow("track on, red") << on << knob << QColor(186, 0, 0) << track;
+        QTest::newRow("track on, green") << on << knob << QColor(0, 186, 0) << track;
+        QTest::newRow("track on, blue") << on << knob << QColor(0, 0, 186) << track;
+        QTest::newRow("track on, alpha") << on << knob << QColor(0, 0, 0, 69) << track;
         QTest::newRow("track off and disabled, alpha")
-            << false << false << QColor(200, 200, 200, 169) << defaultKnob << white << track;
+            << offDisabled << track << QColor(200, 200, 200, 169) << track;
         QTest::newRow("disabled outline, alpha, off")
-            << false << false << defaultTrack << defaultKnob << QColor(0, 0, 0, 129) << outline;
+            << offDisabled << outline << QColor(0, 0, 0, 129) << outline;
         QTest::newRow("disabled outline, alpha, on")
-            << true << false << defaultTrack << defaultKnob << QColor(0, 0, 0, 129) << outline;
+            << onDisabled << outline << QColor(0, 0, 0, 129) << outline;
     }
 
     void colourOutOfRangeIsInvalid()
     {
-        QFETCH(bool, on);
-        QFETCH(bool, enabled);
-        QFETCH(QColor, track);
-        QFETCH(QColor, knob);
-        QFETCH(QColor, outline);
-        QFETCH(QString, invalid);
         KELCheckBox box;
-        styleOf(box)->backgroundBrush = track;
-        styleOf(box)->indicatorBrush = knob;
-        styleOf(box)->borderBrush = outline;
-        box.setCheck(on);
-        box.setEnabled(enabled);
-        const KELCheckBoxStyle option = optionOf(box);
-        QCOMPARE(takeWarnings(), rangeWarnings(1));
-        QCOMPARE(option.indicatorBrush.color().isValid(), invalid != QLatin1String("knob"));
-        QCOMPARE(option.backgroundBrush.color().isValid(), invalid != QLatin1String("track"));
-        QCOMPARE(option.borderBrush.color().isValid(), invalid != QLatin1String("outline"));
-        QCOMPARE(option.indicatorBrush.style(), Qt::SolidPattern);
-        QCOMPARE(option.backgroundBrush.style(), Qt::SolidPattern);
-        QCOMPARE(option.borderBrush.style(), Qt::SolidPattern);
+        brushOf(styleOf(box), fetch<Part>("changed")) = fetch<QColor>("colour");
+        bringInto(&box, fetch<BoxState>("state"));
+        KELCheckBoxStyle option = optionOf(box);
+        QCOMPARE(takeWarnings(), QStringList(rangeWarning));
+        for (const Part part : {Part::Track, Part::Knob, Part::Outline}) {
+            QCOMPARE(brushOf(&option, part).color().isValid(), part != fetch<Part>("invalid"));
+            QCOMPARE(brushOf(&option, part).style(), Qt::SolidPattern);
+        }
     }
 
     void colourAtTheLimitIsValid()
@@ -615,10 +388,9 @@ private Q_SLOTS:
     {
         KELCheckBox box;
         styleOf(box)->backgroundBrush = QColor(10, 200, 200);
-        box.setCheck(true);
-        box.setEnabled(false);
+        bringInto(&box, defaultStates[3]);
         const KELCheckBoxStyle option = optionOf(box);
-        QCOMPARE(takeWarnings(), rangeWarnings(1));
+        QCOMPARE(takeWarnings(), QStringList(rangeWarning));
         QVERIFY(!option.indicatorBrush.color().isValid());
         // Qt counts an invalid colour as opaque black.
         QCOMPARE(option.backgroundBrush, QBrush(QColor(70, 70, 70, 185)));
@@ -627,48 +399,40 @@ private Q_SLOTS:
     void optionDoesNotChangeTheRecord()
     {
         KELCheckBox box;
-        box.setCheck(true);
-        box.setEnabled(false);
+        bringInto(&box, defaultStates[3]);
+        const KELRoundRectControlStyle before = *box.style();
         optionOf(box);
-        optionOf(box);
-        QCOMPARE(styleOf(box)->backgroundBrush, QBrush(defaultTrack));
+        QCOMPARE(Record::difference(*box.style(), before), QString());
         QCOMPARE(styleOf(box)->indicatorBrush, QBrush(defaultKnob));
-        QCOMPARE(styleOf(box)->borderBrush, QBrush(Qt::white));
-        QCOMPARE(optionOf(box).backgroundBrush, QBrush(QColor(200, 200, 200, 80)));
     }
 
     void checkedEventTellsTheStoredState_data()
     {
-        QTest::addColumn<bool>("stored");
-        QTest::addColumn<bool>("argument");
-        QTest::addColumn<QString>("names");
-
-        QTest::newRow("off, told off") << false << false << u"unchecked changed"_s;
-        QTest::newRow("off, told on") << false << true << u"unchecked changed"_s;
-        QTest::newRow("on, told off") << true << false << u"checked changed"_s;
-        QTest::newRow("on, told on") << true << true << u"checked changed"_s;
+        addRows({{"stored", {{"off", false}, {"on", true}}},
+                 {"argument", {{"told off", false}, {"told on", true}}}});
     }
 
     void checkedEventTellsTheStoredState()
     {
-        QFETCH(bool, stored);
-        QFETCH(bool, argument);
-        QFETCH(QString, names);
+        const bool stored = fetch<bool>("stored");
         KELCheckBox box;
-        Recorder recorder(&box);
+        SignalLog log;
+        log.listenTo(&box);
         box.style()->isCheck = stored;
-        box.onCheckedEvent(argument);
-        QCOMPARE(recorder.take(), names);
+        box.onCheckedEvent(fetch<bool>("argument"));
+        QCOMPARE(log.take(), stored ? u"checked checkChanged"_s : u"unchecked checkChanged"_s);
         QCOMPARE(box.isCheck(), stored);
     }
 
 private:
-    static void addBrushes()
+    static void addBrushes() { addRows({{"texture", {{"texture", true}, {"gradient", false}}}}); }
+    static void setLook(KELRoundRectControlStyle *style)
     {
-        QTest::addColumn<bool>("texture");
-
-        QTest::newRow("texture") << true;
-        QTest::newRow("gradient") << false;
+        style->backgroundBrush = defaultTrack;
+        style->borderBrush = QColor(Qt::white);
+        style->borderWidth = 2;
+        style->xRadius = 15;
+        style->yRadius = 15;
     }
 };
 

@@ -1,22 +1,19 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
-#include "keltest.h"
-
-#include "../../../src/kelcheckbox_p.h"
-
-#include <kelcheckbox.h>
-
-#include <QtGui/QLinearGradient>
-#include <QtGui/QPainter>
-#include <QtWidgets/QStyleOptionGraphicsItem>
+#include "checkboxstates.h"
+#include "controltest.h"
+#include "handdrawing.h"
+#include "kelcheckbox_p.h"
+#include "record.h"
+#include "stage.h"
 
 #include <limits>
 
 namespace {
 
 const QSize canvas(270, 110);
-constexpr qreal scales[] = {0.5, 1, 1.5, 2};
+const QRectF usualRect(40, 30, 100, 40);
 
 // Lends a private member: an explicit instantiation may name it.
 template <auto Member>
@@ -27,43 +24,63 @@ struct Lend
 template struct Lend<&KELCheckBox::d>;
 KELCheckBoxPrivate *recordOf(const KELCheckBox &box);
 
-// A check box of which the second drawing can be chosen.
-class OpenCheckBox : public KELCheckBox
+// The two drawings: the second one has no setter.
+enum class Layout { Switch, ThinBar };
+
+const std::vector<Named> layouts = {{"switch", int(Layout::Switch)},
+                                    {"thin bar", int(Layout::ThinBar)}};
+
+class PaintedBox : public KELCheckBox
 {
 public:
-    using KELCheckBox::KELCheckBox;
+    explicit PaintedBox(Layout layout = Layout::Switch, const QRectF &rect = usualRect,
+                        QGraphicsObject *parent = nullptr) :
+        KELCheckBox(parent)
+    {
+        setLayoutMode(int(layout));
+        setboundRect(rect);
+    }
     void setLayoutMode(int mode) { recordOf(*this)->layoutMode = mode; }
+    KELCheckBoxStyle *operator->() const { return styleOf(*this); }
 };
 
-KELCheckBoxStyle *styleOf(const KELCheckBox &box)
+// A check box drawn step by step.
+struct BoxDrawing
 {
-    return static_cast<KELCheckBoxStyle *>(box.style());
-}
+    explicit BoxDrawing(const BoxState &state, const QRectF &rectIn = usualRect) :
+        rect(rectIn), track(state.track), knob(state.knob), outline(state.outline), on(state.on)
+    { }
 
-// A check box drawn by hand, step by step. It shares no code with the
-// library, so that a mistake there shows up as a difference.
-struct HandDrawing
-{
+    void draw(QPainter *painter, Layout layout) const
+    {
+        painter->setRenderHint(QPainter::Antialiasing);
+        if (layout == Layout::Switch)
+            drawSwitch(painter);
+        else
+            drawBar(painter);
+    }
+
     QRectF rect;
-    QBrush track = QColor(200, 200, 200);
-    QBrush knob = QColor(0, 123, 185);
-    QBrush outline = QColor(255, 255, 255);
+    QBrush track;
+    QBrush knob;
+    QBrush outline;
     double outlineWidth = 2;
     double xRadius = 15;
     double yRadius = 15;
-    bool on = false;
+    bool on;
+
+private:
+    bool hasOutline() const { return outline.style() != Qt::NoBrush && outlineWidth > 0; }
 
     void drawSwitch(QPainter *painter) const
     {
-        painter->setRenderHint(QPainter::Antialiasing);
         const double width = rect.width() > 80 ? 80 : rect.width();
         const double left = rect.x() + (rect.width() - width) / 2;
         const double top = rect.y() + rect.height() / 2 - 15;
         if (track.style() != Qt::NoBrush)
             painter->setBrush(track);
-        if (outline.style() != Qt::NoBrush && outlineWidth > 0)
-            painter->setPen(
-                QPen(outline, outlineWidth, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
+        if (hasOutline())
+            painter->setPen(HandDrawing::squarePen(outline, outlineWidth));
         painter->drawRoundedRect(QRectF(left, top, width, 30), xRadius, yRadius, Qt::AbsoluteSize);
         const double margin = hasOutline() ? 1.5 * outlineWidth : 0;
         drawKnob(painter, QRectF(on ? left + width - 27 : left + margin, top + margin, 24, 24));
@@ -71,7 +88,6 @@ struct HandDrawing
 
     void drawBar(QPainter *painter) const
     {
-        painter->setRenderHint(QPainter::Antialiasing);
         const double half = hasOutline() ? outlineWidth / 2 : 0;
         if (track.style() != Qt::NoBrush) {
             painter->setPen(Qt::NoPen);
@@ -86,9 +102,6 @@ struct HandDrawing
                         rect.y() + half, size, size));
     }
 
-private:
-    bool hasOutline() const { return outline.style() != Qt::NoBrush && outlineWidth > 0; }
-
     void drawKnob(QPainter *painter, const QRectF &place) const
     {
         if (knob.style() == Qt::NoBrush)
@@ -99,97 +112,39 @@ private:
     }
 };
 
-struct State
+// With the pen and the brush that the painter has before the box is painted.
+QString differenceFrom(const BoxDrawing &expected, KELCheckBox *box, Layout layout = Layout::Switch,
+                       const QPen &pen = QPen(), const QBrush &brush = QBrush())
 {
-    const char *name;
-    bool on;
-    bool enabled;
-    QColor track;
-    QColor knob;
-    QColor outline;
-};
-
-// The default colours in each state.
-const State states[] = {
-    {"off", false, true, QColor(200, 200, 200), QColor(0, 123, 185), QColor(255, 255, 255)},
-    {"on", true, true, QColor(70, 193, 255, 185), QColor(0, 123, 185), QColor(255, 255, 255)},
-    {"off and disabled", false, false, QColor(200, 200, 200, 85), QColor(130, 130, 130, 150),
-     QColor(255, 255, 255, 125)},
-    {"on and disabled", true, false, QColor(200, 200, 200, 80), QColor(130, 130, 130, 150),
-     QColor(255, 255, 255, 125)},
-};
-
-using Painting = std::function<void(QPainter *)>;
-
-// The pen and the brush that the painter has before the box is painted.
-struct PainterState
-{
-    QPen pen = QPen();
-    QBrush brush = QBrush();
-};
-
-QString differenceFrom(const HandDrawing &expected, KELCheckBox *box, bool thinBar, qreal scale = 1,
-                       const PainterState &before = PainterState())
-{
-    const auto prepared = [&before](const Painting &draw) {
-        return [&before, draw](QPainter *painter) {
-            painter->setPen(before.pen);
-            painter->setBrush(before.brush);
-            draw(painter);
+    QString difference;
+    for (const qreal scale : {0.5, 1.0, 1.5, 2.0}) {
+        const auto drawn = [&](const KelImage::Drawing &draw) {
+            return KelImage::draw(canvas, scale, [&](QPainter *painter) {
+                painter->setPen(pen);
+                painter->setBrush(brush);
+                draw(painter);
+            });
         };
-    };
-    const QImage actual = KelImage::draw(canvas, scale, prepared([box](QPainter *painter) {
-                                             QStyleOptionGraphicsItem option;
-                                             box->paint(painter, &option, nullptr);
-                                         }));
-    const QImage wanted = KelImage::draw(canvas, scale, prepared([&](QPainter *painter) {
-                                             if (thinBar)
-                                                 expected.drawBar(painter);
-                                             else
-                                                 expected.drawSwitch(painter);
-                                         }));
-    return KelImage::difference(actual, wanted);
-}
-
-// The hand drawing of a box as it is after construction, brought into a state.
-HandDrawing defaultDrawing(const QRectF &rect, const State &state)
-{
-    HandDrawing drawing;
-    drawing.rect = rect;
-    drawing.on = state.on;
-    drawing.track = state.track;
-    drawing.knob = state.knob;
-    drawing.outline = state.outline;
-    return drawing;
-}
-
-void bringInto(KELCheckBox *box, const State &state)
-{
-    box->setCheck(state.on);
-    box->setEnabled(state.enabled);
-}
-
-void addLayouts()
-{
-    QTest::addColumn<bool>("thinBar");
-
-    QTest::newRow("switch") << false;
-    QTest::newRow("thin bar") << true;
-}
-
-void addLayoutsAndSizes()
-{
-    QTest::addColumn<bool>("thinBar");
-    QTest::addColumn<int>("width");
-    QTest::addColumn<int>("height");
-
-    for (const bool thinBar : {false, true}) {
-        for (const int width : {20, 79, 80, 81, 200}) {
-            for (const int height : {20, 30, 60})
-                QTest::addRow("%s, %d x %d", thinBar ? "thin bar" : "switch", width, height)
-                    << thinBar << width << height;
-        }
+        difference += KelImage::difference(
+            drawn([box](QPainter *painter) { box->paint(painter, nullptr); }),
+            drawn([&](QPainter *painter) { expected.draw(painter, layout); }));
     }
+    return difference;
+}
+
+Layout layoutOfRow()
+{
+    return fetch<Layout>("layout");
+}
+
+const BoxState &stateOfRow()
+{
+    return defaultStates[fetch<size_t>("state")];
+}
+
+void addLayoutsAndStates()
+{
+    addRows({{"layout", layouts}, {"state", namesOf(defaultStates)}});
 }
 
 } // namespace
@@ -199,293 +154,168 @@ class tst_KELCheckBoxPaint : public KelTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void isTheHandDrawnPicture_data() { addLayoutsAndSizes(); }
+    void isTheHandDrawnPicture_data() { addLayoutsAndStates(); }
 
     void isTheHandDrawnPicture()
     {
-        QFETCH(bool, thinBar);
-        QFETCH(int, width);
-        QFETCH(int, height);
-        const QRectF rect(40, 25, width, height);
-        OpenCheckBox box;
-        box.setLayoutMode(thinBar ? 1 : 0);
-        box.setboundRect(rect);
-        for (const State &state : states) {
-            bringInto(&box, state);
-            for (const qreal scale : scales) {
-                QVERIFY2(
-                    differenceFrom(defaultDrawing(rect, state), &box, thinBar, scale).isEmpty(),
-                    qPrintable(
-                        u"%1, scale %2"_s.arg(QLatin1String(state.name), QString::number(scale))));
-            }
+        for (const QRectF &rect :
+             {QRectF(40, 25, 20, 10), QRectF(40, 25, 79, 30), QRectF(40, 25, 80, 30),
+              QRectF(40, 25, 81, 60), QRectF(40, 25, 200, 20), QRectF(40, 25, 200, 60),
+              QRectF(30.3, 24.6, 80.5, 41.3), QRectF(41.5, 30.25, 79.9, 29.9),
+              QRectF(20.7, 20.1, 133.3, 33.25)}) {
+            PaintedBox box(layoutOfRow(), rect);
+            bringInto(&box, stateOfRow());
+            QCOMPARE(differenceFrom(BoxDrawing(stateOfRow(), rect), &box, layoutOfRow()),
+                     QString());
         }
     }
 
-    void isTheHandDrawnPictureAtFractions_data() { addLayouts(); }
-
-    void isTheHandDrawnPictureAtFractions()
-    {
-        QFETCH(bool, thinBar);
-        for (const QRectF &rect : {QRectF(30.3, 24.6, 80.5, 41.3), QRectF(41.5, 30.25, 79.9, 29.9),
-                                   QRectF(20.7, 20.1, 133.3, 33.25)}) {
-            OpenCheckBox box;
-            box.setLayoutMode(thinBar ? 1 : 0);
-            box.setboundRect(rect);
-            for (const State &state : states) {
-                bringInto(&box, state);
-                for (const qreal scale : scales)
-                    QCOMPARE(differenceFrom(defaultDrawing(rect, state), &box, thinBar, scale),
-                             QString());
-            }
-        }
-    }
-
-    void isTheHandDrawnPictureWithEveryField_data() { addLayouts(); }
+    void isTheHandDrawnPictureWithEveryField_data() { addLayoutsAndStates(); }
 
     void isTheHandDrawnPictureWithEveryField()
     {
-        QFETCH(bool, thinBar);
-        const State ownStates[] = {{"off", false, true, QColor(90, 125, 196, 240),
-                                    QColor(11, 122, 183, 201), QColor(4, 5, 6, 207)},
-                                   {"on", true, true, QColor(81, 192, 253, 131),
-                                    QColor(11, 122, 183, 201), QColor(4, 5, 6, 207)},
-                                   {"off and disabled", false, false, QColor(90, 125, 196, 70),
-                                    QColor(20, 55, 126, 150), QColor(4, 5, 6, 77)},
-                                   {"on and disabled", true, false, QColor(90, 125, 196, 80),
-                                    QColor(20, 55, 126, 150), QColor(4, 5, 6, 77)}};
-        const QRectF rect(40, 25, 130, 44);
+        const BoxState &state = ownStates[fetch<size_t>("state")];
         for (const float width : {0.75F, 3.5F, 8.0F}) {
-            for (const State &state : ownStates) {
-                OpenCheckBox box;
-                box.setLayoutMode(thinBar ? 1 : 0);
-                box.setboundRect(rect);
-                styleOf(box)->backgroundBrush = QColor(90, 125, 196, 240);
-                styleOf(box)->indicatorBrush = QColor(11, 122, 183, 201);
-                styleOf(box)->borderBrush = QColor(4, 5, 6, 207);
-                styleOf(box)->borderWidth = width;
-                styleOf(box)->xRadius = 4;
-                styleOf(box)->yRadius = 9;
-                styleOf(box)->margins = QMarginsF(5, 6, 7, 8);
-                bringInto(&box, state);
-                HandDrawing expected = defaultDrawing(rect, state);
-                expected.outlineWidth = double(width);
-                expected.xRadius = 4;
-                expected.yRadius = 9;
-                QCOMPARE(differenceFrom(expected, &box, thinBar), QString());
-            }
+            PaintedBox box(layoutOfRow());
+            useOwnColours(box);
+            box->borderWidth = width;
+            box->xRadius = 4;
+            box->yRadius = 9;
+            box->margins = QMarginsF(5, 6, 7, 8);
+            bringInto(&box, state);
+            BoxDrawing expected(state);
+            expected.outlineWidth = double(width);
+            expected.xRadius = 4;
+            expected.yRadius = 9;
+            QCOMPARE(differenceFrom(expected, &box, layoutOfRow()), QString());
         }
     }
 
-    void isTheHandDrawnPictureWithoutRadii_data() { addLayouts(); }
+    void isTheHandDrawnPictureWithoutRadii_data() { addLayoutsAndStates(); }
 
     // Only square corners show how the sides of the outline meet.
     void isTheHandDrawnPictureWithoutRadii()
     {
-        QFETCH(bool, thinBar);
-        const QRectF rect(40, 30, 100, 40);
-        for (const State &state : states) {
-            OpenCheckBox box;
-            box.setLayoutMode(thinBar ? 1 : 0);
-            box.setboundRect(rect);
-            styleOf(box)->borderWidth = 9;
-            styleOf(box)->xRadius = 0;
-            styleOf(box)->yRadius = 0;
-            bringInto(&box, state);
-            HandDrawing expected = defaultDrawing(rect, state);
-            expected.outlineWidth = 9;
-            expected.xRadius = 0;
-            expected.yRadius = 0;
-            for (const qreal scale : scales)
-                QCOMPARE(differenceFrom(expected, &box, thinBar, scale), QString());
-        }
+        PaintedBox box(layoutOfRow());
+        box->borderWidth = 9;
+        box->xRadius = 0;
+        box->yRadius = 0;
+        bringInto(&box, stateOfRow());
+        BoxDrawing expected(stateOfRow());
+        expected.outlineWidth = 9;
+        expected.xRadius = 0;
+        expected.yRadius = 0;
+        QCOMPARE(differenceFrom(expected, &box, layoutOfRow()), QString());
     }
 
-    void isTheHandDrawnPictureInAParent_data() { addLayouts(); }
+    void isTheHandDrawnPictureInAParent_data() { addLayoutsAndStates(); }
 
     void isTheHandDrawnPictureInAParent()
     {
-        QFETCH(bool, thinBar);
         KELRoundRectControl parent;
         parent.setboundRect(10, 20, 200, 100);
-        auto *box = new OpenCheckBox(&parent);
-        box->setLayoutMode(thinBar ? 1 : 0);
-        box->setboundRect(25, 5, 100, 40);
-        for (const State &state : states) {
-            bringInto(box, state);
-            QCOMPARE(differenceFrom(defaultDrawing(QRectF(35, 25, 100, 40), state), box, thinBar),
-                     QString());
-        }
+        auto *box = new PaintedBox(layoutOfRow(), QRectF(25, 5, 100, 40), &parent);
+        bringInto(box, stateOfRow());
+        QCOMPARE(
+            differenceFrom(BoxDrawing(stateOfRow(), QRectF(35, 25, 100, 40)), box, layoutOfRow()),
+            QString());
     }
 
     void switchIsTheDefaultDrawing()
     {
         KELCheckBox box;
-        box.setboundRect(40, 25, 100, 40);
-        QCOMPARE(differenceFrom(defaultDrawing(QRectF(40, 25, 100, 40), states[0]), &box, false),
-                 QString());
+        box.setboundRect(usualRect);
+        QCOMPARE(differenceFrom(BoxDrawing(defaultStates[0]), &box), QString());
     }
 
     void everyOtherModeIsTheBar_data()
     {
-        QTest::addColumn<int>("mode");
-
-        QTest::newRow("1") << 1;
-        QTest::newRow("2") << 2;
-        QTest::newRow("-1") << -1;
-        QTest::newRow("largest") << std::numeric_limits<int>::max();
-        QTest::newRow("smallest") << std::numeric_limits<int>::min();
+        addRows({{"mode",
+                  {{"1", 1},
+                   {"2", 2},
+                   {"-1", -1},
+                   {"largest", std::numeric_limits<int>::max()},
+                   {"smallest", std::numeric_limits<int>::min()}}}});
     }
 
     void everyOtherModeIsTheBar()
     {
-        QFETCH(int, mode);
-        OpenCheckBox box;
-        box.setboundRect(40, 25, 100, 40);
-        const HandDrawing expected = defaultDrawing(QRectF(40, 25, 100, 40), states[0]);
-        box.setLayoutMode(mode);
-        QCOMPARE(differenceFrom(expected, &box, true), QString());
+        PaintedBox box;
+        const BoxDrawing expected(defaultStates[0]);
+        box.setLayoutMode(fetch<int>("mode"));
+        QCOMPARE(differenceFrom(expected, &box, Layout::ThinBar), QString());
         box.setLayoutMode(0);
-        QCOMPARE(differenceFrom(expected, &box, false), QString());
+        QCOMPARE(differenceFrom(expected, &box), QString());
     }
 
     void marginsFollowTheOutlineOnOneSideOnly_data()
     {
         QTest::addColumn<float>("width");
         QTest::addColumn<bool>("on");
-        QTest::addColumn<QRect>("knob");
-
+        QTest::addColumn<QPoint>("knob");
         // A track of 80 x 30 at (40, 30).
-        QTest::newRow("2 px, off") << 2.0F << false << QRect(43, 33, 24, 24);
-        QTest::newRow("2 px, on") << 2.0F << true << QRect(93, 33, 24, 24);
-        QTest::newRow("4 px, off") << 4.0F << false << QRect(46, 36, 24, 24);
-        QTest::newRow("4 px, on") << 4.0F << true << QRect(93, 36, 24, 24);
-        QTest::newRow("none, off") << 0.0F << false << QRect(40, 30, 24, 24);
-        QTest::newRow("none, on") << 0.0F << true << QRect(93, 30, 24, 24);
+        QTest::newRow("2 px, off") << 2.0F << false << QPoint(43, 33);
+        QTest::newRow("2 px, on") << 2.0F << true << QPoint(93, 33);
+        QTest::newRow("4 px, off") << 4.0F << false << QPoint(46, 36);
+        QTest::newRow("4 px, on") << 4.0F << true << QPoint(93, 36);
+        QTest::newRow("none, off") << 0.0F << false << QPoint(40, 30);
+        QTest::newRow("none, on") << 0.0F << true << QPoint(93, 30);
     }
 
     void marginsFollowTheOutlineOnOneSideOnly()
     {
-        QFETCH(float, width);
         QFETCH(bool, on);
-        QFETCH(QRect, knob);
-        KELCheckBox box;
-        box.setboundRect(40, 30, 80, 30);
-        styleOf(box)->indicatorBrush = QColor(180, 0, 180);
-        styleOf(box)->borderWidth = width;
-        styleOf(box)->xRadius = 0;
-        styleOf(box)->yRadius = 0;
+        PaintedBox box(Layout::Switch, QRectF(40, 30, 80, 30));
+        box->indicatorBrush = QColor(180, 0, 180);
+        box->borderWidth = fetch<float>("width");
+        box->xRadius = 0;
+        box->yRadius = 0;
         box.setCheck(on);
-        const QImage image = KelImage::paint(&box, canvas);
-        QRect area;
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x) {
-                if (image.pixelColor(x, y) == QColor(180, 0, 180))
-                    area |= QRect(x, y, 1, 1);
-            }
-        }
-        QCOMPARE(area, knob);
+        QCOMPARE(KelImage::areaOf(KelImage::paint(&box, canvas), QColor(180, 0, 180)),
+                 QRect(fetch<QPoint>("knob"), QSize(24, 24)));
     }
 
     void withoutOutlineTheKnobIsFlush_data()
     {
-        QTest::addColumn<bool>("thinBar");
         QTest::addColumn<QBrush>("brush");
         QTest::addColumn<float>("width");
-
-        for (const bool thinBar : {false, true}) {
-            const char *layout = thinBar ? "thin bar" : "switch";
-            QTest::addRow("%s, width zero", layout) << thinBar << QBrush(Qt::red) << 0.0F;
-            QTest::addRow("%s, width negative", layout) << thinBar << QBrush(Qt::red) << -3.0F;
-            QTest::addRow("%s, no brush", layout)
-                << thinBar << QBrush(Qt::red, Qt::NoBrush) << 2.0F;
-        }
+        QTest::newRow("width zero") << QBrush(Qt::red) << 0.0F;
+        QTest::newRow("width negative") << QBrush(Qt::red) << -3.0F;
+        QTest::newRow("no brush") << QBrush(Qt::red, Qt::NoBrush) << 2.0F;
     }
 
+    // The track keeps the painter's own pen then.
     void withoutOutlineTheKnobIsFlush()
     {
-        QFETCH(bool, thinBar);
-        QFETCH(QBrush, brush);
-        QFETCH(float, width);
-        const QRectF rect(40, 30, 100, 40);
-        for (const State &state : states) {
-            OpenCheckBox box;
-            box.setLayoutMode(thinBar ? 1 : 0);
-            box.setboundRect(rect);
-            styleOf(box)->borderBrush = brush;
-            styleOf(box)->borderWidth = width;
-            bringInto(&box, state);
-            HandDrawing expected = defaultDrawing(rect, state);
-            expected.outline = QBrush(Qt::NoBrush);
-            expected.outlineWidth = 0;
-            for (const qreal scale : scales)
-                QCOMPARE(differenceFrom(expected, &box, thinBar, scale), QString());
+        const QPen wide(QColor(250, 120, 0, 200), 5, Qt::DashLine);
+        for (const Layout layout : {Layout::Switch, Layout::ThinBar}) {
+            for (const BoxState &state : defaultStates) {
+                PaintedBox box(layout);
+                box->borderBrush = fetch<QBrush>("brush");
+                box->borderWidth = fetch<float>("width");
+                bringInto(&box, state);
+                BoxDrawing expected(state);
+                expected.outlineWidth = 0;
+                for (const QPen &pen : {QPen(), QPen(Qt::NoPen), wide}) {
+                    QCOMPARE(differenceFrom(expected, &box, layout, pen, QBrush(Qt::yellow)),
+                             QString());
+                }
+            }
         }
-    }
-
-    void trackIsAtMostEightyWide_data()
-    {
-        QTest::addColumn<qreal>("width");
-        QTest::addColumn<QRect>("track");
-
-        QTest::newRow("20") << 20.0 << QRect(40, 30, 20, 30);
-        QTest::newRow("79") << 79.0 << QRect(40, 30, 79, 30);
-        QTest::newRow("80") << 80.0 << QRect(40, 30, 80, 30);
-        QTest::newRow("82") << 82.0 << QRect(41, 30, 80, 30);
-        QTest::newRow("200") << 200.0 << QRect(100, 30, 80, 30);
-    }
-
-    void trackIsAtMostEightyWide()
-    {
-        QFETCH(qreal, width);
-        QFETCH(QRect, track);
-        KELCheckBox box;
-        box.setboundRect(40, 20, width, 50);
-        styleOf(box)->borderBrush = QBrush(Qt::NoBrush);
-        styleOf(box)->indicatorBrush = QBrush(Qt::NoBrush);
-        styleOf(box)->xRadius = 0;
-        styleOf(box)->yRadius = 0;
-        const QImage actual = KelImage::draw(canvas, 1, [&box](QPainter *painter) {
-            painter->setPen(Qt::NoPen);
-            box.paint(painter, nullptr);
-        });
-        const QImage wanted = KelImage::draw(
-            canvas, 1, [&](QPainter *painter) { painter->fillRect(track, QColor(200, 200, 200)); });
-        QCOMPARE(KelImage::difference(actual, wanted), QString());
-    }
-
-    void trackIsThirtyHighInALowControl()
-    {
-        KELCheckBox box;
-        box.setboundRect(40, 40, 80, 10);
-        styleOf(box)->borderBrush = QBrush(Qt::NoBrush);
-        styleOf(box)->indicatorBrush = QBrush(Qt::NoBrush);
-        styleOf(box)->xRadius = 0;
-        styleOf(box)->yRadius = 0;
-        const QImage actual = KelImage::draw(canvas, 1, [&box](QPainter *painter) {
-            painter->setPen(Qt::NoPen);
-            box.paint(painter, nullptr);
-        });
-        const QImage wanted = KelImage::draw(canvas, 1, [](QPainter *painter) {
-            painter->fillRect(40, 30, 80, 30, QColor(200, 200, 200));
-        });
-        QCOMPARE(KelImage::difference(actual, wanted), QString());
     }
 
     void barWithoutOutlineHasNoHeight()
     {
-        OpenCheckBox box;
-        box.setLayoutMode(1);
-        box.setboundRect(40, 30, 100, 40);
-        styleOf(box)->borderWidth = 0;
-        styleOf(box)->indicatorBrush = QBrush(Qt::NoBrush);
-        const QImage blank = KelImage::draw(canvas, 1, [](QPainter *) {});
-        QCOMPARE(KelImage::difference(KelImage::paint(&box, canvas), blank), QString());
+        PaintedBox box(Layout::ThinBar);
+        box->borderWidth = 0;
+        box->indicatorBrush = QBrush(Qt::NoBrush);
+        QCOMPARE(KelImage::difference(KelImage::paint(&box, canvas), KelImage::blank(canvas)),
+                 QString());
     }
 
     void withoutTrackKeepsThePaintersBrush_data()
     {
         QTest::addColumn<QBrush>("brush");
-
         QTest::newRow("none") << QBrush(Qt::NoBrush);
         QTest::newRow("solid") << QBrush(QColor(250, 120, 0, 200));
         QTest::newRow("hatched") << QBrush(QColor(250, 120, 0), Qt::DiagCrossPattern);
@@ -493,42 +323,14 @@ private Q_SLOTS:
 
     void withoutTrackKeepsThePaintersBrush()
     {
-        QFETCH(QBrush, brush);
-        const QRectF rect(40, 30, 100, 40);
-        for (const bool on : {false, true}) {
-            KELCheckBox box;
-            box.setboundRect(rect);
-            styleOf(box)->backgroundBrush = QBrush(Qt::red, Qt::NoBrush);
-            box.setCheck(on);
-            HandDrawing expected;
-            expected.rect = rect;
-            expected.on = on;
-            expected.track = QBrush(Qt::NoBrush);
-            QCOMPARE(differenceFrom(expected, &box, false, 1, {QPen(Qt::blue), brush}), QString());
-        }
-    }
-
-    void withoutOutlineKeepsThePaintersPen_data()
-    {
-        QTest::addColumn<QPen>("pen");
-
-        QTest::newRow("none") << QPen(Qt::NoPen);
-        QTest::newRow("as a new painter has it") << QPen();
-        QTest::newRow("wide") << QPen(QColor(250, 120, 0, 200), 5, Qt::DashLine);
-    }
-
-    void withoutOutlineKeepsThePaintersPen()
-    {
-        QFETCH(QPen, pen);
-        const QRectF rect(40, 30, 100, 40);
-        for (const State &state : states) {
-            KELCheckBox box;
-            box.setboundRect(rect);
-            styleOf(box)->borderWidth = 0;
+        for (const BoxState &state : {defaultStates[0], defaultStates[1]}) {
+            PaintedBox box;
+            box->backgroundBrush = QBrush(Qt::red, Qt::NoBrush);
             bringInto(&box, state);
-            HandDrawing expected = defaultDrawing(rect, state);
-            expected.outlineWidth = 0;
-            QCOMPARE(differenceFrom(expected, &box, false, 1, {pen, QBrush(Qt::yellow)}),
+            BoxDrawing expected(state);
+            expected.track = QBrush(Qt::NoBrush);
+            QCOMPARE(differenceFrom(expected, &box, Layout::Switch, QPen(Qt::blue),
+                                    fetch<QBrush>("brush")),
                      QString());
         }
     }
@@ -536,221 +338,152 @@ private Q_SLOTS:
     void withoutOutlineAPaintedSceneHasAThinLine()
     {
         QGraphicsScene scene;
-        auto *box = new KELCheckBox;
+        auto *box = new PaintedBox;
         box->setCacheMode(QGraphicsItem::NoCache);
-        box->setboundRect(40, 30, 100, 40);
         styleOf(*box)->borderBrush = QBrush(Qt::NoBrush);
         scene.addItem(box);
         const QRectF area(QPointF(), canvas);
         const QImage actual = KelImage::draw(
             canvas, 1, [&](QPainter *painter) { scene.render(painter, area, area); });
-        HandDrawing expected;
-        expected.rect = QRectF(40, 30, 100, 40);
-        expected.outline = QBrush(Qt::NoBrush);
+        BoxDrawing expected(defaultStates[0]);
+        expected.outlineWidth = 0;
         const QImage wanted = KelImage::draw(canvas, 1, [&](QPainter *painter) {
             painter->setPen(QPen(Qt::black, 1));
-            expected.drawSwitch(painter);
+            expected.draw(painter, Layout::Switch);
         });
         QCOMPARE(KelImage::difference(actual, wanted), QString());
     }
 
     void withoutTrackTheBarIsLeftOut()
     {
-        const QRectF rect(40, 30, 100, 40);
-        OpenCheckBox box;
-        box.setLayoutMode(1);
-        box.setboundRect(rect);
-        styleOf(box)->backgroundBrush = QBrush(Qt::NoBrush);
-        HandDrawing expected;
-        expected.rect = rect;
+        PaintedBox box(Layout::ThinBar);
+        box->backgroundBrush = QBrush(Qt::NoBrush);
+        BoxDrawing expected(defaultStates[0]);
         expected.track = QBrush(Qt::NoBrush);
-        QCOMPARE(differenceFrom(expected, &box, true, 1, {QPen(Qt::red), QBrush(Qt::red)}),
+        QCOMPARE(differenceFrom(expected, &box, Layout::ThinBar, QPen(Qt::red), QBrush(Qt::red)),
                  QString());
     }
 
-    void withoutKnob_data() { addLayouts(); }
+    void withoutKnob_data() { addRows({{"layout", layouts}}); }
 
     void withoutKnob()
     {
-        QFETCH(bool, thinBar);
-        const QRectF rect(40, 30, 100, 40);
-        for (const bool on : {false, true}) {
-            OpenCheckBox box;
-            box.setLayoutMode(thinBar ? 1 : 0);
-            box.setboundRect(rect);
-            styleOf(box)->indicatorBrush = QBrush(Qt::red, Qt::NoBrush);
-            box.setCheck(on);
-            HandDrawing expected;
-            expected.rect = rect;
-            expected.on = on;
+        for (const BoxState &state : {defaultStates[0], defaultStates[1]}) {
+            PaintedBox box(layoutOfRow());
+            box->indicatorBrush = QBrush(Qt::red, Qt::NoBrush);
+            bringInto(&box, state);
+            BoxDrawing expected(state);
             expected.knob = QBrush(Qt::NoBrush);
             // A knob that was left out counts as black.
-            if (on)
+            if (state.on)
                 expected.track = QColor(70, 70, 70, 185);
-            QCOMPARE(differenceFrom(expected, &box, thinBar), QString());
+            QCOMPARE(differenceFrom(expected, &box, layoutOfRow()), QString());
         }
     }
 
     void barHasNoOutline()
     {
-        OpenCheckBox box;
-        box.setLayoutMode(1);
-        box.setboundRect(40, 30, 100, 40);
+        PaintedBox box(Layout::ThinBar);
         const QImage white = KelImage::paint(&box, canvas);
-        styleOf(box)->borderBrush = QBrush(Qt::red);
+        box->borderBrush = QBrush(Qt::red);
         QCOMPARE(KelImage::difference(KelImage::paint(&box, canvas), white), QString());
     }
 
     void barIgnoresThePainter()
     {
-        const QRectF rect(40, 30, 100, 40);
-        for (const State &state : states) {
-            OpenCheckBox box;
-            box.setLayoutMode(1);
-            box.setboundRect(rect);
+        for (const BoxState &state : defaultStates) {
+            PaintedBox box(Layout::ThinBar);
             bringInto(&box, state);
-            QCOMPARE(differenceFrom(defaultDrawing(rect, state), &box, true, 1,
-                                    {QPen(Qt::red, 7), QBrush(Qt::red)}),
+            QCOMPARE(differenceFrom(BoxDrawing(state), &box, Layout::ThinBar, QPen(Qt::red, 7),
+                                    QBrush(Qt::red)),
                      QString());
         }
     }
 
-    void gradientTrack()
+    void gradients_data() { addRows({{"layout", layouts}}); }
+
+    void gradients()
     {
-        QLinearGradient colours(50, 0, 130, 0);
-        colours.setColorAt(0, Qt::red);
-        colours.setColorAt(1, Qt::green);
-        const QRectF rect(40, 30, 100, 40);
-        for (const bool thinBar : {false, true}) {
-            OpenCheckBox box;
-            box.setLayoutMode(thinBar ? 1 : 0);
-            box.setboundRect(rect);
-            styleOf(box)->backgroundBrush = colours;
-            styleOf(box)->indicatorBrush = colours;
-            HandDrawing expected;
-            expected.rect = rect;
-            expected.track = colours;
-            expected.knob = colours;
-            QCOMPARE(differenceFrom(expected, &box, thinBar), QString());
-        }
+        PaintedBox box(layoutOfRow());
+        BoxDrawing expected(defaultStates[0]);
+        box->backgroundBrush = expected.track = HandDrawing::gradient();
+        box->indicatorBrush = expected.knob = HandDrawing::gradient();
+        QCOMPARE(differenceFrom(expected, &box, layoutOfRow()), QString());
     }
 
     void invalidColourIsBlack()
     {
-        const QRectF rect(40, 30, 100, 40);
-        KELCheckBox box;
-        box.setboundRect(rect);
-        styleOf(box)->backgroundBrush = QColor(69, 200, 200);
+        PaintedBox box;
+        box->backgroundBrush = QColor(69, 200, 200);
         box.setEnabled(false);
-        HandDrawing expected = defaultDrawing(rect, states[2]);
+        BoxDrawing expected(defaultStates[2]);
         expected.track = QColor(69, 200, 200, 85);
         expected.knob = QBrush(Qt::black);
-        QCOMPARE(differenceFrom(expected, &box, false), QString());
-        QCOMPARE(takeWarnings(), QStringList(u"QColor::setRgb: RGB parameters out of range"_s));
+        QCOMPARE(differenceFrom(expected, &box), QString());
+        const QStringList warnings = takeWarnings();
+        QCOMPARE(warnings.size(), 4); // one for each picture
+        QCOMPARE(warnings.first(), u"QColor::setRgb: RGB parameters out of range"_s);
     }
 
-    void captionAndPicturesAreNotDrawn_data() { addLayouts(); }
+    void captionPicturesAndPressAreNotDrawn_data() { addLayoutsAndStates(); }
 
-    void captionAndPicturesAreNotDrawn()
+    void captionPicturesAndPressAreNotDrawn()
     {
-        QFETCH(bool, thinBar);
-        const QRectF rect(40, 30, 100, 40);
-        OpenCheckBox box;
-        box.setLayoutMode(thinBar ? 1 : 0);
-        box.setboundRect(rect);
-        styleOf(box)->text = u"Pump"_s;
-        styleOf(box)->icon = KELIconFont('M');
-        styleOf(box)->pixmap = QPixmap(40, 30);
-        styleOf(box)->pixmap.fill(Qt::magenta);
-        QCOMPARE(differenceFrom(defaultDrawing(rect, states[0]), &box, thinBar), QString());
-    }
-
-    void pressIsNotDrawn_data() { addLayouts(); }
-
-    void pressIsNotDrawn()
-    {
-        QFETCH(bool, thinBar);
-        const QRectF rect(40, 30, 100, 40);
-        OpenCheckBox box;
-        box.setLayoutMode(thinBar ? 1 : 0);
-        box.setboundRect(rect);
-        styleOf(box)->isMouseDown = true;
-        for (const State &state : states) {
-            bringInto(&box, state);
-            QCOMPARE(differenceFrom(defaultDrawing(rect, state), &box, thinBar), QString());
-        }
+        PaintedBox box(layoutOfRow());
+        box->text = u"Pump"_s;
+        box->icon = KELIconFont('M');
+        box->pixmap = HandDrawing::picture();
+        box->isMouseDown = true;
+        bringInto(&box, stateOfRow());
+        QCOMPARE(differenceFrom(BoxDrawing(stateOfRow()), &box, layoutOfRow()), QString());
     }
 
     void knobMovesAtOnce()
     {
-        KelTestView view;
-        auto *box = new KELCheckBox;
-        box->setboundRect(100, 100, 80, 30);
-        view.ownScene.addItem(box);
-        QVERIFY(view.showAndWait());
-        const QColor knob(0, 123, 185);
-        const auto colourAt = [&view](int x) { return view.grab().toImage().pixelColor(x, 115); };
+        Stage<KELCheckBox> stage(QRectF(100, 100, 80, 30));
+        stage.view.showOnce();
+        const QColor knob = defaultStates[0].knob;
+        const auto colourAt = [&](int x) { return stage.view.grab().toImage().pixelColor(x, 115); };
         QCOMPARE(colourAt(115), knob);
         QVERIFY(colourAt(165) != knob);
-        box->setCheck(true);
+        stage->setCheck(true);
         QVERIFY(colourAt(115) != knob);
         QCOMPARE(colourAt(165), knob);
     }
 
-    void oddGeometryDrawsNothing_data()
-    {
-        QTest::addColumn<QRectF>("rect");
-
-        const qreal notANumber = std::numeric_limits<qreal>::quiet_NaN();
-        const qreal infinite = std::numeric_limits<qreal>::infinity();
-        QTest::newRow("x not a number") << QRectF(notANumber, 20, 80, 30);
-        QTest::newRow("y not a number") << QRectF(40, notANumber, 80, 30);
-        QTest::newRow("width not a number") << QRectF(40, 20, notANumber, 30);
-        QTest::newRow("height not a number") << QRectF(40, 20, 80, notANumber);
-        QTest::newRow("x infinite") << QRectF(infinite, 20, 80, 30);
-        QTest::newRow("width infinite") << QRectF(40, 20, infinite, 30);
-        QTest::newRow("height infinite") << QRectF(40, 20, 80, infinite);
-    }
+    void oddGeometryDrawsNothing_data() { ControlTest::addOddRectangles(); }
 
     void oddGeometryDrawsNothing()
     {
-        QFETCH(QRectF, rect);
-        OpenCheckBox box;
-        box.setboundRect(rect);
-        const QImage blank = KelImage::draw(canvas, 1, [](QPainter *) {});
-        for (const bool on : {false, true}) {
-            box.setCheck(on);
-            for (const int mode : {0, 1}) {
-                box.setLayoutMode(mode);
-                QCOMPARE(KelImage::difference(KelImage::paint(&box, canvas), blank), QString());
+        for (const Layout layout : {Layout::Switch, Layout::ThinBar}) {
+            PaintedBox box(layout, fetch<QRectF>("rect"));
+            for (const bool on : {false, true}) {
+                box.setCheck(on);
+                QCOMPARE(
+                    KelImage::difference(KelImage::paint(&box, canvas), KelImage::blank(canvas)),
+                    QString());
             }
         }
     }
 
     void paintingLeavesTheRecordAlone()
     {
-        KELCheckBox box;
-        box.setboundRect(40, 30, 100, 40);
-        box.setCheck(true);
-        box.setEnabled(false);
-        const QImage first = KelImage::paint(&box, canvas);
-        QCOMPARE(KelImage::difference(KelImage::paint(&box, canvas), first), QString());
-        QCOMPARE(styleOf(box)->backgroundBrush, QBrush(QColor(200, 200, 200)));
-        QCOMPARE(styleOf(box)->indicatorBrush, QBrush(QColor(0, 123, 185)));
-        QCOMPARE(styleOf(box)->borderBrush, QBrush(Qt::white));
-        QCOMPARE(styleOf(box)->borderWidth, 2.0F);
+        PaintedBox box;
+        bringInto(&box, defaultStates[3]);
+        const KELRoundRectControlStyle before = *box.style();
+        KelImage::paint(&box, canvas);
+        QCOMPARE(Record::difference(*box.style(), before), QString());
+        QCOMPARE(box->indicatorBrush, QBrush(QColor(0, 123, 185)));
     }
 
     void unusableTrackOfTheSecondDrawing()
     {
-        OpenCheckBox box;
-        box.setboundRect(20, 20, 80, 32);
-        box.setLayoutMode(1);
+        PaintedBox box(Layout::ThinBar);
         QRadialGradient gradient(std::numeric_limits<qreal>::quiet_NaN(), 20, 40);
         gradient.setColorAt(0, Qt::red);
-        styleOf(box)->backgroundBrush = gradient;
+        box->backgroundBrush = gradient;
         const QImage painted = KelImage::paint(&box, canvas);
-        styleOf(box)->backgroundBrush = QBrush(Qt::NoBrush);
+        box->backgroundBrush = QBrush(Qt::NoBrush);
         QCOMPARE(KelImage::difference(painted, KelImage::paint(&box, canvas)), QString());
     }
 };
