@@ -4,27 +4,9 @@
 #ifndef GROUPSTAGE_H
 #define GROUPSTAGE_H
 
-#include "keltest.h"
+#include "stage.h"
 
-#include <kelpushbutton.h>
 #include <kelradiobox.h>
-
-#include <QtCore/QAbstractEventDispatcher>
-#include <QtCore/QPointer>
-
-#include <functional>
-
-enum class Input { Mouse, Touch };
-
-struct Named
-{
-    const char *name;
-    int value;
-};
-
-inline const Named inputs[] = {{"mouse", int(Input::Mouse)}, {"touch", int(Input::Touch)}};
-
-inline const QPoint besideTheBoxes(20, 250);
 
 inline bool isDeaf(const KELRadioBox &box)
 {
@@ -40,29 +22,55 @@ inline bool isListening(const KELRadioBox &box)
         && box.acceptedMouseButtons() == Qt::LeftButton;
 }
 
-inline bool hasTimer(QObject *object)
+inline QString duplicateLine(int id)
 {
-    return !QAbstractEventDispatcher::instance()->registeredTimers(object).isEmpty();
+    return u"waring : id %1 is already exist"_s.arg(id);
 }
 
-// Three boxes in a view above a push button, and a group they are not in yet. Writes the signals
-// down with the number of the box; "id" is idChanged().
+// A selection of the box of one place by setId(), and one by checking it.
+inline QString signalsOfSetId(int old, int now)
+{
+    return u"%1.unchecked %1.checkChanged %2.checked %2.checkChanged idChanged"_s.arg(old).arg(now);
+}
+
+inline QString signalsOfCheck(int old, int now)
+{
+    return u"%2.checked %1.unchecked %1.checkChanged idChanged %2.checkChanged"_s.arg(old).arg(now);
+}
+
+// With the mouse, straight to the viewport: it need not be shown, and thousands take no time.
+inline void tapUnshown(KelTestView *view, const QPoint &pos)
+{
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        QMouseEvent event(type, pos, view->viewport()->mapToGlobal(pos), Qt::LeftButton,
+                          type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(view->viewport(), &event);
+    }
+}
+
+// Three boxes in a view above a push button, and a group they are not in yet. The log has the
+// signals of the group, those of each box with its number ("1.checked") and those of the button
+// ("below.clicked").
 class GroupStage
 {
 public:
     static constexpr int boxCount = 3;
 
-    GroupStage() : group(new KELRadioBoxGroup), below(new KELPushButton)
+    explicit GroupStage(Input input = Input::Mouse) :
+        hand(&view, input), group(new KELRadioBoxGroup), below(new KELPushButton)
     {
         below->setboundRect(10, 10, 300, 100);
         view.ownScene.addItem(below);
+        log.listenTo(group);
+        log.listenTo(below, u"below"_s);
         for (int i = 0; i < boxCount; ++i)
             boxes[i] = addBoxToScene(i);
-        QObject::connect(group, &KELRadioBoxGroup::idChanged, &view,
-                         [this] { m_names.append(u"id"_s); });
     }
     ~GroupStage()
     {
+        log.stop();
+        after.stop();
         // The scene emits selectionChanged() when it dies with a marked box.
         QObject::disconnect(&view.ownScene, &QGraphicsScene::selectionChanged, nullptr, nullptr);
         delete group;
@@ -73,24 +81,16 @@ public:
         auto *box = new KELRadioBox;
         box->setboundRect(30 + 80 * place, 30, 60, 50);
         view.ownScene.addItem(box);
-        const auto note = [this, place](const char *name) {
-            return [this, place, name] {
-                m_names.append(u"%1 %2"_s.arg(QLatin1String(name)).arg(place));
-            };
-        };
-        QObject::connect(box, &KELRadioBox::mousePress, &view, note("press"));
-        QObject::connect(box, &KELRadioBox::mouseRelease, &view, note("release"));
-        QObject::connect(box, &KELRadioBox::mouseClicked, &view, note("click"));
-        QObject::connect(box, &KELRadioBox::mouseDoubleClicked, &view, note("double"));
-        QObject::connect(box, &KELRadioBox::mouseLongPress, &view, note("long"));
-        QObject::connect(box, &KELRadioBox::mouseEnter, &view,
-                         [this, place] { m_hovers.append(u"enter %1"_s.arg(place)); });
-        QObject::connect(box, &KELRadioBox::mouseLeave, &view,
-                         [this, place] { m_hovers.append(u"leave %1"_s.arg(place)); });
-        QObject::connect(box, &KELRadioBox::checked, &view, note("checked"));
-        QObject::connect(box, &KELRadioBox::unchecked, &view, note("unchecked"));
-        QObject::connect(box, &KELRadioBox::checkChanged, &view, note("changed"));
+        log.listenTo(box, QString::number(place));
         return box;
+    }
+
+    // The box of a place, which is new there, and in the group under its number.
+    void replaceBox(int place)
+    {
+        delete boxes[place];
+        boxes[place] = addBoxToScene(place);
+        group->addRadioBox(boxes[place], place);
     }
 
     // Each box under the id that is its number: the first one is selected.
@@ -98,85 +98,55 @@ public:
     {
         for (int i = 0; i < boxCount; ++i)
             group->addRadioBox(boxes[i], i);
-        takeNames();
-    }
-
-    bool show()
-    {
-        if (!view.showAndWait())
-            return false;
-        // Elsewhere, so that the next tap is not the second of a double tap.
-        tap(Input::Mouse, besideTheBoxes);
-        tap(Input::Touch, besideTheBoxes);
-        return true;
+        for (int i = 0; i < boxCount; ++i)
+            after.listenTo(boxes[i], QString::number(i));
+        after.listenTo(group);
+        log.take();
     }
 
     static QPoint centreOf(int place) { return QPoint(60 + 80 * place, 55); }
+    void tap(int place) { hand.tap(centreOf(place)); }
 
-    void press(Input input, const QPoint &pos)
+    // "id 0, checked 0, deaf 0": the numbers of the checked boxes, and of those that take no input;
+    // all others take it.
+    QString state() const
     {
-        if (input == Input::Touch) {
-            view.touchPress(pos);
-            return;
-        }
-        sendMouse(QEvent::MouseButtonPress, pos, Qt::LeftButton, Qt::LeftButton);
+        QString text = group ? u"id %1"_s.arg(group->id()) : u"no group"_s;
+        text += u", checked "_s + boxesThat([](const KELRadioBox &box) { return box.isCheck(); });
+        text += u", deaf "_s + boxesThat(isDeaf);
+        const QString odd = boxesThat(
+            [](const KELRadioBox &box) { return !isDeaf(box) && !isListening(box); });
+        return odd == u"none"_s ? text : text + u", odd "_s + odd;
     }
-    void release(Input input, const QPoint &pos)
-    {
-        if (input == Input::Touch) {
-            view.touchRelease(pos);
-            return;
-        }
-        sendMouse(QEvent::MouseButtonRelease, pos, Qt::LeftButton, Qt::NoButton);
-    }
-    void tap(Input input, const QPoint &pos)
-    {
-        press(input, pos);
-        release(input, pos);
-    }
-    void hover(const QPoint &pos) { sendMouse(QEvent::MouseMove, pos, Qt::NoButton, Qt::NoButton); }
-
-    QString takeNames() { return std::exchange(m_names, QStringList()).join(QLatin1String(", ")); }
-
-    QString takeHovers()
-    {
-        return std::exchange(m_hovers, QStringList()).join(QLatin1String(", "));
-    }
-
-    // The numbers of the checked boxes, and of those that take no input.
-    QVector<int> checkedBoxes() const
+    QString checkedBoxes() const
     {
         return boxesThat([](const KELRadioBox &box) { return box.isCheck(); });
     }
-    QVector<int> deafBoxes() const { return boxesThat(isDeaf); }
-    QVector<int> listeningBoxes() const { return boxesThat(isListening); }
 
     KelTestView view;
+    Hand hand;
+    SignalLog log; // connected before the group
+    SignalLog after; // and after it, by addAll()
     QPointer<KELRadioBoxGroup> group;
     QPointer<KELPushButton> below;
     QPointer<KELRadioBox> boxes[boxCount];
 
 private:
-    void sendMouse(QEvent::Type type, const QPoint &pos, Qt::MouseButton button,
-                   Qt::MouseButtons buttons)
+    QString boxesThat(const std::function<bool(const KELRadioBox &)> &holds) const
     {
-        QMouseEvent event(type, pos, view.viewport()->mapToGlobal(pos), button, buttons,
-                          Qt::NoModifier);
-        QCoreApplication::sendEvent(view.viewport(), &event);
-    }
-
-    QVector<int> boxesThat(const std::function<bool(const KELRadioBox &)> &holds) const
-    {
-        QVector<int> numbers;
+        QStringList numbers;
         for (int i = 0; i < boxCount; ++i) {
             if (boxes[i] && holds(*boxes[i]))
-                numbers.append(i);
+                numbers.append(QString::number(i));
         }
-        return numbers;
+        return numbers.isEmpty() ? u"none"_s : numbers.join(QLatin1Char(' '));
     }
+};
 
-    QStringList m_names;
-    QStringList m_hovers;
+class FullGroup : public GroupStage
+{
+public:
+    explicit FullGroup(Input input = Input::Mouse) : GroupStage(input) { addAll(); }
 };
 
 #endif

@@ -10,16 +10,6 @@
 
 namespace {
 
-constexpr int wellAfterLongPressMs = 600;
-
-void addInputs()
-{
-    QTest::addColumn<int>("input");
-
-    for (const Named &input : inputs)
-        QTest::newRow(input.name) << input.value;
-}
-
 // A group and eight places for boxes, next to the model of both.
 class RandomWalk
 {
@@ -105,13 +95,7 @@ private:
         did = u"tap box %1"_s.arg(place);
         if (boxes[std::size_t(place)])
             model.tap(place);
-        const QPoint pos(45 * place + 20, 30);
-        for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-            QMouseEvent event(type, pos, view.viewport()->mapToGlobal(pos), Qt::LeftButton,
-                              type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
-                              Qt::NoModifier);
-            QCoreApplication::sendEvent(view.viewport(), &event);
-        }
+        tapUnshown(&view, QPoint(45 * place + 20, 30));
     }
 
     void destroyOrSetCheck(int place)
@@ -151,220 +135,160 @@ class tst_KELRadioBoxGroupPointer : public KelTest
 private Q_SLOTS:
     void initTestCase() { QApplication::setDoubleClickInterval(5000); }
 
-    void tapSelects_data() { addInputs(); }
+    void tapSelects_data() { addRows({{"input", inputs}}); }
 
     void tapSelects()
     {
-        QFETCH(int, input);
-        GroupStage stage;
-        stage.addAll();
-        QVERIFY(stage.show());
-        stage.press(Input(input), stage.centreOf(1));
-        QCOMPARE(stage.takeNames(), u"press 1, checked 1, unchecked 0, changed 0, id, changed 1"_s);
-        QCOMPARE(stage.group->id(), 1);
-        QCOMPARE(stage.checkedBoxes(), QVector<int>({1}));
-        QCOMPARE(stage.deafBoxes(), QVector<int>({1}));
-        QCOMPARE(stage.listeningBoxes(), QVector<int>({0, 2}));
-        stage.release(Input(input), stage.centreOf(1));
-        QCOMPARE(stage.takeNames(), QString());
+        FullGroup stage(fetch<Input>("input"));
+        stage.hand.press(stage.centreOf(1));
+        QCOMPARE(stage.log.take(), u"1.press "_s + signalsOfCheck(0, 1));
+        QCOMPARE(stage.state(), u"id 1, checked 1, deaf 1"_s);
+        stage.hand.release();
+        QCOMPARE(stage.log.take(), QString());
         QVERIFY(stage.boxes[1]->isCheck());
     }
 
-    void stateInsideTheSignalsOfATap_data() { addInputs(); }
+    void stateInsideTheSignalsOfATap_data() { addRows({{"input", inputs}}); }
 
     void stateInsideTheSignalsOfATap()
     {
-        QFETCH(int, input);
-        GroupStage stage;
+        FullGroup stage(fetch<Input>("input"));
         QStringList list;
         const auto note = [&] {
-            QString text = QString::number(stage.group->id()) + QLatin1Char(':');
-            for (const int checked : stage.checkedBoxes())
-                text += u" %1"_s.arg(checked);
-            list.append(text);
+            list.append(u"%1: "_s.arg(stage.group->id()) + stage.checkedBoxes());
         };
-        // Connected before the group is, and so called before the group acts.
-        connect(stage.boxes[1], &KELRadioBox::checked, this, note);
-        stage.addAll();
-        connect(stage.boxes[0], &KELRadioBox::unchecked, this, note);
-        connect(stage.group, &KELRadioBoxGroup::idChanged, this, note);
-        connect(stage.boxes[1], &KELRadioBox::checkChanged, this, note);
-        QVERIFY(stage.show());
-        stage.press(Input(input), stage.centreOf(1));
+        stage.log.on(u"1.checked"_s, note);
+        for (const QString &signal : {u"0.unchecked"_s, u"idChanged"_s, u"1.checkChanged"_s})
+            stage.after.on(signal, note);
+        stage.tap(1);
         QCOMPARE(list, QStringList({u"0: 0 1"_s, u"0: 1"_s, u"1: 1"_s, u"1: 1"_s}));
-        stage.release(Input(input), stage.centreOf(1));
     }
 
-    void tapLeavesNoPressBehind_data() { addInputs(); }
+    void tapLeavesNoPressBehind_data() { addRows({{"input", inputs}}); }
 
     void tapLeavesNoPressBehind()
     {
-        QFETCH(int, input);
-        GroupStage stage;
-        stage.addAll();
-        QVERIFY(stage.show());
-        stage.press(Input(input), stage.centreOf(1));
+        FullGroup stage(fetch<Input>("input"));
+        stage.hand.press(stage.centreOf(1));
         QVERIFY(!stage.boxes[1]->KELRoundRectControl::style()->isMouseDown);
         QVERIFY(!stage.boxes[1]->isMouseDown());
-        QVERIFY2(!hasTimer(stage.boxes[1]), "the long press is still to come");
+        QVERIFY2(!hasTimers(stage.boxes[1]), "the long press is still to come");
         QVERIFY(!stage.boxes[1]->isSelected());
         QCOMPARE(stage.view.ownScene.mouseGrabberItem(), nullptr);
-        stage.takeNames();
-        QTest::qWait(wellAfterLongPressMs);
-        stage.release(Input(input), stage.centreOf(1));
-        QCOMPARE(stage.takeNames(), QString());
+        stage.log.take();
+        stage.hand.release();
+        QCOMPARE(stage.log.take(), QString());
     }
 
-    void tapOnTheSelectedBoxGoesBelow_data() { addInputs(); }
+    void tapOnTheSelectedBoxGoesBelow_data() { addRows({{"input", inputs}}); }
 
     void tapOnTheSelectedBoxGoesBelow()
     {
-        QFETCH(int, input);
-        GroupStage stage;
-        stage.addAll();
-        QVERIFY(stage.show());
-        const QSignalSpy below(stage.below, &KELPushButton::mouseClicked);
-        stage.tap(Input(input), stage.centreOf(0));
-        QCOMPARE(stage.takeNames(), QString());
-        QCOMPARE(stage.checkedBoxes(), QVector<int>({0}));
-        QCOMPARE(stage.group->id(), 0);
-        QCOMPARE(below.count(), 1);
-        stage.tap(Input(input), stage.centreOf(1));
-        QCOMPARE(below.count(), 1);
+        FullGroup stage(fetch<Input>("input"));
+        stage.tap(0);
+        QCOMPARE(stage.log.take(), u"below.press below.release below.clicked"_s);
+        QCOMPARE(stage.state(), u"id 0, checked 0, deaf 0"_s);
+        stage.tap(1);
+        QCOMPARE(stage.log.take(), u"1.press "_s + signalsOfCheck(0, 1));
     }
 
-    void secondTapGoesBelow_data() { addInputs(); }
+    void secondTapGoesBelow_data() { addRows({{"input", inputs}}); }
 
     void secondTapGoesBelow()
     {
-        QFETCH(int, input);
-        GroupStage stage;
-        stage.addAll();
-        QVERIFY(stage.show());
-        const QSignalSpy below(stage.below, &KELPushButton::mouseClicked);
-        stage.tap(Input(input), stage.centreOf(1));
-        stage.takeNames();
-        QCOMPARE(below.count(), 0);
-        stage.tap(Input(input), stage.centreOf(1));
-        QCOMPARE(stage.takeNames(), QString());
-        QCOMPARE(stage.checkedBoxes(), QVector<int>({1}));
-        QCOMPARE(below.count(), 1);
+        FullGroup stage(fetch<Input>("input"));
+        stage.tap(1);
+        QCOMPARE(stage.log.take(), u"1.press "_s + signalsOfCheck(0, 1));
+        stage.tap(1);
+        QVERIFY(stage.log.take().startsWith(u"below.press "_s));
+        QCOMPARE(stage.state(), u"id 1, checked 1, deaf 1"_s);
     }
 
-    void everyOtherBoxIsLive_data() { addInputs(); }
+    void everyOtherBoxIsLive_data() { addRows({{"input", inputs}}); }
 
     void everyOtherBoxIsLive()
     {
-        QFETCH(int, input);
-        GroupStage stage;
-        stage.addAll();
-        QVERIFY(stage.show());
+        FullGroup stage(fetch<Input>("input"));
         int selected = 0;
         for (const int next : {1, 2, 0, 2, 1, 0, 1}) {
-            stage.tap(Input(input), stage.centreOf(next));
-            QCOMPARE(
-                stage.takeNames(),
-                u"press %1, checked %1, unchecked %2, changed %2, id, changed %1"_s.arg(next).arg(
-                    selected));
-            QCOMPARE(stage.checkedBoxes(), QVector<int>({next}));
-            QCOMPARE(stage.group->id(), next);
+            stage.tap(next);
+            QCOMPARE(stage.log.take(), u"%1.press "_s.arg(next) + signalsOfCheck(selected, next));
+            QCOMPARE(stage.state(), u"id %1, checked %1, deaf %1"_s.arg(next));
             selected = next;
         }
     }
 
-    void tapWithoutASelectedBox_data() { addInputs(); }
+    void tapWithoutASelectedBox_data() { addRows({{"input", inputs}}); }
 
     void tapWithoutASelectedBox()
     {
-        QFETCH(int, input);
-        GroupStage stage;
+        GroupStage stage(fetch<Input>("input"));
         for (int i = 0; i < 3; ++i)
             stage.group->addRadioBox(stage.boxes[i], i + 1);
-        QVERIFY(stage.show());
-        stage.tap(Input(input), stage.centreOf(1));
-        QCOMPARE(stage.takeNames(), u"press 1, checked 1, id, changed 1"_s);
-        QCOMPARE(stage.group->id(), 2);
-        QCOMPARE(stage.deafBoxes(), QVector<int>({1}));
+        stage.tap(1);
+        QCOMPARE(stage.log.take(), u"1.press 1.checked idChanged 1.checkChanged"_s);
+        QCOMPARE(stage.state(), u"id 2, checked 1, deaf 1"_s);
     }
 
     void selectedInsideItsOwnPress_data()
     {
-        QTest::addColumn<int>("input");
-        QTest::addColumn<bool>("bySetId");
-
-        for (const Named &input : inputs) {
-            QTest::addRow("%s, setId", input.name) << input.value << true;
-            QTest::addRow("%s, setCheck", input.name) << input.value << false;
-        }
+        addRows({{"input", inputs}, {"bySetId", {{"setId", true}, {"setCheck", false}}}});
     }
 
     void selectedInsideItsOwnPress()
     {
-        QFETCH(int, input);
-        QFETCH(bool, bySetId);
-        GroupStage stage;
-        stage.addAll();
-        connect(stage.boxes[1], &KELRadioBox::mousePress, this, [&] {
+        const bool bySetId = fetch<bool>("bySetId");
+        FullGroup stage(fetch<Input>("input"));
+        stage.log.on(u"1.press"_s, [&] {
             if (bySetId)
                 stage.group->setId(1);
             else
                 stage.boxes[1]->setCheck(true);
         });
-        QVERIFY(stage.show());
-        stage.tap(Input(input), stage.centreOf(1));
+        stage.tap(1);
         // The press itself must not uncheck the box that was selected in its slot.
-        QCOMPARE(stage.takeNames(),
-                 bySetId ? u"press 1, unchecked 0, changed 0, checked 1, changed 1, id"_s
-                         : u"press 1, checked 1, unchecked 0, changed 0, id, changed 1"_s);
-        QCOMPARE(stage.checkedBoxes(), QVector<int>({1}));
-        QCOMPARE(stage.deafBoxes(), QVector<int>({1}));
+        QCOMPARE(stage.log.take(),
+                 u"1.press "_s + (bySetId ? signalsOfSetId(0, 1) : signalsOfCheck(0, 1)));
+        QCOMPARE(stage.state(), u"id 1, checked 1, deaf 1"_s);
         QVERIFY(!stage.boxes[1]->KELRoundRectControl::style()->isMouseDown);
     }
 
     void selectedBoxGetsNoHover()
     {
-        GroupStage stage;
-        stage.addAll();
-        QVERIFY(stage.show());
-        stage.hover(besideTheBoxes);
-        stage.hover(stage.centreOf(0));
-        stage.hover(besideTheBoxes);
-        QCOMPARE(stage.takeHovers(), QString());
-        stage.hover(stage.centreOf(1));
-        stage.hover(besideTheBoxes);
-        QCOMPARE(stage.takeHovers(), u"enter 1, leave 1"_s);
+        FullGroup stage;
+        const QPoint beside(20, 250);
+        const auto hover = [&](const QPoint &pos) {
+            stage.hand.hover(pos);
+            stage.hand.hover(beside);
+            return stage.log.takeWithHover().remove(u"below.enter below.leave"_s);
+        };
+        QCOMPARE(hover(stage.centreOf(0)), QString());
+        QCOMPARE(hover(stage.centreOf(1)), u"1.enter 1.leave"_s);
         stage.group->setId(1);
-        stage.hover(stage.centreOf(1));
-        stage.hover(stage.centreOf(0));
-        stage.hover(besideTheBoxes);
-        QCOMPARE(stage.takeHovers(), u"enter 0, leave 0"_s);
+        stage.log.take();
+        QCOMPARE(hover(stage.centreOf(1)), QString());
+        QCOMPARE(hover(stage.centreOf(0)), u"0.enter 0.leave"_s);
     }
 
     void disabledBoxCanBeSelected()
     {
-        GroupStage stage;
-        stage.addAll();
+        FullGroup stage;
         stage.boxes[1]->setEnabled(false);
-        QVERIFY(stage.show());
-        stage.tap(Input::Mouse, stage.centreOf(1));
-        QCOMPARE(stage.takeNames(), QString());
+        stage.tap(1);
+        QCOMPARE(stage.state(), u"id 0, checked 0, deaf 0"_s);
         stage.group->setId(1);
-        QCOMPARE(stage.checkedBoxes(), QVector<int>({1}));
+        QCOMPARE(stage.state(), u"id 1, checked 1, deaf 1"_s);
         QVERIFY(!stage.boxes[1]->isEnabled());
     }
 
     void randomWalk_data()
     {
-        QTest::addColumn<quint32>("seed");
-
-        for (const quint32 seed : {1U, 20U, 300U, 4000U})
-            QTest::addRow("seed %u", seed) << seed;
+        addRows({{"seed", {{"1", 1}, {"20", 20}, {"300", 300}, {"4000", 4000}}}});
     }
 
     void randomWalk()
     {
-        QFETCH(quint32, seed);
-        RandomWalk walk(seed);
+        RandomWalk walk(quint32(fetch<int>("seed")));
         QVERIFY(walk.view.showAndWait());
         for (int step = 0; step < 5000; ++step) {
             walk.step();
