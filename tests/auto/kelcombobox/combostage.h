@@ -17,6 +17,7 @@
 #include <QtGui/QWindow>
 #include <QtWidgets/QGraphicsSceneMouseEvent>
 
+#include <algorithm>
 #include <memory>
 #include <typeinfo>
 
@@ -59,19 +60,12 @@ public:
     // How many of them hear of a press on any object.
     int listening() const
     {
-        QGraphicsSceneMouseEvent scenePress(QEvent::GraphicsSceneMousePress);
-        QMouseEvent press(QEvent::MouseButtonPress, QPointF(), Qt::LeftButton, Qt::LeftButton,
-                          Qt::NoModifier);
-        QTouchEvent touch(QEvent::TouchBegin);
-        int hearing = 0;
+        QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
         const QObjectList filters = all();
-        for (QObject *filter : filters) {
+        return int(std::count_if(filters.begin(), filters.end(), [&press](QObject *filter) {
             auto *const notify = qobject_cast<KELApplicationNotify *>(filter);
-            if (!notify || hears(notify, &scenePress) || hears(notify, &press)
-                || hears(notify, &touch))
-                ++hearing;
-        }
-        return hearing;
+            return !notify || hears(notify, &press);
+        }));
     }
 
     // True when notify hears of a press that is sent to anybody.

@@ -212,18 +212,6 @@ private Q_SLOTS:
         QCOMPARE(parts.panel->style()->boundRect, QRectF(0, 39, 100, 5));
     }
 
-    void removedEntryNoLongerSelects()
-    {
-        const auto box = makeBox();
-        box->setSelectIndex(0);
-        const QSignalSpy changed(box.get(), &KELComboBox::selectItemChanged);
-        KELComboBoxItem *const removed = box->items().at(1);
-        box->removeItem(removed);
-        Q_EMIT removed->mouseClicked();
-        QCOMPARE(box->selectIndex(), 0);
-        QCOMPARE(changed.count(), 0);
-    }
-
     void strangersAreNotRemoved()
     {
         const auto box = makeBox();

@@ -296,18 +296,6 @@ private Q_SLOTS:
         QCOMPARE(stage.whatIsWrong(0), QString());
     }
 
-    void pageOfAnotherParent()
-    {
-        KELRoundRectControl parent;
-        parent.setboundRect(7, 7, 100, 100);
-        KELNavigationTable table;
-        auto *page = new KELNavigationTableItem(&parent);
-        table.addItem(page);
-        QCOMPARE(page->parentItem(), &table);
-        QVERIFY(parent.childItems().isEmpty());
-        QCOMPARE(page->boundingRect(), QRectF(0, 0, 440, 230));
-    }
-
     void addItemRepaints()
     {
         TableStage stage(1);

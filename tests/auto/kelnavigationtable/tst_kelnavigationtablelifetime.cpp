@@ -160,12 +160,13 @@ private Q_SLOTS:
         QList<int> indexes;
         for (KELNavigationTableItem *page : qAsConst(stage.pages)) {
             connect(page, &QObject::destroyed, table, [table, &indexes] {
-                table->setSelectIndex(0);
                 indexes.append(table->selectIndex());
+                table->setSelectIndex(0);
             });
         }
         delete table;
         QCOMPARE(indexes.size(), 2);
+        QCOMPARE(indexes.first(), -1);
     }
 
     void pageOfAnotherTable_data()

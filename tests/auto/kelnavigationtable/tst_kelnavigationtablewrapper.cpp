@@ -119,6 +119,22 @@ private Q_SLOTS:
             delete wrapping.outer;
     }
 
+    void tableIsRepaintedWhenAnObjectLeaves_data()
+    {
+        addRows({{"wrapper",
+                  {{"an object", int(Wrapper::Object)},
+                   {"a plain item in an object", int(Wrapper::PlainItemInObject)}}}});
+    }
+
+    void tableIsRepaintedWhenAnObjectLeaves()
+    {
+        TableStage stage(3);
+        const Wrapping wrapping = wrap(&stage, 1, fetch<Wrapper>("wrapper"));
+        stage.settle();
+        wrapping.outer->setParentItem(nullptr);
+        QVERIFY(stage.wasPainted());
+    }
+
     void outerWrapperTakenAway()
     {
         TableStage stage(2);
