@@ -217,6 +217,10 @@ std::vector<NamedBrush> brushesWith(const QByteArray &name, qreal n)
         {"radial, scaled " + name, transformed(radial(), {n, 0, 0, 1, 0, 0})},
         {"radial, sheared " + name, transformed(radial(), {1, n, 0, 1, 0, 0})},
         {"radial, in perspective " + name, transformed(radial(), {1, 0, n, 0, 1, 0, 0, 0, 1})},
+        {"radial, moved in y " + name, transformed(radial(), {1, 0, 0, 1, 0, n})},
+        {"radial, scaled in y " + name, transformed(radial(), {1, 0, 0, n, 0, 0})},
+        {"radial, sheared in y " + name, transformed(radial(), {1, 0, n, 1, 0, 0})},
+        {"radial, in perspective in y " + name, transformed(radial(), {1, 0, 0, 0, 1, n, 0, 0, 1})},
         {"radial, last number " + name, transformed(radial(), {1, 0, 0, 0, 1, 0, 0, 0, n})},
     };
 }

@@ -3,6 +3,8 @@
 
 #include "stage.h"
 
+#include <QtWidgets/QGraphicsSceneHoverEvent>
+
 #include <QtWidgets/QGraphicsRectItem>
 
 namespace {
@@ -96,6 +98,15 @@ private Q_SLOTS:
         stage.hand.hover(onLeft);
         stage.hand.hover(onNothing);
         QCOMPARE(stage.log.takeWithHover(), u"left.enter left.leave"_s);
+    }
+
+    // As an application may send it.
+    void leaveWithoutAView()
+    {
+        HoverStage stage;
+        QGraphicsSceneHoverEvent leave(QEvent::GraphicsSceneHoverLeave);
+        stage.view.ownScene.sendEvent(stage.left, &leave);
+        QCOMPARE(stage.log.takeWithHover(), u"left.leave"_s);
     }
 
     void leaveComesWithoutAnEnter()

@@ -270,6 +270,23 @@ private Q_SLOTS:
         losesItsOnlyPress(&stage);
     }
 
+    // A slot of the first press taps the control: the rest of that press counts all the same.
+    void tapInsideTheSelectionOfAPress()
+    {
+        Stage<KELPushButton> stage;
+        QObject context; // the dying scene changes its selection again
+        bool isNested = false;
+        connect(&stage.view.ownScene, &QGraphicsScene::selectionChanged, &context, [&] {
+            if (!std::exchange(isNested, true))
+                stage.hand.tap(stage.centre());
+        });
+        stage.hand.press(stage.centre());
+        QVERIFY(!stage->isMouseDown()); // the tap released the grab
+        QCOMPARE(stage.log.count(u"press"_s), 2);
+        stage.hand.release();
+        QCOMPARE(stage.log.count(u"clicked"_s), 1);
+    }
+
     void freshPressIsNotHandedOnTwice()
     {
         Stage<KELPushButton> stage;
@@ -367,6 +384,23 @@ private Q_SLOTS:
             QCoreApplication::processEvents();
         }
         QCOMPARE(log.take(), u"press release clicked"_s);
+    }
+
+    void dialogTakesAPressWithoutAView()
+    {
+        Stage<KELPushButton> stage;
+        QGraphicsScene scene;
+        scene.addItem(stage.control);
+        QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
+        press.setButton(Qt::LeftButton);
+        press.setButtons(Qt::LeftButton);
+        press.setPos(stage->boundingRect().center());
+        stage->grabMouse();
+        scene.sendEvent(stage.control, &press);
+        QVERIFY(stage->isMouseDown());
+        openDialog(&stage);
+        QTRY_VERIFY(!stage->style()->isMouseDown);
+        delete stage.control;
     }
 
     void rightTapOnASelectableControlLeavesNothing_data()

@@ -195,6 +195,18 @@ private Q_SLOTS:
     }
 
     // A widget that takes touches gets no mouse press in their place.
+    // As an application may send it.
+    void touchWithoutPointsCloses()
+    {
+        WindowStage stage(Input::Touch);
+        stage.label.setAttribute(Qt::WA_AcceptTouchEvents);
+        stage.tap(QPoint(100, 40));
+        QCOMPARE(listState(*stage), u"open"_s);
+        QTouchEvent touch(QEvent::TouchBegin);
+        QCoreApplication::sendEvent(&stage.label, &touch);
+        QCOMPARE(listState(*stage), u"closed"_s);
+    }
+
     void touchThatIsNoMousePressCloses()
     {
         class TouchPad : public QWidget

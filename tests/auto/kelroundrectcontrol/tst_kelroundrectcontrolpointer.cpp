@@ -204,6 +204,17 @@ private Q_SLOTS:
         QCOMPARE(stage.log.take(), u"press press longPress"_s);
     }
 
+    // A derived class may have timers of its own.
+    void anotherTimerOfTheControlIsNoLongPress()
+    {
+        Stage<KELPushButton> stage;
+        stage.hand.press(stage.centre());
+        QTimerEvent event(stage->startTimer(60000));
+        QCoreApplication::sendEvent(stage.control, &event);
+        QCOMPARE(stage.log.take(), u"press"_s);
+        QVERIFY(stage->isMouseDown());
+    }
+
     void releaseStopsTheTime()
     {
         PlainStage stage;

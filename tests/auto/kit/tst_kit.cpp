@@ -4,8 +4,8 @@
 #include "handdrawing.h"
 #include "looks.h"
 #include "losses.h"
-#include "record.h"
 #include "program.h"
+#include "record.h"
 
 #include <kelapplicationnotify.h>
 #include <kelcheckbox.h>

@@ -1,0 +1,147 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "touchstage.h"
+
+#include <QtGui/QWindow>
+#include <QtWidgets/QGraphicsProxyWidget>
+
+// Second fingers in places, and at times, that a panel rarely reports.
+class tst_TouchPlaces : public KelTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void secondFingerInAnotherWindow()
+    {
+        TouchStage stage;
+        TouchStage other;
+        other.view.setGeometry(400, 0, 400, 300);
+        other.view.showOnce();
+        stage.play({down(0, at(0))});
+        other.play({down(1, at(3)), up(1)});
+        stage.play({up(0)});
+        QCOMPARE(other.takeClicks(), u"3"_s);
+        QCOMPARE(stage.takeClicks(), u"0"_s);
+    }
+
+    void secondFingerOnAChildWhoseParentHandlesIt()
+    {
+        TouchStage stage;
+        auto *const child = new KELPushButton(stage.key(3));
+        child->setboundRect(10, 10, 20, 20);
+        stage.key(3)->setHandlesChildEvents(true);
+        const QPoint onChild = cornerOf(3) + QPoint(20, 20);
+        stage.play({down(0, at(0)), down(1, onChild), up(1), up(0)});
+        QCOMPARE(stage.takeClicks(), u"3 0"_s);
+    }
+
+    void secondFingerOnAnEmptyProxy()
+    {
+        TouchStage stage;
+        auto *const proxy = new QGraphicsProxyWidget;
+        proxy->setGeometry(QRectF(cornerOf(3), QSizeF(keySizePx, keySizePx)));
+        proxy->setZValue(1);
+        stage.view.ownScene.addItem(proxy);
+        stage.play({down(0, at(0)), down(1, at(3)), up(1), up(0)});
+        QCOMPARE(stage.takeClicks(), u"0"_s);
+    }
+
+    // Its release never reached the window.
+    void secondFingerComesDownTwice()
+    {
+        TouchStage stage;
+        stage.play({down(0, at(0)), down(1, at(3)), down(1, at(4)), up(1), up(0)});
+        QCOMPARE(stage.takeClicks(), u"4 0"_s);
+    }
+
+    void secondFingerCancelsAllInItsPress()
+    {
+        TouchStage stage;
+        stage.keypad.log.on(u"3.press"_s, [&] { stage.fingers().cancel(); });
+        stage.play({down(0, at(0)), down(1, at(3))});
+        QVERIFY(!stage.key(0)->isMouseDown());
+        QVERIFY(!stage.key(3)->isMouseDown());
+        QCOMPARE(stage.takeClicks(), QString());
+        stage.play({down(0, at(5)), up(0)});
+        QCOMPARE(stage.takeClicks(), u"5"_s);
+    }
+
+    // Qt takes the next finger for the mouse, while the second one stays where it is.
+    void firstFingerLeavesAndAnotherWindowIsTapped()
+    {
+        TouchStage stage;
+        TouchStage other;
+        other.view.setGeometry(400, 0, 400, 300);
+        other.view.showOnce();
+        stage.play({down(0, at(0)), down(1, at(1)), up(0)});
+        other.play({down(2, at(3)), up(2)});
+        QCOMPARE(other.take(), u"3.press 3.release 3.clicked"_s);
+        QCOMPARE(stage.takeClicks(), u"0"_s);
+        QVERIFY(stage.key(1)->isMouseDown());
+    }
+
+    void secondFingerInAWindowWithoutWidgets()
+    {
+        TouchStage stage;
+        QWindow plain;
+        plain.setGeometry(400, 0, 200, 200);
+        plain.show();
+        stage.play({down(0, at(0))});
+        QTouchDevice *const panel = QTest::createTouchDevice();
+        QTest::touchEvent(&plain, panel).press(1, QPoint(50, 50), &plain);
+        QTest::touchEvent(&plain, panel).release(1, QPoint(50, 50), &plain);
+        stage.play({up(0)});
+        QCOMPARE(stage.takeClicks(), u"0"_s);
+    }
+
+    void secondFingerOnTheWindowBesideTheView()
+    {
+        QWidget window;
+        window.resize(500, 400);
+        TouchStage stage;
+        stage.view.setParent(&window);
+        stage.play({down(0, at(0))});
+        stage.fingers().pressIn(&window, 1, QPoint(450, 350));
+        stage.play({up(1), up(0)});
+        QCOMPARE(stage.takeClicks(), u"0"_s);
+        stage.view.setParent(nullptr);
+    }
+
+    void secondFingerWhoseKeyLeavesTheScene()
+    {
+        TouchStage stage;
+        const std::unique_ptr<KELPushButton> key(stage.key(3));
+        stage.play({down(0, at(0)), down(1, at(3))});
+        stage.view.ownScene.removeItem(key.get());
+        stage.play({to(1, at(3) + QPoint(1, 1)), up(1), up(0)});
+        QCOMPARE(stage.takeClicks(), u"0"_s);
+    }
+
+    // The first finger is where a key was, the second one on nothing.
+    void cancelAfterTheKeyDied()
+    {
+        TouchStage stage;
+        stage.play({down(0, at(0)), down(1, onNothing)});
+        delete stage.key(0);
+        stage.fingers().cancel();
+        stage.take();
+        stage.play({down(0, at(5)), up(0)});
+        QCOMPARE(stage.take(), u"5.press 5.release 5.clicked"_s);
+    }
+
+    // As an application may send it.
+    void cancelWithoutADevice()
+    {
+        TouchStage stage;
+        stage.play({down(0, at(0))});
+        QTouchEvent cancel(QEvent::TouchCancel);
+        QCoreApplication::sendEvent(stage.view.windowHandle(), &cancel);
+        stage.play({up(0)});
+        QCOMPARE(stage.takeClicks(), u"0"_s);
+    }
+};
+
+KEL_TEST_MAIN(tst_TouchPlaces)
+
+#include "tst_touchplaces.moc"
