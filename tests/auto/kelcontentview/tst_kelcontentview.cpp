@@ -1,22 +1,14 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
-#include "keltest.h"
+#include "contentstage.h"
+#include "hand.h"
 
-#include <kelcontentview.h>
-#include <keldialogbase.h>
-#include <kelnonmodaldialog.h>
-#include <kelroundrectcontrol.h>
-#include <kelsidemenu.h>
-
-#include <QtCore/QPointer>
 #include <QtWidgets/QGraphicsRectItem>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QStyle>
 #include <QtWidgets/QStyleFactory>
 
-#include <algorithm>
-#include <iterator>
 #include <limits>
 #include <memory>
 
@@ -24,13 +16,6 @@ namespace {
 
 constexpr qreal notANumber = std::numeric_limits<qreal>::quiet_NaN();
 constexpr qreal infinite = std::numeric_limits<qreal>::infinity();
-
-KELRoundRectControl *makeControl(qreal width, qreal height, KELRoundRectControl *parent = nullptr)
-{
-    auto *control = new KELRoundRectControl(parent);
-    control->setboundRect(7, 9, width, height);
-    return control;
-}
 
 class FocusItem : public QGraphicsRectItem
 {
@@ -46,6 +31,8 @@ protected:
     void focusInEvent(QFocusEvent *event) override { reasons.append(event->reason()); }
 };
 
+enum class Way { Delete, DeleteLater, ClearScene, TakeOut };
+
 } // namespace
 
 class tst_KELContentView : public KelTest
@@ -53,72 +40,18 @@ class tst_KELContentView : public KelTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void startsEmpty()
-    {
-        const KELContentView view;
-        QCOMPARE(view.content(), nullptr);
-        QVERIFY(view.scene());
-        QCOMPARE(view.scene()->parent(), &view);
-        QCOMPARE(view.scene()->items().size(), 0);
-        QCOMPARE(view.scene()->views().size(), 1);
-    }
-
-    void hasTheAttributesOfAnOverlay_data()
-    {
-        QTest::addColumn<bool>("hasParent");
-
-        QTest::newRow("window") << false;
-        QTest::newRow("child widget") << true;
-    }
-
-    void hasTheAttributesOfAnOverlay()
-    {
-        QFETCH(bool, hasParent);
-        QWidget parent;
-        const KELContentView view(hasParent ? &parent : nullptr);
-        QCOMPARE(view.horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
-        QCOMPARE(view.verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
-        QCOMPARE(view.styleSheet(), u"background: transparent;"_s);
-        QVERIFY(view.testAttribute(Qt::WA_TranslucentBackground));
-        QCOMPARE(view.scene()->itemIndexMethod(), QGraphicsScene::NoIndex);
-    }
-
-    void isAFramelessWindowWithoutParent()
-    {
-        const KELContentView view;
-        QVERIFY(view.isWindow());
-        QCOMPARE(view.windowFlags() & ~Qt::WindowFlags(Qt::Window), Qt::FramelessWindowHint);
-    }
-
-    void isAChildWidgetWithParent()
-    {
-        QWidget parent;
-        const KELContentView view(&parent);
-        QCOMPARE(view.parentWidget(), &parent);
-        QVERIFY(!view.isWindow());
-        QCOMPARE(view.windowFlags(), Qt::FramelessWindowHint);
-    }
-
-    void declaresNoInterfaceOfItsOwn()
-    {
-        const QMetaObject &meta = KELContentView::staticMetaObject;
-        QCOMPARE(QByteArray(meta.className()), QByteArray("KELContentView"));
-        QCOMPARE(meta.superClass(), &QGraphicsView::staticMetaObject);
-        QCOMPARE(meta.methodCount(), meta.methodOffset());
-        QCOMPARE(meta.propertyCount(), meta.propertyOffset());
-    }
-
     void showsTheControl()
     {
-        KELContentView view;
-        KELRoundRectControl *control = makeControl(120, 40);
-        view.setContent(control);
-        QCOMPARE(view.content(), control);
+        View view;
+        KELRoundRectControl *control = view.setNew();
+        QVERIFY(view.hasOnly(control));
         QCOMPARE(control->scene(), view.scene());
-        QCOMPARE(view.scene()->items().size(), 1);
-        QCOMPARE(view.size(), QSize(120, 40));
         QCOMPARE(control->boundingRect(), QRectF(7, 9, 120, 40));
         QCOMPARE(control->pos(), QPointF());
+        QCOMPARE(view.size(), QSize(120, 40));
+        // The size is read once.
+        control->setboundRect(0, 0, 300, 200);
+        QCOMPARE(view.size(), QSize(120, 40));
     }
 
     void sizeIsTruncated_data()
@@ -145,125 +78,89 @@ private Q_SLOTS:
 
     void sizeIsTruncated()
     {
-        QFETCH(qreal, width);
-        QFETCH(qreal, height);
-        QFETCH(QSize, size);
-        KELContentView view;
+        QFETCH(const qreal, width);
+        QFETCH(const qreal, height);
+        QFETCH(const QSize, size);
+        View view;
         view.resize(50, 50);
-        KELRoundRectControl *control = makeControl(width, height);
-        view.setContent(control);
+        const KELRoundRectControl *control = view.setNew(width, height);
         QCOMPARE(view.size(), size);
         QCOMPARE(view.content(), control);
     }
 
-    void sizeOfAControlIsReadOnce()
-    {
-        KELContentView view;
-        KELRoundRectControl *control = makeControl(120, 40);
-        view.setContent(control);
-        control->setboundRect(0, 0, 300, 200);
-        QCOMPARE(view.size(), QSize(120, 40));
-    }
-
     void contentIsKnownBeforeTheOldOneDies()
     {
-        KELContentView view;
-        KELRoundRectControl *first = makeControl(120, 40);
-        KELRoundRectControl *second = makeControl(50, 20);
-        view.setContent(first);
-        QStringList steps;
+        View view;
+        const ControlPointer first = view.setNew();
+        KELRoundRectControl *second = newControl(50, 20);
+        int calls = 0;
         connect(first, &QObject::destroyed, &view, [&] {
-            steps.append(view.content() == second ? u"stored"_s : QString());
-            steps.append(second->scene() ? QString() : u"not yet added"_s);
-            steps.append(view.size() == QSize(120, 40) ? u"not yet resized"_s : QString());
+            ++calls;
+            QCOMPARE(view.content(), second);
+            QVERIFY(!second->scene());
+            QCOMPARE(view.size(), QSize(120, 40));
         });
         view.setContent(second);
-        QCOMPARE(steps, QStringList({u"stored"_s, u"not yet added"_s, u"not yet resized"_s}));
-        QCOMPARE(view.size(), QSize(50, 20));
-    }
-
-    void replacesTheContent()
-    {
-        KELContentView view;
-        KELRoundRectControl *first = makeControl(120, 40);
-        KELRoundRectControl *second = makeControl(50, 20);
-        const QSignalSpy firstDied(first, &QObject::destroyed);
-        const QSignalSpy secondDied(second, &QObject::destroyed);
-        view.setContent(first);
-        view.setContent(second);
-        QCOMPARE(firstDied.count(), 1);
-        QCOMPARE(secondDied.count(), 0);
-        QCOMPARE(view.content(), second);
-        QCOMPARE(view.scene()->items(), QList<QGraphicsItem *>({second}));
+        QCOMPARE(calls, 1);
+        QVERIFY(view.hasOnly(second));
         QCOMPARE(view.size(), QSize(50, 20));
     }
 
     void deletesEverythingElseInTheScene()
     {
-        KELContentView view;
-        KELRoundRectControl *guest = makeControl(10, 10);
-        KELRoundRectControl *first = makeControl(120, 40);
-        KELRoundRectControl *child = makeControl(5, 5, first);
-        const QSignalSpy guestDied(guest, &QObject::destroyed);
-        const QSignalSpy childDied(child, &QObject::destroyed);
-        view.setContent(first);
+        View view;
+        const ControlPointer first = view.setNew();
+        const ControlPointer child = newChild(first);
+        const ControlPointer guest = newControl();
         view.scene()->addItem(guest);
-        KELRoundRectControl *second = makeControl(50, 20);
-        KELRoundRectControl *childOfSecond = makeControl(5, 5, second);
+        KELRoundRectControl *second = newControl();
+        const KELRoundRectControl *childOfSecond = newChild(second);
         view.setContent(second);
-        QCOMPARE(guestDied.count(), 1);
-        QCOMPARE(childDied.count(), 1);
+        QVERIFY(!first);
+        QVERIFY(!guest);
+        QVERIFY(!child);
         QCOMPARE(view.scene()->items().size(), 2);
         QCOMPARE(childOfSecond->parentItem(), second);
     }
 
     void showsTheSameControlAgain()
     {
-        KELContentView view;
-        KELRoundRectControl *control = makeControl(120, 40);
-        KELRoundRectControl *guest = makeControl(10, 10);
-        const QSignalSpy died(control, &QObject::destroyed);
-        const QSignalSpy guestDied(guest, &QObject::destroyed);
-        view.setContent(control);
+        View view;
+        const ControlPointer control = view.setNew();
+        const ControlPointer guest = newControl();
         view.scene()->addItem(guest);
         control->setboundRect(0, 0, 60, 70);
         view.setContent(control);
-        QCOMPARE(died.count(), 0);
-        QCOMPARE(guestDied.count(), 1);
-        QCOMPARE(view.content(), control);
-        QCOMPARE(view.scene()->items(), QList<QGraphicsItem *>({control}));
+        QVERIFY(control);
+        QVERIFY(!guest);
+        QVERIFY(view.hasOnly(control));
         QCOMPARE(view.size(), QSize(60, 70));
     }
 
     void showsAChildOfTheContent()
     {
-        KELContentView view;
-        KELRoundRectControl *parent = makeControl(120, 40);
-        KELRoundRectControl *child = makeControl(60, 20, parent);
-        const QSignalSpy parentDied(parent, &QObject::destroyed);
-        const QSignalSpy childDied(child, &QObject::destroyed);
-        view.setContent(parent);
+        View view;
+        const ControlPointer parent = view.setNew();
+        const ControlPointer child = newControl(60, 20, parent);
         view.setContent(child);
-        QCOMPARE(parentDied.count(), 1);
-        QCOMPARE(childDied.count(), 0);
-        QCOMPARE(view.content(), child);
+        QVERIFY(!parent);
+        QVERIFY(child);
+        QVERIFY(view.hasOnly(child));
         QCOMPARE(child->parentItem(), nullptr);
-        QCOMPARE(child->scene(), view.scene());
         QCOMPARE(view.size(), QSize(60, 20));
     }
 
     void showsAGrandchildOfAnotherItem()
     {
-        KELContentView view;
+        View view;
         auto *group = new QGraphicsRectItem(0, 0, 10, 10);
-        KELRoundRectControl *middle = makeControl(120, 40);
+        const ControlPointer middle = newControl();
         middle->setParentItem(group);
-        KELRoundRectControl *control = makeControl(60, 20, middle);
-        KELRoundRectControl *below = makeControl(6, 6, control);
-        const QSignalSpy middleDied(middle, &QObject::destroyed);
+        KELRoundRectControl *control = newChild(middle);
+        const KELRoundRectControl *below = newChild(control);
         view.scene()->addItem(group);
         view.setContent(control);
-        QCOMPARE(middleDied.count(), 1);
+        QVERIFY(!middle);
         QCOMPARE(view.content(), control);
         QCOMPARE(control->parentItem(), nullptr);
         QCOMPARE(below->parentItem(), control);
@@ -272,9 +169,9 @@ private Q_SLOTS:
 
     void showsTheParentOfTheContent()
     {
-        KELContentView view;
-        KELRoundRectControl *parent = makeControl(120, 40);
-        KELRoundRectControl *child = makeControl(60, 20, parent);
+        View view;
+        KELRoundRectControl *parent = newControl();
+        KELRoundRectControl *child = newChild(parent);
         view.setContent(child);
         QCOMPARE(child->parentItem(), nullptr);
         child->setParentItem(parent);
@@ -284,194 +181,97 @@ private Q_SLOTS:
         QCOMPARE(view.scene()->items().size(), 2);
     }
 
+    void showsAControlOfAnotherScene_data()
+    {
+        addRows({{"hasParent", {{"on its own", false}, {"child of a control", true}}}});
+    }
+
     void showsAControlOfAnotherScene()
     {
         QGraphicsScene other;
-        KELContentView view;
-        KELRoundRectControl *control = makeControl(60, 20);
-        const QSignalSpy died(control, &QObject::destroyed);
-        other.addItem(control);
-        other.addItem(makeControl(5, 5));
+        View view;
+        KELRoundRectControl *guest = newControl();
+        const ControlPointer control = newControl(60, 20,
+                                                  fetch<bool>("hasParent") ? guest : nullptr);
+        other.addItem(guest);
+        if (!fetch<bool>("hasParent"))
+            other.addItem(control);
         view.setContent(control);
-        QCOMPARE(died.count(), 0);
-        QCOMPARE(control->scene(), view.scene());
-        QCOMPARE(other.items().size(), 1);
+        QVERIFY(control);
+        QVERIFY(view.hasOnly(control));
+        QCOMPARE(control->parentItem(), nullptr);
+        QCOMPARE(control->boundingRect(), QRectF(7, 9, 60, 20));
+        QCOMPARE(other.items(), QList<QGraphicsItem *>({guest}));
         QCOMPARE(view.size(), QSize(60, 20));
-    }
-
-    void showsAChildInAnotherScene()
-    {
-        QGraphicsScene other;
-        KELContentView view;
-        KELRoundRectControl *parent = makeControl(120, 40);
-        KELRoundRectControl *child = makeControl(60, 20, parent);
-        other.addItem(parent);
-        view.setContent(child);
-        QCOMPARE(child->parentItem(), nullptr);
-        QCOMPARE(child->scene(), view.scene());
-        QCOMPARE(other.items(), QList<QGraphicsItem *>({parent}));
-        QCOMPARE(child->boundingRect(), QRectF(7, 9, 60, 20));
     }
 
     void showsAControlOfAnotherView()
     {
-        KELContentView first;
-        KELContentView second;
-        KELRoundRectControl *control = makeControl(60, 20);
-        first.setContent(control);
+        View first;
+        View second;
+        const ControlPointer control = first.setNew();
         second.setContent(control);
-        QCOMPARE(second.content(), control);
-        QCOMPARE(control->scene(), second.scene());
-        const QSignalSpy died(control, &QObject::destroyed);
-        first.setContent(makeControl(10, 10));
-        QCOMPARE(died.count(), 0);
-        QCOMPARE(second.content(), control);
+        QVERIFY(second.hasOnly(control));
+        first.setNew();
+        QVERIFY(control);
+        QCOMPARE(second.content(), control.data());
     }
 
     void nullIsIgnored()
     {
-        KELContentView view;
+        View view;
+        QCOMPARE(view.content(), nullptr);
         view.setContent(nullptr);
         QCOMPARE(view.content(), nullptr);
-        KELRoundRectControl *control = makeControl(60, 20);
-        view.setContent(control);
+        KELRoundRectControl *control = view.setNew();
         view.setContent(nullptr);
-        QCOMPARE(view.content(), control);
-        QCOMPARE(view.scene()->items(), QList<QGraphicsItem *>({control}));
-        QCOMPARE(view.size(), QSize(60, 20));
+        QVERIFY(view.hasOnly(control));
+        QCOMPARE(view.size(), QSize(120, 40));
     }
 
     void contentIsNullOnceItWasDeleted_data()
     {
-        QTest::addColumn<QString>("way");
-
-        QTest::newRow("delete") << u"delete"_s;
-        QTest::newRow("delete later") << u"deleteLater"_s;
-        QTest::newRow("scene cleared") << u"clear"_s;
-        QTest::newRow("taken out and deleted") << u"removeItem"_s;
+        addRows({{"way",
+                  {{"delete", int(Way::Delete)},
+                   {"delete later", int(Way::DeleteLater)},
+                   {"scene cleared", int(Way::ClearScene)},
+                   {"taken out and deleted", int(Way::TakeOut)}}}});
     }
 
     void contentIsNullOnceItWasDeleted()
     {
-        QFETCH(QString, way);
-        KELContentView view;
-        KELRoundRectControl *control = makeControl(60, 20);
-        view.setContent(control);
-        if (way == QLatin1String("clear")) {
+        const Way way = fetch<Way>("way");
+        View view;
+        KELRoundRectControl *control = view.setNew();
+        view.showAndWait();
+        if (way == Way::ClearScene) {
             view.scene()->clear();
-        } else if (way == QLatin1String("deleteLater")) {
+        } else if (way == Way::DeleteLater) {
             control->deleteLater();
             QCOMPARE(view.content(), control);
             QCoreApplication::sendPostedEvents(control, QEvent::DeferredDelete);
         } else {
-            if (way == QLatin1String("removeItem"))
+            if (way == Way::TakeOut)
                 view.scene()->removeItem(control);
             delete control;
         }
         QCOMPARE(view.content(), nullptr);
-        QCOMPARE(view.size(), QSize(60, 20));
-    }
-
-    void showsAnotherControlAfterTheContentWasDeleted()
-    {
-        KELContentView view;
-        view.setContent(makeControl(60, 20));
-        delete view.content();
-        KELRoundRectControl *control = makeControl(30, 40);
-        view.setContent(control);
-        QCOMPARE(view.content(), control);
-        QCOMPARE(view.size(), QSize(30, 40));
-    }
-
-    void oldContentDeletesTheNewOne()
-    {
-        KELContentView view;
-        KELRoundRectControl *first = makeControl(120, 40);
-        KELRoundRectControl *second = makeControl(50, 20);
-        view.setContent(first);
-        connect(first, &QObject::destroyed, &view, [second] { delete second; });
-        view.setContent(second);
-        QCOMPARE(view.content(), nullptr);
         QCOMPARE(view.scene()->items().size(), 0);
         QCOMPARE(view.size(), QSize(120, 40));
-    }
-
-    void oldContentShowsAThirdOne()
-    {
-        KELContentView view;
-        KELRoundRectControl *first = makeControl(120, 40);
-        KELRoundRectControl *second = makeControl(50, 20);
-        const QPointer<KELRoundRectControl> third(makeControl(70, 80));
-        const QPointer<KELRoundRectControl> secondAlive(second);
-        view.setContent(first);
-        connect(first, &QObject::destroyed, &view, [&view, &third] { view.setContent(third); });
-        view.setContent(second);
-        QVERIFY(third);
-        QCOMPARE(view.content(), third.data());
-        QVERIFY(!secondAlive);
-        QCOMPARE(view.scene()->items(), QList<QGraphicsItem *>({third.data()}));
-        QCOMPARE(view.size(), QSize(70, 80));
-    }
-
-    void oldContentShowsTheNewOneAgain()
-    {
-        KELContentView view;
-        KELRoundRectControl *first = makeControl(120, 40);
-        const QPointer<KELRoundRectControl> second(makeControl(50, 20));
-        view.setContent(first);
-        connect(first, &QObject::destroyed, &view, [&view, &second] { view.setContent(second); });
-        view.setContent(second);
-        QVERIFY(second);
-        QCOMPARE(view.content(), second.data());
-        QCOMPARE(view.scene()->items(), QList<QGraphicsItem *>({second.data()}));
-        QCOMPARE(view.size(), QSize(50, 20));
-    }
-
-    void oldContentAddsAnItem()
-    {
-        KELContentView view;
-        KELRoundRectControl *first = makeControl(120, 40);
-        KELRoundRectControl *second = makeControl(50, 20);
-        view.setContent(first);
-        const QPointer<KELRoundRectControl> guest(makeControl(5, 5));
-        connect(first, &QObject::destroyed, &view,
-                [&view, &guest] { view.scene()->addItem(guest); });
-        view.setContent(second);
-        QCOMPARE(view.content(), second);
-        QVERIFY(!guest);
-        QCOMPARE(view.scene()->items(), QList<QGraphicsItem *>({second}));
+        QVERIFY(view.hasOnly(view.setNew(30, 40)));
+        QCOMPARE(view.size(), QSize(30, 40));
     }
 
     void focusGoesToTheItem()
     {
-        KELContentView view;
-        KELRoundRectControl *control = makeControl(60, 20);
-        auto *item = new FocusItem(control);
-        view.setContent(control);
-        view.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&view));
-        QApplication::setActiveWindow(&view);
-        QTRY_VERIFY(view.scene()->isActive());
-        view.setFocus();
+        View view;
+        auto *item = new FocusItem(view.setNew());
+        view.activate();
         view.scene()->clearFocus();
         item->reasons.clear();
         view.setFocusItem(item);
         QCOMPARE(view.scene()->focusItem(), item);
         QCOMPARE(item->reasons, QList<Qt::FocusReason>({Qt::OtherFocusReason}));
-    }
-
-    void focusIsClearedByNull()
-    {
-        KELContentView view;
-        KELRoundRectControl *control = makeControl(60, 20);
-        auto *item = new FocusItem(control);
-        view.setContent(control);
-        view.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&view));
-        QApplication::setActiveWindow(&view);
-        QTRY_VERIFY(view.scene()->isActive());
-        view.setFocusItem(item);
-        QCOMPARE(view.scene()->focusItem(), item);
         view.setFocusItem(nullptr);
         QCOMPARE(view.scene()->focusItem(), nullptr);
     }
@@ -489,12 +289,11 @@ private Q_SLOTS:
 
     void sceneFollowsTheSize()
     {
-        QFETCH(QSize, content);
-        QFETCH(QSize, size);
-        KELContentView view;
-        view.setContent(makeControl(content.width(), content.height()));
-        view.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&view));
+        QFETCH(const QSize, content);
+        QFETCH(const QSize, size);
+        View view;
+        view.setNew(content.width(), content.height());
+        view.showAndWait();
         QCOMPARE(view.sceneRect(), QRectF(QPointF(), content));
         view.resize(size);
         QTRY_COMPARE(view.size(), size);
@@ -535,12 +334,11 @@ private Q_SLOTS:
         QFETCH(const QSize, size);
         QFETCH(const qreal, scale);
         const std::unique_ptr<QStyle> style(QStyleFactory::create(u"Fusion"_s));
-        KELContentView view;
+        View view;
         view.setStyle(style.get());
         view.setFrameShape(shape);
-        view.setContent(makeControl(size.width(), size.height()));
-        view.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&view));
+        view.setNew(size.width(), size.height());
+        view.showAndWait();
         QCOMPARE(view.frameWidth(), shape == QFrame::NoFrame ? 0 : 1);
         QCOMPARE(view.transform().m11(), scale);
         QCOMPARE(view.transform().m22(), scale);
@@ -548,10 +346,9 @@ private Q_SLOTS:
 
     void followsASizeTooSmallToFit()
     {
-        KELContentView view;
-        view.setContent(makeControl(100, 80));
-        view.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&view));
+        View view;
+        view.setNew();
+        view.showAndWait();
         view.resize(1, 1);
         QTRY_COMPARE(view.size(), QSize(1, 1));
         QCOMPARE(view.sceneRect(), QRectF(0, 0, 1, 1));
@@ -560,11 +357,9 @@ private Q_SLOTS:
 
     void sceneFollowsItsItemsBeforeTheFirstResize()
     {
-        KELContentView view;
+        const KELContentView view;
         QCOMPARE(view.sceneRect(), QRectF());
-        auto *item = new QGraphicsRectItem(10, 20, 30, 40);
-        item->setPen(Qt::NoPen);
-        view.scene()->addItem(item);
+        view.scene()->addRect(10, 20, 30, 40, Qt::NoPen);
         QCOMPARE(view.sceneRect(), QRectF(10, 20, 30, 40));
     }
 
@@ -576,10 +371,9 @@ private Q_SLOTS:
         auto *host = new QWidget(&window);
         auto *layout = new QHBoxLayout(host);
         layout->setContentsMargins(0, 0, 0, 0);
-        auto *view = new KELContentView;
+        auto *view = new View;
         layout->addWidget(view);
-        KELRoundRectControl *control = makeControl(100, 80);
-        view->setContent(control);
+        const KELRoundRectControl *control = view->setNew(100, 80);
         host->resize(300, 200);
         window.resize(300, 200);
         window.show();
@@ -593,13 +387,11 @@ private Q_SLOTS:
 
     void pressReachesAControlMovedLater()
     {
-        KELContentView view;
-        KELRoundRectControl *control = makeControl(20, 20);
+        View view;
+        KELRoundRectControl *control = view.setNew(20, 20);
         control->setFlag(QGraphicsItem::ItemIsSelectable);
-        view.setContent(control);
         view.resize(300, 200);
-        view.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&view));
+        view.showAndWait();
         QVERIFY(view.scene()->items(QPointF(20, 20)).contains(control));
         QCoreApplication::processEvents();
         control->setboundRect(200, 150, 20, 20);
@@ -607,125 +399,66 @@ private Q_SLOTS:
         QVERIFY(view.scene()->items(moved).contains(control));
         QVERIFY(!view.scene()->items(QPointF(20, 20)).contains(control));
         const QSignalSpy clicked(control, &KELRoundRectControl::mouseClicked);
-        QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::NoModifier,
-                          view.mapFromScene(moved));
+        Hand(view.viewport()).tap(view.mapFromScene(moved));
         QCOMPARE(clicked.count(), 1);
         delete control;
         QCOMPARE(view.scene()->items(moved).size(), 0);
     }
 
-    void itemsOfARectangleAreSorted_data()
-    {
-        QTest::addColumn<int>("kind");
-        QTest::newRow("content view") << 0;
-        QTest::newRow("side menu") << 1;
-        QTest::newRow("panel") << 2;
-        QTest::newRow("dialog") << 3;
-    }
-
-    void itemsOfARectangleAreSorted()
-    {
-        QFETCH(const int, kind);
-        KELContentView contentView;
-        KELSideMenu menu;
-        KELNonModalDialog panel;
-        const KELDialogBase dialog;
-        const QGraphicsView *const views[] = {&contentView, &menu, &panel, dialog.view()};
-        QGraphicsScene *scene = views[kind]->scene();
-        QList<QGraphicsItem *> items;
-        for (const qreal z : {0.0, 5.0, -1.0, 0.0}) {
-            KELRoundRectControl *control = makeControl(60, 40);
-            control->setZValue(z);
-            scene->addItem(control);
-            items.append(control);
-        }
-        items.append(makeControl(10, 10, static_cast<KELRoundRectControl *>(items.first())));
-
-        const QList<QGraphicsItem *> sorted = {items.at(1), items.at(3), items.at(4), items.at(0),
-                                               items.at(2)};
-        QCOMPARE(scene->items(QRectF(0, 0, 200, 200)), sorted);
-        QCOMPARE(scene->items(QPointF(15, 19)), sorted);
-        QList<QGraphicsItem *> ascending;
-        std::reverse_copy(sorted.cbegin(), sorted.cend(), std::back_inserter(ascending));
-        QCOMPARE(scene->items(QRectF(0, 0, 200, 200), Qt::IntersectsItemShape, Qt::AscendingOrder),
-                 ascending);
-    }
-
     void viewDeletesItsContent()
     {
-        auto view = std::make_unique<KELContentView>();
-        KELRoundRectControl *control = makeControl(60, 20);
+        auto view = std::make_unique<View>();
+        const ControlPointer control = view->setNew();
         const QPointer<QGraphicsScene> scene(view->scene());
-        const QSignalSpy died(control, &QObject::destroyed);
-        view->setContent(control);
-        view->show();
-        QVERIFY(QTest::qWaitForWindowExposed(view.get()));
+        view->showAndWait();
         view.reset();
-        QCOMPARE(died.count(), 1);
+        QVERIFY(!control);
         QVERIFY(!scene);
     }
 
     void viewDeletesItsContentWithItsParent()
     {
         auto window = std::make_unique<QWidget>();
-        auto *view = new KELContentView(window.get());
-        KELRoundRectControl *control = makeControl(60, 20);
-        const QSignalSpy died(control, &QObject::destroyed);
-        view->setContent(control);
+        auto *view = new View(window.get());
+        const ControlPointer control = view->setNew();
         window.reset();
-        QCOMPARE(died.count(), 1);
-    }
-
-    void contentDeletedBeforeTheView()
-    {
-        auto view = std::make_unique<KELContentView>();
-        KELRoundRectControl *control = makeControl(60, 20);
-        view->setContent(control);
-        view->show();
-        QVERIFY(QTest::qWaitForWindowExposed(view.get()));
-        delete control;
-        QCOMPARE(view->scene()->items().size(), 0);
-        view.reset();
+        QVERIFY(!control);
     }
 
     void contentTakenOutOutlivesTheView()
     {
-        auto view = std::make_unique<KELContentView>();
-        const std::unique_ptr<KELRoundRectControl> control(makeControl(60, 20));
-        const QSignalSpy died(control.get(), &QObject::destroyed);
-        view->setContent(control.get());
-        view->scene()->removeItem(control.get());
+        auto view = std::make_unique<View>();
+        const ControlPointer control = view->setNew();
+        view->scene()->removeItem(control);
         view.reset();
-        QCOMPARE(died.count(), 0);
+        QVERIFY(control);
         QCOMPARE(control->scene(), nullptr);
+        delete control;
     }
 
     void worksWithoutItsScene()
     {
-        KELContentView view;
-        view.setContent(makeControl(60, 20));
-        view.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&view));
+        View view;
+        view.setNew();
+        view.showAndWait();
         delete view.scene();
         QCOMPARE(view.content(), nullptr);
-        const std::unique_ptr<KELRoundRectControl> control(makeControl(30, 40));
+        const std::unique_ptr<KELRoundRectControl> control(newControl());
         view.setContent(control.get());
         QCOMPARE(view.content(), nullptr);
         QCOMPARE(control->scene(), nullptr);
         view.setFocusItem(nullptr);
         view.resize(200, 100);
         QTRY_COMPARE(view.size(), QSize(200, 100));
-        QCOMPARE(view.size(), QSize(200, 100));
     }
 
     void oldContentAsksTheDyingView()
     {
         const QPointer<KELContentView> view(new KELContentView);
-        KELRoundRectControl *control = makeControl(60, 20);
-        view->setContent(control);
+        view->setContent(newControl());
         int asked = 0;
-        QObject context;
-        connect(control, &QObject::destroyed, &context, [&view, &asked] {
+        const QObject context;
+        connect(view->content(), &QObject::destroyed, &context, [&] {
             ++asked;
             if (view)
                 view->setContent(view->content());

@@ -1,43 +1,45 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
-#include "kelcontentview.h"
-#include "kelroundrectcontrol.h"
-#include "keltest.h"
+#include "contentstage.h"
 
-#include <QtCore/QPointer>
+#include <QtWidgets/QGraphicsRectItem>
+
+#include <memory>
 
 namespace {
 
-using ControlPointer = QPointer<KELRoundRectControl>;
-
-KELRoundRectControl *newControl(KELRoundRectControl *parent = nullptr)
+// A view whose content dies when it gets another one, and controls to give it.
+class Replacing
 {
-    auto *control = new KELRoundRectControl(parent);
-    control->setboundRect(0, 0, 50, 20);
-    return control;
-}
+public:
+    Replacing() : view(new View), old(view->setNew()), a(newControl(50)), b(newControl(70)) { }
+    ~Replacing()
+    {
+        delete view;
+        delete a;
+        delete b;
+    }
 
-// The moments at which slots run inside setContent().
-enum class Moment {
-    OldContentDies,
-    ChildOfTheOldContentDies,
-    GuestDies,
-    SupersededControlDies,
-    NewContentLosesItsParent,
-    OldParentLosesTheNewContent,
-    SelectionGoes,
-    FocusGoes,
-    SelectionComes,
-    FocusComes
+    void whenOldDies(const std::function<void()> &act)
+    {
+        QObject::connect(old, &QObject::destroyed, &m_context, act);
+    }
+
+    const QPointer<View> view;
+    const ControlPointer old;
+    const ControlPointer a;
+    const ControlPointer b;
+
+private:
+    Q_DISABLE_COPY(Replacing)
+    QObject m_context;
 };
-
-enum class Victim { View, Scene };
 
 // A control that can be selected and have the focus.
 KELRoundRectControl *newFocusable(KELRoundRectControl *parent = nullptr)
 {
-    KELRoundRectControl *control = newControl(parent);
+    KELRoundRectControl *control = newControl(50, 20, parent);
     control->setFlags(QGraphicsItem::ItemIsFocusable | QGraphicsItem::ItemIsSelectable
                       | QGraphicsItem::ItemIsPanel);
     // Qt leaks the picture of a panel that gets the focus while it dies with its scene.
@@ -45,10 +47,90 @@ KELRoundRectControl *newFocusable(KELRoundRectControl *parent = nullptr)
     return control;
 }
 
-} // namespace
+// A view, all that may set off a slot inside setContent(), and what the slot deletes.
+struct Deletion
+{
+    template <typename Sender, typename Signal>
+    void on(Sender *sender, Signal signal)
+    {
+        QObject::connect(sender, signal, &context, [this] {
+            if (++calls > 1)
+                return;
+            if (isView)
+                delete view;
+            else
+                delete scene;
+        });
+    }
 
-Q_DECLARE_METATYPE(Moment)
-Q_DECLARE_METATYPE(Victim)
+    const bool isView;
+    const QPointer<View> view = new View;
+    QGraphicsScene *const scene = view->scene();
+    KELRoundRectControl oldParent{};
+    KELRoundRectControl *const old = newFocusable();
+    KELRoundRectControl *const childOfOld = newFocusable(old);
+    KELRoundRectControl *const guest = newControl();
+    const ControlPointer next = newFocusable();
+    const ControlPointer other = newControl();
+    int calls = 0;
+    QObject context{};
+};
+
+struct Moment
+{
+    const char *name;
+    std::function<void(Deletion &)> prepare;
+    bool givesOther = false;
+};
+
+const std::vector<Moment> moments = {
+    {"the old content dies", [](Deletion &d) { d.on(d.old, &QObject::destroyed); }},
+    {"a child of the old content dies",
+     [](Deletion &d) { d.on(d.childOfOld, &QObject::destroyed); }},
+    {"another item of the scene dies", [](Deletion &d) { d.on(d.guest, &QObject::destroyed); }},
+    {"a superseded control dies",
+     [](Deletion &d) {
+         QObject::connect(d.old, &QObject::destroyed, &d.context,
+                          [&d] { d.view->setContent(d.other); });
+         d.on(d.next.data(), &QObject::destroyed);
+     },
+     true},
+    {"the new content loses its parent",
+     [](Deletion &d) {
+         d.next->setParentItem(&d.oldParent);
+         d.on(d.next.data(), &QGraphicsObject::parentChanged);
+     }},
+    {"the old parent loses the new content",
+     [](Deletion &d) {
+         d.next->setParentItem(&d.oldParent);
+         d.on(&d.oldParent, &QGraphicsObject::childrenChanged);
+     }},
+    {"the selection goes",
+     [](Deletion &d) {
+         d.childOfOld->setSelected(true);
+         d.on(d.scene, &QGraphicsScene::selectionChanged);
+     }},
+    {"the focus goes",
+     [](Deletion &d) {
+         d.scene->setActivePanel(d.childOfOld);
+         d.childOfOld->setFocus();
+         QVERIFY(d.scene->focusItem() == d.childOfOld);
+         d.on(d.scene, &QGraphicsScene::focusItemChanged);
+     }},
+    {"the selection comes",
+     [](Deletion &d) {
+         d.next->setSelected(true);
+         d.on(d.scene, &QGraphicsScene::selectionChanged);
+     }},
+    {"the focus comes",
+     [](Deletion &d) {
+         d.scene->setFocusItem(nullptr);
+         d.next->setFocus();
+         d.on(d.scene, &QGraphicsScene::focusItemChanged);
+     }},
+};
+
+} // namespace
 
 // setContent() called from slots that setContent() itself sets off.
 class tst_KELContentViewReentry : public KelTest
@@ -56,159 +138,153 @@ class tst_KELContentViewReentry : public KelTest
     Q_OBJECT
 
 private Q_SLOTS:
+    void dyingContentDeletesTheNextOne()
+    {
+        Replacing stage;
+        stage.whenOldDies([&] { delete stage.a; });
+        stage.view->setContent(stage.a);
+        QCOMPARE(stage.view->content(), nullptr);
+        QCOMPARE(stage.view->scene()->items().size(), 0);
+        QCOMPARE(stage.view->size(), QSize(120, 40));
+    }
+
+    void dyingContentGivesAnother()
+    {
+        Replacing stage;
+        stage.whenOldDies([&] { stage.view->setContent(stage.b); });
+        stage.view->setContent(stage.a);
+        QVERIFY(!stage.a);
+        QVERIFY(stage.view->hasOnly(stage.b));
+        QCOMPARE(stage.view->size(), QSize(70, 20));
+    }
+
+    void dyingContentGivesTheNextOneAgain()
+    {
+        Replacing stage;
+        stage.whenOldDies([&] { stage.view->setContent(stage.a); });
+        stage.view->setContent(stage.a);
+        QVERIFY(stage.view->hasOnly(stage.a));
+        QCOMPARE(stage.view->size(), QSize(50, 20));
+    }
+
+    void dyingContentAddsAnItem()
+    {
+        Replacing stage;
+        stage.whenOldDies([&] { stage.view->scene()->addItem(stage.b); });
+        stage.view->setContent(stage.a);
+        QVERIFY(!stage.b);
+        QVERIFY(stage.view->hasOnly(stage.a));
+    }
+
     void dyingContentGivesAChildOfTheNextOne()
     {
-        KELContentView view;
-        KELRoundRectControl *old = newControl();
-        view.setContent(old);
-        const ControlPointer next = newControl();
-        const ControlPointer child = newControl(next);
-        connect(old, &QObject::destroyed, &view, [&] { view.setContent(child); });
-        view.setContent(next);
+        Replacing stage;
+        const ControlPointer child = newChild(stage.a);
+        stage.whenOldDies([&] { stage.view->setContent(child); });
+        stage.view->setContent(stage.a);
         QVERIFY(child);
-        QVERIFY(!next);
-        QCOMPARE(view.content(), child.data());
-        QCOMPARE(view.scene()->items(), QList<QGraphicsItem *>({child.data()}));
+        QVERIFY(!stage.a);
+        QVERIFY(stage.view->hasOnly(child));
+    }
+
+    void supersededControlGivesYetAnother_data()
+    {
+        // Of a control whose child dies only the base classes are left.
+        addRows({{"dying", {{"the control", false}, {"its child", true}}}});
     }
 
     void supersededControlGivesYetAnother()
     {
-        KELContentView view;
-        KELRoundRectControl *old = newControl();
-        view.setContent(old);
-        const ControlPointer a = newControl();
-        const ControlPointer b = newControl();
+        Replacing stage;
         const ControlPointer c = newControl();
-        connect(old, &QObject::destroyed, &view, [&] { view.setContent(b); });
-        connect(a, &QObject::destroyed, &view, [&] { view.setContent(c); });
-        view.setContent(a);
-        QVERIFY(!a);
-        QVERIFY(!b);
+        stage.whenOldDies([&] { stage.view->setContent(stage.b); });
+        connect(fetch<bool>("dying") ? newChild(stage.a) : stage.a.data(), &QObject::destroyed,
+                this, [&] { stage.view->setContent(c); });
+        stage.view->setContent(stage.a);
+        QVERIFY(!stage.a);
+        QVERIFY(!stage.b);
         QVERIFY(c);
-        QCOMPARE(view.content(), c.data());
-        QCOMPARE(view.scene()->items(), QList<QGraphicsItem *>({c.data()}));
-    }
-
-    void supersededControlGivesItselfAnother()
-    {
-        KELContentView view;
-        KELRoundRectControl *old = newControl();
-        view.setContent(old);
-        const ControlPointer a = newControl();
-        KELRoundRectControl *childOfA = newControl(a);
-        const ControlPointer b = newControl();
-        const ControlPointer c = newControl();
-        connect(old, &QObject::destroyed, &view, [&] { view.setContent(b); });
-        // Only the base classes of its parent are left at this moment.
-        connect(childOfA, &QObject::destroyed, &view, [&] { view.setContent(c); });
-        view.setContent(a);
-        QVERIFY(!a);
-        QVERIFY(!b);
-        QCOMPARE(view.content(), c.data());
-        QCOMPARE(view.scene()->items(), QList<QGraphicsItem *>({c.data()}));
+        QVERIFY(stage.view->hasOnly(c));
     }
 
     void controlGivenAgainAfterAnotherIsKept()
     {
-        KELContentView view;
-        KELRoundRectControl *old = newControl();
-        view.setContent(old);
-        const ControlPointer a = newControl();
-        const ControlPointer b = newControl();
-        connect(old, &QObject::destroyed, &view, [&] {
-            view.setContent(b);
-            view.setContent(a);
+        Replacing stage;
+        stage.whenOldDies([&] {
+            stage.view->setContent(stage.b);
+            stage.view->setContent(stage.a);
         });
-        view.setContent(a);
-        QVERIFY(!b);
-        QCOMPARE(view.content(), a.data());
-        QCOMPARE(view.scene()->items(), QList<QGraphicsItem *>({a.data()}));
+        stage.view->setContent(stage.a);
+        QVERIFY(!stage.b);
+        QVERIFY(stage.view->hasOnly(stage.a));
     }
 
     void controlThatTookInAPendingOneKeepsIt()
     {
-        KELContentView view;
-        KELRoundRectControl *old = newControl();
-        view.setContent(old);
-        const ControlPointer a = newControl();
-        const ControlPointer b = newControl();
-        connect(old, &QObject::destroyed, &view, [&] {
-            a->setParentItem(b);
-            view.setContent(b);
+        Replacing stage;
+        stage.whenOldDies([&] {
+            stage.a->setParentItem(stage.b);
+            stage.view->setContent(stage.b);
         });
-        view.setContent(a);
-        QVERIFY(a);
-        QCOMPARE(view.content(), b.data());
-        QCOMPARE(a->parentItem(), b.data());
-        QCOMPARE(view.scene()->items().size(), 2);
+        stage.view->setContent(stage.a);
+        QVERIFY(stage.a);
+        QCOMPARE(stage.view->content(), stage.b.data());
+        QCOMPARE(stage.a->parentItem(), stage.b.data());
+        QCOMPARE(stage.view->scene()->items().size(), 2);
     }
 
     void dyingContentIsNotHandedOut()
     {
-        KELContentView view;
-        KELRoundRectControl *old = newControl();
-        KELRoundRectControl *child = newControl(old);
-        view.setContent(old);
+        Replacing stage;
         int asked = 0;
-        connect(child, &QObject::destroyed, &view, [&] {
+        connect(newChild(stage.old), &QObject::destroyed, this, [&] {
             ++asked;
-            QCOMPARE(view.content(), nullptr);
+            QCOMPARE(stage.view->content(), nullptr);
         });
-        delete old;
+        delete stage.old;
         QCOMPARE(asked, 1);
     }
 
     void controlDeletedOnItsWayOutOfTheScene()
     {
-        KELContentView view;
-        KELRoundRectControl *root = newControl();
-        const ControlPointer child = newControl(root);
-        view.setContent(root);
-        connect(child, &QGraphicsObject::parentChanged, &view, [&] { child->deleteLater(); });
-        view.setContent(child);
-        QCOMPARE(view.content(), child.data());
+        Replacing stage;
+        const ControlPointer child = newChild(stage.old);
+        connect(child, &QGraphicsObject::parentChanged, this, [&] { child->deleteLater(); });
+        stage.view->setContent(child);
+        QCOMPARE(stage.view->content(), child.data());
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(!child);
-        QCOMPARE(view.content(), nullptr);
+        QCOMPARE(stage.view->content(), nullptr);
     }
 
     void controlReplacedOnItsWayOutOfTheScene()
     {
-        KELContentView view;
-        KELRoundRectControl *root = newControl();
-        const ControlPointer child = newControl(root);
-        const ControlPointer other = newControl();
-        view.setContent(root);
-        connect(child, &QGraphicsObject::parentChanged, &view, [&] { view.setContent(other); });
-        view.setContent(child);
+        Replacing stage;
+        const ControlPointer child = newChild(stage.old);
+        connect(child, &QGraphicsObject::parentChanged, this,
+                [&] { stage.view->setContent(stage.a); });
+        stage.view->setContent(child);
         QVERIFY(!child);
-        QCOMPARE(view.content(), other.data());
-        QCOMPARE(view.scene()->items(), QList<QGraphicsItem *>({other.data()}));
+        QVERIFY(stage.view->hasOnly(stage.a));
     }
 
     void controlDeletedWhenItLosesItsParent_data()
     {
-        QTest::addColumn<bool>("inScene");
-        QTest::addColumn<bool>("ownSignal");
-        QTest::newRow("signal of the control") << false << true;
-        QTest::newRow("signal of the control, in a scene") << true << true;
-        QTest::newRow("signal of the old parent") << false << false;
-        QTest::newRow("signal of the old parent, in a scene") << true << false;
+        addRows({{"own", {{"signal of the control", true}, {"signal of the old parent", false}}},
+                 {"inScene", {{"without a scene", false}, {"in a scene", true}}}});
     }
 
     void controlDeletedWhenItLosesItsParent()
     {
-        QFETCH(bool, inScene);
-        QFETCH(bool, ownSignal);
-        KELContentView view;
+        View view;
         QGraphicsScene other;
         KELRoundRectControl root;
-        if (inScene)
+        if (fetch<bool>("inScene"))
             other.addItem(&root);
-        const ControlPointer control = newControl(&root);
+        const ControlPointer control = newChild(&root);
         const QObject context;
         const auto act = [&] { delete control; };
-        if (ownSignal)
+        if (fetch<bool>("own"))
             connect(control, &QGraphicsObject::parentChanged, &context, act);
         else
             connect(&root, &QGraphicsObject::childrenChanged, &context, act);
@@ -220,141 +296,59 @@ private Q_SLOTS:
 
     void deletedInASlot_data()
     {
-        QTest::addColumn<Moment>("moment");
-        QTest::addColumn<Victim>("victim");
-
-        const QPair<Moment, const char *> moments[] = {
-            {Moment::OldContentDies, "the old content dies"},
-            {Moment::ChildOfTheOldContentDies, "a child of the old content dies"},
-            {Moment::GuestDies, "another item of the scene dies"},
-            {Moment::SupersededControlDies, "a superseded control dies"},
-            {Moment::NewContentLosesItsParent, "the new content loses its parent"},
-            {Moment::OldParentLosesTheNewContent, "the old parent loses the new content"},
-            {Moment::SelectionGoes, "the selection goes"},
-            {Moment::FocusGoes, "the focus goes"},
-            {Moment::SelectionComes, "the selection comes"},
-            {Moment::FocusComes, "the focus comes"}};
-        for (const auto &moment : moments) {
-            QTest::addRow("the view, when %s", moment.second) << moment.first << Victim::View;
-            QTest::addRow("the scene, when %s", moment.second) << moment.first << Victim::Scene;
-        }
+        addRows(
+            {{"victim", {{"the view", true}, {"the scene", false}}}, {"moment", namesOf(moments)}});
     }
 
     void deletedInASlot()
     {
-        QFETCH(Moment, moment);
-        QFETCH(Victim, victim);
-        const QPointer<KELContentView> view(new KELContentView);
-        QGraphicsScene *const scene = view->scene();
-        KELRoundRectControl oldParent;
-        KELRoundRectControl *const old = newFocusable();
-        KELRoundRectControl *const childOfOld = newFocusable(old);
-        KELRoundRectControl *const guest = newControl();
-        const ControlPointer next = newFocusable();
-        const ControlPointer other = newControl();
-        view->setContent(old);
-        scene->addItem(guest);
-        view->show();
-        QApplication::setActiveWindow(view);
-        QVERIFY(QTest::qWaitForWindowActive(view));
-        QTRY_VERIFY(scene->isActive());
-        view->setFocus();
-
-        int calls = 0;
-        const QObject context;
-        const auto act = [&] {
-            if (++calls > 1)
-                return;
-            if (victim == Victim::View)
-                delete view;
-            else
-                delete scene;
-        };
-        const auto actOn = [&](auto *sender, auto signal) {
-            connect(sender, signal, &context, act);
-        };
-        if (moment == Moment::OldContentDies) {
-            actOn(old, &QObject::destroyed);
-        } else if (moment == Moment::ChildOfTheOldContentDies) {
-            actOn(childOfOld, &QObject::destroyed);
-        } else if (moment == Moment::GuestDies) {
-            actOn(guest, &QObject::destroyed);
-        } else if (moment == Moment::SupersededControlDies) {
-            connect(old, &QObject::destroyed, &context, [&] { view->setContent(other); });
-            actOn(next.data(), &QObject::destroyed);
-        } else if (moment == Moment::NewContentLosesItsParent) {
-            next->setParentItem(&oldParent);
-            actOn(next.data(), &QGraphicsObject::parentChanged);
-        } else if (moment == Moment::OldParentLosesTheNewContent) {
-            next->setParentItem(&oldParent);
-            actOn(&oldParent, &QGraphicsObject::childrenChanged);
-        } else if (moment == Moment::SelectionGoes) {
-            childOfOld->setSelected(true);
-            actOn(scene, &QGraphicsScene::selectionChanged);
-        } else if (moment == Moment::FocusGoes) {
-            scene->setActivePanel(childOfOld);
-            childOfOld->setFocus();
-            QVERIFY(scene->focusItem() == childOfOld);
-            actOn(scene, &QGraphicsScene::focusItemChanged);
-        } else if (moment == Moment::SelectionComes) {
-            next->setSelected(true);
-            actOn(scene, &QGraphicsScene::selectionChanged);
-        } else {
-            scene->setFocusItem(nullptr);
-            next->setFocus();
-            actOn(scene, &QGraphicsScene::focusItemChanged);
-        }
-        view->setContent(next);
-        QVERIFY(calls > 0);
-        QVERIFY(!next);
-        if (moment != Moment::SupersededControlDies)
-            delete other;
-        QVERIFY(!other);
-        QCOMPARE(view.isNull(), victim == Victim::View);
-        if (view) {
-            QCOMPARE(view->content(), nullptr);
-            QCOMPARE(view->scene(), nullptr);
-            const ControlPointer ignored = newControl();
-            view->setContent(ignored);
-            QVERIFY(!ignored->scene());
-            delete ignored;
-            delete view;
-        }
+        Deletion stage{fetch<bool>("victim")};
+        stage.view->setContent(stage.old);
+        stage.scene->addItem(stage.guest);
+        stage.view->activate();
+        const Moment &moment = moments[fetch<size_t>("moment")];
+        moment.prepare(stage);
+        stage.view->setContent(stage.next);
+        QVERIFY(stage.calls > 0);
+        QVERIFY(!stage.next);
+        if (!moment.givesOther)
+            delete stage.other;
+        QVERIFY(!stage.other);
+        QCOMPARE(stage.view.isNull(), stage.isView);
+        if (!stage.view)
+            return;
+        QCOMPARE(stage.view->content(), nullptr);
+        QCOMPARE(stage.view->scene(), nullptr);
+        const std::unique_ptr<KELRoundRectControl> ignored(newControl());
+        stage.view->setContent(ignored.get());
+        QVERIFY(!ignored->scene());
+        delete stage.view;
     }
 
     void viewDeletedInANestedCall()
     {
-        const QPointer<KELContentView> view(new KELContentView);
-        KELRoundRectControl *const old = newControl();
-        view->setContent(old);
+        Replacing stage;
         KELRoundRectControl oldParent;
-        const ControlPointer a = newControl();
-        const ControlPointer b = newControl();
-        const ControlPointer c = newControl(&oldParent);
-        const QObject context;
-        connect(old, &QObject::destroyed, &context, [&] {
-            view->setContent(b);
-            view->setContent(c);
+        const ControlPointer c = newChild(&oldParent);
+        stage.whenOldDies([&] {
+            stage.view->setContent(stage.b);
+            stage.view->setContent(c);
         });
-        connect(c, &QGraphicsObject::parentChanged, &context, [&] { delete view; });
-        view->setContent(a);
-        QVERIFY(!view);
-        QVERIFY(!a);
-        QVERIFY(!b);
+        connect(c, &QGraphicsObject::parentChanged, this, [&] { delete stage.view; });
+        stage.view->setContent(stage.a);
+        QVERIFY(!stage.view);
+        QVERIFY(!stage.a);
+        QVERIFY(!stage.b);
         QVERIFY(!c);
     }
 
     void selectionAndFocusAreReported()
     {
-        KELContentView view;
+        View view;
         QGraphicsScene *const scene = view.scene();
         KELRoundRectControl *const old = newFocusable();
         view.setContent(old);
-        view.show();
-        QApplication::setActiveWindow(&view);
-        QVERIFY(QTest::qWaitForWindowActive(&view));
-        QTRY_VERIFY(scene->isActive());
-        view.setFocus();
+        view.activate();
         scene->setActivePanel(old);
         old->setFocus();
         old->setSelected(true);
@@ -376,20 +370,16 @@ private Q_SLOTS:
 
     void controlPutElsewhereSurvivesTheView()
     {
-        const QPointer<KELContentView> view(new KELContentView);
-        KELRoundRectControl *const old = newControl();
-        view->setContent(old);
         QGraphicsScene elsewhere;
-        const ControlPointer next = newControl();
-        const QObject context;
-        connect(old, &QObject::destroyed, &context, [&] {
-            elsewhere.addItem(next);
-            delete view;
+        Replacing stage;
+        stage.whenOldDies([&] {
+            elsewhere.addItem(stage.a);
+            delete stage.view;
         });
-        view->setContent(next);
-        QVERIFY(!view);
-        QVERIFY(next);
-        QCOMPARE(next->scene(), &elsewhere);
+        stage.view->setContent(stage.a);
+        QVERIFY(!stage.view);
+        QVERIFY(stage.a);
+        QCOMPARE(stage.a->scene(), &elsewhere);
     }
 
     void sceneIsDeletedByADyingPlainItem()
@@ -400,15 +390,14 @@ private Q_SLOTS:
             ~Bomb() override { delete victim; }
             QGraphicsScene *victim = nullptr;
         };
-        KELContentView view;
+        Replacing stage;
         auto *const bomb = new Bomb;
-        bomb->victim = view.scene();
-        view.scene()->addItem(bomb);
-        view.scene()->addItem(new QGraphicsRectItem(0, 0, 10, 10));
-        const ControlPointer next = newControl();
-        view.setContent(next);
-        QVERIFY(!next);
-        QCOMPARE(view.scene(), nullptr);
+        bomb->victim = stage.view->scene();
+        stage.view->scene()->addItem(bomb);
+        stage.view->scene()->addItem(new QGraphicsRectItem(0, 0, 10, 10));
+        stage.view->setContent(stage.a);
+        QVERIFY(!stage.a);
+        QCOMPARE(stage.view->scene(), nullptr);
     }
 };
 
