@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
+#include "hand.h"
 #include "keltest.h"
+#include "rows.h"
 
 #include <kelcontentview.h>
 #include <keldialogbase.h>
@@ -29,8 +31,10 @@ namespace {
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 constexpr double infinite = std::numeric_limits<double>::infinity();
 
+const QRect plainPlace(200, 186, 400, 250);
 const QRect shortMessage(185, 210, 430, 180);
 const QRect longMessage(185, 155, 430, 290);
+const QSize redSize(30, 20);
 
 // The resource of this program is a picture of this many fields, each one pixel.
 constexpr int fieldsPerSide = 10;
@@ -50,19 +54,14 @@ QImage drawnBody(const QSize &size)
     return image;
 }
 
-QImage picture(const QPixmap &pixmap)
-{
-    return pixmap.toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
-}
-
-QPixmap filled(const QSize &size, const QColor &colour)
+QPixmap filled(const QSize &size, const QColor &colour = Qt::red)
 {
     QPixmap pixmap(size);
     pixmap.fill(colour);
     return pixmap;
 }
 
-QList<QGraphicsPixmapItem *> bodies(const QGraphicsScene *scene)
+QList<QGraphicsPixmapItem *> bodiesIn(const QGraphicsScene *scene)
 {
     QList<QGraphicsPixmapItem *> found;
     const QList<QGraphicsItem *> items = scene->items(Qt::AscendingOrder);
@@ -73,91 +72,95 @@ QList<QGraphicsPixmapItem *> bodies(const QGraphicsScene *scene)
     return found;
 }
 
-// The only one, or null.
-QGraphicsPixmapItem *body(const KELDialogBase &dialog)
+class Dialog : public KELDialogBase
 {
-    const QList<QGraphicsPixmapItem *> found = bodies(dialog.view()->scene());
-    return found.size() == 1 ? found.constFirst() : nullptr;
-}
+public:
+    using KELDialogBase::KELDialogBase;
 
-enum class Constructor { Plain, ShortMessage, LongMessage };
+    QGraphicsScene *scene() const { return view()->scene(); }
+    int itemCount() const { return scene()->items().size(); }
+    // The only one, or null.
+    QGraphicsPixmapItem *body() const
+    {
+        const QList<QGraphicsPixmapItem *> found = bodiesIn(scene());
+        return found.size() == 1 ? found.constFirst() : nullptr;
+    }
+    // There is one body, of this size.
+    bool hasBody(const QSize &size) const { return body() && body()->pixmap().size() == size; }
+    void setRed() { setBackgroundPixmap(filled(redSize)); }
 
-std::unique_ptr<KELDialogBase> make(Constructor constructor, QWidget *parent = nullptr)
+    KELPushButton *add(const QRectF &rect = QRectF(0, 0, 20, 20))
+    {
+        auto *button = new KELPushButton;
+        button->setboundRect(rect);
+        scene()->addItem(button);
+        return button;
+    }
+    KELPushButton *addToBody()
+    {
+        auto *button = new KELPushButton;
+        button->setParentItem(body());
+        return button;
+    }
+    // What lies there, from the bottom to the top.
+    QList<QGraphicsItem *> itemsAt(const QPointF &pos) const
+    {
+        return scene()->items(pos, Qt::IntersectsItemBoundingRect, Qt::AscendingOrder);
+    }
+    void tap(const KELPushButton *button, Input input = Input::Touch)
+    {
+        const QPointF centre = button->mapToScene(button->boundingRect().center());
+        Hand(view()->viewport(), input).tap(view()->mapFromScene(centre));
+    }
+};
+
+struct Constructor
 {
-    if (constructor == Constructor::Plain)
-        return std::make_unique<KELDialogBase>(parent);
-    const double size = constructor == Constructor::LongMessage ? 3 : 1;
-    return std::make_unique<KELDialogBase>(u"text"_s, size, parent);
-}
+    const char *name;
+    std::function<std::unique_ptr<Dialog>(QWidget *)> make;
+    QRect place;
+};
 
-} // namespace
-
-Q_DECLARE_METATYPE(Constructor)
+const std::vector<Constructor> constructors = {
+    {"plain", [](QWidget *parent) { return std::make_unique<Dialog>(parent); }, plainPlace},
+    {"short message",
+     [](QWidget *parent) { return std::make_unique<Dialog>(u"text"_s, 1, parent); }, shortMessage},
+    {"long message", [](QWidget *parent) { return std::make_unique<Dialog>(u"text"_s, 3, parent); },
+     longMessage},
+};
 
 void addConstructors()
 {
-    QTest::addColumn<Constructor>("constructor");
-    QTest::addColumn<QRect>("geometry");
-
-    QTest::newRow("plain") << Constructor::Plain << QRect(200, 186, 400, 250);
-    QTest::newRow("short message") << Constructor::ShortMessage << shortMessage;
-    QTest::newRow("long message") << Constructor::LongMessage << longMessage;
+    addRows({{"constructor", namesOf(constructors)}});
 }
 
-// What lies there, from the bottom to the top.
-QList<QGraphicsItem *> itemsAt(const KELDialogBase &dialog, const QPointF &pos)
+const Constructor &constructor()
 {
-    return dialog.view()->scene()->items(pos, Qt::IntersectsItemBoundingRect, Qt::AscendingOrder);
-}
-
-KELPushButton *addButton(const KELDialogBase &dialog)
-{
-    auto *button = new KELPushButton;
-    button->setboundRect(0, 0, 20, 20);
-    dialog.view()->scene()->addItem(button);
-    return button;
+    return constructors[fetch<size_t>("constructor")];
 }
 
 enum class Deleted { ByApplication, WithTheScene, BySetContent, Twice };
-Q_DECLARE_METATYPE(Deleted)
+enum class Victim { Dialog, View, Scene };
 
-// Taps the middle of the button, as a finger does.
-void tap(const KELDialogBase *dialog, const KELPushButton *button)
-{
-    static QTouchDevice *const device = QTest::createTouchDevice();
-    const KELContentView *const view = dialog->view();
-    const QPoint pos = view->mapFromScene(button->mapToScene(button->boundingRect().center()));
-    QTest::touchEvent(view->viewport(), device).press(0, pos, view->viewport());
-    QTest::touchEvent(view->viewport(), device).release(0, pos, view->viewport());
-}
+} // namespace
 
 class tst_KELDialogBase : public KelTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void plainDialogHasItsPlace()
-    {
-        const KELDialogBase dialog;
-        QCOMPARE(dialog.geometry(), QRect(200, 186, 400, 250));
-        QCOMPARE(dialog.view()->geometry(), QRect(0, 0, 400, 250));
-        QVERIFY(dialog.isHidden());
-    }
-
     void messageDecidesAboutThePlace_data()
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<double>("size");
-        QTest::addColumn<QRect>("geometry");
+        QTest::addColumn<QRect>("place");
 
         const QString text = u"text"_s;
         const QString empty = u""_s;
         QTest::newRow("at the limit") << text << 2.2 << shortMessage;
         QTest::newRow("just above the limit") << text << 2.2000001 << longMessage;
-        QTest::newRow("next number above the limit")
-            << text << std::nextafter(2.2, 3.0) << longMessage;
-        QTest::newRow("next number below the limit")
-            << text << std::nextafter(2.2, 2.0) << shortMessage;
+        QTest::newRow("next number above it") << text << std::nextafter(2.2, 3.0) << longMessage;
+        QTest::newRow("next number below it") << text << std::nextafter(2.2, 2.0) << shortMessage;
         QTest::newRow("single precision limit") << text << double(2.2F) << longMessage;
         QTest::newRow("large") << text << 3.0 << longMessage;
         QTest::newRow("small") << text << 1.0 << shortMessage;
@@ -179,90 +182,54 @@ private Q_SLOTS:
 
     void messageDecidesAboutThePlace()
     {
-        QFETCH(QString, text);
-        QFETCH(double, size);
-        QFETCH(QRect, geometry);
-        const KELDialogBase dialog(text, size, nullptr);
-        QCOMPARE(dialog.geometry(), geometry);
-        QCOMPARE(dialog.view()->geometry(), QRect(QPoint(0, 0), geometry.size()));
+        QFETCH(const QString, text);
+        QFETCH(const double, size);
+        QFETCH(const QRect, place);
+        const Dialog dialog(text, size, nullptr);
+        QCOMPARE(dialog.geometry(), place);
+        QCOMPARE(dialog.view()->geometry(), QRect(QPoint(0, 0), place.size()));
         // The text is not shown: there is the body and nothing else.
-        QCOMPARE(dialog.view()->scene()->items().size(), 1);
+        QCOMPARE(dialog.itemCount(), 1);
         QCOMPARE(dialog.windowTitle(), QString());
     }
 
-    void hasTheLookOfAnOverlay_data() { addConstructors(); }
+    void hasItsPlaceInItsParent_data() { addConstructors(); }
 
-    void hasTheLookOfAnOverlay()
+    void hasItsPlaceInItsParent()
     {
-        QFETCH(Constructor, constructor);
-        const auto dialog = make(constructor);
-        QCOMPARE(dialog->styleSheet(), u"background: transparent;"_s);
-        QVERIFY(dialog->testAttribute(Qt::WA_TranslucentBackground));
-        QVERIFY(!dialog->isModal());
-    }
-
-    void isAFramelessWindowWithoutParent_data() { addConstructors(); }
-
-    void isAFramelessWindowWithoutParent()
-    {
-        QFETCH(Constructor, constructor);
-        const auto dialog = make(constructor);
-        QCOMPARE(dialog->parent(), nullptr);
-        QVERIFY(dialog->isWindow());
-        QCOMPARE(dialog->windowFlags() & ~Qt::WindowFlags(Qt::Window), Qt::FramelessWindowHint);
-    }
-
-    void isAChildWidgetWithParent_data() { addConstructors(); }
-
-    void isAChildWidgetWithParent()
-    {
-        QFETCH(Constructor, constructor);
-        QFETCH(QRect, geometry);
         QWidget parent;
-        const auto dialog = make(constructor, &parent);
-        QCOMPARE(dialog->parentWidget(), &parent);
-        QVERIFY(!dialog->isWindow());
-        QCOMPARE(dialog->windowFlags(), Qt::FramelessWindowHint);
-        QCOMPARE(dialog->geometry(), geometry);
+        const auto dialog = constructor().make(&parent);
+        QCOMPARE(dialog->geometry(), constructor().place);
     }
 
     void becomesAWindowAboveItsParent()
     {
         QWidget parent;
-        KELDialogBase dialog(&parent);
+        Dialog dialog(&parent);
         dialog.setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
         QVERIFY(dialog.isWindow());
-        QCOMPARE(dialog.size(), QSize(400, 250));
+        QCOMPARE(dialog.size(), plainPlace.size());
         dialog.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-        QCOMPARE(dialog.size(), QSize(400, 250));
-    }
-
-    void declaresNoInterfaceOfItsOwn()
-    {
-        const QMetaObject &meta = KELDialogBase::staticMetaObject;
-        QCOMPARE(QByteArray(meta.className()), QByteArray("KELDialogBase"));
-        QCOMPARE(meta.superClass(), &QDialog::staticMetaObject);
-        QCOMPARE(meta.methodCount(), meta.methodOffset());
-        QCOMPARE(meta.propertyCount(), meta.propertyOffset());
+        QCOMPARE(dialog.size(), plainPlace.size());
     }
 
     void viewBelongsToTheDialog_data() { addConstructors(); }
 
     void viewBelongsToTheDialog()
     {
-        QFETCH(Constructor, constructor);
-        const auto dialog = make(constructor);
+        const auto dialog = constructor().make(nullptr);
         QCOMPARE(dialog->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly),
                  QList<QWidget *>({dialog->view()}));
         QVERIFY(!dialog->view()->isWindow());
+        QCOMPARE(dialog->view()->geometry(), QRect(QPoint(0, 0), constructor().place.size()));
         QCOMPARE(dialog->view()->content(), nullptr);
         QCOMPARE(dialog->layout(), nullptr);
     }
 
     void viewKeepsItsSize()
     {
-        KELDialogBase dialog;
+        Dialog dialog;
         dialog.show();
         dialog.resize(500, 300);
         QCoreApplication::processEvents();
@@ -271,7 +238,7 @@ private Q_SLOTS:
 
     void opensAtItsPlace()
     {
-        KELDialogBase dialog(u"text"_s, 3, nullptr);
+        Dialog dialog(u"text"_s, 3, nullptr);
         dialog.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dialog));
         QCOMPARE(dialog.geometry(), longMessage);
@@ -283,13 +250,12 @@ private Q_SLOTS:
 
     void bodyIsScaledToTheView()
     {
-        QFETCH(Constructor, constructor);
-        QFETCH(QRect, geometry);
-        const auto dialog = make(constructor);
-        const QGraphicsPixmapItem *item = body(*dialog);
+        const auto dialog = constructor().make(nullptr);
+        const QGraphicsPixmapItem *item = dialog->body();
         QVERIFY(item);
-        QCOMPARE(KelImage::difference(picture(item->pixmap()), drawnBody(geometry.size())),
-                 QString());
+        const QImage image = item->pixmap().toImage().convertToFormat(
+            QImage::Format_ARGB32_Premultiplied);
+        QCOMPARE(KelImage::difference(image, drawnBody(constructor().place.size())), QString());
         QCOMPARE(item->pos(), QPointF());
         QCOMPARE(item->offset(), QPointF());
         QCOMPARE(item->zValue(), 0.0);
@@ -299,7 +265,7 @@ private Q_SLOTS:
 
     void bodyIsOnTheScreen()
     {
-        KELDialogBase dialog;
+        Dialog dialog;
         dialog.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dialog));
         const QImage shown = dialog.grab().toImage();
@@ -316,46 +282,34 @@ private Q_SLOTS:
 
     void worksWithoutResource()
     {
-        QFETCH(Constructor, constructor);
-        QFETCH(QRect, geometry);
         const WithoutResource withoutResource;
-        const auto dialog = make(constructor);
-        QCOMPARE(dialog->geometry(), geometry);
-        QVERIFY(body(*dialog));
-        QVERIFY(body(*dialog)->pixmap().isNull());
-        dialog->setBackgroundPixmap(filled(QSize(30, 20), Qt::red));
-        QVERIFY(body(*dialog));
-        QCOMPARE(body(*dialog)->pixmap().size(), QSize(30, 20));
-    }
-
-    void pixmapReplacesTheBody()
-    {
-        KELDialogBase dialog;
-        dialog.setBackgroundPixmap(filled(QSize(30, 20), Qt::red));
-        QCOMPARE(dialog.view()->scene()->items().size(), 1);
-        QVERIFY(body(dialog));
-        QCOMPARE(KelImage::difference(picture(body(dialog)->pixmap()),
-                                      picture(filled(QSize(30, 20), Qt::red))),
-                 QString());
+        const auto dialog = constructor().make(nullptr);
+        QCOMPARE(dialog->geometry(), constructor().place);
+        QVERIFY(dialog->hasBody(QSize(0, 0)));
+        dialog->setRed();
+        QVERIFY(dialog->hasBody(redSize));
     }
 
     void pixmapIsUsedAsGiven_data()
     {
         QTest::addColumn<QSize>("size");
+        QTest::newRow("none") << QSize();
         QTest::newRow("one pixel") << QSize(1, 1);
-        QTest::newRow("small") << QSize(30, 20);
-        QTest::newRow("as large as the view") << QSize(400, 250);
+        QTest::newRow("small") << redSize;
+        QTest::newRow("as large as the view") << plainPlace.size();
         QTest::newRow("larger than the view") << QSize(900, 700);
     }
 
     void pixmapIsUsedAsGiven()
     {
-        QFETCH(QSize, size);
-        KELDialogBase dialog;
-        const QPixmap pixmap = filled(size, QColor(1, 2, 3, 100));
+        QFETCH(const QSize, size);
+        Dialog dialog;
+        const QPixmap pixmap = size.isEmpty() ? QPixmap() : filled(size, QColor(1, 2, 3, 100));
         dialog.setBackgroundPixmap(pixmap);
-        const QGraphicsPixmapItem *item = body(dialog);
+        QCOMPARE(dialog.itemCount(), 1);
+        const QGraphicsPixmapItem *item = dialog.body();
         QVERIFY(item);
+        QCOMPARE(item->pixmap().isNull(), size.isEmpty());
         QCOMPARE(item->pixmap().cacheKey(), pixmap.cacheKey());
         QCOMPARE(item->pos(), QPointF());
         QCOMPARE(item->offset(), QPointF());
@@ -363,268 +317,246 @@ private Q_SLOTS:
         QVERIFY(item->sceneTransform().isIdentity());
         QCOMPARE(item->zValue(), 0.0);
         QCOMPARE(item->transformationMode(), Qt::FastTransformation);
-        QCOMPARE(dialog.geometry(), QRect(200, 186, 400, 250));
+        QCOMPARE(dialog.geometry(), plainPlace);
         QCOMPARE(dialog.view()->geometry(), QRect(0, 0, 400, 250));
-    }
-
-    void nullPixmapLeavesAnEmptyBody()
-    {
-        KELDialogBase dialog;
-        dialog.setBackgroundPixmap(QPixmap());
-        QCOMPARE(dialog.view()->scene()->items().size(), 1);
-        QVERIFY(body(dialog));
-        QVERIFY(body(dialog)->pixmap().isNull());
-        dialog.setBackgroundPixmap(filled(QSize(30, 20), Qt::red));
-        QCOMPARE(dialog.view()->scene()->items().size(), 1);
     }
 
     void pixmapComesAboveEarlierItems()
     {
-        KELDialogBase dialog;
-        KELPushButton *const button = addButton(dialog);
-        KELPushButton *const later = addButton(dialog);
-        dialog.setBackgroundPixmap(filled(QSize(30, 20), Qt::red));
-        QCOMPARE(itemsAt(dialog, QPointF(10, 10)),
-                 QList<QGraphicsItem *>({button, later, body(dialog)}));
-    }
-
-    void pressPassesThePixmap()
-    {
-        KELDialogBase dialog;
-        const KELPushButton *button = addButton(dialog);
-        dialog.setBackgroundPixmap(filled(QSize(30, 20), Qt::red));
-        dialog.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-        const QSignalSpy clicked(button, &KELPushButton::mouseClicked);
-        const QPoint pos = dialog.view()->mapFromScene(QPointF(10, 10));
-        QCOMPARE(dialog.view()->itemAt(pos), body(dialog));
-        QTest::mouseClick(dialog.view()->viewport(), Qt::LeftButton, Qt::NoModifier, pos);
-        QCOMPARE(clicked.count(), 1);
+        Dialog dialog;
+        KELPushButton *const button = dialog.add();
+        KELPushButton *const later = dialog.add();
+        dialog.setRed();
+        QCOMPARE(dialog.itemsAt(QPointF(10, 10)),
+                 QList<QGraphicsItem *>({button, later, dialog.body()}));
     }
 
     void pixmapStaysBelowLaterItems()
     {
-        KELDialogBase dialog;
-        dialog.setBackgroundPixmap(filled(QSize(30, 20), Qt::red));
-        KELPushButton *const button = addButton(dialog);
-        QCOMPARE(itemsAt(dialog, QPointF(10, 10)), QList<QGraphicsItem *>({body(dialog), button}));
+        Dialog dialog;
+        dialog.setRed();
+        KELPushButton *const button = dialog.add();
+        QCOMPARE(dialog.itemsAt(QPointF(10, 10)), QList<QGraphicsItem *>({dialog.body(), button}));
+    }
+
+    void pressPassesThePixmap_data() { addRows({{"input", inputs}}); }
+
+    void pressPassesThePixmap()
+    {
+        Dialog dialog;
+        const KELPushButton *button = dialog.add();
+        dialog.setRed();
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        const QSignalSpy clicked(button, &KELPushButton::mouseClicked);
+        QCOMPARE(dialog.view()->itemAt(dialog.view()->mapFromScene(QPointF(10, 10))),
+                 dialog.body());
+        dialog.tap(button, fetch<Input>("input"));
+        QCOMPARE(clicked.count(), 1);
     }
 
     void pixmapReplacesTheLastOne()
     {
-        KELDialogBase dialog;
-        for (int width = 1; width <= 5; ++width) {
-            dialog.setBackgroundPixmap(filled(QSize(width, 1), Qt::red));
-            QVERIFY(body(dialog));
-            QCOMPARE(body(dialog)->pixmap().width(), width);
+        Dialog dialog;
+        for (int width = 0; width <= 5; ++width) {
+            dialog.setBackgroundPixmap(width > 0 ? filled(QSize(width, 1)) : QPixmap());
+            QVERIFY(dialog.hasBody(QSize(width, width > 0 ? 1 : 0)));
+            QCOMPARE(dialog.itemCount(), 1);
         }
     }
 
     void pixmapIsACopy()
     {
-        KELDialogBase dialog;
-        QPixmap pixmap = filled(QSize(30, 20), Qt::red);
+        Dialog dialog;
+        QPixmap pixmap = filled(redSize);
         dialog.setBackgroundPixmap(pixmap);
         pixmap.fill(Qt::green);
-        QCOMPARE(body(dialog)->pixmap().toImage().pixelColor(0, 0), QColor(Qt::red));
+        QCOMPARE(dialog.body()->pixmap().toImage().pixelColor(0, 0), QColor(Qt::red));
         // The body's own pixmap may be given again.
-        dialog.setBackgroundPixmap(body(dialog)->pixmap());
-        QCOMPARE(body(dialog)->pixmap().toImage().pixelColor(0, 0), QColor(Qt::red));
+        dialog.setBackgroundPixmap(dialog.body()->pixmap());
+        QCOMPARE(dialog.body()->pixmap().toImage().pixelColor(0, 0), QColor(Qt::red));
     }
 
     void pixmapAfterTheBodyWasDeleted_data()
     {
-        QTest::addColumn<Deleted>("deleted");
-        QTest::newRow("by the application") << Deleted::ByApplication;
-        QTest::newRow("with all items of the scene") << Deleted::WithTheScene;
-        QTest::newRow("by setContent()") << Deleted::BySetContent;
-        QTest::newRow("twice") << Deleted::Twice;
+        addRows({{"deleted",
+                  {{"by the application", int(Deleted::ByApplication)},
+                   {"with all items of the scene", int(Deleted::WithTheScene)},
+                   {"by setContent()", int(Deleted::BySetContent)},
+                   {"twice", int(Deleted::Twice)}}}});
     }
 
     void pixmapAfterTheBodyWasDeleted()
     {
-        QFETCH(Deleted, deleted);
-        KELDialogBase dialog;
-        int others = 0;
-        if (deleted == Deleted::BySetContent) {
+        const auto deleted = fetch<Deleted>("deleted");
+        const int others = deleted == Deleted::BySetContent ? 1 : 0;
+        Dialog dialog;
+        if (deleted == Deleted::BySetContent)
             dialog.view()->setContent(new KELPushButton);
-            others = 1;
-        } else if (deleted == Deleted::WithTheScene) {
-            dialog.view()->scene()->clear();
-        } else {
-            delete body(dialog);
-        }
-        QCOMPARE(dialog.view()->scene()->items().size(), others);
+        else if (deleted == Deleted::WithTheScene)
+            dialog.scene()->clear();
+        else
+            delete dialog.body();
+        QCOMPARE(dialog.itemCount(), others);
         if (deleted == Deleted::Twice) {
-            dialog.setBackgroundPixmap(filled(QSize(10, 10), Qt::red));
-            delete body(dialog);
+            dialog.setBackgroundPixmap(filled(QSize(10, 10)));
+            delete dialog.body();
         }
-        dialog.setBackgroundPixmap(filled(QSize(30, 20), Qt::red));
-        QVERIFY(body(dialog));
-        QCOMPARE(body(dialog)->pixmap().size(), QSize(30, 20));
-        QCOMPARE(dialog.view()->scene()->items().size(), others + 1);
-        dialog.setBackgroundPixmap(filled(QSize(40, 20), Qt::red));
-        QVERIFY(body(dialog));
-        QCOMPARE(dialog.view()->scene()->items().size(), others + 1);
+        for (const QSize &size : {redSize, QSize(40, 20)}) {
+            dialog.setBackgroundPixmap(filled(size));
+            QVERIFY(dialog.hasBody(size));
+            QCOMPARE(dialog.itemCount(), others + 1);
+        }
     }
 
     void pixmapAfterTheBodyMovedToAnotherScene()
     {
-        KELDialogBase dialog;
+        Dialog dialog;
         QGraphicsScene other;
-        other.addItem(body(dialog));
-        dialog.setBackgroundPixmap(filled(QSize(30, 20), Qt::red));
+        other.addItem(dialog.body());
+        dialog.setRed();
         QCOMPARE(other.items().size(), 0);
-        QVERIFY(body(dialog));
+        QVERIFY(dialog.body());
     }
 
     void pixmapForAnotherScene()
     {
-        KELDialogBase dialog;
-        const QGraphicsScene *const first = dialog.view()->scene();
+        Dialog dialog;
+        const QGraphicsScene *const first = dialog.scene();
         QGraphicsScene other;
         dialog.view()->setScene(&other);
-        dialog.setBackgroundPixmap(filled(QSize(30, 20), Qt::red));
+        dialog.setRed();
         QCOMPARE(first->items().size(), 0);
         QCOMPARE(other.items().size(), 1);
     }
 
     void pixmapWithoutScene()
     {
-        KELDialogBase dialog;
-        delete dialog.view()->scene();
-        dialog.setBackgroundPixmap(filled(QSize(30, 20), Qt::red));
-        QCOMPARE(dialog.view()->scene(), nullptr);
+        Dialog dialog;
+        delete dialog.scene();
+        dialog.setRed();
+        QCOMPARE(dialog.scene(), nullptr);
     }
 
     void worksWithoutItsView()
     {
-        KELDialogBase dialog;
+        Dialog dialog;
         delete dialog.view();
         QCOMPARE(dialog.view(), nullptr);
-        dialog.setBackgroundPixmap(filled(QSize(30, 20), Qt::red));
+        dialog.setRed();
         QCOMPARE(dialog.view(), nullptr);
         dialog.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dialog));
         dialog.dialogShake(5);
-        QCOMPARE(dialog.geometry(), QRect(200, 186, 400, 250));
+        QCOMPARE(dialog.geometry(), plainPlace);
     }
 
     void viewTakenOutOutlivesTheDialog()
     {
-        auto dialog = std::make_unique<KELDialogBase>();
+        auto dialog = std::make_unique<Dialog>();
         const std::unique_ptr<KELContentView> view(dialog->view());
         view->setParent(nullptr);
-        dialog->setBackgroundPixmap(filled(QSize(30, 20), Qt::red));
+        dialog->setRed();
         QCOMPARE(dialog->view(), view.get());
         dialog.reset();
-        QCOMPARE(bodies(view->scene()).size(), 1);
+        QCOMPARE(bodiesIn(view->scene()).size(), 1);
     }
 
     void bodyTakenOutOutlivesTheDialog()
     {
-        auto dialog = std::make_unique<KELDialogBase>();
-        const std::unique_ptr<QGraphicsPixmapItem> item(body(*dialog));
-        dialog->view()->scene()->removeItem(item.get());
+        auto dialog = std::make_unique<Dialog>();
+        const std::unique_ptr<QGraphicsPixmapItem> item(dialog->body());
+        dialog->scene()->removeItem(item.get());
         dialog.reset();
-        QCOMPARE(item->pixmap().size(), QSize(400, 250));
+        QCOMPARE(item->pixmap().size(), plainPlace.size());
     }
 
     void itemsOnTheOldBodyDie()
     {
-        KELDialogBase dialog;
-        auto *child = new KELPushButton;
-        child->setParentItem(body(dialog));
-        auto *sibling = new KELPushButton;
-        dialog.view()->scene()->addItem(sibling);
-        const QSignalSpy childDied(child, &QObject::destroyed);
-        const QSignalSpy siblingDied(sibling, &QObject::destroyed);
-        dialog.setBackgroundPixmap(filled(QSize(30, 20), Qt::red));
-        QCOMPARE(childDied.count(), 1);
-        QCOMPARE(siblingDied.count(), 0);
+        Dialog dialog;
+        const QPointer<KELPushButton> child(dialog.addToBody());
+        const QPointer<KELPushButton> sibling(dialog.add());
+        dialog.setRed();
+        QVERIFY(!child);
+        QVERIFY(sibling);
     }
 
     void itemOnTheOldBodySetsAnotherPixmap()
     {
-        KELDialogBase dialog;
-        auto *child = new KELPushButton;
-        child->setParentItem(body(dialog));
-        connect(child, &QObject::destroyed, &dialog,
-                [&] { dialog.setBackgroundPixmap(filled(QSize(40, 10), Qt::green)); });
-        dialog.setBackgroundPixmap(filled(QSize(30, 20), Qt::red));
-        QCOMPARE(dialog.view()->scene()->items().size(), 1);
-        QVERIFY(body(dialog));
-        QCOMPARE(body(dialog)->pixmap().size(), QSize(30, 20));
-        dialog.setBackgroundPixmap(filled(QSize(50, 10), Qt::blue));
-        QCOMPARE(dialog.view()->scene()->items().size(), 1);
+        Dialog dialog;
+        connect(dialog.addToBody(), &QObject::destroyed, &dialog,
+                [&] { dialog.setBackgroundPixmap(filled(QSize(40, 10))); });
+        for (const QSize &size : {redSize, QSize(50, 10)}) {
+            dialog.setBackgroundPixmap(filled(size));
+            QCOMPARE(dialog.itemCount(), 1);
+            QVERIFY(dialog.hasBody(size));
+        }
     }
 
-    void itemOnTheOldBodyDeletesTheDialog()
+    void itemOnTheOldBodyDeletes_data()
     {
-        auto *dialog = new KELDialogBase;
-        const QPointer<KELDialogBase> alive(dialog);
-        auto *child = new KELPushButton;
-        child->setParentItem(body(*dialog));
-        connect(child, &QObject::destroyed, this, [=] { delete dialog; });
-        dialog->setBackgroundPixmap(filled(QSize(30, 20), Qt::red));
-        QVERIFY(!alive);
+        addRows(
+            {{"victim", {{"the dialog", int(Victim::Dialog)}, {"the view", int(Victim::View)}}}});
     }
 
-    void itemOnTheOldBodyDeletesTheView()
+    void itemOnTheOldBodyDeletes()
     {
-        KELDialogBase dialog;
-        auto *child = new KELPushButton;
-        child->setParentItem(body(dialog));
-        connect(child, &QObject::destroyed, this, [&] { delete dialog.view(); });
-        dialog.setBackgroundPixmap(filled(QSize(30, 20), Qt::red));
-        QCOMPARE(dialog.view(), nullptr);
+        const bool isDialog = fetch<Victim>("victim") == Victim::Dialog;
+        const QPointer<Dialog> dialog(new Dialog);
+        const QPointer<KELContentView> view(dialog->view());
+        connect(dialog->addToBody(), &QObject::destroyed, this, [&] {
+            if (isDialog)
+                delete dialog;
+            else
+                delete dialog->view();
+        });
+        dialog->setRed();
+        QVERIFY(!view);
+        QCOMPARE(dialog.isNull(), isDialog);
+        QVERIFY(!dialog || !dialog->view());
+        delete dialog;
     }
 
     void signalOfTheSceneDeletes_data()
     {
-        QTest::addColumn<int>("victim");
-        QTest::newRow("the dialog") << 0;
-        QTest::newRow("the view") << 1;
-        QTest::newRow("the scene") << 2;
+        addRows({{"victim",
+                  {{"the dialog", int(Victim::Dialog)},
+                   {"the view", int(Victim::View)},
+                   {"the scene", int(Victim::Scene)}}}});
     }
 
     void signalOfTheSceneDeletes()
     {
-        QFETCH(int, victim);
-        const QPointer<KELDialogBase> dialog(new KELDialogBase);
-        QGraphicsScene *const scene = dialog->view()->scene();
-        auto *child = new KELPushButton;
-        child->setParentItem(body(*dialog));
-        child->setSelected(true);
+        const auto victim = fetch<Victim>("victim");
+        const QPointer<Dialog> dialog(new Dialog);
+        QGraphicsScene *const scene = dialog->scene();
+        dialog->addToBody()->setSelected(true);
         const QObject context;
         connect(scene, &QGraphicsScene::selectionChanged, &context, [&] {
-            if (victim == 0)
+            if (victim == Victim::Dialog)
                 delete dialog;
-            else if (victim == 1)
+            else if (victim == Victim::View)
                 delete dialog->view();
             else
                 delete scene;
         });
-        dialog->setBackgroundPixmap(filled(QSize(30, 20), Qt::red));
-        QCOMPARE(dialog.isNull(), victim == 0);
+        dialog->setRed();
+        QCOMPARE(dialog.isNull(), victim == Victim::Dialog);
         delete dialog;
     }
 
     void itemOfADyingDialogAsksIt()
     {
-        auto *dialog = new KELDialogBase;
-        auto *onBody = new KELPushButton;
-        onBody->setParentItem(body(*dialog));
-        auto *onScene = new KELPushButton;
-        dialog->view()->scene()->addItem(onScene);
+        auto *dialog = new Dialog;
+        KELDialogBase *const dying = dialog; // only the base is left then
         int asked = 0;
-        const auto ask = [&] {
-            ++asked;
-            QCOMPARE(dialog->view(), nullptr);
-            dialog->setBackgroundPixmap(filled(QSize(30, 20), Qt::red));
-        };
-        connect(onBody, &QObject::destroyed, this, ask);
-        connect(onScene, &QObject::destroyed, this, ask);
+        for (const KELPushButton *button : {dialog->addToBody(), dialog->add()}) {
+            connect(button, &QObject::destroyed, this, [&] {
+                ++asked;
+                QCOMPARE(dying->view(), nullptr);
+                dying->setBackgroundPixmap(filled(redSize));
+            });
+        }
         delete dialog;
         QCOMPARE(asked, 2);
     }
@@ -633,23 +565,20 @@ private Q_SLOTS:
 
     void dialogDeletesEverything()
     {
-        QFETCH(Constructor, constructor);
-        auto dialog = make(constructor);
-        auto *button = new KELPushButton;
-        dialog->view()->scene()->addItem(button);
+        auto dialog = constructor().make(nullptr);
+        const QPointer<KELPushButton> button(dialog->add());
         const QPointer<KELContentView> view(dialog->view());
-        const QPointer<QGraphicsScene> scene(dialog->view()->scene());
-        const QPointer<KELPushButton> control(button);
+        const QPointer<QGraphicsScene> scene(dialog->scene());
         dialog.reset();
         QVERIFY(!view);
         QVERIFY(!scene);
-        QVERIFY(!control);
+        QVERIFY(!button);
     }
 
     void dialogDiesWithItsParent()
     {
         auto parent = std::make_unique<QWidget>();
-        const QPointer<KELDialogBase> dialog(new KELDialogBase(parent.get()));
+        const QPointer<Dialog> dialog(new Dialog(parent.get()));
         const QPointer<KELContentView> view(dialog->view());
         parent->show();
         dialog->show();
@@ -661,33 +590,29 @@ private Q_SLOTS:
 
     void buttonAcceptsAModalDialog()
     {
-        KELDialogBase dialog;
-        auto *ok = new KELPushButton;
-        ok->setboundRect(QRectF(150, 180, 100, 50));
-        dialog.view()->scene()->addItem(ok);
+        Dialog dialog;
+        const KELPushButton *ok = dialog.add(QRectF(150, 180, 100, 50));
         connect(ok, &KELPushButton::mouseClicked, &dialog, &QDialog::accept);
         bool wasModal = false;
         QTimer::singleShot(0, &dialog, [&] {
             wasModal = dialog.isModal();
-            tap(&dialog, ok);
+            dialog.tap(ok);
         });
         QCOMPARE(dialog.exec(), int(QDialog::Accepted));
         QVERIFY(wasModal);
         QVERIFY(dialog.isHidden());
-        QVERIFY(body(dialog));
+        QVERIFY(dialog.body());
     }
 
     void buttonDeletesTheDialogLater()
     {
-        const QPointer<KELDialogBase> dialog(new KELDialogBase);
+        const QPointer<Dialog> dialog(new Dialog);
         dialog->setAttribute(Qt::WA_DeleteOnClose);
-        auto *cancel = new KELPushButton;
-        cancel->setboundRect(QRectF(150, 180, 100, 50));
-        dialog->view()->scene()->addItem(cancel);
+        const KELPushButton *cancel = dialog->add(QRectF(150, 180, 100, 50));
         connect(cancel, &KELPushButton::mouseClicked, dialog.data(), &QDialog::reject);
         dialog->open();
         QVERIFY(QTest::qWaitForWindowExposed(dialog));
-        tap(dialog, cancel);
+        dialog->tap(cancel);
         QTRY_VERIFY(!dialog);
     }
 };

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "keltest.h"
+#include "rows.h"
 
 #include <kelcontentview.h>
 #include <keldialogbase.h>
@@ -11,7 +12,6 @@
 #include <QtCore/QPropertyAnimation>
 
 #include <limits>
-#include <memory>
 
 namespace {
 
@@ -80,7 +80,7 @@ struct Shake
     QVariantAnimation::KeyValues keys;
 };
 
-// Collects the property animations that delete themselves.
+// Collects the property animations that delete themselves, and counts the moves of widgets.
 class Shakes : public QObject
 {
 public:
@@ -88,30 +88,18 @@ public:
 
     bool eventFilter(QObject *watched, QEvent *event) override
     {
-        if (event->type() == QEvent::DeferredDelete) {
-            if (auto *animation = qobject_cast<QPropertyAnimation *>(watched))
-                note(animation);
-        }
+        auto *const animation = qobject_cast<QPropertyAnimation *>(watched);
+        if (event->type() == QEvent::DeferredDelete && animation)
+            done.append(Shake{animation, animation->targetObject(), animation->parent(),
+                              animation->propertyName(), animation->duration(),
+                              animation->loopCount(), animation->currentTime(),
+                              animation->easingCurve(), animation->keyValues()});
+        moves += event->type() == QEvent::Move && watched->isWidgetType();
         return QObject::eventFilter(watched, event);
     }
 
     QVector<Shake> done;
-
-private:
-    void note(QPropertyAnimation *animation)
-    {
-        Shake shake;
-        shake.animation = animation;
-        shake.target = animation->targetObject();
-        shake.parent = animation->parent();
-        shake.property = animation->propertyName();
-        shake.durationMs = animation->duration();
-        shake.loops = animation->loopCount();
-        shake.stoppedAtMs = animation->currentTime();
-        shake.easing = animation->easingCurve();
-        shake.keys = animation->keyValues();
-        done.append(shake);
-    }
+    int moves = 0;
 };
 
 // The frames of a shake, by hand.
@@ -134,24 +122,46 @@ public:
         return m_frames.currentValue().toRect();
     }
 
-    QVariantAnimation::KeyValues keys() const { return m_frames.keyValues(); }
-
 private:
     QVariantAnimation m_frames;
 };
 
-// Where a widget was moved to.
-class MoveRecorder : public QObject
+// A dialog and the time.
+class ShakeStage
 {
 public:
-    explicit MoveRecorder(QWidget *widget) { widget->installEventFilter(this); }
-    bool eventFilter(QObject *watched, QEvent *event) override
+    explicit ShakeStage(QWidget *parent = nullptr) : dialog(new KELDialogBase(parent)) { }
+    ~ShakeStage() { delete dialog; }
+
+    // That is 0 ms.
+    void shake(int distance)
     {
-        if (event->type() == QEvent::Move)
-            places.append(static_cast<QMoveEvent *>(event)->pos());
-        return QObject::eventFilter(watched, event);
+        dialog->dialogShake(distance);
+        clock.begin();
     }
-    QVector<QPoint> places;
+    void goToEnd() { clock.goTo(shakeMs); }
+    // Shows frames up to the end.
+    void follow(Plan &&plan, int stepMs = 5)
+    {
+        for (int ms = stepMs; ms <= shakeMs; ms += stepMs) {
+            clock.goTo(ms);
+            QCOMPARE(clock.time(), ms);
+            QCOMPARE(dialog->geometry(), plan.at(ms));
+        }
+    }
+    // Ends the shake, the only one so far.
+    Shake finished()
+    {
+        goToEnd();
+        return shakes.done.size() == 1 ? shakes.done.constFirst() : Shake();
+    }
+
+    Shakes shakes;
+    const QPointer<KELDialogBase> dialog;
+    Clock clock;
+
+private:
+    Q_DISABLE_COPY(ShakeStage)
 };
 
 } // namespace
@@ -163,32 +173,26 @@ class tst_KELDialogBaseShake : public KelTest
 private Q_SLOTS:
     void everyFrameIsAsPlanned_data()
     {
-        QTest::addColumn<int>("distance");
-        QTest::addColumn<bool>("shown");
-
-        for (const int distance : {1, 5, 10, 37, 250, -1, -10, -250}) {
-            QTest::addRow("%d, hidden", distance) << distance << false;
-            QTest::addRow("%d, shown", distance) << distance << true;
-        }
+        addRows({{"distance",
+                  {{"1", 1},
+                   {"5", 5},
+                   {"10", 10},
+                   {"37", 37},
+                   {"250", 250},
+                   {"-1", -1},
+                   {"-10", -10},
+                   {"-250", -250}}},
+                 {"shown", {{"hidden", false}, {"shown", true}}}});
     }
 
     void everyFrameIsAsPlanned()
     {
-        QFETCH(int, distance);
-        QFETCH(bool, shown);
-        KELDialogBase dialog;
-        dialog.setVisible(shown);
-        Clock clock;
-        Plan plan(distance);
-        dialog.dialogShake(distance);
-        QCOMPARE(dialog.geometry(), startRect);
-        clock.begin();
-        for (int ms = 1; ms <= shakeMs; ++ms) {
-            clock.goTo(ms);
-            QCOMPARE(clock.time(), ms);
-            QCOMPARE(dialog.geometry(), plan.at(ms));
-        }
-        QCOMPARE(dialog.geometry(), startRect);
+        ShakeStage stage;
+        stage.dialog->setVisible(fetch<bool>("shown"));
+        stage.shake(fetch<int>("distance"));
+        QCOMPARE(stage.dialog->geometry(), startRect);
+        stage.follow(Plan(fetch<int>("distance")), 1);
+        QCOMPARE(stage.dialog->geometry(), startRect);
     }
 
     void restsAtEachSide_data()
@@ -206,58 +210,44 @@ private Q_SLOTS:
 
     void restsAtEachSide()
     {
-        QFETCH(int, ms);
-        QFETCH(int, side);
+        QFETCH(const int, ms);
+        QFETCH(const int, side);
         for (const int distance : {40, -40}) {
-            KELDialogBase dialog;
-            Clock clock;
-            dialog.dialogShake(distance);
-            clock.begin();
-            clock.goTo(ms);
-            QCOMPARE(dialog.geometry(), startRect.translated(side * distance, 0));
+            ShakeStage stage;
+            stage.shake(distance);
             // It stays there for a moment.
-            clock.goTo(ms + 4);
-            QCOMPARE(dialog.geometry(), startRect.translated(side * distance, 0));
+            for (const int frame : {ms, ms + 4}) {
+                stage.clock.goTo(frame);
+                QCOMPARE(stage.dialog->geometry(), startRect.translated(side * distance, 0));
+            }
         }
     }
 
     void firstFramesGoToTheLeft_data()
     {
-        QTest::addColumn<int>("distance");
-        QTest::addColumn<bool>("toTheLeft");
-
-        QTest::newRow("positive distance") << 100 << true;
-        QTest::newRow("negative distance") << -100 << false;
+        addRows({{"distance", {{"positive distance", 100}, {"negative distance", -100}}}});
     }
 
     void firstFramesGoToTheLeft()
     {
-        QFETCH(int, distance);
-        QFETCH(bool, toTheLeft);
-        KELDialogBase dialog;
-        Clock clock;
-        dialog.dialogShake(distance);
-        clock.begin();
-        int last = dialog.x();
+        const int distance = fetch<int>("distance");
+        ShakeStage stage;
+        stage.shake(distance);
+        int last = stage.dialog->x();
         for (const int ms : {16, 32, 48}) {
-            clock.goTo(ms);
-            QCOMPARE(dialog.x() < last, toTheLeft);
-            QVERIFY(dialog.x() != last);
-            last = dialog.x();
+            stage.clock.goTo(ms);
+            QCOMPARE(stage.dialog->x() < last, distance > 0);
+            QVERIFY(stage.dialog->x() != last);
+            last = stage.dialog->x();
         }
     }
 
     void animatesTheGeometry()
     {
-        Shakes shakes;
-        KELDialogBase dialog;
-        Clock clock;
-        dialog.dialogShake(12);
-        clock.begin();
-        clock.goTo(shakeMs);
-        QCOMPARE(shakes.done.size(), 1);
-        const Shake shake = shakes.done.constFirst();
-        QCOMPARE(shake.target.data(), &dialog);
+        ShakeStage stage;
+        stage.shake(12);
+        const Shake shake = stage.finished();
+        QCOMPARE(shake.target.data(), stage.dialog.data());
         QCOMPARE(shake.property, QByteArray("geometry"));
         QCOMPARE(shake.parent.data(), nullptr);
         QCOMPARE(shake.durationMs, shakeMs);
@@ -267,15 +257,10 @@ private Q_SLOTS:
 
     void keysAreHeldInPairs()
     {
-        Shakes shakes;
-        KELDialogBase dialog;
-        Clock clock;
-        dialog.dialogShake(12);
-        clock.begin();
-        clock.goTo(shakeMs);
-        QCOMPARE(shakes.done.size(), 1);
+        ShakeStage stage;
+        stage.shake(12);
         QStringList keys;
-        for (const auto &key : shakes.done.constFirst().keys) {
+        for (const auto &key : stage.finished().keys) {
             const QRect rect = key.second.toRect();
             keys.append(u"%1:%2"_s.arg(key.first).arg(rect.x() - startRect.x()));
             QCOMPARE(rect.y(), startRect.y());
@@ -288,26 +273,21 @@ private Q_SLOTS:
 
     void takesItsTimeAndDeletesItself()
     {
-        Shakes shakes;
-        KELDialogBase dialog;
-        Clock clock;
-        dialog.dialogShake(12);
-        clock.begin();
-        clock.goTo(shakeMs - 1);
-        QCOMPARE(shakes.done.size(), 0);
-        clock.goTo(shakeMs);
-        QCOMPARE(shakes.done.size(), 1);
-        QCOMPARE(shakes.done.constFirst().stoppedAtMs, shakeMs);
-        QVERIFY(!shakes.done.constFirst().animation);
-        QCOMPARE(dialog.geometry(), startRect);
-        const MoveRecorder recorder(&dialog);
-        clock.goTo(3 * shakeMs);
-        QCOMPARE(recorder.places.size(), 0);
+        ShakeStage stage;
+        stage.shake(12);
+        stage.clock.goTo(shakeMs - 1);
+        QCOMPARE(stage.shakes.done.size(), 0);
+        QCOMPARE(stage.finished().stoppedAtMs, shakeMs);
+        QVERIFY(!stage.shakes.done.constFirst().animation);
+        QCOMPARE(stage.dialog->geometry(), startRect);
+        stage.shakes.moves = 0;
+        stage.clock.goTo(3 * shakeMs);
+        QCOMPARE(stage.shakes.moves, 0);
     }
 
     void takesThatTimeOnTheRealClock()
     {
-        Shakes shakes;
+        const Shakes shakes;
         KELDialogBase dialog;
         dialog.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dialog));
@@ -323,23 +303,20 @@ private Q_SLOTS:
 
     void zeroDistanceRunsInPlace()
     {
-        Shakes shakes;
-        KELDialogBase dialog;
-        dialog.show();
-        const MoveRecorder recorder(&dialog);
-        Clock clock;
-        dialog.dialogShake(0);
-        clock.begin();
+        ShakeStage stage;
+        stage.dialog->show();
+        stage.shakes.moves = 0;
+        stage.shake(0);
         for (int ms = 10; ms < shakeMs; ms += 10) {
-            clock.goTo(ms);
-            QCOMPARE(dialog.geometry(), startRect);
-            QCOMPARE(shakes.done.size(), 0);
+            stage.clock.goTo(ms);
+            QCOMPARE(stage.dialog->geometry(), startRect);
+            QCOMPARE(stage.shakes.done.size(), 0);
         }
-        clock.goTo(shakeMs);
-        QCOMPARE(shakes.done.size(), 1);
-        QCOMPARE(recorder.places.size(), 0);
-        for (const auto &key : shakes.done.constFirst().keys)
+        const QVariantAnimation::KeyValues keys = stage.finished().keys;
+        QCOMPARE(keys.size(), 11);
+        for (const auto &key : keys)
             QCOMPARE(key.second.toRect(), startRect);
+        QCOMPARE(stage.shakes.moves, 0);
     }
 
     void startsWhereTheDialogIs_data()
@@ -353,287 +330,233 @@ private Q_SLOTS:
 
     void startsWhereTheDialogIs()
     {
-        QFETCH(QRect, place);
-        KELDialogBase dialog(u"text"_s, 3, nullptr);
-        dialog.setGeometry(place);
-        Clock clock;
-        Plan plan(25, place);
-        dialog.dialogShake(25);
-        clock.begin();
-        for (int ms = 5; ms <= shakeMs; ms += 5) {
-            clock.goTo(ms);
-            QCOMPARE(dialog.geometry(), plan.at(ms));
-        }
-        QCOMPARE(dialog.geometry(), place);
+        QFETCH(const QRect, place);
+        ShakeStage stage;
+        stage.dialog->setGeometry(place);
+        stage.shake(25);
+        stage.follow(Plan(25, place));
+        QCOMPARE(stage.dialog->geometry(), place);
+    }
+
+    void placeIsReadOnce_data()
+    {
+        QTest::addColumn<QRect>("changed");
+        QTest::newRow("moved") << QRect(500, 400, 400, 250);
+        QTest::newRow("resized") << QRect(startRect.topLeft(), QSize(100, 90));
     }
 
     void placeIsReadOnce()
     {
-        KELDialogBase dialog;
-        Clock clock;
-        Plan plan(25);
-        dialog.dialogShake(25);
-        clock.begin();
-        clock.goTo(50);
-        dialog.move(500, 400);
-        QCOMPARE(dialog.pos(), QPoint(500, 400));
-        clock.goTo(60);
-        QCOMPARE(dialog.geometry(), plan.at(60));
-        clock.goTo(shakeMs);
-        QCOMPARE(dialog.geometry(), startRect);
-    }
-
-    void sizeIsReadOnce()
-    {
-        KELDialogBase dialog;
-        Clock clock;
-        Plan plan(25);
-        dialog.dialogShake(25);
-        clock.begin();
-        clock.goTo(50);
-        dialog.resize(100, 90);
-        clock.goTo(60);
-        QCOMPARE(dialog.geometry(), plan.at(60));
-        clock.goTo(shakeMs);
-        QCOMPARE(dialog.size(), startRect.size());
+        QFETCH(const QRect, changed);
+        ShakeStage stage;
+        stage.shake(25);
+        stage.clock.goTo(50);
+        stage.dialog->setGeometry(changed);
+        QCOMPARE(stage.dialog->geometry(), changed);
+        stage.clock.goTo(60);
+        QCOMPARE(stage.dialog->geometry(), Plan(25).at(60));
+        stage.goToEnd();
+        QCOMPARE(stage.dialog->geometry(), startRect);
     }
 
     void secondShakeBeginsAtThePlaceReached_data()
     {
-        QTest::addColumn<int>("ms");
-        QTest::newRow("at once") << 0;
-        QTest::newRow("at the left") << 76;
-        QTest::newRow("at the right") << 121;
-        QTest::newRow("between the sides") << 140;
-        QTest::newRow("at the last moment") << 299;
+        addRows({{"ms",
+                  {{"at once", 0},
+                   {"at the left", 76},
+                   {"at the right", 121},
+                   {"between the sides", 140},
+                   {"at the last moment", 299}}}});
     }
 
     void secondShakeBeginsAtThePlaceReached()
     {
-        QFETCH(int, ms);
-        Shakes shakes;
-        KELDialogBase dialog;
-        Clock clock;
-        Plan first(40);
-        dialog.dialogShake(40);
-        clock.begin();
+        const int ms = fetch<int>("ms");
+        ShakeStage stage;
+        stage.shake(40);
         if (ms > 0)
-            clock.goTo(ms);
-        const QRect reached = dialog.geometry();
-        QCOMPARE(reached, first.at(ms));
-        Plan second(-15, reached);
-        dialog.dialogShake(-15);
-        clock.begin();
-        for (int time = 5; time < shakeMs; time += 5) {
-            clock.goTo(time);
-            QCOMPARE(dialog.geometry(), second.at(time));
-            // The first one has given way.
-            QCOMPARE(shakes.done.size(), 1);
-        }
-        QCOMPARE(shakes.done.constFirst().stoppedAtMs, ms);
-        QVERIFY(!shakes.done.constFirst().animation);
-        clock.goTo(shakeMs);
-        QCOMPARE(dialog.geometry(), reached);
-        QCOMPARE(shakes.done.size(), 2);
+            stage.clock.goTo(ms);
+        const QRect reached = stage.dialog->geometry();
+        QCOMPARE(reached, Plan(40).at(ms));
+        stage.shake(-15);
+        stage.clock.goTo(5);
+        // The first one has given way.
+        QCOMPARE(stage.shakes.done.size(), 1);
+        QCOMPARE(stage.shakes.done.constFirst().stoppedAtMs, ms);
+        QVERIFY(!stage.shakes.done.constFirst().animation);
+        stage.clock.goTo(shakeMs - 1);
+        QCOMPARE(stage.shakes.done.size(), 1);
+        stage.goToEnd();
+        QCOMPARE(stage.shakes.done.size(), 2);
+        QCOMPARE(stage.dialog->geometry(), reached);
+    }
+
+    void secondShakeIsAsPlanned_data() { secondShakeBeginsAtThePlaceReached_data(); }
+
+    void secondShakeIsAsPlanned()
+    {
+        ShakeStage stage;
+        stage.shake(40);
+        if (fetch<int>("ms") > 0)
+            stage.clock.goTo(fetch<int>("ms"));
+        const QRect reached = stage.dialog->geometry();
+        stage.shake(-15);
+        stage.follow(Plan(-15, reached));
     }
 
     void shakesAgainAfterwards()
     {
-        Shakes shakes;
-        KELDialogBase dialog;
-        Clock clock;
+        ShakeStage stage;
         for (int distance = 10; distance <= 30; distance += 10) {
-            Plan plan(distance);
-            dialog.dialogShake(distance);
-            clock.begin();
-            clock.goTo(76);
-            QCOMPARE(dialog.geometry(), plan.at(76));
-            clock.goTo(shakeMs);
-            QCOMPARE(dialog.geometry(), startRect);
-            QCOMPARE(shakes.done.size(), distance / 10);
+            stage.shake(distance);
+            stage.follow(Plan(distance));
+            QCOMPARE(stage.dialog->geometry(), startRect);
+            QCOMPARE(stage.shakes.done.size(), distance / 10);
         }
     }
 
     void dialogsShakeIndependently()
     {
-        KELDialogBase one;
+        ShakeStage stage;
         KELDialogBase other;
-        Clock clock;
-        Plan onePlan(10);
         Plan otherPlan(-33);
-        one.dialogShake(10);
         other.dialogShake(-33);
-        clock.begin();
+        stage.shake(10);
         for (int ms = 5; ms <= shakeMs; ms += 5) {
-            clock.goTo(ms);
-            QCOMPARE(one.geometry(), onePlan.at(ms));
+            stage.clock.goTo(ms);
+            QCOMPARE(stage.dialog->geometry(), Plan(10).at(ms));
             QCOMPARE(other.geometry(), otherPlan.at(ms));
         }
     }
 
     void childDialogShakesInItsParent()
     {
+        const QRect place(100, 100, 700, 500);
         QWidget parent;
-        parent.setGeometry(100, 100, 700, 500);
-        KELDialogBase dialog(&parent);
-        dialog.setGeometry(startRect);
+        parent.setGeometry(place);
+        ShakeStage stage(&parent);
         parent.show();
-        dialog.show();
-        Clock clock;
-        Plan plan(40);
-        dialog.dialogShake(40);
-        clock.begin();
-        for (int ms = 5; ms <= shakeMs; ms += 5) {
-            clock.goTo(ms);
-            QCOMPARE(dialog.geometry(), plan.at(ms));
-            QCOMPARE(parent.geometry(), QRect(100, 100, 700, 500));
-        }
+        stage.shake(40);
+        stage.follow(Plan(40));
+        QCOMPARE(parent.geometry(), place);
     }
 
     void hugeDistancesComeBack_data()
     {
-        QTest::addColumn<int>("distance");
-        QTest::newRow("largest") << std::numeric_limits<int>::max();
-        QTest::newRow("smallest") << std::numeric_limits<int>::min();
-        QTest::newRow("next to the smallest") << -std::numeric_limits<int>::max();
-        QTest::newRow("one thousand million") << 1000000000;
+        addRows({{"distance",
+                  {{"largest", std::numeric_limits<int>::max()},
+                   {"smallest", std::numeric_limits<int>::min()},
+                   {"next to the smallest", -std::numeric_limits<int>::max()},
+                   {"one thousand million", 1000000000}}}});
     }
 
     void hugeDistancesComeBack()
     {
-        QFETCH(int, distance);
-        Shakes shakes;
-        KELDialogBase dialog;
-        dialog.show();
-        Clock clock;
-        dialog.dialogShake(distance);
-        clock.begin();
+        ShakeStage stage;
+        stage.dialog->show();
+        stage.shake(fetch<int>("distance"));
         for (int ms = 10; ms <= shakeMs; ms += 10) {
-            clock.goTo(ms);
-            QCOMPARE(dialog.y(), startRect.y());
-            QCOMPARE(dialog.size(), startRect.size());
+            stage.clock.goTo(ms);
+            QCOMPARE(stage.dialog->y(), startRect.y());
+            QCOMPARE(stage.dialog->size(), startRect.size());
         }
-        QCOMPARE(dialog.geometry(), startRect);
-        QCOMPARE(shakes.done.size(), 1);
+        QCOMPARE(stage.dialog->geometry(), startRect);
+        QCOMPARE(stage.shakes.done.size(), 1);
     }
 
     void closedDialogComesToRest_data()
     {
-        QTest::addColumn<int>("result");
-        QTest::newRow("closed") << -1;
-        QTest::newRow("rejected") << int(QDialog::Rejected);
-        QTest::newRow("accepted") << int(QDialog::Accepted);
+        addRows(
+            {{"result",
+              {{"closed", -1}, {"rejected", QDialog::Rejected}, {"accepted", QDialog::Accepted}}}});
     }
 
     void closedDialogComesToRest()
     {
-        QFETCH(int, result);
-        Shakes shakes;
-        KELDialogBase dialog;
-        dialog.show();
-        Clock clock;
-        dialog.dialogShake(40);
-        clock.begin();
-        clock.goTo(76);
+        const int result = fetch<int>("result");
+        ShakeStage stage;
+        stage.dialog->show();
+        stage.shake(40);
+        stage.clock.goTo(76);
         if (result < 0)
-            dialog.close();
+            stage.dialog->close();
         else
-            dialog.done(result);
-        QVERIFY(dialog.isHidden());
-        clock.goTo(shakeMs);
-        QVERIFY(dialog.isHidden());
-        QCOMPARE(dialog.geometry(), startRect);
-        QCOMPARE(shakes.done.size(), 1);
-        dialog.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-        QCOMPARE(dialog.geometry(), startRect);
+            stage.dialog->done(result);
+        QVERIFY(stage.dialog->isHidden());
+        stage.goToEnd();
+        QVERIFY(stage.dialog->isHidden());
+        QCOMPARE(stage.dialog->geometry(), startRect);
+        QCOMPARE(stage.shakes.done.size(), 1);
+        stage.dialog->show();
+        QVERIFY(QTest::qWaitForWindowExposed(stage.dialog));
+        QCOMPARE(stage.dialog->geometry(), startRect);
     }
 
     void modalDialogShakes()
     {
-        Shakes shakes;
-        KELDialogBase dialog;
-        Clock clock;
-        Plan plan(40);
-        QList<QRect> frames;
-        QTimer::singleShot(0, &dialog, [&] {
-            dialog.dialogShake(40);
-            clock.begin();
-            for (const int ms : {76, 121, 300}) {
-                clock.goTo(ms);
-                frames.append(dialog.geometry());
-            }
-            dialog.accept();
+        ShakeStage stage;
+        QTimer::singleShot(0, stage.dialog, [&] {
+            stage.shake(40);
+            stage.follow(Plan(40));
+            stage.dialog->accept();
         });
-        QCOMPARE(dialog.exec(), int(QDialog::Accepted));
-        QCOMPARE(frames, QList<QRect>({plan.at(76), plan.at(121), startRect}));
+        QCOMPARE(stage.dialog->exec(), int(QDialog::Accepted));
+        QCOMPARE(stage.shakes.done.size(), 1);
     }
 
     void dialogDeletedWhileShaking_data()
     {
-        QTest::addColumn<int>("ms");
-        QTest::addColumn<bool>("twice");
-        QTest::newRow("at once") << 0 << false;
-        QTest::newRow("after some frames") << 76 << false;
-        QTest::newRow("before the last frame") << 299 << false;
-        QTest::newRow("second shake") << 76 << true;
+        addRows(
+            {{"shakes", {{"once", 1}, {"twice", 2}}},
+             {"ms", {{"at once", 0}, {"after some frames", 76}, {"before the last frame", 299}}}});
     }
 
     void dialogDeletedWhileShaking()
     {
-        QFETCH(int, ms);
-        QFETCH(bool, twice);
-        Shakes shakes;
-        auto dialog = std::make_unique<KELDialogBase>();
-        dialog->show();
-        Clock clock;
-        dialog->dialogShake(40);
-        if (twice)
-            dialog->dialogShake(30);
-        clock.begin();
+        const int ms = fetch<int>("ms");
+        ShakeStage stage;
+        stage.dialog->show();
+        for (int i = 1; i <= fetch<int>("shakes"); ++i)
+            stage.shake(10 * i);
         if (ms > 0)
-            clock.goTo(ms);
-        dialog.reset();
-        clock.goTo(shakeMs - 1 > ms ? shakeMs - 1 : shakeMs);
-        for (const Shake &shake : qAsConst(shakes.done))
+            stage.clock.goTo(ms);
+        delete stage.dialog;
+        stage.clock.goTo(ms < shakeMs - 1 ? shakeMs - 1 : shakeMs);
+        for (const Shake &shake : qAsConst(stage.shakes.done))
             QVERIFY(!shake.animation);
-        const int stopped = shakes.done.size();
-        clock.goTo(3 * shakeMs);
-        QCOMPARE(shakes.done.size(), stopped);
+        const int stopped = stage.shakes.done.size();
+        stage.clock.goTo(3 * shakeMs);
+        QCOMPARE(stage.shakes.done.size(), stopped);
     }
 
     void dialogDeletedLater()
     {
-        const QPointer<KELDialogBase> dialog(new KELDialogBase);
-        dialog->show();
-        Clock clock;
-        dialog->dialogShake(40);
-        clock.begin();
-        dialog->deleteLater();
-        clock.goTo(50);
-        QVERIFY(!dialog);
-        clock.goTo(shakeMs);
+        ShakeStage stage;
+        stage.dialog->show();
+        stage.shake(40);
+        stage.dialog->deleteLater();
+        stage.clock.goTo(50);
+        QVERIFY(!stage.dialog);
+        stage.goToEnd();
     }
 
     void applicationTakesOverTheGeometry()
     {
-        Shakes shakes;
-        KELDialogBase dialog;
-        Clock clock;
-        dialog.dialogShake(40);
-        clock.begin();
-        clock.goTo(76);
+        ShakeStage stage;
+        stage.shake(40);
+        stage.clock.goTo(76);
         // Qt lets one animation at a time change a property.
-        QPropertyAnimation flight(&dialog, "geometry");
-        flight.setEndValue(QRect(0, 0, 400, 250));
+        const QRect target(0, 0, 400, 250);
+        QPropertyAnimation flight(stage.dialog, "geometry");
+        flight.setEndValue(target);
         flight.setDuration(100);
         flight.start();
-        clock.begin();
-        clock.goTo(100);
-        QCOMPARE(dialog.geometry(), QRect(0, 0, 400, 250));
-        QCOMPARE(shakes.done.size(), 1);
-        clock.goTo(400);
-        QCOMPARE(dialog.geometry(), QRect(0, 0, 400, 250));
+        stage.clock.begin();
+        stage.clock.goTo(100);
+        QCOMPARE(stage.dialog->geometry(), target);
+        QCOMPARE(stage.shakes.done.size(), 1);
+        stage.clock.goTo(400);
+        QCOMPARE(stage.dialog->geometry(), target);
     }
 };
 
