@@ -4,90 +4,64 @@
 #ifndef DIALOGSTAGE_H
 #define DIALOGSTAGE_H
 
+#include "hand.h"
 #include "keltest.h"
+#include "signallog.h"
 
 #include <kelnonmodaldialog.h>
 #include <kelroundrectcontrol.h>
 
-#include <QtCore/QElapsedTimer>
-#include <QtCore/QEventLoop>
+#include <QtCore/QAbstractEventDispatcher>
 #include <QtCore/QPointer>
 #include <QtCore/QTimer>
 
 #include <memory>
 
-enum class Input { Mouse, Touch };
+using Helper = KELNonModalhelper;
 
 constexpr int patienceMs = 60000;
+constexpr int longPeriodMs = 3600000; // ends in no test
 
-// Comes after every timer that was started before and is shorter, however slow the machine is.
-inline void wait(int ms)
+// Until a hide that was scheduled by a press, 5 ms, has been carried out: comes after every timer
+// that was started before and is shorter, however slow the machine is.
+inline void waitForTheHide()
 {
     QEventLoop loop;
-    QTimer::singleShot(ms, Qt::PreciseTimer, &loop, &QEventLoop::quit);
+    QTimer::singleShot(20, Qt::PreciseTimer, &loop, &QEventLoop::quit);
     loop.exec();
 }
 
-// Until a hide that was scheduled by a press, 5 ms, has been carried out.
-inline void waitForTheHide()
-{
-    wait(20);
-}
-
-// What the window system does.
-class Finger
+// Finds the helper of a panel while it is constructed: a helper gets its notifier as a child then.
+class HelperFinder
 {
 public:
-    explicit Finger(Input input) : m_input(input) { }
+    HelperFinder() { QCoreApplication::instance()->installEventFilter(&m_filter); }
 
-    void press(const QWidget *window, const QPoint &pos)
-    {
-        if (m_input == Input::Touch)
-            QTest::touchEvent(window->windowHandle(), screen())
-                .press(0, pos, window->windowHandle());
-        else
-            QTest::mousePress(window->windowHandle(), Qt::LeftButton, Qt::NoModifier, pos);
-    }
-    void release(const QWidget *window, const QPoint &pos)
-    {
-        if (m_input == Input::Touch)
-            QTest::touchEvent(window->windowHandle(), screen())
-                .release(0, pos, window->windowHandle());
-        else
-            QTest::mouseRelease(window->windowHandle(), Qt::LeftButton, Qt::NoModifier, pos);
-    }
-    void tap(const QWidget *window, const QPoint &pos)
-    {
-        press(window, pos);
-        release(window, pos);
-    }
+    QPointer<Helper> helper() const { return m_filter.helper; }
 
 private:
-    static QTouchDevice *screen()
+    class Filter : public QObject
     {
-        static QTouchDevice *const device = QTest::createTouchDevice();
-        return device;
-    }
-
-    const Input m_input;
+    public:
+        bool eventFilter(QObject *watched, QEvent *event) override
+        {
+            if (event->type() == QEvent::ChildAdded && !helper)
+                helper = qobject_cast<Helper *>(watched);
+            return QObject::eventFilter(watched, event);
+        }
+        QPointer<Helper> helper;
+    } m_filter;
 };
 
 // Another window of the application, that covers a corner of the screen and counts its presses.
 class Ground : public QWidget
 {
 public:
-    Ground()
+    explicit Ground(const QRect &place = QRect(0, 0, 250, 150))
     {
         setWindowFlags(Qt::FramelessWindowHint);
-        setGeometry(0, 0, 250, 150);
+        setGeometry(place);
     }
-
-    bool showAndWait()
-    {
-        show();
-        return QTest::qWaitForWindowExposed(this);
-    }
-    QPoint centre() const { return rect().center(); }
 
     int presses = 0;
 
@@ -96,7 +70,7 @@ protected:
 };
 
 // A panel beside the ground, that notes when it is shown and hidden.
-class Panel : public KELNonModalDialog
+class Panel : public HelperFinder, public KELNonModalDialog
 {
 public:
     explicit Panel(const QString &name = QString(), QStringList *log = nullptr,
@@ -109,33 +83,39 @@ public:
         move(300, 200);
     }
 
-    bool showAndWait()
+    // The period that runs, in milliseconds, or -1.
+    int period() const { return timer().interval; }
+    void endPeriod()
     {
-        show();
-        return QTest::qWaitForWindowExposed(this);
+        QVERIFY(period() > 0);
+        QTimerEvent event(timer().timerId);
+        QCoreApplication::sendEvent(helper(), &event);
     }
-    QPoint centre() const { return rect().center(); }
 
-    std::function<void()> onShow;
-    std::function<void()> onHide;
+    std::function<void()> onShow = [] {};
+    std::function<void()> onHide = [] {};
 
 protected:
     void showEvent(QShowEvent *event) override
     {
         note(u"show"_s);
         KELNonModalDialog::showEvent(event);
-        if (onShow)
-            onShow();
+        onShow();
     }
     void hideEvent(QHideEvent *event) override
     {
         note(u"hide"_s);
         KELNonModalDialog::hideEvent(event);
-        if (onHide)
-            onHide();
+        onHide();
     }
 
 private:
+    QAbstractEventDispatcher::TimerInfo timer() const
+    {
+        const auto timers = QAbstractEventDispatcher::instance()->registeredTimers(helper());
+        return timers.size() == 1 ? timers.constFirst()
+                                  : QAbstractEventDispatcher::TimerInfo(-1, -1, Qt::CoarseTimer);
+    }
     void note(const QString &what)
     {
         if (m_log)
@@ -144,6 +124,45 @@ private:
 
     const QString m_name;
     QStringList *const m_log;
+};
+
+inline void showAndWait(QWidget *window)
+{
+    window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(window));
+}
+
+// The ground and a panel, both on the screen.
+class DialogStage
+{
+public:
+    explicit DialogStage(Input input = Input::Touch) : panel(new Panel), hand(input)
+    {
+        showAndWait(&ground);
+        showAndWait(panel);
+        log.listenTo(panel);
+    }
+    ~DialogStage() { delete panel; }
+
+    void tapOutside() { hand.tap(&ground, ground.rect().center()); }
+    void tapInside() { hand.tap(panel, panel->rect().center()); }
+    // Sent, so that no time passes.
+    void pressOutside()
+    {
+        const QPoint pos = ground.rect().center();
+        QMouseEvent press(QEvent::MouseButtonPress, pos, pos, Qt::LeftButton, Qt::LeftButton,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(&ground, &press);
+    }
+    int disappeared() const { return log.count(u"disappeared"_s); }
+
+    Ground ground;
+    const QPointer<Panel> panel;
+    WindowHand hand;
+    SignalLog log;
+
+private:
+    Q_DISABLE_COPY(DialogStage)
 };
 
 #endif

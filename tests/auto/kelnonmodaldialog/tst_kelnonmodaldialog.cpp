@@ -6,79 +6,61 @@
 
 namespace {
 
-using Helper = KELNonModalhelper;
+enum class Reaction { AsksForTheActiveOne, ShowsAnother, HidesAll, Constructs, Destroys };
+const std::vector<Named> reactions = {
+    {"asks for the active one", int(Reaction::AsksForTheActiveOne)},
+    {"shows another", int(Reaction::ShowsAnother)},
+    {"hides all", int(Reaction::HidesAll)},
+    {"constructs one", int(Reaction::Constructs)},
+    {"destroys one", int(Reaction::Destroys)},
+};
+
+enum { byApplication, byAnother, byNone };
+
+// What a panel does with the registry while it is shown or hidden.
+struct Registry
+{
+    void react(Reaction reaction, const KELNonModalDialog *active)
+    {
+        ++reactions;
+        if (reaction == Reaction::AsksForTheActiveOne)
+            QCOMPARE(KELNonModalDialog::activeDialog(), active);
+        else if (reaction == Reaction::ShowsAnother)
+            KELNonModalDialog::showOne(other.get());
+        else if (reaction == Reaction::HidesAll)
+            KELNonModalDialog::showOne(nullptr);
+        else if (reaction == Reaction::Constructs)
+            constructed = std::make_unique<Panel>();
+        else
+            other.reset();
+    }
+
+    std::unique_ptr<Panel> other = std::make_unique<Panel>();
+    std::unique_ptr<Panel> constructed;
+    int reactions = 0;
+};
 
 } // namespace
-
-enum class Reaction { AsksForTheActiveOne, ShowsAnother, HidesAll, Constructs, Destroys };
-Q_DECLARE_METATYPE(Reaction)
-
-enum class Deletion { AtOnce, Later };
-Q_DECLARE_METATYPE(Deletion)
-
-enum class HiddenBy { Application, ShowOne, ShowOneOfNothing };
-Q_DECLARE_METATYPE(HiddenBy)
 
 class tst_KELNonModalDialog : public KelTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void startsHidden()
-    {
-        const KELNonModalDialog panel;
-        QVERIFY(panel.isHidden());
-        QCOMPARE(panel.content(), nullptr);
-        QCOMPARE(panel.scene()->items().size(), 0);
-        QCOMPARE(panel.triggerSource(), Helper::TriggerScreen);
-        QCOMPARE(panel.styleSheet(), u"background: transparent;"_s);
-        QVERIFY(panel.testAttribute(Qt::WA_TranslucentBackground));
-    }
-
-    void isAFramelessWindowWithoutParent()
-    {
-        const KELNonModalDialog panel;
-        QVERIFY(panel.isWindow());
-        QCOMPARE(panel.windowFlags() & ~Qt::WindowFlags(Qt::Window), Qt::FramelessWindowHint);
-    }
-
-    void isAChildWidgetWithParent()
-    {
-        QWidget parent;
-        const KELNonModalDialog panel(&parent);
-        QCOMPARE(panel.parentWidget(), &parent);
-        QVERIFY(!panel.isWindow());
-        QCOMPARE(panel.windowFlags(), Qt::FramelessWindowHint);
-        QCOMPARE(panel.triggerSource(), Helper::TriggerScreen);
-    }
-
-    void declaresOneSignal()
-    {
-        const QMetaObject &meta = KELNonModalDialog::staticMetaObject;
-        QCOMPARE(QByteArray(meta.className()), QByteArray("KELNonModalDialog"));
-        QCOMPARE(meta.superClass(), &KELContentView::staticMetaObject);
-        QCOMPARE(meta.methodCount(), meta.methodOffset() + 1);
-        QCOMPARE(meta.method(meta.methodOffset()).methodSignature(), QByteArray("disappeared()"));
-        QCOMPARE(meta.method(meta.methodOffset()).methodType(), QMetaMethod::Signal);
-        QCOMPARE(meta.propertyCount(), meta.propertyOffset());
-    }
-
     void storesTheTriggerSource_data()
     {
-        QTest::addColumn<int>("source");
-        QTest::newRow("none") << 0;
-        QTest::newRow("parent") << 1;
-        QTest::newRow("screen") << 2;
-        QTest::newRow("another") << 3;
+        addRows({{"source", {{"none", 0}, {"parent", 1}, {"screen", 2}, {"another", 3}}}});
     }
 
     void storesTheTriggerSource()
     {
-        QFETCH(int, source);
+        const auto source = fetch<Helper::TriggerSource>("source");
+        QWidget parent;
         KELNonModalDialog panel;
-        const KELNonModalDialog other;
-        panel.setTriggerSource(static_cast<Helper::TriggerSource>(source));
-        QCOMPARE(int(panel.triggerSource()), source);
+        const KELNonModalDialog other(&parent);
+        QCOMPARE(panel.triggerSource(), Helper::TriggerScreen);
+        panel.setTriggerSource(source);
+        QCOMPARE(panel.triggerSource(), source);
         QCOMPARE(other.triggerSource(), Helper::TriggerScreen);
     }
 
@@ -138,13 +120,12 @@ private Q_SLOTS:
     {
         QWidget window;
         QStringList log;
-        Panel hidden(u"hidden"_s, &log);
+        const Panel hidden(u"hidden"_s, &log);
         // Shown as soon as its window is.
         Panel waiting(u"waiting"_s, &log, &window);
         waiting.show();
         QVERIFY(!waiting.isVisible());
         Panel shown(u"shown"_s, &log);
-        log.clear();
         KELNonModalDialog::showOne(&shown);
         QCOMPARE(log, QStringList({"show shown"}));
         QVERIFY(!waiting.isHidden());
@@ -171,58 +152,36 @@ private Q_SLOTS:
     {
         Panel panel;
         Panel other;
-        const QSignalSpy disappeared(&panel, &KELNonModalDialog::disappeared);
-        const QSignalSpy otherDisappeared(&other, &KELNonModalDialog::disappeared);
-        panel.enableTime(50);
+        SignalLog log;
+        log.listenTo(&panel);
+        log.listenTo(&other);
+        panel.enableTime(longPeriodMs);
         KELNonModalDialog::showOne(&panel);
         KELNonModalDialog::showOne(&other);
         KELNonModalDialog::showOne(nullptr);
         QVERIFY(panel.isHidden());
         QVERIFY(other.isHidden());
-        wait(100);
-        QCOMPARE(disappeared.count(), 0);
-        QCOMPARE(otherDisappeared.count(), 0);
+        panel.endPeriod();
+        QCOMPARE(log.take(), QString());
     }
 
-    void shownPanelMayUseTheRegistry_data()
-    {
-        QTest::addColumn<Reaction>("reaction");
-        QTest::newRow("asks for the active one") << Reaction::AsksForTheActiveOne;
-        QTest::newRow("shows another") << Reaction::ShowsAnother;
-        QTest::newRow("hides all") << Reaction::HidesAll;
-        QTest::newRow("constructs one") << Reaction::Constructs;
-        QTest::newRow("destroys one") << Reaction::Destroys;
-    }
+    void shownPanelMayUseTheRegistry_data() { addRows({{"reaction", reactions}}); }
 
     void shownPanelMayUseTheRegistry()
     {
-        QFETCH(Reaction, reaction);
+        const auto reaction = fetch<Reaction>("reaction");
         Panel panel;
-        auto other = std::make_unique<Panel>();
-        std::unique_ptr<Panel> constructed;
-        other->show();
-        int shown = 0;
-        panel.onShow = [&] {
-            ++shown;
-            if (reaction == Reaction::AsksForTheActiveOne)
-                QCOMPARE(KELNonModalDialog::activeDialog(), &panel);
-            else if (reaction == Reaction::ShowsAnother)
-                KELNonModalDialog::showOne(other.get());
-            else if (reaction == Reaction::HidesAll)
-                KELNonModalDialog::showOne(nullptr);
-            else if (reaction == Reaction::Constructs)
-                constructed = std::make_unique<Panel>();
-            else
-                other.reset();
-        };
+        Registry registry;
+        registry.other->show();
+        panel.onShow = [&] { registry.react(reaction, &panel); };
         KELNonModalDialog::showOne(&panel);
-        QCOMPARE(shown, 1);
-        const bool isStillShown = reaction != Reaction::ShowsAnother
-            && reaction != Reaction::HidesAll;
-        QCOMPARE(panel.isVisible(), isStillShown);
-        QCOMPARE(other && other->isVisible(), reaction == Reaction::ShowsAnother);
-        if (constructed) {
-            KELNonModalDialog::showOne(constructed.get());
+        panel.onShow = [] {};
+        QCOMPARE(registry.reactions, 1);
+        QCOMPARE(panel.isVisible(),
+                 reaction != Reaction::ShowsAnother && reaction != Reaction::HidesAll);
+        QCOMPARE(registry.other && registry.other->isVisible(), reaction == Reaction::ShowsAnother);
+        if (registry.constructed) {
+            KELNonModalDialog::showOne(registry.constructed.get());
             QVERIFY(panel.isHidden());
         }
     }
@@ -231,37 +190,23 @@ private Q_SLOTS:
 
     void hiddenPanelMayUseTheRegistry()
     {
-        QFETCH(Reaction, reaction);
         Panel hidden;
-        auto other = std::make_unique<Panel>();
+        Registry registry;
         Panel panel;
-        std::unique_ptr<Panel> constructed;
         hidden.show();
-        int hides = 0;
         hidden.onHide = [&] {
-            if (++hides != 1)
-                return;
-            if (reaction == Reaction::AsksForTheActiveOne)
-                QCOMPARE(KELNonModalDialog::activeDialog(), nullptr);
-            else if (reaction == Reaction::ShowsAnother)
-                KELNonModalDialog::showOne(other.get());
-            else if (reaction == Reaction::HidesAll)
-                KELNonModalDialog::showOne(nullptr);
-            else if (reaction == Reaction::Constructs)
-                constructed = std::make_unique<Panel>();
-            else
-                other.reset();
+            if (registry.reactions == 0)
+                registry.react(fetch<Reaction>("reaction"), nullptr);
         };
         KELNonModalDialog::showOne(&panel);
-        QCOMPARE(hides, 1);
+        QCOMPARE(registry.reactions, 1);
         QVERIFY(hidden.isHidden());
         QVERIFY(panel.isVisible());
         QCOMPARE(KELNonModalDialog::activeDialog(), &panel);
-        if (other)
-            QVERIFY(other->isHidden());
-        if (constructed) {
-            QVERIFY(constructed->isHidden());
-            KELNonModalDialog::showOne(constructed.get());
+        QVERIFY(!registry.other || registry.other->isHidden());
+        if (registry.constructed) {
+            QVERIFY(registry.constructed->isHidden());
+            KELNonModalDialog::showOne(registry.constructed.get());
             QVERIFY(panel.isHidden());
         }
     }
@@ -311,28 +256,17 @@ private Q_SLOTS:
         QCOMPARE(KELNonModalDialog::activeDialog(), nullptr);
     }
 
-    void noneIsActive()
-    {
-        QCOMPARE(KELNonModalDialog::activeDialog(), nullptr);
-        const Panel panel;
-        Panel other;
-        QCOMPARE(KELNonModalDialog::activeDialog(), nullptr);
-        other.show();
-        other.hide();
-        QCOMPARE(KELNonModalDialog::activeDialog(), nullptr);
-    }
-
     void firstConstructedIsActive()
     {
+        QCOMPARE(KELNonModalDialog::activeDialog(), nullptr);
         Panel a;
         Panel b;
         Panel c;
-        c.show();
-        QCOMPARE(KELNonModalDialog::activeDialog(), &c);
-        b.show();
-        QCOMPARE(KELNonModalDialog::activeDialog(), &b);
-        a.show();
-        QCOMPARE(KELNonModalDialog::activeDialog(), &a);
+        QCOMPARE(KELNonModalDialog::activeDialog(), nullptr);
+        for (Panel *panel : {&c, &b, &a}) {
+            panel->show();
+            QCOMPARE(KELNonModalDialog::activeDialog(), panel);
+        }
         QVERIFY(b.isVisible() && c.isVisible());
         a.hide();
         QCOMPARE(KELNonModalDialog::activeDialog(), &b);
@@ -385,16 +319,12 @@ private Q_SLOTS:
 
     void disappearedOneIsNotActive()
     {
-        Panel panel;
-        const KELNonModalDialog *active = &panel;
-        int count = 0;
-        connect(&panel, &KELNonModalDialog::disappeared, this, [&] {
-            active = KELNonModalDialog::activeDialog();
-            ++count;
-        });
-        panel.enableTime(1);
-        panel.show();
-        QTRY_COMPARE_WITH_TIMEOUT(count, 1, patienceMs);
+        DialogStage stage;
+        const KELNonModalDialog *active = stage.panel;
+        stage.log.on(u"disappeared"_s, [&] { active = KELNonModalDialog::activeDialog(); });
+        stage.panel->enableTime(longPeriodMs);
+        stage.panel->endPeriod();
+        QCOMPARE(stage.disappeared(), 1);
         QCOMPARE(active, nullptr);
     }
 
@@ -416,153 +346,119 @@ private Q_SLOTS:
 
     void deletedWhenItDisappears_data()
     {
-        QTest::addColumn<Deletion>("deletion");
-        QTest::addColumn<bool>("byPress");
-        QTest::newRow("delete, after a press") << Deletion::AtOnce << true;
-        QTest::newRow("delete, after the period") << Deletion::AtOnce << false;
-        QTest::newRow("deleteLater(), after a press") << Deletion::Later << true;
-        QTest::newRow("deleteLater(), after the period") << Deletion::Later << false;
+        addRows({{"later", {{"delete", false}, {"deleteLater()", true}}},
+                 {"byPress", {{"after a press", true}, {"after the period", false}}}});
     }
 
     void deletedWhenItDisappears()
     {
-        QFETCH(Deletion, deletion);
-        QFETCH(bool, byPress);
-        Ground ground;
-        QVERIFY(ground.showAndWait());
-        const QPointer<Panel> panel(new Panel);
-        QVERIFY(panel->showAndWait());
-        int before = 0;
+        const bool isLater = fetch<bool>("later");
+        const bool byPress = fetch<bool>("byPress");
+        DialogStage stage;
         int after = 0;
-        connect(panel.data(), &KELNonModalDialog::disappeared, this, [&] {
-            ++before;
-            if (deletion == Deletion::AtOnce)
-                delete panel;
+        connect(stage.panel, &KELNonModalDialog::disappeared, this, [&] {
+            if (isLater)
+                stage.panel->deleteLater();
             else
-                panel->deleteLater();
+                delete stage.panel;
         });
-        connect(panel.data(), &KELNonModalDialog::disappeared, this, [&] { ++after; });
-        panel->enableTime(byPress ? 3600000 : 1);
+        connect(stage.panel, &KELNonModalDialog::disappeared, this, [&] { ++after; });
+        stage.panel->enableTime(byPress ? longPeriodMs : 1);
         if (byPress)
-            Finger(Input::Touch).tap(&ground, ground.centre());
-        QTRY_VERIFY_WITH_TIMEOUT(!panel, patienceMs);
-        QCOMPARE(before, 1);
-        QCOMPARE(after, deletion == Deletion::AtOnce ? 0 : 1);
+            stage.tapOutside();
+        QTRY_VERIFY_WITH_TIMEOUT(!stage.panel, patienceMs);
+        QCOMPARE(stage.disappeared(), 1);
+        QCOMPARE(after, int(isLater));
         QCOMPARE(KELNonModalDialog::activeDialog(), nullptr);
-        Finger(Input::Touch).tap(&ground, ground.centre());
+        stage.tapOutside();
         waitForTheHide();
-        QCOMPARE(before, 1);
+        QCOMPARE(stage.disappeared(), 1);
     }
 
     void anotherOneIsDeletedWhenItDisappears()
     {
-        Ground ground;
-        QVERIFY(ground.showAndWait());
-        Panel panel;
         // Both are outside the press: the other one has a hide scheduled, too.
+        DialogStage stage;
         const QPointer<Panel> other(new Panel);
-        QVERIFY(panel.showAndWait());
-        QVERIFY(other->showAndWait());
-        const QSignalSpy otherDisappeared(other, &KELNonModalDialog::disappeared);
-        connect(&panel, &KELNonModalDialog::disappeared, this, [&] { delete other; });
-        Finger(Input::Touch).tap(&ground, ground.centre());
+        showAndWait(other);
+        stage.log.on(u"disappeared"_s, [&] { delete other; });
+        stage.tapOutside();
         QTRY_VERIFY_WITH_TIMEOUT(!other, patienceMs);
         waitForTheHide();
-        QVERIFY(panel.isHidden());
+        QVERIFY(stage.panel->isHidden());
     }
 
     void anotherOneIsShownWhenItDisappears()
     {
-        Panel panel;
+        DialogStage stage;
         Panel other;
-        connect(&panel, &KELNonModalDialog::disappeared, this,
-                [&] { KELNonModalDialog::showOne(&other); });
-        panel.enableTime(1);
-        KELNonModalDialog::showOne(&panel);
-        QTRY_VERIFY_WITH_TIMEOUT(other.isVisible(), patienceMs);
-        QVERIFY(panel.isHidden());
+        stage.log.on(u"disappeared"_s, [&] { KELNonModalDialog::showOne(&other); });
+        stage.panel->enableTime(longPeriodMs);
+        stage.panel->endPeriod();
+        QVERIFY(other.isVisible());
+        QVERIFY(stage.panel->isHidden());
     }
 
     void isShownAgainWhenItDisappears()
     {
-        Finger finger(Input::Touch);
-        Ground ground;
-        QVERIFY(ground.showAndWait());
-        Panel panel;
-        QVERIFY(panel.showAndWait());
-        int count = 0;
-        connect(&panel, &KELNonModalDialog::disappeared, this, [&] {
-            if (++count < 3)
-                panel.show();
+        DialogStage stage;
+        stage.log.on(u"disappeared"_s, [&] {
+            if (stage.disappeared() < 3)
+                stage.panel->show();
         });
         for (int expected = 1; expected <= 3; ++expected) {
-            finger.tap(&ground, ground.centre());
-            QTRY_COMPARE_WITH_TIMEOUT(count, expected, patienceMs);
-            QCOMPARE(panel.isVisible(), expected < 3);
+            stage.tapOutside();
+            QTRY_COMPARE_WITH_TIMEOUT(stage.disappeared(), expected, patienceMs);
+            QCOMPARE(stage.panel->isVisible(), expected < 3);
         }
     }
 
     void destroyedBeforeTheHide()
     {
-        Ground ground;
-        QVERIFY(ground.showAndWait());
-        auto panel = std::make_unique<Panel>();
-        QVERIFY(panel->showAndWait());
-        int count = 0;
-        connect(panel.get(), &KELNonModalDialog::disappeared, this, [&] { ++count; });
-        // Sent, so that no time passes before the panel is deleted.
-        QMouseEvent press(QEvent::MouseButtonPress, ground.centre(), ground.centre(),
-                          Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&ground, &press);
-        QVERIFY(panel->isVisible());
-        panel.reset();
+        DialogStage stage;
+        stage.pressOutside();
+        QVERIFY(stage.panel->isVisible());
+        delete stage.panel;
         waitForTheHide();
-        QCOMPARE(count, 0);
-        QVERIFY(ground.isVisible());
+        QCOMPARE(stage.disappeared(), 0);
+        QVERIFY(stage.ground.isVisible());
     }
 
     void hiddenBeforeTheHideIsStillReported_data()
     {
-        QTest::addColumn<HiddenBy>("hiddenBy");
-        QTest::newRow("by the application") << HiddenBy::Application;
-        QTest::newRow("by another one") << HiddenBy::ShowOne;
-        QTest::newRow("by none") << HiddenBy::ShowOneOfNothing;
+        addRows({{"by",
+                  {{"by the application", byApplication},
+                   {"by another one", byAnother},
+                   {"by none", byNone}}}});
     }
 
     void hiddenBeforeTheHideIsStillReported()
     {
-        QFETCH(HiddenBy, hiddenBy);
-        Ground ground;
-        QVERIFY(ground.showAndWait());
-        Panel panel;
+        const int by = fetch<int>("by");
+        DialogStage stage;
         Panel other;
-        QVERIFY(panel.showAndWait());
-        const QSignalSpy disappeared(&panel, &KELNonModalDialog::disappeared);
-        QMouseEvent press(QEvent::MouseButtonPress, ground.centre(), ground.centre(),
-                          Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&ground, &press);
-        if (hiddenBy == HiddenBy::Application)
-            panel.hide();
+        stage.pressOutside();
+        if (by == byApplication)
+            stage.panel->hide();
         else
-            KELNonModalDialog::showOne(hiddenBy == HiddenBy::ShowOne ? &other : nullptr);
-        QVERIFY(panel.isHidden());
-        QCOMPARE(disappeared.count(), 0);
+            KELNonModalDialog::showOne(by == byAnother ? &other : nullptr);
+        QVERIFY(stage.panel->isHidden());
+        QCOMPARE(stage.disappeared(), 0);
         waitForTheHide();
-        QCOMPARE(disappeared.count(), 1);
-        QVERIFY(panel.isHidden());
-        QCOMPARE(other.isVisible(), hiddenBy == HiddenBy::ShowOne);
+        QCOMPARE(stage.disappeared(), 1);
+        QVERIFY(stage.panel->isHidden());
+        QCOMPARE(other.isVisible(), by == byAnother);
     }
 
     void dyingReportsNothing()
     {
-        auto panel = std::make_unique<Panel>();
-        int count = 0;
-        connect(panel.get(), &KELNonModalDialog::disappeared, this, [&] { ++count; });
-        panel->enableTime(30);
-        panel->show();
-        panel.reset();
-        wait(60);
-        QCOMPARE(count, 0);
+        DialogStage stage;
+        const QPointer<Helper> helper = stage.panel->helper();
+        stage.panel->enableTime(longPeriodMs);
+        QVERIFY(helper && !helper->parent());
+        delete stage.panel;
+        QVERIFY(!helper);
+        QCOMPARE(stage.disappeared(), 0);
     }
 
     void diesWithItsParent()
@@ -570,15 +466,16 @@ private Q_SLOTS:
         auto window = std::make_unique<QWidget>();
         const QPointer<Panel> panel(new Panel(QString(), nullptr, window.get()));
         const QPointer<KELRoundRectControl> content(panel->content());
+        const QPointer<Helper> helper = panel->helper();
         window->show();
-        panel->enableTime(30);
+        panel->enableTime(longPeriodMs);
         panel->show();
         QCOMPARE(KELNonModalDialog::activeDialog(), panel.data());
         window.reset();
         QVERIFY(!panel);
         QVERIFY(!content);
+        QVERIFY(!helper);
         QCOMPARE(KELNonModalDialog::activeDialog(), nullptr);
-        wait(60);
     }
 };
 

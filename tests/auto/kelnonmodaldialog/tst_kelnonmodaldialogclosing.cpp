@@ -6,245 +6,142 @@
 
 #include <kelpushbutton.h>
 
-#include <QtCore/QAbstractEventDispatcher>
+#include <QtCore/QElapsedTimer>
 
 #include <limits>
-
-namespace {
-
-using Helper = KELNonModalhelper;
-
-// Finds the helper of a panel by the end of a period.
-class HelperFinder : public QObject
-{
-public:
-    HelperFinder() { QCoreApplication::instance()->installEventFilter(this); }
-
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        if (event->type() == QEvent::Timer && qobject_cast<Helper *>(watched))
-            helper = static_cast<Helper *>(watched);
-        return QObject::eventFilter(watched, event);
-    }
-
-    // The periods that run, in milliseconds.
-    QList<int> periods() const
-    {
-        QList<int> intervals;
-        const auto timers = QAbstractEventDispatcher::instance()->registeredTimers(helper);
-        for (const auto &timer : timers)
-            intervals.append(timer.interval);
-        return intervals;
-    }
-
-    QPointer<Helper> helper;
-};
-
-void addInputs()
-{
-    QTest::addColumn<Input>("input");
-    QTest::newRow("mouse") << Input::Mouse;
-    QTest::newRow("touch") << Input::Touch;
-}
-
-} // namespace
-
-Q_DECLARE_METATYPE(Input)
 
 class tst_KELNonModalDialogClosing : public KelTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void pressOutsideClosesIt_data() { addInputs(); }
+    void pressOutsideClosesIt_data() { addRows({{"input", inputs}}); }
 
     void pressOutsideClosesIt()
     {
-        QFETCH(Input, input);
-        Finger finger(input);
-        Ground ground;
-        QVERIFY(ground.showAndWait());
-        Panel panel;
-        QVERIFY(panel.showAndWait());
+        DialogStage stage(fetch<Input>("input"));
         bool wasHidden = false;
-        connect(&panel, &KELNonModalDialog::disappeared, this,
-                [&] { wasHidden = panel.isHidden(); });
-        const QSignalSpy disappeared(&panel, &KELNonModalDialog::disappeared);
-        finger.tap(&ground, ground.centre());
-        QTRY_COMPARE_WITH_TIMEOUT(disappeared.count(), 1, patienceMs);
+        stage.log.on(u"disappeared"_s, [&] { wasHidden = stage.panel->isHidden(); });
+        stage.tapOutside();
+        QTRY_COMPARE_WITH_TIMEOUT(stage.disappeared(), 1, patienceMs);
         QVERIFY(wasHidden);
-        QVERIFY(panel.isHidden());
-        QVERIFY(ground.isVisible());
-        finger.tap(&ground, ground.centre());
+        QVERIFY(stage.panel->isHidden());
+        QVERIFY(stage.ground.isVisible());
+        QCOMPARE(stage.ground.presses, 1);
+        stage.tapOutside();
         waitForTheHide();
-        QCOMPARE(disappeared.count(), 1);
+        QCOMPARE(stage.disappeared(), 1);
     }
 
-    void pressOutsideReachesItsTarget_data() { addInputs(); }
-
-    void pressOutsideReachesItsTarget()
-    {
-        QFETCH(Input, input);
-        Finger finger(input);
-        Ground ground;
-        QVERIFY(ground.showAndWait());
-        Panel panel;
-        QVERIFY(panel.showAndWait());
-        finger.tap(&ground, ground.centre());
-        QCOMPARE(ground.presses, 1);
-        QTRY_VERIFY_WITH_TIMEOUT(panel.isHidden(), patienceMs);
-        QCOMPARE(ground.presses, 1);
-    }
-
-    void pressInsideKeepsIt_data() { addInputs(); }
+    void pressInsideKeepsIt_data() { addRows({{"input", inputs}}); }
 
     void pressInsideKeepsIt()
     {
-        QFETCH(Input, input);
-        Finger finger(input);
-        Panel panel;
-        QVERIFY(panel.showAndWait());
-        const QSignalSpy disappeared(&panel, &KELNonModalDialog::disappeared);
-        const QRect rect = panel.rect();
+        DialogStage stage(fetch<Input>("input"));
+        const QRect rect = stage.panel->rect();
         for (const QPoint &pos : {rect.center(), rect.topLeft(), rect.bottomRight()}) {
-            finger.tap(&panel, pos);
+            stage.hand.tap(stage.panel, pos);
             waitForTheHide();
-            QVERIFY(panel.isVisible());
+            QVERIFY(stage.panel->isVisible());
         }
-        QCOMPARE(disappeared.count(), 0);
+        QCOMPARE(stage.disappeared(), 0);
     }
 
-    void pressOnAnotherPanelClosesIt_data() { addInputs(); }
+    void pressOnAnotherPanelClosesIt_data() { addRows({{"input", inputs}}); }
 
     void pressOnAnotherPanelClosesIt()
     {
-        QFETCH(Input, input);
-        Finger finger(input);
-        Panel panel;
+        DialogStage stage(fetch<Input>("input"));
         Panel other;
         other.move(20, 20);
-        QVERIFY(panel.showAndWait());
-        QVERIFY(other.showAndWait());
+        showAndWait(&other);
         const QSignalSpy otherDisappeared(&other, &KELNonModalDialog::disappeared);
-        finger.tap(&other, other.centre());
-        QTRY_VERIFY_WITH_TIMEOUT(panel.isHidden(), patienceMs);
+        stage.hand.tap(&other, other.rect().center());
+        QTRY_VERIFY_WITH_TIMEOUT(stage.panel->isHidden(), patienceMs);
         waitForTheHide();
         QVERIFY(other.isVisible());
         QCOMPARE(otherDisappeared.count(), 0);
     }
 
-    void onePressIsIgnored_data() { addInputs(); }
+    void onePressIsIgnored_data() { addRows({{"input", inputs}}); }
 
     void onePressIsIgnored()
     {
-        QFETCH(Input, input);
-        Finger finger(input);
-        Ground ground;
-        QVERIFY(ground.showAndWait());
-        Panel panel;
-        QVERIFY(panel.showAndWait());
-        const QSignalSpy disappeared(&panel, &KELNonModalDialog::disappeared);
-        panel.ignoreOnce();
-        panel.ignoreOnce();
-        finger.tap(&ground, ground.centre());
+        DialogStage stage(fetch<Input>("input"));
+        stage.panel->ignoreOnce();
+        stage.panel->ignoreOnce();
+        stage.tapOutside();
         waitForTheHide();
-        QVERIFY(panel.isVisible());
-        QCOMPARE(disappeared.count(), 0);
-        finger.tap(&ground, ground.centre());
-        QTRY_COMPARE_WITH_TIMEOUT(disappeared.count(), 1, patienceMs);
-        QVERIFY(panel.isHidden());
+        QVERIFY(stage.panel->isVisible());
+        QCOMPARE(stage.disappeared(), 0);
+        stage.tapOutside();
+        QTRY_COMPARE_WITH_TIMEOUT(stage.disappeared(), 1, patienceMs);
+        QVERIFY(stage.panel->isHidden());
     }
 
     void pressClosesNothingWithoutSource()
     {
-        Ground ground;
-        QVERIFY(ground.showAndWait());
-        Panel panel;
-        panel.setTriggerSource(Helper::TriggerNone);
-        QVERIFY(panel.showAndWait());
-        Finger(Input::Mouse).tap(&ground, ground.centre());
+        DialogStage stage;
+        stage.panel->setTriggerSource(Helper::TriggerNone);
+        stage.tapOutside();
         waitForTheHide();
-        QVERIFY(panel.isVisible());
+        QVERIFY(stage.panel->isVisible());
     }
 
-    void childClosesInAFullScreenWindow()
+    void childClosesOnAPressBesideIt_data()
     {
-        Finger finger(Input::Touch);
-        Ground screen;
-        screen.resize(700, 500);
-        Panel panel(QString(), nullptr, &screen);
-        QVERIFY(screen.showAndWait());
-        panel.show();
-        const QSignalSpy disappeared(&panel, &KELNonModalDialog::disappeared);
-        finger.tap(&screen, panel.geometry().center());
-        waitForTheHide();
-        QVERIFY(panel.isVisible());
-        finger.tap(&screen, QPoint(100, 100));
-        QTRY_COMPARE_WITH_TIMEOUT(disappeared.count(), 1, patienceMs);
-        QVERIFY(panel.isHidden());
+        addRows({{"source",
+                  {{"anywhere, in a full-screen window", Helper::TriggerScreen},
+                   {"on its parent", Helper::TriggerParent}}}});
     }
 
-    void childClosesOnAPressOnItsParent()
+    void childClosesOnAPressBesideIt()
     {
-        Finger finger(Input::Touch);
-        Ground ground;
-        QVERIFY(ground.showAndWait());
-        Ground parent;
-        parent.setGeometry(280, 20, 400, 400);
-        Panel panel(QString(), nullptr, &parent);
-        panel.setTriggerSource(Helper::TriggerParent);
-        panel.move(100, 100);
-        QVERIFY(parent.showAndWait());
-        panel.show();
-        const QSignalSpy disappeared(&panel, &KELNonModalDialog::disappeared);
-        finger.tap(&ground, ground.centre());
-        finger.tap(&parent, panel.geometry().center());
+        const auto source = fetch<Helper::TriggerSource>("source");
+        const bool byParent = source == Helper::TriggerParent;
+        DialogStage stage;
+        Ground parent(byParent ? QRect(280, 20, 400, 400) : QRect(0, 0, 700, 500));
+        Panel child(QString(), nullptr, &parent);
+        child.setTriggerSource(source);
+        child.move(byParent ? QPoint(100, 100) : QPoint(300, 200));
+        child.show();
+        showAndWait(&parent);
+        const QSignalSpy disappeared(&child, &KELNonModalDialog::disappeared);
+        if (byParent)
+            stage.tapOutside();
+        stage.hand.tap(&parent, child.geometry().center());
         waitForTheHide();
-        QVERIFY(panel.isVisible());
-        finger.tap(&parent, QPoint(20, 20));
+        QVERIFY(child.isVisible());
+        stage.hand.tap(&parent, QPoint(20, 20));
         QTRY_COMPARE_WITH_TIMEOUT(disappeared.count(), 1, patienceMs);
-        QVERIFY(panel.isHidden());
+        QVERIFY(child.isHidden());
         QVERIFY(parent.isVisible());
     }
 
-    void isShownAndClosedAgain_data() { addInputs(); }
+    void isShownAndClosedAgain_data() { addRows({{"input", inputs}}); }
 
     void isShownAndClosedAgain()
     {
-        QFETCH(Input, input);
-        Finger finger(input);
-        Ground ground;
-        QVERIFY(ground.showAndWait());
-        Panel panel;
-        const KELRoundRectControl *const content = panel.content();
-        const QSignalSpy disappeared(&panel, &KELNonModalDialog::disappeared);
+        DialogStage stage(fetch<Input>("input"));
+        const KELRoundRectControl *const content = stage.panel->content();
         for (int round = 1; round <= 3; ++round) {
             if (round == 2)
-                KELNonModalDialog::showOne(&panel);
-            else
-                panel.show();
-            QVERIFY(QTest::qWaitForWindowExposed(&panel));
-            finger.tap(&ground, ground.centre());
-            QTRY_COMPARE_WITH_TIMEOUT(disappeared.count(), round, patienceMs);
-            QVERIFY(panel.isHidden());
-            QCOMPARE(panel.content(), content);
+                KELNonModalDialog::showOne(stage.panel);
+            showAndWait(stage.panel);
+            stage.tapOutside();
+            QTRY_COMPARE_WITH_TIMEOUT(stage.disappeared(), round, patienceMs);
+            QVERIFY(stage.panel->isHidden());
+            QCOMPARE(stage.panel->content(), content);
         }
     }
 
     void buttonOpensAndCloses_data()
     {
-        QTest::addColumn<Input>("input");
-        QTest::addColumn<bool>("slow");
-        QTest::newRow("mouse, quickly") << Input::Mouse << false;
-        QTest::newRow("mouse, slowly") << Input::Mouse << true;
-        QTest::newRow("touch, quickly") << Input::Touch << false;
-        QTest::newRow("touch, slowly") << Input::Touch << true;
+        addRows({{"input", inputs}, {"slow", {{"quickly", false}, {"slowly", true}}}});
     }
 
     void buttonOpensAndCloses()
     {
-        QFETCH(Input, input);
-        QFETCH(bool, slow);
         KelTestView bar(QSize(250, 150));
         auto *button = new KELPushButton;
         button->setboundRect(20, 20, 120, 50);
@@ -260,93 +157,76 @@ private Q_SLOTS:
         connect(button, &KELPushButton::mouseClicked, &panel,
                 [&] { panel.setVisible(!panel.isVisible()); });
 
-        Finger finger(input);
+        WindowHand hand(fetch<Input>("input"));
         QList<bool> visible;
         for (int i = 0; i < 3; ++i) {
-            finger.press(&bar, bar.centreOf(button));
-            if (slow)
+            hand.press(&bar, bar.centreOf(button));
+            if (fetch<bool>("slow"))
                 waitForTheHide();
-            finger.release(&bar, bar.centreOf(button));
+            hand.release();
             waitForTheHide();
             visible.append(panel.isVisible());
         }
         QCOMPARE(visible, QList<bool>({true, false, true}));
         QCOMPARE(disappeared.count(), 0);
         // A press beside the button closes it all the same.
-        finger.tap(&bar, QPoint(200, 120));
+        hand.tap(&bar, QPoint(200, 120));
         QTRY_COMPARE_WITH_TIMEOUT(disappeared.count(), 1, patienceMs);
         QVERIFY(panel.isHidden());
     }
 
     void periodHasItsLength_data()
     {
-        QTest::addColumn<int>("ms");
-        QTest::addColumn<int>("expectedMs");
-        QTest::newRow("given") << 2000 << 2000;
-        QTest::newRow("one") << 1 << 1;
-        QTest::newRow("long") << 3600000 << 3600000;
-        QTest::newRow("zero") << 0 << 3000;
-        QTest::newRow("negative") << -5 << 3000;
-        QTest::newRow("smallest") << std::numeric_limits<int>::min() << 3000;
+        addRows({{"ms",
+                  {{"given", 2000},
+                   {"one", 1},
+                   {"long", longPeriodMs},
+                   {"zero", 0},
+                   {"negative", -5},
+                   {"smallest", std::numeric_limits<int>::min()}}}});
     }
 
     void periodHasItsLength()
     {
-        QFETCH(int, ms);
-        QFETCH(int, expectedMs);
-        const HelperFinder finder;
+        const int ms = fetch<int>("ms");
         Panel panel;
-        panel.enableTime(1);
-        panel.show();
-        QTRY_VERIFY_WITH_TIMEOUT(panel.isHidden(), patienceMs);
-        QVERIFY(finder.helper);
         panel.enableTime(ms);
-        QCOMPARE(finder.periods(), QList<int>());
+        QCOMPARE(panel.period(), -1);
         panel.show();
-        QCOMPARE(finder.periods(), QList<int>({expectedMs}));
+        QCOMPARE(panel.period(), ms > 0 ? ms : 3000);
         // While it is visible the period is changed at once.
         panel.enableTime(7000);
-        QCOMPARE(finder.periods(), QList<int>({7000}));
+        QCOMPARE(panel.period(), 7000);
     }
 
     void periodBeginsWhenShown_data()
     {
-        QTest::addColumn<bool>("withShowOne");
-        QTest::addColumn<bool>("visibleBefore");
-        QTest::newRow("show") << false << false;
-        QTest::newRow("showOne") << true << false;
-        QTest::newRow("enabled while visible") << false << true;
+        addRows({{"with", {{"show()", 0}, {"showOne()", 1}, {"enableTime() while visible", 2}}}});
     }
 
+    // On the real clock.
     void periodBeginsWhenShown()
     {
-        QFETCH(bool, withShowOne);
-        QFETCH(bool, visibleBefore);
         constexpr int periodMs = 120;
+        const int with = fetch<int>("with");
         Panel panel;
-        const QSignalSpy disappeared(&panel, &KELNonModalDialog::disappeared);
-        qint64 closedAfterMs = -1;
         QElapsedTimer stopwatch;
+        qint64 closedAfterMs = -1;
         connect(&panel, &KELNonModalDialog::disappeared, this,
                 [&] { closedAfterMs = stopwatch.elapsed(); });
-        if (visibleBefore)
+        if (with == 2)
             panel.show();
         else
             panel.enableTime(periodMs);
-        // A hidden panel has no period.
-        wait(2 * periodMs);
-        QCOMPARE(disappeared.count(), 0);
-
+        QCOMPARE(panel.period(), -1);
         stopwatch.start();
-        if (visibleBefore)
+        if (with == 2)
             panel.enableTime(periodMs);
-        else if (withShowOne)
+        else if (with == 1)
             KELNonModalDialog::showOne(&panel);
         else
             panel.show();
-        // Shorter than this and longer than the period: it has ended then.
-        wait(periodMs + 20);
-        QCOMPARE(disappeared.count(), 1);
+        QTRY_VERIFY_WITH_TIMEOUT(closedAfterMs >= 0, patienceMs);
         QVERIFY(panel.isHidden());
         // Qt's timers count whole milliseconds.
         QVERIFY2(closedAfterMs >= periodMs - 2, qPrintable(QString::number(closedAfterMs)));
@@ -354,122 +234,75 @@ private Q_SLOTS:
 
     void periodBeginsAnewWhenShownAgain()
     {
-        constexpr int periodMs = 200;
         Panel panel;
-        panel.enableTime(periodMs);
+        panel.enableTime(longPeriodMs);
         panel.show();
-        QElapsedTimer stopwatch;
-        // In the middle of the first period.
-        QTimer::singleShot(periodMs / 2, Qt::PreciseTimer, &panel, [&] {
-            panel.hide();
-            stopwatch.start();
-            panel.show();
-        });
-        qint64 closedAfterMs = -1;
-        connect(&panel, &KELNonModalDialog::disappeared, this,
-                [&] { closedAfterMs = stopwatch.elapsed(); });
-        QTRY_VERIFY_WITH_TIMEOUT(closedAfterMs >= 0, patienceMs);
-        QVERIFY2(closedAfterMs >= periodMs - 2, qPrintable(QString::number(closedAfterMs)));
+        panel.hide();
+        panel.enableTime(longPeriodMs + 1);
+        QCOMPARE(panel.period(), longPeriodMs);
+        panel.show();
+        QCOMPARE(panel.period(), longPeriodMs + 1);
     }
 
-    void pressInsideRestartsThePeriod_data() { addInputs(); }
+    // The helper's own tests say that a press ends the running one.
+    void pressInsideBeginsThePeriod_data() { addRows({{"input", inputs}}); }
 
-    void pressInsideRestartsThePeriod()
+    void pressInsideBeginsThePeriod()
     {
-        QFETCH(Input, input);
-        constexpr int periodMs = 200;
-        Finger finger(input);
-        Panel panel;
-        QVERIFY(panel.showAndWait());
-        const QSignalSpy disappeared(&panel, &KELNonModalDialog::disappeared);
-        qint64 closedAfterMs = -1;
-        QElapsedTimer stopwatch;
-        panel.enableTime(periodMs);
-        // Called before the period ends, even if both times are over.
-        QTimer::singleShot(periodMs / 2, Qt::PreciseTimer, &panel, [&] {
-            stopwatch.start();
-            finger.tap(&panel, panel.centre());
-        });
-        connect(&panel, &KELNonModalDialog::disappeared, this,
-                [&] { closedAfterMs = stopwatch.elapsed(); });
-        QTRY_COMPARE_WITH_TIMEOUT(disappeared.count(), 1, patienceMs);
-        QVERIFY(stopwatch.isValid());
-        QVERIFY2(closedAfterMs >= periodMs - 2, qPrintable(QString::number(closedAfterMs)));
+        DialogStage stage(fetch<Input>("input"));
+        stage.panel->enableTime(longPeriodMs);
+        stage.panel->helper()->stopTime();
+        stage.tapInside();
+        QCOMPARE(stage.panel->period(), longPeriodMs);
     }
 
     void staysWithoutPeriod()
     {
-        const HelperFinder finder;
-        Panel panel;
-        QVERIFY(panel.showAndWait());
-        Finger(Input::Mouse).tap(&panel, panel.centre());
-        wait(100);
-        QVERIFY(panel.isVisible());
-        QVERIFY(!finder.helper);
+        DialogStage stage;
+        stage.tapInside();
+        QCOMPARE(stage.panel->period(), -1);
+        QVERIFY(stage.panel->isVisible());
     }
 
-    void helperDiesWithThePanel()
+    void closesOnceByAPressInThePeriod()
     {
-        const HelperFinder finder;
-        auto panel = std::make_unique<Panel>();
-        panel->enableTime(1);
-        panel->show();
-        QTRY_VERIFY_WITH_TIMEOUT(panel->isHidden(), patienceMs);
-        QVERIFY(finder.helper);
-        QCOMPARE(finder.helper->parent(), nullptr);
-        panel.reset();
-        QVERIFY(!finder.helper);
+        DialogStage stage;
+        stage.panel->enableTime(longPeriodMs);
+        stage.tapOutside();
+        QTRY_COMPARE_WITH_TIMEOUT(stage.disappeared(), 1, patienceMs);
+        QCOMPARE(stage.panel->period(), -1);
     }
 
-    void closesOnce_data()
+    void closesOnceByThePeriodBeforeAPress()
     {
-        QTest::addColumn<bool>("pressFirst");
-        QTest::newRow("by a press before the period ends") << true;
-        QTest::newRow("by the period before a press") << false;
-    }
-
-    void closesOnce()
-    {
-        QFETCH(bool, pressFirst);
-        Finger finger(Input::Touch);
-        Ground ground;
-        QVERIFY(ground.showAndWait());
-        Panel panel;
-        QVERIFY(panel.showAndWait());
-        const QSignalSpy disappeared(&panel, &KELNonModalDialog::disappeared);
-        panel.enableTime(pressFirst ? 150 : 1);
-        if (!pressFirst)
-            QTRY_COMPARE_WITH_TIMEOUT(disappeared.count(), 1, patienceMs);
-        finger.tap(&ground, ground.centre());
-        wait(200);
-        QCOMPARE(disappeared.count(), 1);
-        QVERIFY(panel.isHidden());
+        DialogStage stage;
+        stage.panel->enableTime(longPeriodMs);
+        stage.panel->endPeriod();
+        QCOMPARE(stage.disappeared(), 1);
+        stage.tapOutside();
+        waitForTheHide();
+        QCOMPARE(stage.disappeared(), 1);
+        QVERIFY(stage.panel->isHidden());
     }
 
     void hiddenByTheApplicationReportsNothing_data()
     {
-        QTest::addColumn<bool>("closed");
-        QTest::newRow("hide()") << false;
-        QTest::newRow("close()") << true;
+        addRows({{"closed", {{"hide()", false}, {"close()", true}}}});
     }
 
     void hiddenByTheApplicationReportsNothing()
     {
-        QFETCH(bool, closed);
-        Ground ground;
-        QVERIFY(ground.showAndWait());
-        Panel panel;
-        QVERIFY(panel.showAndWait());
-        const QSignalSpy disappeared(&panel, &KELNonModalDialog::disappeared);
-        panel.enableTime(50);
-        if (closed)
-            panel.close();
+        DialogStage stage;
+        stage.panel->enableTime(longPeriodMs);
+        if (fetch<bool>("closed"))
+            stage.panel->close();
         else
-            panel.hide();
-        QVERIFY(panel.isHidden());
-        Finger(Input::Mouse).tap(&ground, ground.centre());
-        wait(100);
-        QCOMPARE(disappeared.count(), 0);
+            stage.panel->hide();
+        QVERIFY(stage.panel->isHidden());
+        stage.tapOutside();
+        waitForTheHide();
+        stage.panel->endPeriod();
+        QCOMPARE(stage.disappeared(), 0);
     }
 };
 
