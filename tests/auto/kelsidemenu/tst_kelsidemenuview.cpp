@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
+#include "hand.h"
 #include "menustage.h"
 
 #include <kelpushbutton.h>
@@ -13,11 +14,11 @@
 namespace {
 
 // Two controls and a separator of 4 px.
-void fillForPicture(OpenMenu *menu)
+void fillForPicture(Menu *menu)
 {
     menu->setSpace(4);
     for (const QColor &colour : {QColor(200, 40, 30), QColor(20, 90, 160)}) {
-        KELRoundRectControl *control = makeControl({60, 50});
+        KELRoundRectControl *control = newControl({60, 50});
         control->style()->backgroundBrush = colour;
         menu->addItem(control);
     }
@@ -25,7 +26,7 @@ void fillForPicture(OpenMenu *menu)
         item->setCacheMode(QGraphicsItem::NoCache);
 }
 
-void drawByHand(QPainter *painter, int orientation)
+void drawByHand(QPainter *painter, bool isHorizontal)
 {
     const auto drawControl = [painter](const QPointF &corner, const QColor &colour) {
         painter->setRenderHint(QPainter::Antialiasing, true);
@@ -36,9 +37,33 @@ void drawByHand(QPainter *painter, int orientation)
     drawControl(QPointF(0, 0), QColor(200, 40, 30));
     painter->setRenderHint(QPainter::Antialiasing, false);
     painter->setPen(QPen(Qt::white, 4, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
-    painter->drawLine(orientation == 0 ? QLineF(60, 0, 60, 54) : QLineF(0, 50, 64, 50));
-    drawControl(orientation == 0 ? QPointF(64, 0) : QPointF(0, 54), QColor(20, 90, 160));
+    painter->drawLine(isHorizontal ? QLineF(60, 0, 60, 54) : QLineF(0, 50, 64, 50));
+    drawControl(isHorizontal ? QPointF(64, 0) : QPointF(0, 54), QColor(20, 90, 160));
 }
+
+// Deletes the scene before the menu knows its new size.
+class SceneKiller : public QObject
+{
+public:
+    explicit SceneKiller(KELSideMenu *menu) : m_menu(menu)
+    {
+        menu->viewport()->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    {
+        if (event->type() == QEvent::Resize)
+            delete m_menu->scene();
+        return false;
+    }
+
+private:
+    KELSideMenu *const m_menu;
+};
+
+enum class Moment { SelectionComes, FocusComes, OldParentLosesIt, LosesItsParent };
+enum class Victim { Menu, Scene, Control };
 
 } // namespace
 
@@ -57,11 +82,10 @@ private Q_SLOTS:
 
     void resizeFitsTheScene()
     {
-        QFETCH(QSize, size);
-        KELSideMenu menu(nullptr);
-        add(&menu);
-        menu.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&menu));
+        QFETCH(const QSize, size);
+        Menu menu;
+        menu.add();
+        menu.showAndWait();
         menu.resize(size);
         const QSizeF port = menu.viewport()->size();
         QCOMPARE(menu.scene()->sceneRect(), QRectF(QPointF(), port));
@@ -75,10 +99,9 @@ private Q_SLOTS:
 
     void resizeEventGivesTheSceneItsSize()
     {
-        OpenMenu menu(nullptr);
+        Menu menu;
         menu.resize(200, 100);
-        menu.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&menu));
+        menu.showAndWait();
         const QSizeF port = menu.viewport()->size();
         QResizeEvent event(QSize(800, 50), QSize(1, 1));
         menu.resizeEvent(&event);
@@ -90,48 +113,47 @@ private Q_SLOTS:
 
     void addItemInAShownMenu()
     {
-        KELSideMenu menu(nullptr);
-        menu.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&menu));
-        add(&menu);
+        Menu menu;
+        menu.showAndWait();
+        menu.add();
         QCOMPARE(menu.size(), QSize(102, 44));
-        const KELRoundRectControl *second = add(&menu);
+        const KELRoundRectControl *second = menu.add();
         QCOMPARE(menu.size(), QSize(204, 44));
         QCOMPARE(menu.scene()->sceneRect().size(), QSizeF(menu.viewport()->size()));
         QVERIFY(menu.viewport()->rect().contains(
             menu.mapFromScene(second->boundingRect()).boundingRect()));
     }
 
+    void controlsInAShownMenuAreClicked_data()
+    {
+        addRows({{"input", inputs}, {"orientation", orientations}});
+    }
+
     void controlsInAShownMenuAreClicked()
     {
-        for (const auto orientation : {KELSideMenu::Horizontal, KELSideMenu::Vertical}) {
-            KELSideMenu menu(nullptr);
-            menu.setOrientation(orientation);
-            menu.show();
-            QVERIFY(QTest::qWaitForWindowExposed(&menu));
-            menu.setSpace(20);
-            QList<KELPushButton *> buttons;
-            for (int i = 0; i < 3; ++i) {
-                buttons.append(new KELPushButton(nullptr));
-                buttons.last()->setboundRect(0, 0, 100, 60);
-                menu.addItem(buttons.last());
-            }
-            for (KELPushButton *button : qAsConst(buttons)) {
-                const QSignalSpy clicked(button, &KELPushButton::mouseClicked);
-                QTest::mouseClick(menu.viewport(), Qt::LeftButton, Qt::NoModifier,
-                                  menu.mapFromScene(button->boundingRect().center()));
-                QCOMPARE(clicked.count(), 1);
-            }
+        Menu menu(fetch<int>("orientation"));
+        menu.showAndWait();
+        menu.setSpace(20);
+        QList<KELPushButton *> buttons;
+        for (int i = 0; i < 3; ++i) {
+            buttons.append(new KELPushButton(nullptr));
+            buttons.last()->setboundRect(0, 0, 100, 60);
+            menu.addItem(buttons.last());
+        }
+        Hand hand(menu.viewport(), fetch<Input>("input"));
+        for (KELPushButton *button : qAsConst(buttons)) {
+            const QSignalSpy clicked(button, &KELPushButton::mouseClicked);
+            hand.tap(menu.mapFromScene(button->boundingRect().center()));
+            QCOMPARE(clicked.count(), 1);
         }
     }
 
-    void picture_data() { addOrientations(); }
+    void picture_data() { addRows({{"orientation", orientations}}); }
 
     void picture()
     {
-        QFETCH(int, orientation);
-        OpenMenu menu(nullptr);
-        menu.setOrientationValue(orientation);
+        const bool isHorizontal = fetch<int>("orientation") == horizontally;
+        Menu menu(fetch<int>("orientation"));
         fillForPicture(&menu);
         const QSize canvas(140, 140);
         for (const qreal scale : {0.5, 1.0, 1.5, 2.0}) {
@@ -140,16 +162,15 @@ private Q_SLOTS:
                 menu.scene()->render(painter, all, all);
             });
             const QImage byHand = KelImage::draw(
-                canvas, scale, [&](QPainter *painter) { drawByHand(painter, orientation); });
+                canvas, scale, [&](QPainter *painter) { drawByHand(painter, isHorizontal); });
             QCOMPARE(KelImage::difference(actual, byHand), QString());
         }
     }
 
     void pictureOnTheScreen()
     {
-        OpenMenu menu(nullptr);
-        menu.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&menu));
+        Menu menu;
+        menu.showAndWait();
         fillForPicture(&menu);
         const QImage actual = menu.viewport()->grab().toImage().convertToFormat(
             QImage::Format_ARGB32_Premultiplied);
@@ -158,81 +179,77 @@ private Q_SLOTS:
         {
             QPainter painter(&byHand);
             painter.setTransform(menu.viewportTransform());
-            drawByHand(&painter, 0);
+            drawByHand(&painter, true);
         }
         QCOMPARE(KelImage::difference(actual, byHand), QString());
     }
 
+    void separatorIsSeenOnTheScreen_data() { addRows({{"orientation", orientations}}); }
+
     void separatorIsSeenOnTheScreen()
     {
-        for (const auto orientation : {KELSideMenu::Horizontal, KELSideMenu::Vertical}) {
-            KELSideMenu menu(nullptr);
-            menu.setOrientation(orientation);
-            menu.show();
-            QVERIFY(QTest::qWaitForWindowExposed(&menu));
-            menu.setSpace(2);
-            for (int i = 0; i < 2; ++i)
-                add(&menu)->style()->backgroundBrush = QBrush(Qt::black);
-            const QImage image = menu.viewport()->grab().toImage();
-            int whitePixels = 0;
-            for (int y = 0; y < image.height(); ++y) {
-                for (int x = 0; x < image.width(); ++x)
-                    whitePixels += image.pixelColor(x, y) == QColor(Qt::white) ? 1 : 0;
-            }
-            QVERIFY(whitePixels >= (orientation == KELSideMenu::Horizontal ? 30 : 80));
-        }
+        Menu menu(fetch<int>("orientation"));
+        menu.showAndWait();
+        menu.setSpace(2);
+        for (int i = 0; i < 2; ++i)
+            menu.add()->style()->backgroundBrush = QBrush(Qt::black);
+        const QRect line = KelImage::areaOf(menu.viewport()->grab().toImage(), Qt::white);
+        // As long as the menu is thick, but for the edges that the scale blurs.
+        const bool isHorizontal = fetch<int>("orientation") == horizontally;
+        QVERIFY((isHorizontal ? line.height() : line.width()) >= (isHorizontal ? 30 : 80));
     }
 
     void addItemIgnores_data()
     {
-        QTest::addColumn<int>("which");
-        QTest::newRow("null") << 0;
-        QTest::newRow("the first control") << 1;
-        QTest::newRow("the last control") << 2;
-        QTest::newRow("a child of a control") << 3;
-        QTest::newRow("a separator") << 4;
+        addRows({{"which",
+                  {{"null", 0},
+                   {"the first control", 1},
+                   {"the last control", 2},
+                   {"a child of a control", 3},
+                   {"a separator", 4}}}});
     }
 
     void addItemIgnores()
     {
-        QFETCH(int, which);
-        KELSideMenu menu(nullptr);
-        KELRoundRectControl *first = add(&menu);
+        Menu menu;
+        KELRoundRectControl *first = menu.add();
         auto *child = new KELRoundRectControl(first);
-        KELRoundRectControl *last = add(&menu);
-        KELLineItem *separator = separatorsOf(menu).first();
-        const QSize size = menu.size();
-        menu.setBorderWidth(9);
-        KELRoundRectControl *const controls[] = {nullptr, first, last, child, separator};
-        const auto rects = [&] {
-            QList<QRectF> all;
-            for (const KELRoundRectControl *control : {first, child, last})
-                all.append(control->boundingRect());
-            return all << separator->boundingRect();
+        KELRoundRectControl *last = menu.add();
+        KELRoundRectControl *const controls[] = {nullptr, first, last, child,
+                                                 menu.separators().first()};
+        const auto state = [&] {
+            QList<QRectF> all = {QRectF(QPointF(), menu.size())};
+            for (QGraphicsItem *item : menu.scene()->items(Qt::AscendingOrder))
+                all.append(item->boundingRect());
+            return all;
         };
-        const auto before = rects();
-        menu.addItem(controls[which]);
-        QCOMPARE(rects(), before);
-        QCOMPARE(menu.size(), size);
-        QCOMPARE(menu.scene()->items().size(), 4);
+        const auto before = state();
+        QCOMPARE(before.size(), 5);
+        menu.setBorderWidth(9);
+        menu.addItem(controls[fetch<size_t>("which")]);
+        QCOMPARE(state(), before);
         QCOMPARE(first->style()->borderWidth, 2.0F);
         QCOMPARE(last->style()->borderWidth, 2.0F);
         QCOMPARE(child->parentItem(), first);
-        KELSideMenu empty(nullptr);
-        empty.addItem(nullptr);
-        QVERIFY(empty.scene()->items().isEmpty());
+    }
+
+    void nullIsIgnoredByAnEmptyMenu()
+    {
+        Menu menu;
+        menu.addItem(nullptr);
+        QVERIFY(menu.scene()->items().isEmpty());
     }
 
     void controlOfAnotherScene()
     {
         KelTestView view;
-        KELSideMenu other(nullptr);
-        KELSideMenu menu(nullptr);
-        add(&menu);
-        KELRoundRectControl *fromView = makeControl({50, 20});
+        Menu other;
+        Menu menu;
+        menu.add();
+        KELRoundRectControl *fromView = newControl({50, 20});
         view.ownScene.addItem(fromView);
         QVERIFY(view.showAndWait());
-        KELRoundRectControl *fromMenu = add(&other, {60, 30});
+        KELRoundRectControl *fromMenu = other.add({60, 30});
         menu.addItem(fromView);
         menu.addItem(fromMenu);
         QVERIFY(view.ownScene.items().isEmpty());
@@ -242,7 +259,7 @@ private Q_SLOTS:
         QCOMPARE(fromMenu->style()->boundRect, QRectF(151.5, 0, 60, 30));
         view.grab();
         // The other menu is as at the beginning.
-        QCOMPARE(add(&other)->style()->boundRect, QRectF(0, 0, 100, 40));
+        QCOMPARE(other.rectOfNext(), QRectF(0, 0, 100, 40));
     }
 
     void controlOfAParent()
@@ -251,7 +268,7 @@ private Q_SLOTS:
         parent.setboundRect(40, 40, 300, 300);
         auto *control = new KELRoundRectControl(&parent);
         control->setboundRect(5, 5, 50, 20);
-        KELSideMenu menu(nullptr);
+        Menu menu;
         menu.addItem(control);
         QVERIFY(!control->parentItem());
         QVERIFY(parent.childItems().isEmpty());
@@ -261,13 +278,13 @@ private Q_SLOTS:
 
     void separatorDeleted()
     {
-        KELSideMenu menu(nullptr);
+        Menu menu;
         for (int i = 0; i < 4; ++i)
-            add(&menu);
-        const auto separators = separatorsOf(menu);
+            menu.add();
+        const auto separators = menu.separators();
         delete separators.at(1);
         // Six items are left: 400 and five spaces, then the space.
-        QCOMPARE(add(&menu)->style()->boundRect, QRectF(403, 0, 100, 40));
+        QCOMPARE(menu.rectOfNext(), QRectF(403, 0, 100, 40));
         delete separators.at(0);
         menu.setSpace(1);
         QCOMPARE(menu.width(), 508);
@@ -275,61 +292,52 @@ private Q_SLOTS:
 
     void controlDeleted()
     {
-        KELSideMenu menu(nullptr);
-        KELRoundRectControl *first = add(&menu);
-        add(&menu, {70, 40});
+        Menu menu;
+        KELRoundRectControl *first = menu.add();
+        menu.add({70, 40});
         delete first;
         // The separator and 70, one space between them and one before the next.
-        QCOMPARE(add(&menu)->style()->boundRect, QRectF(71, 0, 100, 40));
+        QCOMPARE(menu.rectOfNext(), QRectF(71, 0, 100, 40));
         menu.scene()->clear();
-        QCOMPARE(add(&menu)->style()->boundRect, QRectF(0, 0, 100, 40));
+        QCOMPARE(menu.rectOfNext(), QRectF(0, 0, 100, 40));
         QCOMPARE(menu.size(), QSize(102, 44));
-        QCOMPARE(add(&menu)->style()->boundRect, QRectF(100.5, 0, 100, 40));
+        QCOMPARE(menu.rectOfNext(), QRectF(100.5, 0, 100, 40));
     }
 
     void destroyedWithEverything()
     {
-        auto *menu = new KELSideMenu(nullptr);
+        auto menu = std::make_unique<Menu>();
         QList<QPointer<QObject>> objects;
         for (int i = 0; i < 3; ++i)
-            objects.append(add(menu));
-        for (KELLineItem *line : separatorsOf(*menu))
+            objects.append(menu->add());
+        for (KELLineItem *line : menu->separators())
             objects.append(line);
         QCOMPARE(objects.size(), 5);
-        menu->show();
-        QVERIFY(QTest::qWaitForWindowExposed(menu));
-        delete menu;
-        for (const auto &object : qAsConst(objects))
-            QVERIFY(!object);
+        menu->showAndWait();
+        menu.reset();
+        QCOMPARE(objects.count(QPointer<QObject>()), 5);
     }
 
     void slotOfDestroyedCallsTheMenu_data()
     {
-        QTest::addColumn<bool>("ofASeparator");
-        QTest::addColumn<bool>("shown");
-
-        QTest::newRow("control") << false << false;
-        QTest::newRow("control, shown") << false << true;
-        QTest::newRow("separator") << true << false;
-        QTest::newRow("separator, shown") << true << true;
+        addRows({{"ofASeparator", {{"control", false}, {"separator", true}}},
+                 {"shown", {{"hidden", false}, {"shown", true}}}});
     }
 
     void slotOfDestroyedCallsTheMenu()
     {
-        QFETCH(bool, ofASeparator);
-        QFETCH(bool, shown);
-        auto *menu = new KELSideMenu(nullptr);
-        KELRoundRectControl *first = add(menu);
-        add(menu);
-        add(menu);
-        if (shown) {
-            menu->show();
-            QVERIFY(QTest::qWaitForWindowExposed(menu));
-        }
-        QObject context;
+        auto *menu = new Menu;
+        KELRoundRectControl *dying = menu->add();
+        menu->add();
+        menu->add();
+        if (fetch<bool>("ofASeparator"))
+            dying = menu->separators().first();
+        if (fetch<bool>("shown"))
+            menu->showAndWait();
         int calls = 0;
-        const QPointer<KELRoundRectControl> late(makeControl({30, 30}));
-        const auto callEverything = [&] {
+        const QPointer<KELRoundRectControl> late(newControl({30, 30}));
+        const QObject context;
+        connect(dying, &QObject::destroyed, &context, [&] {
             ++calls;
             menu->addItem(late);
             menu->addItem(nullptr);
@@ -340,11 +348,7 @@ private Q_SLOTS:
             QCOMPARE(menu->space(), 3.0F);
             QCOMPARE(menu->borderWidth(), 4.0F);
             QCOMPARE(menu->orientation(), KELSideMenu::Vertical);
-        };
-        if (ofASeparator)
-            connect(separatorsOf(*menu).first(), &QObject::destroyed, &context, callEverything);
-        else
-            connect(first, &QObject::destroyed, &context, callEverything);
+        });
         delete menu;
         QCOMPARE(calls, 1);
         // Taken by the scene while there was one, otherwise still ours.
@@ -355,19 +359,19 @@ private Q_SLOTS:
 
     void sceneDeletedOrReplaced()
     {
-        KELSideMenu menu(nullptr);
-        add(&menu);
-        add(&menu);
+        Menu menu;
+        menu.add();
+        menu.add();
         QGraphicsScene own;
         QGraphicsScene *const scene = menu.scene();
         menu.setScene(&own);
         // The menu goes on with its own scene.
-        const KELRoundRectControl *third = add(&menu);
+        const KELRoundRectControl *third = menu.add();
         QCOMPARE(third->scene(), scene);
         QCOMPARE(third->style()->boundRect.x(), 201.5);
         QVERIFY(own.items().isEmpty());
         delete scene;
-        const std::unique_ptr<KELRoundRectControl> homeless(makeControl({10, 10}));
+        const std::unique_ptr<KELRoundRectControl> homeless(newControl());
         menu.addItem(homeless.get());
         QVERIFY(!homeless->scene());
         QCOMPARE(homeless->style()->borderWidth, 0.5F);
@@ -375,21 +379,20 @@ private Q_SLOTS:
         menu.setSpace(8);
         QCOMPARE(menu.space(), 8.0F);
         QCOMPARE(menu.size(), size);
-        menu.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&menu));
+        menu.showAndWait();
         menu.resize(300, 200);
         QCoreApplication::processEvents();
     }
 
     void repeatedControlOfAReplacedScene()
     {
-        KELSideMenu menu(nullptr);
-        KELRoundRectControl *const first = add(&menu);
+        Menu menu;
+        KELRoundRectControl *const first = menu.add();
         QGraphicsScene own;
         menu.setScene(&own);
         menu.addItem(first); // is in the menu already
         QCOMPARE(first->style()->boundRect, QRectF(0, 0, 100, 40));
-        KELRoundRectControl *const shown = makeControl({50, 20});
+        KELRoundRectControl *const shown = newControl({50, 20});
         own.addItem(shown); // is not
         menu.addItem(shown);
         QCOMPARE(shown->scene(), first->scene());
@@ -399,15 +402,15 @@ private Q_SLOTS:
 
     void separatorTakenOutDiesWithTheMenu()
     {
-        auto *menu = new KELSideMenu(nullptr);
+        auto menu = std::make_unique<Menu>();
         for (int i = 0; i < 3; ++i)
-            add(menu);
-        const QPointer<KELLineItem> separator(separatorsOf(*menu).first());
+            menu->add();
+        const QPointer<KELLineItem> separator(menu->separators().first());
+        const QPointer<KELLineItem> elsewhere(menu->separators().last());
         menu->scene()->removeItem(separator);
-        const QPointer<KELLineItem> elsewhere(separatorsOf(*menu).first());
         QGraphicsScene other;
         other.addItem(elsewhere);
-        delete menu;
+        menu.reset();
         QVERIFY(!separator);
         QVERIFY(!elsewhere);
         QVERIFY(other.items().isEmpty());
@@ -415,64 +418,41 @@ private Q_SLOTS:
 
     void controlDeletedWhileAdded()
     {
-        KELSideMenu menu(nullptr);
-        add(&menu);
-        menu.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&menu));
-        QPointer<KELRoundRectControl> control(makeControl({100, 40}));
+        Menu menu;
+        menu.add();
+        menu.showAndWait();
+        const QPointer<KELRoundRectControl> control(newControl());
         const auto connection = connect(menu.scene(), &QGraphicsScene::sceneRectChanged, &menu,
-                                        [&control] { delete control; });
+                                        [&] { delete control; });
         menu.addItem(control);
         disconnect(connection);
         QVERIFY(!control);
         // The separator was there before: 100 and one space, then the space.
         QCOMPARE(menu.scene()->items().size(), 2);
-        QCOMPARE(add(&menu)->style()->boundRect, QRectF(101, 0, 100, 40));
+        QCOMPARE(menu.rectOfNext(), QRectF(101, 0, 100, 40));
     }
 
     void sceneDeletedWhileAdded_data()
     {
-        QTest::addColumn<bool>("isFirst");
-        QTest::addColumn<bool>("inItsSignal");
-        for (const bool isFirst : {true, false}) {
-            const char *name = isFirst ? "first" : "second";
-            QTest::addRow("%s control, in a signal of the scene", name) << isFirst << true;
-            QTest::addRow("%s control, before the menu knows its size", name) << isFirst << false;
-        }
+        addRows(
+            {{"controls", {{"first control", 0}, {"second control", 1}}},
+             {"inItsSignal",
+              {{"in a signal of the scene", true}, {"before the menu knows its size", false}}}});
     }
 
     void sceneDeletedWhileAdded()
     {
-        class SceneKiller : public QObject
-        {
-        public:
-            explicit SceneKiller(KELSideMenu *menu) : m_menu(menu) { }
-
-        protected:
-            bool eventFilter(QObject * /*watched*/, QEvent *event) override
-            {
-                if (event->type() == QEvent::Resize)
-                    delete m_menu->scene();
-                return false;
-            }
-
-        private:
-            KELSideMenu *const m_menu;
-        };
-        QFETCH(bool, isFirst);
-        QFETCH(bool, inItsSignal);
-        KELSideMenu menu(nullptr);
-        if (!isFirst)
-            add(&menu);
-        menu.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&menu));
-        SceneKiller killer(&menu);
-        if (inItsSignal)
+        Menu menu;
+        for (int i = 0; i < fetch<int>("controls"); ++i)
+            menu.add();
+        menu.showAndWait();
+        std::unique_ptr<SceneKiller> killer;
+        if (fetch<bool>("inItsSignal"))
             connect(menu.scene(), &QGraphicsScene::sceneRectChanged, &menu,
-                    [&menu] { delete menu.scene(); });
+                    [&] { delete menu.scene(); });
         else
-            menu.viewport()->installEventFilter(&killer);
-        const std::unique_ptr<KELRoundRectControl> control(makeControl({100, 40}));
+            killer = std::make_unique<SceneKiller>(&menu);
+        const std::unique_ptr<KELRoundRectControl> control(newControl());
         menu.addItem(control.get());
         QVERIFY(!menu.scene());
         QVERIFY(!control->scene());
@@ -485,13 +465,11 @@ private Q_SLOTS:
     // from elsewhere.
     void menuDeletedInASlotOfItsScene()
     {
-        const QPointer<OpenMenu> menu(new OpenMenu(nullptr));
-        add(menu);
-        menu->show();
-        QVERIFY(QTest::qWaitForWindowExposed(menu));
-        QObject context;
-        connect(menu->scene(), &QGraphicsScene::sceneRectChanged, &context,
-                [&menu] { delete menu; });
+        const QPointer<Menu> menu(new Menu);
+        menu->add();
+        menu->showAndWait();
+        const QObject context;
+        connect(menu->scene(), &QGraphicsScene::sceneRectChanged, &context, [&] { delete menu; });
         QResizeEvent event(QSize(800, 50), QSize(1, 1));
         menu->resizeEvent(&event);
         QVERIFY(!menu);
@@ -499,33 +477,32 @@ private Q_SLOTS:
 
     void deletedInASlotWhileAdded_data()
     {
-        QTest::addColumn<int>("moment");
-        QTest::addColumn<int>("victim");
-        const char *const moments[] = {"the selection comes", "the focus comes",
-                                       "the old parent loses the control",
-                                       "the control loses its parent"};
-        const char *const victims[] = {"the menu", "the scene", "the control"};
-        for (int i = 0; i < 4; ++i) {
-            for (int j = 0; j < 3; ++j)
-                QTest::addRow("%s, when %s", victims[j], moments[i]) << i << j;
-        }
+        addRows({{"victim",
+                  {{"the menu", int(Victim::Menu)},
+                   {"the scene", int(Victim::Scene)},
+                   {"the control", int(Victim::Control)}}},
+                 {"moment",
+                  {{"when the selection comes", int(Moment::SelectionComes)},
+                   {"when the focus comes", int(Moment::FocusComes)},
+                   {"when the old parent loses it", int(Moment::OldParentLosesIt)},
+                   {"when the control loses its parent", int(Moment::LosesItsParent)}}}});
     }
 
     void deletedInASlotWhileAdded()
     {
-        QFETCH(int, moment);
-        QFETCH(int, victim);
-        const QPointer<KELSideMenu> menu(new KELSideMenu);
+        const auto moment = fetch<Moment>("moment");
+        const auto victim = fetch<Victim>("victim");
+        const QPointer<Menu> menu(new Menu);
         QGraphicsScene *const scene = menu->scene();
-        if (moment != 1) // the only item gets the focus
-            add(menu);
+        if (moment != Moment::FocusComes) // the only item gets the focus
+            menu->add();
         menu->show();
         QApplication::setActiveWindow(menu);
         QVERIFY(QTest::qWaitForWindowActive(menu));
         QTRY_VERIFY(scene->isActive());
         menu->setFocus();
         KELRoundRectControl oldParent;
-        const QPointer<KELRoundRectControl> control(makeControl({100, 40}));
+        const QPointer<KELRoundRectControl> control(newControl());
         control->setFlags(QGraphicsItem::ItemIsFocusable | QGraphicsItem::ItemIsSelectable
                           | QGraphicsItem::ItemIsPanel);
         // Qt leaks the picture of a panel that gets the focus while it dies with its scene.
@@ -535,22 +512,22 @@ private Q_SLOTS:
         const auto act = [&] {
             if (++calls > 1)
                 return;
-            if (victim == 0)
+            if (victim == Victim::Menu)
                 delete menu;
-            else if (victim == 1)
+            else if (victim == Victim::Scene)
                 delete scene;
             else
                 delete control;
         };
-        if (moment == 0) {
+        if (moment == Moment::SelectionComes) {
             control->setSelected(true);
             connect(scene, &QGraphicsScene::selectionChanged, &context, act);
-        } else if (moment == 1) {
+        } else if (moment == Moment::FocusComes) {
             control->setFocus();
             connect(scene, &QGraphicsScene::focusItemChanged, &context, act);
         } else {
             control->setParentItem(&oldParent);
-            if (moment == 2)
+            if (moment == Moment::OldParentLosesIt)
                 connect(&oldParent, &QGraphicsObject::childrenChanged, &context, act);
             else
                 connect(control, &QGraphicsObject::parentChanged, &context, act);
@@ -558,7 +535,7 @@ private Q_SLOTS:
         menu->addItem(control);
         QVERIFY(calls > 0);
         QVERIFY(!control);
-        QCOMPARE(menu.isNull(), victim == 0);
+        QCOMPARE(menu.isNull(), victim == Victim::Menu);
         delete menu;
     }
 };
