@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
+#include "hand.h"
 #include "keltest.h"
+#include "rows.h"
 
 #include <kelapplicationnotify.h>
 
@@ -15,19 +17,18 @@ namespace {
 
 const QEvent::Type watchedType = QEvent::User;
 const QEvent::Type otherType = QEvent::Type(QEvent::User + 1);
+const std::vector<Named> acceptance = {{"accepted", true}, {"ignored", false}};
 
-// Writes down the types of the events that reach it.
+// Writes down the events that reach it.
 class Target : public QObject
 {
 public:
-    explicit Target(QStringList *log = nullptr) : m_log(log) { }
-    QList<int> types;
+    explicit Target(QStringList *log) : m_log(log) { }
 
     bool event(QEvent *event) override
     {
-        types.append(event->type());
-        if (m_log)
-            m_log->append(u"target"_s);
+        m_log->append(event->type() == watchedType ? u"target"_s
+                                                   : u"target %1"_s.arg(event->type()));
         return true;
     }
 
@@ -66,11 +67,70 @@ private:
     QStringList *const m_log;
 };
 
-void send(QObject *receiver, QEvent::Type type = watchedType)
+bool send(QObject *receiver, QEvent::Type type = watchedType, bool isAccepted = true)
 {
     QEvent event(type);
+    event.setAccepted(isAccepted);
     QCoreApplication::sendEvent(receiver, &event);
+    return event.isAccepted();
 }
+
+enum class Place { Nowhere, Target, Application };
+const std::vector<Named> places = {{"installed on the receiver", int(Place::Target)},
+                                   {"installed on the application", int(Place::Application)}};
+
+// A target with a notifier.
+class Watch
+{
+public:
+    explicit Watch(Place place = Place::Target, QEvent::Type type = watchedType) :
+        target(new Target(&m_log)), notifier(newNotifier(u"signal"_s, type))
+    {
+        if (place == Place::Target)
+            target->installEventFilter(notifier);
+        else if (place == Place::Application)
+            QCoreApplication::instance()->installEventFilter(notifier);
+    }
+    ~Watch()
+    {
+        delete notifier;
+        delete target;
+        delete m_other;
+    }
+
+    KELApplicationNotify *newNotifier(const QString &name, QEvent::Type type = watchedType)
+    {
+        auto *const made = new KELApplicationNotify(&m_parent, type);
+        QObject::connect(made, &KELApplicationNotify::notify, &m_parent,
+                         [this, name] { m_log.append(name); });
+        return made;
+    }
+    // One more on the target.
+    KELApplicationNotify *install(const QString &name, QEvent::Type type = watchedType)
+    {
+        m_other = newNotifier(name, type);
+        target->installEventFilter(m_other);
+        return m_other;
+    }
+    template <typename Slot>
+    void onSignal(const Slot &slot)
+    {
+        QObject::connect(notifier, &KELApplicationNotify::notify, &m_parent, slot);
+    }
+
+    // What happened since the last call: "signal target".
+    QString take() { return std::exchange(m_log, QStringList()).join(QLatin1Char(' ')); }
+
+private:
+    Q_DISABLE_COPY(Watch)
+    QStringList m_log;
+    QObject m_parent;
+    QPointer<KELApplicationNotify> m_other;
+
+public:
+    const QPointer<Target> target;
+    const QPointer<KELApplicationNotify> notifier;
+};
 
 } // namespace
 
@@ -83,9 +143,12 @@ private Q_SLOTS:
 
     void isAChildOfItsParent()
     {
-        QObject parent;
-        const auto *const notifier = new KELApplicationNotify(&parent, watchedType);
-        QCOMPARE(notifier->parent(), &parent);
+        auto parent = std::make_unique<QObject>();
+        const QPointer<KELApplicationNotify> notifier(
+            new KELApplicationNotify(parent.get(), watchedType));
+        QCOMPARE(notifier->parent(), parent.get());
+        parent.reset();
+        QVERIFY(!notifier);
         const KELApplicationNotify alone(nullptr, watchedType);
         QVERIFY(!alone.parent());
     }
@@ -104,285 +167,178 @@ private Q_SLOTS:
 
     void installsItselfNowhere()
     {
-        Target parent;
-        KELApplicationNotify notifier(&parent, watchedType);
-        const QSignalSpy spy(&notifier, &KELApplicationNotify::notify);
-        send(&parent);
+        Watch watch(Place::Nowhere);
+        watch.notifier->setParent(watch.target);
+        send(watch.target, QEvent::Type(watchedType));
         send(QCoreApplication::instance());
-        QCOMPARE(spy.count(), 0);
-        QCOMPARE(parent.types.count(int(watchedType)), 1);
+        QVERIFY(!watch.take().contains(u"signal"_s));
     }
 
     void watchedTypeIsForwarded_data()
     {
-        QTest::addColumn<int>("type");
-
-        QTest::newRow("a mouse press") << int(QEvent::MouseButtonPress);
-        QTest::newRow("a press in a scene") << 156;
-        QTest::newRow("a type of the application") << int(QEvent::User);
-        QTest::newRow("the last type") << int(QEvent::MaxUser);
-        QTest::newRow("no type") << int(QEvent::None);
+        addRows({{"type",
+                  {{"a mouse press", QEvent::MouseButtonPress},
+                   {"a press in a scene", 156},
+                   {"another type of the application", otherType},
+                   {"the last type", QEvent::MaxUser},
+                   {"no type", QEvent::None}}}});
     }
 
     void watchedTypeIsForwarded()
     {
-        QFETCH(int, type);
-        Target target;
-        KELApplicationNotify notifier(nullptr, QEvent::Type(type));
-        target.installEventFilter(&notifier);
-        const QSignalSpy spy(&notifier, &KELApplicationNotify::notify);
-        send(&target, QEvent::Type(type));
-        QCOMPARE(spy.count(), 1);
-        send(&target, QEvent::Type(type));
-        QCOMPARE(spy.count(), 2);
-        QCOMPARE(target.types, QList<int>({type, type}));
+        const auto type = fetch<QEvent::Type>("type");
+        Watch watch(Place::Target, type);
+        send(watch.target, type);
+        send(watch.target, watchedType);
+        send(watch.target, type);
+        const QString target = u"target %1"_s.arg(type);
+        QCOMPARE(watch.take(), u"signal %1 target signal %1"_s.arg(target));
     }
 
     void otherTypePassesUnseen_data()
     {
-        QTest::addColumn<int>("type");
-
-        QTest::newRow("the next type") << int(otherType);
-        QTest::newRow("the type before") << int(watchedType) - 1;
-        QTest::newRow("a mouse press") << int(QEvent::MouseButtonPress);
-        QTest::newRow("no type") << int(QEvent::None);
+        addRows({{"type",
+                  {{"the next type", otherType},
+                   {"the type before", watchedType - 1},
+                   {"a mouse press", QEvent::MouseButtonPress},
+                   {"no type", QEvent::None}}}});
     }
 
     void otherTypePassesUnseen()
     {
-        QFETCH(int, type);
-        Target target;
-        KELApplicationNotify notifier(nullptr, watchedType);
-        target.installEventFilter(&notifier);
-        const QSignalSpy spy(&notifier, &KELApplicationNotify::notify);
-        send(&target, QEvent::Type(type));
-        QCOMPARE(spy.count(), 0);
-        QCOMPARE(target.types, QList<int>({type}));
+        Watch watch;
+        send(watch.target, fetch<QEvent::Type>("type"));
+        QCOMPARE(watch.take(), u"target %1"_s.arg(fetch<int>("type")));
     }
 
     void ignoredEventIsNotForwarded()
     {
-        Target target;
-        KELApplicationNotify notifier(nullptr, watchedType);
-        target.installEventFilter(&notifier);
-        const QSignalSpy spy(&notifier, &KELApplicationNotify::notify);
-        QEvent event(watchedType);
-        event.ignore();
-        QCoreApplication::sendEvent(&target, &event);
-        QCOMPARE(spy.count(), 0);
-        QCOMPARE(target.types, QList<int>({watchedType}));
-        QVERIFY(!event.isAccepted());
-    }
-
-    void acceptedEventIsForwardedAgain()
-    {
-        Target target;
-        KELApplicationNotify notifier(nullptr, watchedType);
-        target.installEventFilter(&notifier);
-        const QSignalSpy spy(&notifier, &KELApplicationNotify::notify);
-        QEvent event(watchedType);
-        event.ignore();
-        event.accept();
-        QCoreApplication::sendEvent(&target, &event);
-        QCOMPARE(spy.count(), 1);
-        QVERIFY(event.isAccepted());
+        Watch watch;
+        QVERIFY(!send(watch.target, watchedType, false));
+        QCOMPARE(watch.take(), u"target"_s);
+        QVERIFY(send(watch.target));
+        QCOMPARE(watch.take(), u"signal target"_s);
     }
 
     void filterReturnsFalse_data()
     {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<bool>("accepted");
-
-        QTest::newRow("watched type") << int(watchedType) << true;
-        QTest::newRow("watched type, ignored") << int(watchedType) << false;
-        QTest::newRow("other type") << int(otherType) << true;
-        QTest::newRow("other type, ignored") << int(otherType) << false;
+        addRows({{"type", {{"watched type", watchedType}, {"other type", otherType}}},
+                 {"accepted", acceptance}});
     }
 
     void filterReturnsFalse()
     {
-        QFETCH(int, type);
-        QFETCH(bool, accepted);
-        QObject watched;
-        KELApplicationNotify notifier(nullptr, watchedType);
-        QEvent event{QEvent::Type(type)};
-        event.setAccepted(accepted);
-        QCOMPARE(notifier.eventFilter(&watched, &event), false);
-        QCOMPARE(event.isAccepted(), accepted);
+        const bool isAccepted = fetch<bool>("accepted");
+        const Watch watch;
+        QEvent event{fetch<QEvent::Type>("type")};
+        event.setAccepted(isAccepted);
+        QCOMPARE(watch.notifier->eventFilter(watch.target, &event), false);
+        QCOMPARE(event.isAccepted(), isAccepted);
     }
 
     void filterReturnsFalseWithoutAWatchedObject()
     {
-        KELApplicationNotify notifier(nullptr, watchedType);
-        const QSignalSpy spy(&notifier, &KELApplicationNotify::notify);
+        Watch watch;
         QEvent event(watchedType);
-        QCOMPARE(notifier.eventFilter(nullptr, &event), false);
-        QCOMPARE(spy.count(), 1);
+        QCOMPARE(watch.notifier->eventFilter(nullptr, &event), false);
+        QCOMPARE(watch.take(), u"signal"_s);
     }
 
     // Weak pointers to it are null before a slot runs: no slot destroyed it.
     void filterReturnsFalseForAnObjectInItsDestructor()
     {
-        KELApplicationNotify notifier(nullptr, watchedType);
+        Watch watch;
         auto *const watched = new QObject;
         const QPointer<QObject> weak(watched);
-        int calls = 0;
-        connect(watched, &QObject::destroyed, this, [&notifier, &calls](QObject *dying) {
+        connect(watched, &QObject::destroyed, this, [&](QObject *dying) {
+            QVERIFY(!weak);
             QEvent event(watchedType);
-            QCOMPARE(notifier.eventFilter(dying, &event), false);
-            ++calls;
+            QCOMPARE(watch.notifier->eventFilter(dying, &event), false);
         });
         delete watched;
-        QCOMPARE(calls, 1);
+        QCOMPARE(watch.take(), u"signal"_s);
     }
 
     void argumentsAreThoseOfTheEvent()
     {
-        Target target;
-        KELApplicationNotify notifier(nullptr, watchedType);
-        target.installEventFilter(&notifier);
+        Watch watch;
         QEvent event(watchedType);
-        int calls = 0;
-        connect(&notifier, &KELApplicationNotify::notify, &target,
-                [&](QObject *watched, QEvent *forwarded) {
-                    ++calls;
-                    QCOMPARE(watched, &target);
-                    QCOMPARE(forwarded, &event);
-                    QCOMPARE(forwarded->type(), watchedType);
-                });
-        QCoreApplication::sendEvent(&target, &event);
-        QCOMPARE(calls, 1);
-    }
-
-    void signalComesBeforeTheTarget()
-    {
-        QStringList log;
-        Target target(&log);
-        KELApplicationNotify notifier(nullptr, watchedType);
-        target.installEventFilter(&notifier);
-        connect(&notifier, &KELApplicationNotify::notify, &notifier,
-                [&] { log.append(u"signal"_s); });
-        send(&target);
-        QCOMPARE(log, QStringList({"signal", "target"}));
-    }
-
-    void everyEventReachesItsTarget()
-    {
-        Target target;
-        KELApplicationNotify notifier(nullptr, watchedType);
-        target.installEventFilter(&notifier);
-        const QList<int> types = {watchedType, otherType, watchedType, QEvent::MouseButtonPress};
-        for (const int type : types)
-            send(&target, QEvent::Type(type));
-        QCOMPARE(target.types, types);
+        watch.onSignal([&](QObject *watched, QEvent *forwarded) {
+            QCOMPARE(watched, watch.target.data());
+            QCOMPARE(forwarded, &event);
+            QCOMPARE(forwarded->type(), watchedType);
+        });
+        QCoreApplication::sendEvent(watch.target, &event);
+        QCOMPARE(watch.take(), u"signal target"_s);
     }
 
     void lastInstalledComesFirst()
     {
-        QStringList log;
-        Target target(&log);
-        KELApplicationNotify first(nullptr, watchedType);
-        KELApplicationNotify second(nullptr, watchedType);
-        connect(&first, &KELApplicationNotify::notify, &first,
-                [&] { log.append(u"installed first"_s); });
-        connect(&second, &KELApplicationNotify::notify, &second,
-                [&] { log.append(u"installed last"_s); });
-        target.installEventFilter(&first);
-        target.installEventFilter(&second);
-        send(&target);
-        QCOMPARE(log, QStringList({"installed last", "installed first", "target"}));
-        log.clear();
-        target.installEventFilter(&first);
-        send(&target);
-        QCOMPARE(log, QStringList({"installed first", "installed last", "target"}));
+        Watch watch;
+        watch.install(u"last"_s);
+        send(watch.target);
+        QCOMPARE(watch.take(), u"last signal target"_s);
+        watch.target->installEventFilter(watch.notifier);
+        send(watch.target);
+        QCOMPARE(watch.take(), u"signal last target"_s);
     }
 
     void eventIgnoredInASlotIsUnseenByTheNextFilter()
     {
-        Target target;
-        KELApplicationNotify next(nullptr, watchedType);
-        KELApplicationNotify ignoring(nullptr, watchedType);
-        target.installEventFilter(&next);
-        target.installEventFilter(&ignoring);
-        connect(&ignoring, &KELApplicationNotify::notify, &target,
+        Watch watch;
+        connect(watch.install(u"ignoring"_s), &KELApplicationNotify::notify, this,
                 [](QObject * /*watched*/, QEvent *event) { event->ignore(); });
-        const QSignalSpy spy(&next, &KELApplicationNotify::notify);
-        send(&target);
-        QCOMPARE(spy.count(), 0);
-        QCOMPARE(target.types, QList<int>({watchedType}));
+        send(watch.target);
+        QCOMPARE(watch.take(), u"ignoring target"_s);
     }
 
     void twoTypesOnOneObject()
     {
-        Target target;
-        KELApplicationNotify one(nullptr, watchedType);
-        KELApplicationNotify other(nullptr, otherType);
-        target.installEventFilter(&one);
-        target.installEventFilter(&other);
-        const QSignalSpy spyOfOne(&one, &KELApplicationNotify::notify);
-        const QSignalSpy spyOfOther(&other, &KELApplicationNotify::notify);
-        send(&target, watchedType);
-        QCOMPARE(spyOfOne.count(), 1);
-        QCOMPARE(spyOfOther.count(), 0);
-        send(&target, otherType);
-        QCOMPARE(spyOfOne.count(), 1);
-        QCOMPARE(spyOfOther.count(), 1);
+        Watch watch;
+        watch.install(u"other"_s, otherType);
+        send(watch.target, watchedType);
+        QCOMPARE(watch.take(), u"signal target"_s);
+        send(watch.target, otherType);
+        QCOMPARE(watch.take(), u"other target %1"_s.arg(otherType));
     }
 
-    void injectedEventIsForwarded_data()
-    {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<bool>("accepted");
+    void injectedEventIsForwarded_data() { filterReturnsFalse_data(); }
 
-        QTest::newRow("watched type") << int(watchedType) << true;
-        QTest::newRow("watched type, ignored") << int(watchedType) << false;
-        QTest::newRow("other type") << int(otherType) << true;
-    }
-
+    // Any event, and it is not delivered.
     void injectedEventIsForwarded()
     {
-        QFETCH(int, type);
-        QFETCH(bool, accepted);
-        Target target;
-        KELApplicationNotify notifier(nullptr, watchedType);
-        QSignalSpy spy(&notifier, &KELApplicationNotify::notify);
-        QEvent event{QEvent::Type(type)};
-        event.setAccepted(accepted);
-        notifier.toNotify(&target, &event);
-        QCOMPARE(spy.count(), 1);
-        QCOMPARE(spy.at(0).at(0).value<QObject *>(), &target);
+        Watch watch;
+        QSignalSpy spy(watch.notifier, &KELApplicationNotify::notify);
+        QEvent event{fetch<QEvent::Type>("type")};
+        event.setAccepted(fetch<bool>("accepted"));
+        watch.notifier->toNotify(watch.target, &event);
+        QCOMPARE(watch.take(), u"signal"_s);
+        QCOMPARE(spy.at(0).at(0).value<QObject *>(), watch.target.data());
         QCOMPARE(spy.at(0).at(1).value<QEvent *>(), &event);
-        // An injected event is not delivered.
-        QCOMPARE(target.types, QList<int>());
-        notifier.toNotify(nullptr, nullptr);
-        QCOMPARE(spy.count(), 2);
+        watch.notifier->toNotify(nullptr, nullptr);
+        QCOMPARE(watch.take(), u"signal"_s);
         QCOMPARE(spy.at(1).at(0).value<QObject *>(), nullptr);
     }
 
     void slotCanBeCalledByName()
     {
-        KELApplicationNotify notifier(nullptr, watchedType);
-        const QSignalSpy spy(&notifier, &KELApplicationNotify::notify);
+        Watch watch;
         QEvent event(watchedType);
-        QVERIFY(QMetaObject::invokeMethod(&notifier, "toNotify", Qt::DirectConnection,
+        QVERIFY(QMetaObject::invokeMethod(watch.notifier.data(), "toNotify", Qt::DirectConnection,
                                           Q_ARG(QObject *, this), Q_ARG(QEvent *, &event)));
-        QCOMPARE(spy.count(), 1);
+        QCOMPARE(watch.take(), u"signal"_s);
     }
 
     void applicationWideWatchSeesEveryReceiver()
     {
-        KELApplicationNotify notifier(nullptr, watchedType);
-        QCoreApplication::instance()->installEventFilter(&notifier);
+        Watch watch(Place::Application);
         QObjectList receivers;
-        connect(&notifier, &KELApplicationNotify::notify, this,
-                [&](QObject *watched) { receivers.append(watched); });
-        Target object;
+        watch.onSignal([&](QObject *watched) { receivers.append(watched); });
         QWidget widget;
-        send(&object);
-        send(&widget);
-        send(QCoreApplication::instance());
-        QCOMPARE(receivers, QObjectList({&object, &widget, QCoreApplication::instance()}));
-        QCoreApplication::instance()->removeEventFilter(&notifier);
+        const QObjectList sent = {watch.target, &widget, QCoreApplication::instance()};
+        for (QObject *receiver : sent)
+            send(receiver);
+        QCOMPARE(receivers, sent);
     }
 
     void realPressIsSeenAtTheWindowAndAtTheWidget()
@@ -392,18 +348,14 @@ private Q_SLOTS:
         widget.resize(200, 100);
         widget.show();
         QVERIFY(QTest::qWaitForWindowExposed(&widget));
-        KELApplicationNotify notifier(nullptr, QEvent::MouseButtonPress);
-        QCoreApplication::instance()->installEventFilter(&notifier);
-        connect(&notifier, &KELApplicationNotify::notify, &widget, [&](QObject *watched) {
+        Watch watch(Place::Application, QEvent::MouseButtonPress);
+        watch.onSignal([&](QObject *watched) {
             log.append(watched == &widget                     ? u"signal, widget"_s
                            : watched == widget.windowHandle() ? u"signal, window"_s
                                                               : u"signal, other"_s);
         });
-        QTest::mousePress(widget.windowHandle(), Qt::LeftButton, Qt::NoModifier, QPoint(50, 50));
+        WindowHand().tap(&widget, QPoint(50, 50));
         QCOMPARE(log, QStringList({"signal, window", "signal, widget", "target"}));
-        QTest::mouseRelease(widget.windowHandle(), Qt::LeftButton, Qt::NoModifier, QPoint(50, 50));
-        QCOMPARE(log.size(), 3);
-        QCoreApplication::instance()->removeEventFilter(&notifier);
     }
 
     void scenePressIsSeenAtTheItem()
@@ -411,133 +363,87 @@ private Q_SLOTS:
         QStringList log;
         KelTestView view;
         auto *item = new PressItem(&log);
+        item->setPos(100, 100);
         view.ownScene.addItem(item);
-        QVERIFY(view.showAndWait());
-        KELApplicationNotify notifier(nullptr, QEvent::GraphicsSceneMousePress);
-        QCoreApplication::instance()->installEventFilter(&notifier);
-        connect(&notifier, &KELApplicationNotify::notify, &view, [&](QObject *watched) {
+        Hand hand(&view);
+        hand.hover(QPoint(10, 10)); // shows the view
+        Watch watch(Place::Application, QEvent::GraphicsSceneMousePress);
+        watch.onSignal([&](QObject *watched) {
             log.append(watched == item ? u"signal, item"_s : u"signal, other"_s);
         });
-        view.press(QPoint(50, 50));
+        hand.tap(view.centreOf(item));
         QCOMPARE(log, QStringList({"signal, item", "item"}));
-        view.release(QPoint(50, 50));
-        QCoreApplication::instance()->removeEventFilter(&notifier);
     }
 
     void removedFilterIsSilent()
     {
-        Target target;
-        KELApplicationNotify notifier(nullptr, watchedType);
-        const QSignalSpy spy(&notifier, &KELApplicationNotify::notify);
-        target.installEventFilter(&notifier);
-        target.removeEventFilter(&notifier);
-        send(&target);
-        QCOMPARE(spy.count(), 0);
-        QCOMPARE(target.types, QList<int>({watchedType}));
+        Watch watch;
+        watch.target->removeEventFilter(watch.notifier);
+        send(watch.target);
+        QCOMPARE(watch.take(), u"target"_s);
     }
+
+    void destroyedNotifierIsForgotten_data() { addRows({{"place", places}}); }
 
     void destroyedNotifierIsForgotten()
     {
-        Target target;
-        auto notifier = std::make_unique<KELApplicationNotify>(nullptr, watchedType);
-        target.installEventFilter(notifier.get());
-        QCoreApplication::instance()->installEventFilter(notifier.get());
-        notifier.reset();
-        send(&target);
-        QCOMPARE(target.types, QList<int>({watchedType}));
+        Watch watch(fetch<Place>("place"));
+        delete watch.notifier;
+        send(watch.target);
+        QCOMPARE(watch.take(), u"target"_s);
     }
 
-    void diesWithItsParent()
-    {
-        auto parent = std::make_unique<QObject>();
-        const QPointer<KELApplicationNotify> notifier(
-            new KELApplicationNotify(parent.get(), watchedType));
-        parent.reset();
-        QVERIFY(!notifier);
-    }
+    void watchedDestroyedByASlot_data() { addRows({{"place", places}}); }
 
+    // Qt must not go on to it, nor to its other filters.
     void watchedDestroyedByASlot()
     {
-        const QPointer<Target> target(new Target);
-        KELApplicationNotify notifier(nullptr, watchedType);
-        KELApplicationNotify next(nullptr, watchedType);
-        target->installEventFilter(&next);
-        target->installEventFilter(&notifier);
-        connect(&notifier, &KELApplicationNotify::notify, &notifier,
-                [](QObject *watched) { delete watched; });
-        const QSignalSpy spy(&next, &KELApplicationNotify::notify);
-        send(target);
-        QVERIFY(!target);
-        QCOMPARE(spy.count(), 0);
+        Watch watch(fetch<Place>("place"));
+        watch.install(u"next"_s);
+        if (fetch<Place>("place") == Place::Target)
+            watch.target->installEventFilter(watch.notifier); // the first
+        watch.onSignal([](QObject *watched) { delete watched; });
+        send(watch.target);
+        QVERIFY(!watch.target);
+        QCOMPARE(watch.take(), u"signal"_s);
         QEvent event(watchedType);
-        QVERIFY(notifier.eventFilter(new Target, &event));
+        QVERIFY(watch.notifier->eventFilter(new QObject, &event));
     }
 
-    void watchedDestroyedByASlotOfAnApplicationWideWatch()
-    {
-        const QPointer<Target> target(new Target);
-        KELApplicationNotify notifier(nullptr, watchedType);
-        QCoreApplication::instance()->installEventFilter(&notifier);
-        connect(&notifier, &KELApplicationNotify::notify, &notifier,
-                [](QObject *watched) { delete watched; });
-        send(target);
-        QVERIFY(!target);
-        QCoreApplication::instance()->removeEventFilter(&notifier);
-    }
-
-    void notifierDestroyedByASlot_data()
-    {
-        QTest::addColumn<bool>("applicationWide");
-
-        QTest::newRow("installed on the receiver") << false;
-        QTest::newRow("installed on the application") << true;
-    }
+    void notifierDestroyedByASlot_data() { addRows({{"place", places}}); }
 
     void notifierDestroyedByASlot()
     {
-        QFETCH(bool, applicationWide);
-        Target target;
-        auto *const notifier = new KELApplicationNotify(nullptr, watchedType);
-        const QPointer<KELApplicationNotify> alive(notifier);
-        QObject *const installedOn = applicationWide ? QCoreApplication::instance()
-                                                     : static_cast<QObject *>(&target);
-        installedOn->installEventFilter(notifier);
-        connect(notifier, &KELApplicationNotify::notify, &target, [notifier] { delete notifier; });
-        send(&target);
-        QVERIFY(!alive);
-        QCOMPARE(target.types, QList<int>({watchedType}));
-        send(&target);
-        QCOMPARE(target.types.size(), 2);
+        Watch watch(fetch<Place>("place"));
+        watch.onSignal([&] { delete watch.notifier; });
+        send(watch.target);
+        QVERIFY(!watch.notifier);
+        send(watch.target);
+        QCOMPARE(watch.take(), u"signal target target"_s);
     }
 
     void notifierAndWatchedDestroyedByASlot()
     {
-        const QPointer<Target> target(new Target);
-        const QPointer<KELApplicationNotify> notifier(
-            new KELApplicationNotify(nullptr, watchedType));
-        QCoreApplication::instance()->installEventFilter(notifier);
-        connect(notifier, &KELApplicationNotify::notify, this, [&](QObject *watched) {
-            delete notifier;
+        Watch watch(Place::Application);
+        watch.onSignal([&](QObject *watched) {
+            delete watch.notifier;
             delete watched;
         });
-        send(target);
-        QVERIFY(!notifier);
-        QVERIFY(!target);
+        send(watch.target);
+        QVERIFY(!watch.notifier);
+        QVERIFY(!watch.target);
     }
 
     void nestedEventIsForwarded()
     {
-        Target target;
-        KELApplicationNotify notifier(nullptr, watchedType);
-        target.installEventFilter(&notifier);
+        Watch watch;
         int calls = 0;
-        connect(&notifier, &KELApplicationNotify::notify, &target, [&] {
+        watch.onSignal([&] {
             if (++calls == 1)
-                send(&target);
+                send(watch.target);
         });
-        send(&target);
-        QCOMPARE(calls, 2);
-        QCOMPARE(target.types.size(), 2);
+        send(watch.target);
+        QCOMPARE(watch.take(), u"signal signal target target"_s);
     }
 };
 
