@@ -112,6 +112,8 @@ const std::vector<NamedLook> &looks()
         {"long caption, untrimmed", untrimmed(longText)},
         {"long caption, untrimmed, one line",
          untrimmed(longText, Qt::AlignLeft | Qt::TextSingleLine)},
+        {"caption with trailing blanks that do not fit",
+         caption(u"Caption"_s + QString(60, QLatin1Char(' ')))},
         {"caption of three lines", caption(u"One\n\nTwo lines\n3"_s)},
         {"caption of three lines, untrimmed", untrimmed(u"One\n\nTwo\n3"_s)},
         {"caption at the top left", caption(u"Caption"_s, 0)},

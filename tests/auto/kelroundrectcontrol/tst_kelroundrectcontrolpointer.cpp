@@ -321,6 +321,17 @@ private Q_SLOTS:
         QVERIFY(stage->isMouseDown());
     }
 
+    // Nobody says so when the buttons are switched off.
+    void lostPressDoesNotBecomeLong()
+    {
+        PlainStage stage;
+        stage.hand.press(stage.centre());
+        stage->setAcceptedMouseButtons(Qt::NoButton);
+        endLongPressTime(stage.control);
+        QVERIFY(!stage->style()->isMouseDown);
+        QCOMPARE(stage.log.take(), u"press"_s);
+    }
+
     void otherButtons_data()
     {
         addRows(
