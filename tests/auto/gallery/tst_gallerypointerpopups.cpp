@@ -1,0 +1,191 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "galleryuser.h"
+
+// What a mouse does to the dialog, the panels and the popup of the gallery.
+class tst_GalleryPointerPopups : public KelTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanupTestCase() { QCOMPARE(m_user.quit(), QString()); }
+
+    void wrongPinShakesAndRightPinIsAccepted()
+    {
+        QVERIFY(m_user.open("dialog-base"));
+        QVERIFY(openDialog());
+        m_user.tapAll({"key-2", "key-5", "key-8", "key-1"});
+        COMPARE_CHANGES(m_user, "Dialog: shaken");
+        m_user.tapAll({"key-2", "key-5", "key-8", "key-0"});
+        COMPARE_CHANGES(m_user, "Dialog: accepted");
+        QCOMPARE(m_user.windows("PIN", 0), QStringList());
+        // Each time it begins with nothing entered, and a key too many can be taken back.
+        QVERIFY(openDialog());
+        m_user.tapAll({"key-2", "key-5", "key-7", "key-delete", "key-8", "key-0"});
+        COMPARE_CHANGES(m_user, "Dialog: accepted");
+        QCOMPARE(m_user.windows("PIN", 0), QStringList());
+    }
+
+    void shakenDialogComesToRestInTheMiddle()
+    {
+        QVERIFY(m_user.open("dialog-base"));
+        QVERIFY(openDialog());
+        const QString middle = m_user.placeOf("PIN");
+        QVERIFY2(middle.contains("X=200\nY=115\nWIDTH=400\nHEIGHT=250\n"), qPrintable(middle));
+        // Fast enough for the second shake to begin during the first.
+        m_user.tapRepeatedly(m_user.geometryOf("key-5").center(), 8, 20);
+        COMPARE_CHANGES(m_user, "Dialog: shaken, shaken");
+        QTest::qWait(350); // a shake takes 300 ms, and passes the middle on its way
+        QTRY_COMPARE_WITH_TIMEOUT(m_user.placeOf("PIN"), middle, 20000);
+        m_user.tap("key-cancel");
+        COMPARE_CHANGES(m_user, "Dialog: rejected");
+        QCOMPARE(m_user.windows("PIN", 0), QStringList());
+    }
+
+    void cancelRejectsTheDialog()
+    {
+        QVERIFY(m_user.open("dialog-base"));
+        QVERIFY(openDialog());
+        m_user.tapAll({"key-2", "key-5", "key-cancel"});
+        COMPARE_CHANGES(m_user, "Dialog: rejected");
+        QCOMPARE(m_user.windows("PIN", 0), QStringList());
+    }
+
+    void dialogBlocksTheWindow()
+    {
+        QVERIFY(m_user.open("dialog-base"));
+        QVERIFY(openDialog());
+        // Neither the button, whose upper half is free, nor another page, which would take the
+        // dialog away.
+        const QPoint free = m_user.geometryOf("enter-pin").topLeft() + QPoint(20, 20);
+        m_user.tapAt(free);
+        m_user.tapAll({"nav-data-bind", "key-2", "key-5", "key-8", "key-0"});
+        COMPARE_CHANGES(m_user, "Dialog: accepted");
+        m_user.tapAt(free);
+        COMPARE_CHANGES(m_user, "Dialog: opened");
+        QCOMPARE(m_user.windows("PIN", 1), QStringList{"PIN"});
+        m_user.tap("key-cancel");
+        COMPARE_CHANGES(m_user, "Dialog: rejected");
+    }
+
+    void pressOutsideClosesThePanel()
+    {
+        QVERIFY(m_user.open("non-modal-dialog"));
+        m_user.tap("open-settings");
+        COMPARE_CHANGES(m_user, "Settings panel: shown");
+        QCOMPARE(m_user.windows("Settings panel", 1), QStringList{"Settings panel"});
+        m_user.tap("panel-switch");
+        COMPARE_CHANGES(m_user, "Night mode: checked, checkChanged");
+        QCOMPARE(m_user.windows("Settings panel", 1), QStringList{"Settings panel"});
+        m_user.tapNothing();
+        COMPARE_CHANGES(m_user, "Settings panel: hidden, disappeared");
+        QCOMPARE(m_user.windows("Settings panel", 0), QStringList());
+        m_user.tapNothing();
+    }
+
+    void openerClosesThePanelForGood()
+    {
+        QVERIFY(m_user.open("non-modal-dialog"));
+        for (int i = 0; i < 2; ++i) {
+            m_user.tap("open-settings");
+            COMPARE_CHANGES(m_user, "Settings panel: shown");
+            m_user.tap("open-settings");
+            COMPARE_CHANGES(m_user, "Settings panel: hidden");
+        }
+        // No wish to ignore a press is left over.
+        m_user.tap("open-settings");
+        COMPARE_CHANGES(m_user, "Settings panel: shown");
+        m_user.tapNothing();
+        COMPARE_CHANGES(m_user, "Settings panel: hidden, disappeared");
+    }
+
+    void oneStepShowsAtATime()
+    {
+        QVERIFY(m_user.open("non-modal-dialog"));
+        m_user.tap("open-steps");
+        COMPARE_CHANGES(m_user, "First step: shown");
+        QCOMPARE(m_user.windows("First step", 1), QStringList{"First step"});
+        m_user.tap("go-forth");
+        COMPARE_CHANGES(m_user, "First step: hidden; Second step: shown");
+        QTRY_COMPARE(m_user.windows("step", 1), QStringList{"Second step"});
+        m_user.tap("go-back");
+        COMPARE_CHANGES(m_user, "Second step: hidden; First step: shown");
+        QTRY_COMPARE(m_user.windows("step", 1), QStringList{"First step"});
+        m_user.tapNothing();
+        COMPARE_CHANGES(m_user, "First step: hidden, disappeared");
+    }
+
+    void openerClosesEitherStep()
+    {
+        QVERIFY(m_user.open("non-modal-dialog"));
+        m_user.tap("open-steps");
+        COMPARE_CHANGES(m_user, "First step: shown");
+        QCOMPARE(m_user.windows("First step", 1), QStringList{"First step"});
+        m_user.tap("go-forth");
+        COMPARE_CHANGES(m_user, "First step: hidden; Second step: shown");
+        m_user.tap("open-steps");
+        COMPARE_CHANGES(m_user, "Second step: hidden");
+        m_user.tap("open-steps");
+        COMPARE_CHANGES(m_user, "First step: shown");
+        // The other opener is outside: it closes this panel before it opens its own.
+        m_user.tap("open-settings");
+        QVERIFY(m_user.waitFor("Settings panel: shown"));
+        QCOMPARE(m_user.windows("step", 0), QStringList());
+        m_user.tapNothing();
+        QVERIFY(m_user.waitFor("Settings panel: disappeared"));
+        m_user.takeLines();
+    }
+
+    void panelGoesWithItsPage()
+    {
+        QVERIFY(m_user.start("non-modal-dialog"));
+        m_user.tap("open-steps");
+        COMPARE_CHANGES(m_user, "First step: shown");
+        QCOMPARE(m_user.windows("First step", 1), QStringList{"First step"});
+        m_user.tap("nav-non-modal-helper");
+        COMPARE_CHANGES(m_user, "First step: hidden");
+        QCOMPARE(m_user.windows("First step", 0), QStringList());
+        m_user.tapAt(m_user.geometryOf("timeout-5000", "non-modal-helper").center());
+        COMPARE_CHANGES(m_user, "Time-out: idChanged 2");
+    }
+
+    void pressBesideThePopupClosesIt()
+    {
+        QVERIFY(m_user.open("non-modal-helper"));
+        const QRect popup = m_user.geometryOf("popup-content");
+        for (int i = 0; i < 2; ++i) {
+            m_user.tap("open-popup");
+            COMPARE_CHANGES(m_user, "Popup: shown");
+            m_user.tapAt(popup.center());
+            COMPARE_GESTURES(m_user, "Popup: press, release, clicked");
+            m_user.tapAt(popup.topLeft() - QPoint(8, 8));
+            COMPARE_CHANGES(m_user, "Popup: hidden");
+        }
+    }
+
+    void openerClosesThePopupForGood()
+    {
+        QVERIFY(m_user.open("non-modal-helper"));
+        for (int i = 0; i < 2; ++i) {
+            m_user.tap("open-popup");
+            COMPARE_CHANGES(m_user, "Popup: shown");
+            m_user.tap("open-popup");
+            COMPARE_CHANGES(m_user, "Popup: hidden");
+        }
+    }
+
+private:
+    // Until it can be tapped.
+    bool openDialog()
+    {
+        m_user.tap("enter-pin");
+        return m_user.changes("Dialog: opened") == "Dialog: opened"
+            && m_user.windows("PIN", 1).size() == 1;
+    }
+
+    GalleryUser m_user;
+};
+
+KEL_TEST_MAIN(tst_GalleryPointerPopups)
+#include "tst_gallerypointerpopups.moc"
