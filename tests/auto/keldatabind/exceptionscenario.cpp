@@ -4,14 +4,13 @@
 // Throws in the way its argument names, while a binding calls. Exits with 42 when that ends the
 // program as std::terminate() does, and with 1 when the exception leaves the binding.
 
-#include <keldatabind.h>
+#include "bindactors.h"
 
 #include <QtCore/QCoreApplication>
 
 #include <cstdlib>
 #include <cstring>
 #include <exception>
-#include <functional>
 
 namespace {
 
@@ -21,61 +20,19 @@ struct Thrown
 {
 };
 
-class Actor : public QObject
+void fail()
 {
-    Q_OBJECT
-    Q_PROPERTY(int value READ value WRITE setValue NOTIFY valueChanged)
-
-public:
-    int value() const
-    {
-        if (throwsInGetter)
-            throw Thrown();
-        return m_value;
-    }
-    void setValue(int value)
-    {
-        if (throwsInSetter)
-            throw Thrown();
-        m_value = value;
-        Q_EMIT valueChanged();
-    }
-
-    bool throwsInGetter = false;
-    bool throwsInSetter = false;
-    bool throwsWhenConnected = false;
-
-Q_SIGNALS:
-    void valueChanged();
-
-protected:
-    void connectNotify(const QMetaMethod & /*signal*/) override
-    {
-        if (throwsWhenConnected)
-            throw Thrown();
-    }
-
-private:
-    int m_value = 0;
-};
-
-class Converter final : public IKELValueConverter
-{
-public:
-    QVariant Convert(QObject * /*object*/, const QVariant & /*value*/) override { throw Thrown(); }
-    QVariant ConvertBack(QObject * /*object*/, const QVariant & /*value*/) override
-    {
-        throw Thrown();
-    }
-};
+    throw Thrown();
+}
 
 struct Stage
 {
-    Actor source;
-    Actor destination;
-    Converter converter;
+    Actor source{0};
+    Actor destination{0};
+    HookedConverter converter;
     KELDataBind binding;
 
+    Stage() { converter.onConvert = fail; }
     void setBind(IKELValueConverter *valueConverter = nullptr)
     {
         binding.setBind(&source, "value", &destination, "value", KELDataBind::OneWay,
@@ -92,29 +49,29 @@ struct Scenario
 const Scenario scenarios[] = {
     {"getter-in-set-bind",
      [](Stage &stage) {
-         stage.destination.throwsInGetter = true;
+         stage.destination.onRead = fail;
          stage.setBind();
      }},
     {"setter-in-set-bind",
      [](Stage &stage) {
-         stage.source.throwsInSetter = true;
+         stage.source.onWrite = fail;
          stage.setBind();
      }},
     {"connection-in-set-bind",
      [](Stage &stage) {
-         stage.source.throwsWhenConnected = true;
+         stage.source.onConnect = fail;
          stage.setBind();
      }},
     {"getter-in-update",
      [](Stage &stage) {
          stage.setBind();
-         stage.destination.throwsInGetter = true;
+         stage.destination.onRead = fail;
          stage.binding.update();
      }},
     {"setter-in-update",
      [](Stage &stage) {
          stage.setBind();
-         stage.source.throwsInSetter = true;
+         stage.source.onWrite = fail;
          stage.binding.update();
      }},
     {"converter-in-update",
@@ -132,19 +89,19 @@ const Scenario scenarios[] = {
      [](Stage &stage) {
          stage.setBind();
          stage.binding.unbind();
-         stage.source.throwsWhenConnected = true;
+         stage.source.onConnect = fail;
          stage.binding.bind();
      }},
     {"getter-in-a-change",
      [](Stage &stage) {
          stage.setBind();
-         stage.source.throwsInGetter = true;
+         stage.source.onRead = fail;
          stage.source.setValue(1);
      }},
     {"setter-in-a-change",
      [](Stage &stage) {
          stage.setBind();
-         stage.destination.throwsInSetter = true;
+         stage.destination.onWrite = fail;
          stage.source.setValue(1);
      }},
     {"converter-in-a-change",
@@ -173,5 +130,3 @@ int main(int argc, char *argv[])
     }
     return 2;
 }
-
-#include "exceptionscenario.moc"

@@ -1,75 +1,14 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
+#include "bindactors.h"
 #include "keltest.h"
+#include "rows.h"
 
-#include <keldatabind.h>
-
-#include <QtCore/QMetaMethod>
-#include <QtCore/QPointer>
-
-#include <functional>
 #include <memory>
 #include <type_traits>
-#include <utility>
 
 namespace {
-
-using Hook = std::function<void()>;
-
-// Once. The owner of the hook may be gone afterwards.
-void run(Hook *hook)
-{
-    const Hook once = std::exchange(*hook, nullptr);
-    if (once)
-        once();
-}
-
-// Reads, writes, emits and is connected like any object, and lets the test in between.
-class Actor : public QObject
-{
-    Q_OBJECT
-    Q_PROPERTY(int value READ value WRITE setValue NOTIFY valueChanged)
-
-public:
-    explicit Actor(int value) : m_value(value) { }
-
-    int value() const
-    {
-        const int value = m_value;
-        run(&onRead);
-        return value;
-    }
-    void setValue(int value)
-    {
-        const QPointer<Actor> alive(this);
-        const bool changed = std::exchange(m_value, value) != value;
-        ++writes;
-        run(&onWrite);
-        if (alive && changed)
-            Q_EMIT valueChanged();
-    }
-    void setSilently(int value) { m_value = value; }
-    int connections() const { return receivers(SIGNAL(valueChanged())); }
-
-    mutable Hook onRead;
-    Hook onWrite;
-    Hook onConnect;
-    int writes = 0;
-
-Q_SIGNALS:
-    void valueChanged();
-
-protected:
-    void connectNotify(const QMetaMethod &signal) override
-    {
-        if (signal == QMetaMethod::fromSignal(&Actor::valueChanged))
-            run(&onConnect);
-    }
-
-private:
-    int m_value;
-};
 
 // Runs a hook when a dynamic property of it changes.
 class EventActor : public QObject
@@ -89,30 +28,6 @@ protected:
 QT_WARNING_PUSH
 QT_WARNING_DISABLE_GCC("-Wnon-virtual-dtor")
 QT_WARNING_DISABLE_CLANG("-Wnon-virtual-dtor")
-
-class Converter final : public IKELValueConverter
-{
-public:
-    QVariant Convert(QObject *object, const QVariant &value) override
-    {
-        return converted(object, value.toInt() + 100);
-    }
-    QVariant ConvertBack(QObject *object, const QVariant &value) override
-    {
-        return converted(object, value.toInt() - 100);
-    }
-
-    Hook onConvert;
-    bool isCalledWithoutObject = false;
-
-private:
-    QVariant converted(const QObject *object, int value)
-    {
-        isCalledWithoutObject |= !object;
-        run(&onConvert);
-        return value;
-    }
-};
 
 // Whatever it is given, it answers a new value, so that a two-way binding echoes without end.
 class CountingConverter final : public IKELValueConverter
@@ -271,8 +186,8 @@ public:
     QPointer<Actor> destination = new Actor(1);
     QPointer<KELDataBind> binding;
     KELDataBind *returned = nullptr; // by the static bind()
-    Converter converter;
-    Converter *ownConverter = nullptr; // instead of that one
+    HookedConverter converter;
+    HookedConverter *ownConverter = nullptr; // instead of that one
 
 private:
     void connectSlots(Hook *sourceHook, Hook *destinationHook);
@@ -487,31 +402,31 @@ private Q_SLOTS:
 
     void destroyed()
     {
-        QFETCH(int, operation);
-        QFETCH(int, moment);
+        const auto operation = fetch<Operation>("operation");
+        const auto moment = fetch<Moment>("moment");
         QFETCH(bool, withConverter);
-        QFETCH(int, parent);
+        const auto parent = fetch<Parent>("parent");
         QFETCH(QString, order);
-        Stage stage(Operation(operation), withConverter, Parent(parent));
+        Stage stage(operation, withConverter, parent);
         int calls = 0;
         int writes = 0;
         const auto destroy = [&] {
             ++calls;
-            if (Operation(operation) == Operation::StaticBind)
+            if (operation == Operation::StaticBind)
                 stage.binding = stage.source->findChild<KELDataBind *>();
             QVERIFY(stage.binding);
             stage.destroy(order);
             writes = writesOf(stage);
         };
-        if (Operation(operation) == Operation::Idle)
+        if (operation == Operation::Idle)
             destroy();
         else
-            stage.setHook(Moment(moment), destroy);
+            stage.setHook(moment, destroy);
         stage.operate();
 
         QCOMPARE(calls, 1);
-        QCOMPARE(takeDebugLines(), expectedLines(Operation(operation), Moment(moment), stage));
-        if (Operation(operation) == Operation::StaticBind)
+        QCOMPARE(takeDebugLines(), expectedLines(operation, moment, stage));
+        if (operation == Operation::StaticBind)
             QCOMPARE(stage.returned, stage.binding.data());
         if (!stage.binding || (!stage.source && !stage.destination))
             QCOMPARE(writesOf(stage), writes);
@@ -541,17 +456,17 @@ private Q_SLOTS:
     // The later call stays in force, whatever the outer one was about to do.
     void boundAnew()
     {
-        QFETCH(int, operation);
-        QFETCH(int, moment);
+        const auto operation = fetch<Operation>("operation");
+        const auto moment = fetch<Moment>("moment");
         QFETCH(bool, withConverter);
         QFETCH(bool, succeeds);
-        Stage stage(Operation(operation), withConverter);
+        Stage stage(operation, withConverter);
         Actor source(50);
         Actor destination(60);
         int oldWrites = -1;
         int oldMode = -1;
-        stage.setHook(Moment(moment), [&] {
-            if (Operation(operation) == Operation::StaticBind)
+        stage.setHook(moment, [&] {
+            if (operation == Operation::StaticBind)
                 stage.binding = stage.source->findChild<KELDataBind *>();
             oldMode = stage.binding->bindMode();
             stage.binding->setBind(&source, succeeds ? "value" : "nothing", &destination, "value",
@@ -603,10 +518,10 @@ private Q_SLOTS:
     // As the last thing it does.
     void converterDeletesItself()
     {
-        QFETCH(int, operation);
+        const auto operation = fetch<Operation>("operation");
         QFETCH(QString, order);
-        Stage stage(Operation(operation), true);
-        auto *const converter = new Converter;
+        Stage stage(operation, true);
+        auto *const converter = new HookedConverter;
         const auto mode = stage.binding->bindMode();
         stage.binding->unbind();
         stage.binding->setBind(stage.source, "value", stage.destination, "value", mode, converter);
@@ -643,7 +558,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, order);
         Stage stage(Operation::Idle, false);
-        std::unique_ptr<Converter> converter(new Converter);
+        std::unique_ptr<HookedConverter> converter(new HookedConverter);
         stage.binding->unbind();
         stage.binding->setBind(stage.source, "value", stage.destination, "value",
                                KELDataBind::TwoWay, converter.get());
@@ -658,7 +573,7 @@ private Q_SLOTS:
         stage.source->setValue(40);
         QCOMPARE(stage.destination->value(), 40);
 
-        converter.reset(new Converter);
+        converter.reset(new HookedConverter);
         stage.binding->setBind(stage.source, "value", stage.destination, "value",
                                KELDataBind::TwoWay, converter.get());
         converter.reset();
@@ -671,7 +586,7 @@ private Q_SLOTS:
     void converterDiesWithTheDestination()
     {
         Stage stage(Operation::ChangeSource, false);
-        std::unique_ptr<Converter> converter(new Converter);
+        std::unique_ptr<HookedConverter> converter(new HookedConverter);
         stage.binding->unbind();
         stage.binding->setBind(stage.source, "value", stage.destination, "value",
                                KELDataBind::OneWay, converter.get());
