@@ -11,6 +11,39 @@ class tst_GalleryPointer : public KelTest
 private Q_SLOTS:
     void cleanupTestCase() { QCOMPARE(m_user.quit(), QString()); }
 
+    void hoverIsReported()
+    {
+        m_user.moveTo(QPoint(5, 5));
+        QVERIFY(m_user.start("push-button"));
+        m_user.moveTo(m_user.geometryOf("press-me").center());
+        QVERIFY(m_user.waitFor(" Press me: mouseEnter"));
+        m_user.moveTo(QPoint(5, 5));
+        QVERIFY(m_user.waitFor(" Press me: mouseLeave"));
+        QCOMPARE(m_user.takeLines().size(), 2);
+    }
+
+    void linesHaveTimeNameAndSignal()
+    {
+        QVERIFY(m_user.open("push-button"));
+        const QPoint button = m_user.geometryOf("press-me").center();
+        m_user.tapAt(button);
+        QVERIFY(m_user.waitFor("mouseClicked"));
+        const QStringList logged = m_user.takeLines();
+        const QRegularExpression form(
+            "\\A([0-9]+\\.[0-9]{3}) Press me: "
+            "(mouse(Clicked|Enter|Leave)|mouse(Press|Release) \\([0-9]+, [0-9]+\\))\\z");
+        double last = 0;
+        for (const QString &line : logged) {
+            const QRegularExpressionMatch match = form.match(line);
+            QVERIFY2(match.hasMatch(), qPrintable(line));
+            QVERIFY(match.captured(1).toDouble() >= last);
+            last = match.captured(1).toDouble();
+        }
+        // Placed without item positions, the button has the coordinates of the window.
+        const QString position = QString("(%1, %2)").arg(button.x()).arg(button.y());
+        QCOMPARE(logged.filter(position).size(), 2);
+    }
+
     void tapIsAClick()
     {
         QVERIFY(m_user.open("push-button"));
@@ -43,39 +76,6 @@ private Q_SLOTS:
         COMPARE_GESTURES(m_user,
                          "Press me: press, release, clicked, press, doubleClicked, release, "
                          "clicked");
-    }
-
-    void hoverIsReported()
-    {
-        m_user.moveTo(QPoint(5, 5));
-        QVERIFY(m_user.start("push-button"));
-        m_user.moveTo(m_user.geometryOf("press-me").center());
-        QVERIFY(m_user.waitFor(" Press me: mouseEnter"));
-        m_user.moveTo(QPoint(5, 5));
-        QVERIFY(m_user.waitFor(" Press me: mouseLeave"));
-        QCOMPARE(m_user.takeLines().size(), 2);
-    }
-
-    void linesHaveTimeNameAndSignal()
-    {
-        QVERIFY(m_user.start("push-button"));
-        const QPoint button = m_user.geometryOf("press-me").center();
-        m_user.tapAt(button);
-        QVERIFY(m_user.waitFor("mouseClicked"));
-        const QStringList logged = m_user.takeLines();
-        const QRegularExpression form(
-            "\\A([0-9]+\\.[0-9]{3}) Press me: "
-            "(mouse(Clicked|Enter|Leave)|mouse(Press|Release) \\([0-9]+, [0-9]+\\))\\z");
-        double last = 0;
-        for (const QString &line : logged) {
-            const QRegularExpressionMatch match = form.match(line);
-            QVERIFY2(match.hasMatch(), qPrintable(line));
-            QVERIFY(match.captured(1).toDouble() >= last);
-            last = match.captured(1).toDouble();
-        }
-        // Placed without item positions, the button has the coordinates of the window.
-        const QString position = QString("(%1, %2)").arg(button.x()).arg(button.y());
-        QCOMPARE(logged.filter(position).size(), 2);
     }
 
     void logGoesToAFile()
@@ -210,6 +210,31 @@ private Q_SLOTS:
         COMPARE_GESTURES(m_user, "Programme: selectItemChanged 4");
     }
 
+    void disabledComboBoxStaysClosed()
+    {
+        QVERIFY(m_user.open("combo-box"));
+        m_user.tap("combo-disabled");
+        tapEntry("combo-disabled", 1);
+        COMPARE_GESTURES(m_user, "Enable: press, release, clicked");
+        m_user.tap("combo-disabled");
+        tapEntry("combo-disabled", 1);
+        COMPARE_GESTURES(m_user, "Disabled: selectItemChanged 1");
+    }
+
+    void longListReachesTheEndOfTheWindow()
+    {
+        QVERIFY(m_user.open("combo-box"));
+        const QRect box = m_user.geometryOf("combo-many");
+        const int last = 478;
+        m_user.tapAt(box.center());
+        m_user.tapAt({box.center().x(), last});
+        COMPARE_GESTURES(m_user,
+                         u"Entries: selectItemChanged %1"_s.arg((last - box.bottom()) / entryPx));
+        // An entry no finger gets to.
+        m_user.tap("select-last");
+        COMPARE_CHANGES(m_user, "Entries: selectItemChanged 999");
+    }
+
     void pressOutsideClosesTheList_data()
     {
         QTest::addColumn<QString>("where");
@@ -233,31 +258,6 @@ private Q_SLOTS:
         m_user.tap("combo-programme");
         tapEntry("combo-programme", 1);
         COMPARE_GESTURES(m_user, "Programme: selectItemChanged 1");
-    }
-
-    void disabledComboBoxStaysClosed()
-    {
-        QVERIFY(m_user.start("combo-box"));
-        m_user.tap("combo-disabled");
-        tapEntry("combo-disabled", 1);
-        COMPARE_GESTURES(m_user, "Enable: press, release, clicked");
-        m_user.tap("combo-disabled");
-        tapEntry("combo-disabled", 1);
-        COMPARE_GESTURES(m_user, "Disabled: selectItemChanged 1");
-    }
-
-    void longListReachesTheEndOfTheWindow()
-    {
-        QVERIFY(m_user.start("combo-box"));
-        const QRect box = m_user.geometryOf("combo-many");
-        const int last = 478;
-        m_user.tapAt(box.center());
-        m_user.tapAt({box.center().x(), last});
-        COMPARE_GESTURES(m_user,
-                         u"Entries: selectItemChanged %1"_s.arg((last - box.bottom()) / entryPx));
-        // An entry no finger gets to.
-        m_user.tap("select-last");
-        COMPARE_CHANGES(m_user, "Entries: selectItemChanged 999");
     }
 
 private:
