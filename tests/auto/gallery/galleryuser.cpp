@@ -157,6 +157,7 @@ QStringList GalleryUser::takeChanges()
 
 QStringList GalleryUser::takeLines()
 {
+    while (read(QDeadlineTimer(0))) { }
     return std::exchange(m_new, QStringList());
 }
 
@@ -220,6 +221,7 @@ QString GalleryUser::goToPress(const QPoint &pos)
 QString GalleryUser::take(const QString &expected, Filter isWanted)
 {
     m_filter = isWanted;
+    while (read(QDeadlineTimer(0))) { }
     const QDeadlineTimer patience(patienceMs);
     QStringList found;
     do {
