@@ -50,9 +50,8 @@ void drawByHand(QPainter *painter, const KELRoundRectControlStyle &style, const 
     painter->setPen(Qt::NoPen);
     painter->setBrush(style.backgroundBrush);
     painter->drawRect(bar);
-    // As a number of pixels it must fit into an int.
-    const double share = std::clamp(double(value) * rect.width() / 100, double(lowestInt),
-                                    double(highestInt));
+    // Far outside of every picture, and yet a number of pixels that the painter can count with.
+    const double share = std::clamp(double(value) * rect.width() / 100, -1e9, 1e9);
     painter->setBrush(style.borderBrush);
     painter->drawRect(QRectF(bar.x(), bar.y(), std::trunc(share), 30));
     painter->setPen(HandDrawing::squarePen(style.foregroundBrush, 1));
@@ -67,8 +66,12 @@ QString differenceToHand(KELProcessBar *bar, const QRectF &rect)
         drawByHand(painter, *bar->style(), rect, bar->value());
     };
     QString difference;
-    for (const qreal scale : scales)
-        difference += KelImage::differenceFrom(byHand, bar, canvas, scale);
+    // Enlarged, a share of 1e9 px is more than the painter can count with.
+    const bool isHuge = bar->value() == lowestInt || bar->value() == highestInt;
+    for (const qreal scale : scales) {
+        if (!isHuge || scale <= 1)
+            difference += KelImage::differenceFrom(byHand, bar, canvas, scale);
+    }
     return difference;
 }
 
