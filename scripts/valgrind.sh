@@ -30,8 +30,9 @@ run_one() {
     local name=$1 program=$2 result=0 begin=$SECONDS
     shift 2
     program=$(find "$PWD/build/dev" -type f -name "$program" -perm -u+x | head -n 1)
-    # Valgrind does not understand what the regular expression compiler writes.
-    env -C build/valgrind "$@" QT_ENABLE_REGEXP_JIT=0 KEL_MATRIX_CELLS=1000 KEL_FUZZ_SCRIPTS=500 \
+    # Valgrind does not understand what the regular expression compiler writes. A function takes more than the five
+    # minutes that QtTest allows.
+    env -C build/valgrind "$@" QT_ENABLE_REGEXP_JIT=0 QTEST_FUNCTION_TIMEOUT=3000000 KEL_MATRIX_CELLS=1000 KEL_FUZZ_SCRIPTS=500 \
         timeout 3000 valgrind --quiet --error-exitcode=99 --num-callers=40 \
         --leak-check=full --show-leak-kinds=definite --errors-for-leak-kinds=definite \
         --gen-suppressions=all --suppressions="$PWD/tests/shared/valgrind.supp" \

@@ -37,7 +37,8 @@ std::vector<Named> namesOf(const Cases &cases)
     return names;
 }
 
-// The value of a column of the current row. An enumerator, a number or a bool may come from an int.
+// The value of a column of the current row. Enumerators, bool and size_t are read from a column of
+// int.
 template <typename Value>
 Value fetch(const char *column)
 {
