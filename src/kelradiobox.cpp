@@ -12,6 +12,7 @@
 #include <QtGui/QPainter>
 #include <QtWidgets/QGraphicsSceneMouseEvent>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -46,6 +47,8 @@ public:
         return static_cast<KELRadioBoxPrivate *>(KELControlPrivate::get(box));
     }
 
+    bool isSelected(const KELRadioBox *box) const;
+
     QVector<KELRadioBoxGroupPrivate *> groups; // living ones
 };
 
@@ -77,6 +80,13 @@ public:
 private:
     Q_DISABLE_COPY(KELRadioBoxGroupPrivate)
 };
+
+bool KELRadioBoxPrivate::isSelected(const KELRadioBox *box) const
+{
+    return std::any_of(groups.cbegin(), groups.cend(), [box](const KELRadioBoxGroupPrivate *group) {
+        return group->isSelected(box);
+    });
+}
 
 KELRadioBox::KELRadioBox(QGraphicsObject *parent) :
     KELRoundRectControl(parent, KELControlPrivate::newStyle(), new KELRadioBoxPrivate(this))
@@ -131,6 +141,9 @@ void KELRadioBox::mousePressEvent(QGraphicsSceneMouseEvent *event)
         return;
     // A slot of this press may have selected the box in its group: it stays checked then.
     if (accepted && !acceptedMouseButtons().testFlag(Qt::LeftButton))
+        return;
+    // So does the selected box if it holds the grab.
+    if (KELRadioBoxPrivate::get(this)->isSelected(this))
         return;
     setCheck(!isCheck());
     KELPress::finishDelivery(alive, event);
