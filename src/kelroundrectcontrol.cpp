@@ -12,6 +12,7 @@
 #include <QtGui/QFontMetrics>
 #include <QtGui/QPainter>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QGraphicsScene>
 #include <QtWidgets/QGraphicsSceneMouseEvent>
 #include <QtWidgets/QGraphicsView>
 
@@ -193,6 +194,10 @@ KELRoundRectControl::KELRoundRectControl(QGraphicsObject *parent,
 
 KELRoundRectControl::~KELRoundRectControl()
 {
+    // The focus is taken away after Qt has freed the cache, and the repaint that follows makes a
+    // new one, which leaks.
+    if (scene() && scene()->focusItem() == this)
+        setCacheMode(NoCache);
     QMenu *const menu = m_style->contextMenu ? d->liveContextMenu() : nullptr;
     if (menu)
         menu->deleteLater();
