@@ -145,6 +145,9 @@ bool KELTouchRouter::eventFilter(QObject *watched, QEvent *event)
 
 void KELTouchRouter::handle(QWindow *window, QEvent::Type type, const Points &points)
 {
+    // Qt calls a filter twice for an event if a slot installs another one meanwhile.
+    if (points.isSharedWith(m_handledPoints))
+        return;
     const QPointer<KELTouchRouter> alive(this);
     const QPointer<QWindow> aliveWindow(window);
     findFirstFinger(points);
@@ -157,6 +160,7 @@ void KELTouchRouter::handle(QWindow *window, QEvent::Type type, const Points &po
         if (!alive || !aliveWindow || router != this)
             return;
     }
+    m_handledPoints = points; // after those of a nested event loop
     stopUnlessNeeded();
 }
 

@@ -67,6 +67,26 @@ private Q_SLOTS:
         QCOMPARE(stage.takeClicks(), u"5"_s);
     }
 
+    void secondFingerOpensSomethingThatFilters_data()
+    {
+        addRows({{"isAtPress", {{"when it presses", true}, {"when it taps", false}}}});
+    }
+
+    // Qt calls a filter of the application twice for an event during which another one is
+    // installed.
+    void secondFingerOpensSomethingThatFilters()
+    {
+        TouchStage stage;
+        QObject filter;
+        stage.keypad.log.on(fetch<bool>("isAtPress") ? u"3.press"_s : u"3.clicked"_s,
+                            [&] { qApp->installEventFilter(&filter); });
+        stage.play({down(0, at(1))});
+        stage.take();
+        stage.play({down(1, at(3)), up(1)});
+        QCOMPARE(stage.take(), u"3.press 3.release 3.clicked"_s);
+        QVERIFY(!stage.key(3)->style()->isMouseDown);
+    }
+
     // Qt takes the next finger for the mouse, while the second one stays where it is.
     void firstFingerLeavesAndAnotherWindowIsTapped()
     {
