@@ -71,7 +71,7 @@ struct KELPress::Origin
     const bool heldOlderGrab;
     const QPointer<QWidget> viewport;
     const bool hadView;
-    const bool hadScene;
+    const QGraphicsScene *const scene; // not used, only compared
     const QPointer<QWidget> popup;
     const QPointer<QWidget> modal;
 
@@ -91,7 +91,7 @@ KELPress::Origin::Origin(const KELRoundRectControl *control,
     heldOlderGrab(!isOfFurtherFinger && !event->isAccepted() && sceneTargets(control)),
     viewport(event->widget()),
     hadView(KELProxies::deliversTo(viewport, control->scene())),
-    hadScene(control->scene() != nullptr),
+    scene(control->scene()),
     popup(QApplication::activePopupWidget()),
     modal(QApplication::activeModalWidget())
 { }
@@ -198,7 +198,7 @@ bool KELPress::isLost() const
     if (!m_origin || !m_origin->isBegun)
         return false;
     if (!m_control->isEnabled() || !m_control->isVisible()
-        || (m_origin->hadScene && !m_control->scene()))
+        || (m_origin->scene != nullptr && m_control->scene() != m_origin->scene))
         return true;
     const Qt::MouseButtons button = m_origin->button;
     if (button != Qt::NoButton && !(m_control->acceptedMouseButtons() & button))
