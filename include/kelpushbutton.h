@@ -108,7 +108,7 @@ public:
 
 protected:
     //! Consumes presses, releases and double clicks of any button but the left one on child items.
-    //! \a watched is not used.
+    //! Ignores touches there, so that Qt turns them into presses. \a watched is not used.
     bool sceneEventFilter(QGraphicsItem *watched, QEvent *event) override;
 
 private:

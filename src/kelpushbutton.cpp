@@ -6,6 +6,7 @@
 #include "kelpainting_p.h"
 #include "kelroundrectcontrol_p.h"
 
+#include <QtCore/QEvent>
 #include <QtGui/QFontMetrics>
 #include <QtGui/QPainter>
 
@@ -174,5 +175,9 @@ KELPushButtonStyle *KELPushButton::initStyle()
 
 bool KELPushButton::sceneEventFilter(QGraphicsItem * /*watched*/, QEvent *event)
 {
+    // Qt takes a touch on a child that accepts touches for accepted, whatever the button does with
+    // it, and makes no press of it.
+    if (event->type() == QEvent::TouchBegin)
+        event->ignore();
     return KELControlPrivate::isEventOfOtherButton(event);
 }

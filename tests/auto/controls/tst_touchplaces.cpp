@@ -67,6 +67,16 @@ private Q_SLOTS:
         QCOMPARE(stage.takeClicks(), u"5"_s);
     }
 
+    // Also of one that accepts touches.
+    void fingerOnAChildOfAKeyPressesTheKey()
+    {
+        TouchStage stage;
+        auto *const child = new KELCheckBox(stage.key(1));
+        child->setboundRect(0, 0, keySizePx, keySizePx);
+        stage.play({down(0, at(1)), up(0)});
+        QCOMPARE(stage.take(), u"1.press 1.release 1.clicked"_s);
+    }
+
     void secondFingerOpensSomethingThatFilters_data()
     {
         addRows({{"isAtPress", {{"when it presses", true}, {"when it taps", false}}}});
