@@ -244,6 +244,8 @@ private Q_SLOTS:
     {
         LossStage stage(fetch<Type>("type"));
         stage.pressAndLose(lossOfTheRow(), fetch<bool>("inSlot"));
+        if (fetch<bool>("inSlot")) // known when the event is done with
+            QVERIFY(!stage.control->style()->isMouseDown);
         QTRY_VERIFY(!stage.control->style()->isMouseDown);
         QVERIFY(!stage.control->isMouseDown());
         QVERIFY2(!hasTimers(stage.control), "the long press is still to come");
@@ -413,6 +415,22 @@ private Q_SLOTS:
         QTRY_VERIFY(!stage.control->style()->isMouseDown);
         QVERIFY2(!hasTimers(stage.control), "the long press is still to come");
         QCOMPARE(stage.log.take(), u"press"_s);
+    }
+
+    void unselectableControlIsSwitchedOffAndOn_data()
+    {
+        addRows(
+            {{"loss", lossesNamed({"disabled", "hidden", "parent disabled", "parent hidden"})}});
+    }
+
+    // Before the event loop goes round.
+    void unselectableControlIsSwitchedOffAndOn()
+    {
+        LossStage stage(Type::UnselectableBase);
+        stage.pressAndLose(lossOfTheRow());
+        lossOfTheRow().restore(stage);
+        QVERIFY(!stage.control->style()->isMouseDown);
+        QVERIFY(!hasTimers(stage.control));
     }
 
     void releaseAfterTheLongPressMenuIsNoClick_data()

@@ -78,7 +78,12 @@ const std::vector<Change> ofNoPress = {
     {"behind a modal panel",
      [](TouchStage &s) { s.keypad.label->setPanelModality(QGraphicsItem::SceneModal); }},
     {"child of an item that handles its events",
-     [](TouchStage &s) { s.view.ownScene.createItemGroup({s.key(3)}); }},
+     [](TouchStage &s) {
+         auto *const parent = new PlainItem;
+         parent->setHandlesChildEvents(true);
+         s.view.ownScene.addItem(parent);
+         s.key(3)->setParentItem(parent);
+     }},
 };
 
 const std::vector<Change> ofTheScene = {
@@ -345,6 +350,16 @@ private Q_SLOTS:
             {down(0, at(2)), down(1, at(2) + QPoint(9, 9)), to(1, at(2) + QPoint(29, 9)), up(1)});
         QVERIFY(stage.key(2)->isMouseDown());
         stage.fingers().release(0);
+        QCOMPARE(stage.take(), u"2.press 2.release 2.clicked"_s);
+    }
+
+    // Qt hands the events of the label on to the key.
+    void secondFingerOnALabelOnThePressedKeyIsIgnored()
+    {
+        TouchStage stage;
+        auto *const label = new KELLabel(stage.key(2));
+        label->setboundRect(0, 0, keySizePx, keySizePx / 3);
+        stage.play({down(0, at(2)), down(1, cornerOf(2) + QPoint(9, 9)), up(1), up(0)});
         QCOMPARE(stage.take(), u"2.press 2.release 2.clicked"_s);
     }
 

@@ -138,16 +138,6 @@ private Q_SLOTS:
         stage.view.setParent(nullptr);
     }
 
-    void secondFingerWhoseKeyLeavesTheScene()
-    {
-        TouchStage stage;
-        const std::unique_ptr<KELPushButton> key(stage.key(3));
-        stage.play({down(0, at(0)), down(1, at(3))});
-        stage.view.ownScene.removeItem(key.get());
-        stage.play({to(1, at(3) + QPoint(1, 1)), up(1), up(0)});
-        QCOMPARE(stage.takeClicks(), u"0"_s);
-    }
-
     // The first finger is where a key was, the second one on nothing.
     void cancelAfterTheKeyDied()
     {
