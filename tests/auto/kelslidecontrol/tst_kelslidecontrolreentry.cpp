@@ -295,6 +295,30 @@ private Q_SLOTS:
         QVERIFY(stage.nextControlIsClicked());
     }
 
+    // It ignores its press, and so the release goes elsewhere.
+    void unselectableSliderJumps()
+    {
+        SliderStage stage;
+        stage->setFlag(QGraphicsItem::ItemIsSelectable, false);
+        stage.hand.tap(grooveAt(50));
+        QCOMPARE(stage.log.take(), u"press valueChanged"_s);
+        QCOMPARE(stage->value(), 50.0F);
+    }
+
+    void unselectableSliderDeletedInTheValueSlot_data() { addRows({{"way", deletionWays}}); }
+
+    // Qt warns when an item that is gone has ignored its press.
+    void unselectableSliderDeletedInTheValueSlot()
+    {
+        SliderStage stage;
+        stage->setFlag(QGraphicsItem::ItemIsSelectable, false);
+        stage.log.on(u"valueChanged"_s, [&] { stage.destroy(fetch<Way>("way")); });
+        stage.hand.tap(grooveAt(50));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!stage.control);
+        QCOMPARE(stage.view.ownScene.mouseGrabberItem(), nullptr);
+    }
+
 private:
     static std::vector<Named> lossesThatLeaveTheGrab()
     {
