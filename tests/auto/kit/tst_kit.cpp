@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
+#include "controltest.h"
 #include "handdrawing.h"
 #include "looks.h"
 #include "losses.h"
@@ -275,6 +276,14 @@ private Q_SLOTS:
                  u"pixels in (110, 100) to (111, 109) lie outside (100, 100) to (109, 109); see "_s
                      + file);
         QVERIFY(QFile::remove(file));
+    }
+
+    void oddRectanglesAreNotFinite_data() { ControlTest::addOddRectangles(); }
+
+    void oddRectanglesAreNotFinite()
+    {
+        const auto rect = fetch<QRectF>("rect");
+        QVERIFY(!qIsFinite(rect.x() + rect.y() + rect.width() + rect.height()));
     }
 
     void handDrawnControlIsThatOfTheBase()
