@@ -32,12 +32,6 @@ void recordMessage(QtMsgType type, const QMessageLogContext &context, const QStr
         previousHandler(type, context, text);
 }
 
-QTouchDevice *touchScreen()
-{
-    static QTouchDevice *const device = QTest::createTouchDevice();
-    return device;
-}
-
 } // namespace
 
 QStringList KelTest::takeDebugLines()
@@ -124,50 +118,4 @@ QPoint KelTestView::at(const QGraphicsItem *item, const QPointF &itemPos) const
 QPoint KelTestView::centreOf(const QGraphicsItem *item) const
 {
     return at(item, item->boundingRect().center());
-}
-
-void KelTestView::press(const QPoint &pos, Qt::MouseButton button)
-{
-    QTest::mousePress(viewport(), button, Qt::NoModifier, pos);
-}
-
-void KelTestView::move(const QPoint &pos)
-{
-    // QTest::mouseMove() holds no button.
-    QMouseEvent event(QEvent::MouseMove, pos, viewport()->mapToGlobal(pos), Qt::NoButton,
-                      Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(viewport(), &event);
-}
-
-void KelTestView::release(const QPoint &pos, Qt::MouseButton button)
-{
-    QTest::mouseRelease(viewport(), button, Qt::NoModifier, pos);
-}
-
-void KelTestView::click(const QPoint &pos)
-{
-    press(pos);
-    release(pos);
-}
-
-void KelTestView::doubleClickPress(const QPoint &pos)
-{
-    QMouseEvent event(QEvent::MouseButtonDblClick, pos, viewport()->mapToGlobal(pos),
-                      Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(viewport(), &event);
-}
-
-void KelTestView::touchPress(const QPoint &pos)
-{
-    QTest::touchEvent(viewport(), touchScreen()).press(0, pos, viewport());
-}
-
-void KelTestView::touchMove(const QPoint &pos)
-{
-    QTest::touchEvent(viewport(), touchScreen()).move(0, pos, viewport());
-}
-
-void KelTestView::touchRelease(const QPoint &pos)
-{
-    QTest::touchEvent(viewport(), touchScreen()).release(0, pos, viewport());
 }

@@ -61,17 +61,6 @@ public:
     // The same for the centre of the item.
     QPoint centreOf(const QGraphicsItem *item) const;
 
-    void press(const QPoint &pos, Qt::MouseButton button = Qt::LeftButton);
-    void move(const QPoint &pos); // with the left button held
-    void release(const QPoint &pos, Qt::MouseButton button = Qt::LeftButton);
-    void click(const QPoint &pos);
-    void doubleClickPress(const QPoint &pos);
-
-    // One finger, delivered as the window system does.
-    void touchPress(const QPoint &pos);
-    void touchMove(const QPoint &pos);
-    void touchRelease(const QPoint &pos);
-
     QGraphicsScene ownScene;
 
 private:

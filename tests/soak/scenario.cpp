@@ -5,16 +5,15 @@
 
 #include <cstdio>
 
-Stage::Stage() : view(QSize(200, 200))
+SoakStage::SoakStage() : view(QSize(200, 200))
 {
     view.show();
     expect(QTest::qWaitForWindowExposed(&view), "the window is shown");
 }
 
-void Stage::tap(const QPoint &pos)
+void SoakStage::tap(const QPoint &pos)
 {
-    view.touchPress(pos);
-    view.touchRelease(pos);
+    finger.tap(pos);
 }
 
 void settleRound()

@@ -4,6 +4,7 @@
 #ifndef SCENARIO_H
 #define SCENARIO_H
 
+#include "hand.h"
 #include "keltest.h"
 
 #include <kelroundrectcontrol.h>
@@ -47,10 +48,10 @@ Scenarios panelScenarios();
 Scenarios popupScenarios();
 
 // A scene in a window, all of it small.
-class Stage
+class SoakStage
 {
 public:
-    Stage();
+    SoakStage();
 
     template <typename Control>
     Control *add(const QRectF &rect)
@@ -63,6 +64,8 @@ public:
     void tap(const QPoint &pos); // with a finger
 
     KelTestView view;
+    Hand mouse{&view};
+    Hand finger{&view, Input::Touch};
 };
 
 // Delivers what is posted, and deletes what waits for it.

@@ -12,7 +12,7 @@ constexpr QPoint onButton(100, 30);
 constexpr QPoint onSecondEntry(100, 95);
 constexpr QPoint outside(100, 190);
 
-KELComboBox *addBox(Stage *stage)
+KELComboBox *addBox(SoakStage *stage)
 {
     auto *const box = stage->add<KELComboBox>(boxRect);
     box->addItem(1, QStringLiteral("one"));
@@ -22,7 +22,7 @@ KELComboBox *addBox(Stage *stage)
     return box;
 }
 
-void use(Stage *stage, KELComboBox *box)
+void use(SoakStage *stage, KELComboBox *box)
 {
     box->setSelectIndex(0);
     stage->tap(onButton);
@@ -47,7 +47,7 @@ public:
     }
 
 private:
-    Stage m_stage;
+    SoakStage m_stage;
 };
 
 class OpenBoxDeleted final : public Scenario
@@ -63,7 +63,7 @@ public:
     }
 
 private:
-    Stage m_stage;
+    SoakStage m_stage;
 };
 
 class LivingBox final : public Scenario
@@ -76,7 +76,7 @@ public:
     }
 
 private:
-    Stage m_stage;
+    SoakStage m_stage;
     KELComboBox *const m_box = addBox(&m_stage);
 };
 
@@ -96,7 +96,7 @@ public:
     }
 
 private:
-    Stage m_stage;
+    SoakStage m_stage;
     KELComboBox *const m_box = addBox(&m_stage);
 };
 

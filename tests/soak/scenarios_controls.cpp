@@ -27,13 +27,13 @@ public:
     {
         m_clicks = 0;
         m_stage.tap(onControl);
-        m_stage.view.click(onControl);
+        m_stage.mouse.tap(onControl);
         expect(m_clicks == 2, "a finger and the mouse click");
         settleRound();
     }
 
 private:
-    Stage m_stage;
+    SoakStage m_stage;
     KELPushButton *const m_button = m_stage.add<KELPushButton>(controlRect);
     int m_clicks = 0;
 };
@@ -49,9 +49,9 @@ public:
     void round() override
     {
         m_longPresses = 0;
-        m_stage.view.touchPress(onControl);
+        m_stage.finger.press(onControl);
         endLongPressTime();
-        m_stage.view.touchRelease(onControl);
+        m_stage.finger.release();
         expect(m_longPresses == 1, "a finger that stays down is a long press");
         settleRound();
     }
@@ -66,7 +66,7 @@ private:
         QCoreApplication::sendEvent(m_button, &event);
     }
 
-    Stage m_stage;
+    SoakStage m_stage;
     KELPushButton *const m_button = m_stage.add<KELPushButton>(controlRect);
     int m_longPresses = 0;
 };
@@ -78,15 +78,15 @@ public:
     {
         auto *const button = m_stage.add<KELPushButton>(controlRect);
         button->setText(QStringLiteral("A caption that is too long for its button"));
-        m_stage.view.touchPress(onControl);
+        m_stage.finger.press(onControl);
         settleRound();
         delete button; // with the finger still on it
-        m_stage.view.touchRelease(onControl);
+        m_stage.finger.release();
         settleRound();
     }
 
 private:
-    Stage m_stage;
+    SoakStage m_stage;
 };
 
 class Bar final : public Scenario
@@ -100,7 +100,7 @@ public:
     }
 
 private:
-    Stage m_stage;
+    SoakStage m_stage;
     KELProcessBar *const m_bar = m_stage.add<KELProcessBar>(controlRect);
     int m_value = 0;
 };
@@ -111,15 +111,15 @@ public:
     void round() override
     {
         m_slider->setValue(0);
-        m_stage.view.touchPress(QPoint(100, 50));
-        m_stage.view.touchMove(QPoint(120, 50));
-        m_stage.view.touchRelease(QPoint(120, 50));
+        m_stage.finger.press(QPoint(100, 50));
+        m_stage.finger.move(QPoint(120, 50));
+        m_stage.finger.release();
         expect(m_slider->value() > 0, "a finger moves the slider");
         settleRound();
     }
 
 private:
-    Stage m_stage;
+    SoakStage m_stage;
     KELSlideControl *const m_slider = m_stage.add<KELSlideControl>(controlRect);
 };
 
@@ -137,7 +137,7 @@ public:
     }
 
 private:
-    Stage m_stage;
+    SoakStage m_stage;
     KELPushButton *const m_button = m_stage.add<KELPushButton>(controlRect);
     int m_round = 0;
 };

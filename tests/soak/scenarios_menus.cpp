@@ -17,7 +17,7 @@ QMenu *newMenu()
     return menu;
 }
 
-void openMenu(Stage *stage, QMenu *menu)
+void openMenu(SoakStage *stage, QMenu *menu)
 {
     bool wasShown = false;
     QTimer::singleShot(0, menu, [menu, &wasShown] {
@@ -44,7 +44,7 @@ public:
     }
 
 private:
-    Stage m_stage;
+    SoakStage m_stage;
 };
 
 class LivingMenu final : public Scenario
@@ -58,7 +58,7 @@ public:
     }
 
 private:
-    Stage m_stage;
+    SoakStage m_stage;
     KELPushButton *const m_button = m_stage.add<KELPushButton>(QRectF(50, 20, 100, 60));
 };
 

@@ -98,7 +98,7 @@ public:
     }
 
 private:
-    Stage m_stage;
+    SoakStage m_stage;
 };
 
 } // namespace

@@ -40,7 +40,7 @@ public:
     }
 
 private:
-    Stage m_stage;
+    SoakStage m_stage;
     QWidget m_popup;
 };
 
@@ -60,7 +60,7 @@ public:
     }
 
 private:
-    Stage m_stage;
+    SoakStage m_stage;
 };
 
 class Panel final : public Scenario
@@ -79,7 +79,7 @@ public:
     }
 
 private:
-    Stage m_stage;
+    SoakStage m_stage;
 };
 
 } // namespace
