@@ -364,8 +364,7 @@ void KELRoundRectControl::mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event)
     if (!alive)
         return;
     Q_EMIT mouseDoubleClicked();
-    if (!alive)
-        event->accept();
+    KELPress::finishDelivery(alive, event);
 }
 
 void KELRoundRectControl::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
