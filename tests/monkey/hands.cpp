@@ -44,12 +44,11 @@ void Hands::sendMouse(QEvent::Type type, Qt::MouseButton button)
 
 void Hands::pressMouse(QWidget *widget, const QPoint &pos, Qt::MouseButton button, bool mayBeDouble)
 {
-    if (!m_fingers.isEmpty() || (m_buttons & button) != 0 || !windowOf(widget))
+    if (!areEmpty() || !windowOf(widget))
         return;
-    if (m_buttons == Qt::NoButton)
-        m_window = windowOf(widget);
+    m_window = windowOf(widget);
     m_screenPos = widget->mapToGlobal(pos);
-    m_buttons |= button;
+    m_buttons = button;
     m_timestamp += mayBeDouble ? 10 : 100000;
     sendMouse(QEvent::MouseButtonPress, button);
 }

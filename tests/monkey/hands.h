@@ -13,7 +13,7 @@
 namespace Monkey {
 
 // The mouse, the touch screen and the keyboard, as a window system reports them. Nobody uses mouse
-// and fingers at once.
+// and fingers at once, or two buttons.
 class Hands
 {
 public:

@@ -154,10 +154,13 @@ void reparent(Stage &stage, const Step &step)
         return;
     if (step.flag(2) && parent && control->scene() && control->scene() != parent->scene())
         control->scene()->removeItem(control); // Qt crashes otherwise
-    if (!step.flag(2))
-        control->setParentItem(nullptr);
-    else if (stage.item(step.whole(1)) == parent && stage.item(step.whole(0)) == control)
-        control->setParentItem(parent);
+    // In a push button, which gets the release, a control stays pressed.
+    const QList<Witness *> witnesses = stage.witnesses();
+    for (Witness *witness : witnesses) {
+        if (witness->control() == control || control->isAncestorOf(witness->control()))
+            witness->expectToStay();
+    }
+    control->setParentItem(step.flag(2) ? parent : nullptr);
 }
 
 void leave(Stage &stage, const Step &step)

@@ -24,7 +24,7 @@ Witness::~Witness()
 void Witness::look()
 {
     if (!m_control->isEnabled() || !m_control->isVisible() || !m_control->scene())
-        losePointer();
+        m_isLost = m_isLost || m_isDown;
 }
 
 void Witness::press()

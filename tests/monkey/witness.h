@@ -22,7 +22,8 @@ public:
     KELRoundRectControl *control() const { return m_control; }
     // After each step: a control that is out of reach has lost its pointer.
     void look();
-    void losePointer() { m_isLost = m_isLost || m_isDown; }
+    // The grab was taken: a press that was refused has none.
+    void losePointer() { m_isLost = m_isLost || (m_isDown && !m_mayStay); }
     // A press that the control does not accept: it stays pressed.
     void expectToStay() { m_mayStay = true; }
     bool mayStay() const { return m_mayStay; }
