@@ -8,6 +8,26 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 . scripts/setup.sh
 
+case ${1-} in
+-h | --help)
+    cat <<'TEXT'
+Usage: scripts/monkey.sh [--seed N] [--steps N] [--seconds N] [--chunk N] [--print N] [--script FILE] [--shrink] [--verbs]
+
+Builds the monkey with the sanitizers, and runs it: it uses scenes with all controls at random, and checks what the
+reference promises. A run that fails is shrunk to a short script, which is printed and saved in this folder.
+
+  --seed N       the seed of the run, default 1
+  --steps N      how many steps, default 30000
+  --seconds N    stop after that time
+  --chunk N      play only this chunk (300 steps) of the seed
+  --print N      print this chunk of the seed
+  --script FILE  play this script instead
+  --shrink       shrink the script of --script, if it fails
+  --verbs        list what a line of a script can be
+TEXT
+    exit 0
+    ;;
+esac
 need "${build_packages[@]}"
 mkdir -p build
 { cmake --preset asan && cmake --build --preset asan --target monkey; } >build/monkey.log 2>&1 \
