@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "declarations.h"
+#include "hand.h"
 #include "keltest.h"
 
 #include <memory>
@@ -343,7 +344,7 @@ void tst_NonConst::signalsAndCasts()
     bool wasDown = false;
     connect(button, &KELRoundRectControl::mousePress, this,
             [&wasDown, button] { wasDown = button->isMouseDown(); });
-    view.click(view.centreOf(button));
+    Hand(&view).tap(view.centreOf(button));
     QCOMPARE(clicks, 1);
     QVERIFY(wasDown);
     QObject *const object = button;
