@@ -135,14 +135,11 @@ void KELRadioBox::paint(QPainter *painter, const QStyleOptionGraphicsItem * /*st
 void KELRadioBox::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
     const QPointer<KELRadioBox> alive(this);
-    const bool accepted = acceptedMouseButtons().testFlag(Qt::LeftButton);
     KELRoundRectControl::mousePressEvent(event);
     if (!KELPress::isOwn(alive) || event->button() != Qt::LeftButton)
         return;
-    // A slot of this press may have selected the box in its group: it stays checked then.
-    if (accepted && !acceptedMouseButtons().testFlag(Qt::LeftButton))
-        return;
-    // So does the selected box if it holds the grab.
+    // The selected box of a group stays checked: a slot of this press may have selected it, and one
+    // that holds the grab gets presses, too.
     if (KELRadioBoxPrivate::get(this)->isSelected(this))
         return;
     setCheck(!isCheck());
