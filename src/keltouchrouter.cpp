@@ -146,7 +146,7 @@ bool KELTouchRouter::eventFilter(QObject *watched, QEvent *event)
 void KELTouchRouter::handle(QWindow *window, QEvent::Type type, const Points &points)
 {
     // Qt calls a filter twice for an event if a slot installs another one meanwhile.
-    if (points.isSharedWith(m_handledPoints))
+    if (window == m_handledWindow && points.isSharedWith(m_handledPoints))
         return;
     const QPointer<KELTouchRouter> alive(this);
     const QPointer<QWindow> aliveWindow(window);
@@ -161,6 +161,7 @@ void KELTouchRouter::handle(QWindow *window, QEvent::Type type, const Points &po
             return;
     }
     m_handledPoints = points; // after those of a nested event loop
+    m_handledWindow = window;
     stopUnlessNeeded();
 }
 

@@ -6,6 +6,31 @@
 #include <QtGui/QWindow>
 #include <QtWidgets/QGraphicsProxyWidget>
 
+namespace {
+
+// Sends the touches of a window to another one instead.
+class Forwarder : public QObject
+{
+public:
+    Forwarder(QWindow *from, QWindow *to) : m_to(to) { from->installEventFilter(this); }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        Q_UNUSED(watched)
+        if (event->type() < QEvent::TouchBegin || event->type() > QEvent::TouchEnd)
+            return false;
+        QTouchEvent copy(*static_cast<QTouchEvent *>(event));
+        QCoreApplication::sendEvent(m_to, &copy);
+        return true;
+    }
+
+private:
+    QWindow *const m_to;
+};
+
+} // namespace
+
 // Second fingers in places, and at times, that a panel rarely reports.
 class tst_TouchPlaces : public KelTest
 {
@@ -95,6 +120,17 @@ private Q_SLOTS:
         stage.play({down(1, at(3)), up(1)});
         QCOMPARE(stage.take(), u"3.press 3.release 3.clicked"_s);
         QVERIFY(!stage.key(3)->style()->isMouseDown);
+    }
+
+    // As an application does whose windows show one picture in two places.
+    void secondFingerIsForwardedToAnotherWindow()
+    {
+        TouchStage stage;
+        TouchStage other;
+        stage.play({down(0, at(0))});
+        const Forwarder forwarder(stage.view.windowHandle(), other.view.windowHandle());
+        stage.play({down(1, at(3)), up(1)});
+        QCOMPARE(other.takeClicks(), u"3"_s);
     }
 
     // Qt takes the next finger for the mouse, while the second one stays where it is.
