@@ -20,7 +20,8 @@ Prints executions, new entries of the corpus and findings. Fails if there is a f
   TARGET        the name of a folder in tests/fuzz/corpus; all by default
 
 A finding is kept in build/fuzz/findings. To try it again, run build/fuzz/tests/fuzz/fuzz_TARGET FILE. Copy it to
-tests/fuzz/corpus/TARGET: tst_fuzzcorpus fails with it until the defect is mended.
+tests/fuzz/corpus/TARGET: tst_fuzzcorpus fails with it until the defect is mended. A finding of the monkey is a script:
+tst_monkey plays what is in tests/monkey/scripts.
 TEXT
 }
 
@@ -108,10 +109,12 @@ for target in "${targets[@]}"; do
             findings=$((findings + 1))
             grep -vE '^(#[0-9]+\s+(NEW|REDUCE|pulse|RELOAD)|INFO:|stat::)' "$log" | tail -n 40
             input=$(sed -n 's/.*Test unit written to //p' "$log" | tail -n 1)
-            [ -z "$input" ] || cat <<TEXT
-   again:   QT_QPA_PLATFORM=offscreen $program $input
-   as test: cp $input $kept/
-TEXT
+            [ -z "$input" ] || echo "   again:   QT_QPA_PLATFORM=offscreen $program $input"
+            if [ "$target" = monkey ]; then
+                echo "   as test: the lines above from # to the end, as a file of tests/monkey/scripts"
+            elif [ -n "$input" ]; then
+                echo "   as test: cp $input $kept/"
+            fi
         fi
     fi
     if [ -n "$merge" ]; then
