@@ -5,11 +5,29 @@
 #define BINDOBJECTS_H
 
 #include "keltest.h"
+#include "rows.h"
 
 #include <keldatabind.h>
 
 using BindMode = KELDataBind::BindMode;
 using Ints = QVector<int>;
+
+inline const std::vector<Named> modes = {
+    {"manual", 1}, {"one way", 2}, {"two way", 3}, {"one way to source", 4}};
+inline const std::vector<Named> connectedModes(modes.begin() + 1, modes.end());
+
+inline bool hearsSource(int mode)
+{
+    return mode == 2 || mode == 3;
+}
+
+inline bool hearsDestination(int mode)
+{
+    return mode == 3 || mode == 4;
+}
+
+// Who of the two is not there; bits.
+enum Missing { Nobody = 0, Source = 1, Destination = 2, Both = 3 };
 
 const char noSource[] = "error : could not find src property ' ";
 const char noDestination[] = "error : could not find dst property ' ";
@@ -36,7 +54,7 @@ inline void carryToSource(KELDataBind *binding)
     QMetaObject::invokeMethod(binding, "dstValueChanged");
 }
 
-// Tells what is read from it and written to it, and whether its signals were blocked then.
+// Writes down what is read from it and written to it.
 class Model : public QObject
 {
     Q_OBJECT
@@ -68,20 +86,22 @@ public:
     }
     void setSilent(int value) { write(&m_silent, value); }
 
-    void set(bool notifying, int value) { notifying ? setValue(value) : setSilent(value); }
-    int get(bool notifying) const { return notifying ? m_value : m_silent; }
     int connections() const { return receivers(SIGNAL(valueChanged())); }
     int otherConnections() const { return receivers(SIGNAL(otherChanged())); }
+    // Since the last time: "read, write 5", and "blocked" when the signals were.
+    QString takeCalls()
+    {
+        const QString taken = m_calls.join(u", "_s);
+        forget();
+        return taken;
+    }
     void forget()
     {
         writes.clear();
-        reads = 0;
-        wasBlocked.clear();
+        m_calls.clear();
     }
 
     Ints writes;
-    mutable int reads = 0;
-    mutable QVector<bool> wasBlocked;
     int emitsThoughTheSame = 0;
     bool changesInDestructor = false;
 
@@ -90,16 +110,19 @@ Q_SIGNALS:
     void otherChanged();
 
 private:
+    void record(const QString &call) const
+    {
+        m_calls.append(signalsBlocked() ? call + u" blocked"_s : call);
+    }
     int read(int value) const
     {
-        ++reads;
-        wasBlocked.append(signalsBlocked());
+        record(u"read"_s);
         return value;
     }
     bool write(int *field, int value)
     {
         writes.append(value);
-        wasBlocked.append(signalsBlocked());
+        record(u"write %1"_s.arg(value));
         const bool changed = *field != value || emitsThoughTheSame-- > 0;
         *field = value;
         return changed;
@@ -108,6 +131,7 @@ private:
     int m_value;
     int m_other;
     int m_silent;
+    mutable QStringList m_calls;
 };
 
 // Has the property of a Model at another index and of another type.
@@ -217,6 +241,33 @@ private:
         objects.append(object);
         return answersFixed ? fixedAnswer : QVariant(value.toInt() + added);
     }
+};
+
+// Two models, and a binding for them.
+struct BindStage
+{
+    // With the property "value" of both.
+    void setBind(BindMode mode, IKELValueConverter *valueConverter = nullptr)
+    {
+        setBind("value", "value", mode, valueConverter);
+    }
+    void setBind(const char *sourceName, const char *destinationName, BindMode mode,
+                 IKELValueConverter *valueConverter = nullptr)
+    {
+        binding.setBind(&source, sourceName, &destination, destinationName, mode, valueConverter);
+    }
+    // From the source and from the destination.
+    Ints connections() const { return {source.connections(), destination.connections()}; }
+    void forget()
+    {
+        source.forget();
+        destination.forget();
+    }
+
+    Model source;
+    Model destination;
+    Converter converter; // of no binding, unless it is passed
+    KELDataBind binding;
 };
 
 #endif
