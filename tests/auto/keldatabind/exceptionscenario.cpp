@@ -1,16 +1,18 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
-// Throws in the way its argument names, while a binding calls. Exits with 42 when that ends the
-// program as std::terminate() does, and with 1 when the exception leaves the binding.
+// Lets foreign code throw while a binding calls it: the first argument says which code, the second
+// one what it is called for. Exits with 42 when that ends the program as std::terminate() does, and
+// with 1 when the exception leaves the binding.
 
 #include "bindactors.h"
 
 #include <QtCore/QCoreApplication>
 
 #include <cstdlib>
-#include <cstring>
 #include <exception>
+#include <map>
+#include <string>
 
 namespace {
 
@@ -32,83 +34,26 @@ struct Stage
     HookedConverter converter;
     KELDataBind binding;
 
-    Stage() { converter.onConvert = fail; }
-    void setBind(IKELValueConverter *valueConverter = nullptr)
+    void setBind()
     {
-        binding.setBind(&source, "value", &destination, "value", KELDataBind::OneWay,
-                        valueConverter);
+        binding.setBind(&source, "value", &destination, "value", KELDataBind::OneWay, &converter);
     }
 };
 
-struct Scenario
-{
-    const char *name;
-    void (*run)(Stage &);
+using Step = void (*)(Stage &);
+
+const std::map<std::string, Step> throwers = {
+    {"getter", [](Stage &stage) { stage.source.onRead = stage.destination.onRead = fail; }},
+    {"setter", [](Stage &stage) { stage.source.onWrite = stage.destination.onWrite = fail; }},
+    {"converter", [](Stage &stage) { stage.converter.onConvert = fail; }},
+    {"connectNotify()", [](Stage &stage) { stage.source.onConnect = fail; }},
 };
 
-const Scenario scenarios[] = {
-    {"getter-in-set-bind",
-     [](Stage &stage) {
-         stage.destination.onRead = fail;
-         stage.setBind();
-     }},
-    {"setter-in-set-bind",
-     [](Stage &stage) {
-         stage.source.onWrite = fail;
-         stage.setBind();
-     }},
-    {"connection-in-set-bind",
-     [](Stage &stage) {
-         stage.source.onConnect = fail;
-         stage.setBind();
-     }},
-    {"getter-in-update",
-     [](Stage &stage) {
-         stage.setBind();
-         stage.destination.onRead = fail;
-         stage.binding.update();
-     }},
-    {"setter-in-update",
-     [](Stage &stage) {
-         stage.setBind();
-         stage.source.onWrite = fail;
-         stage.binding.update();
-     }},
-    {"converter-in-update",
-     [](Stage &stage) {
-         stage.setBind(&stage.converter);
-         stage.binding.update();
-     }},
-    {"converter-in-bind",
-     [](Stage &stage) {
-         stage.setBind(&stage.converter);
-         stage.binding.unbind();
-         stage.binding.bind();
-     }},
-    {"connection-in-bind",
-     [](Stage &stage) {
-         stage.setBind();
-         stage.binding.unbind();
-         stage.source.onConnect = fail;
-         stage.binding.bind();
-     }},
-    {"getter-in-a-change",
-     [](Stage &stage) {
-         stage.setBind();
-         stage.source.onRead = fail;
-         stage.source.setValue(1);
-     }},
-    {"setter-in-a-change",
-     [](Stage &stage) {
-         stage.setBind();
-         stage.destination.onWrite = fail;
-         stage.source.setValue(1);
-     }},
-    {"converter-in-a-change",
-     [](Stage &stage) {
-         stage.setBind(&stage.converter);
-         stage.source.setValue(1);
-     }},
+const std::map<std::string, Step> calls = {
+    {"setBind()", [](Stage &stage) { stage.setBind(); }},
+    {"bind()", [](Stage &stage) { stage.binding.bind(); }},
+    {"update()", [](Stage &stage) { stage.binding.update(); }},
+    {"a change", [](Stage &stage) { Q_EMIT stage.source.valueChanged(); }},
 };
 
 } // namespace
@@ -117,16 +62,16 @@ int main(int argc, char *argv[])
 {
     const QCoreApplication app(argc, argv);
     std::set_terminate([] { std::_Exit(terminated); });
-    for (const Scenario &scenario : scenarios) {
-        if (argc != 2 || std::strcmp(argv[1], scenario.name) != 0)
-            continue;
-        Stage stage;
-        try {
-            scenario.run(stage);
-        } catch (const Thrown &) {
-            return 1;
-        }
-        return 0;
+    if (argc != 3 || !throwers.count(argv[1]) || !calls.count(argv[2]))
+        return 2;
+    Stage stage;
+    if (argv[2] != std::string("setBind()"))
+        stage.setBind();
+    throwers.at(argv[1])(stage);
+    try {
+        calls.at(argv[2])(stage);
+    } catch (const Thrown &) {
+        return 1;
     }
-    return 2;
+    return 0;
 }
