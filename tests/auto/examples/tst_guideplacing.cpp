@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
+#include "hand.h"
 #include "keltest.h"
 #include "samples.h"
 
@@ -69,19 +70,14 @@ bool isCentredOn(const QRectF &drawn, const QPointF &centre)
     return !drawn.isEmpty() && (drawn.center() - centre).manhattanLength() < 2;
 }
 
-void click(const QGraphicsView *view, const QPointF &scenePos)
+void tap(const QGraphicsView *view, const QPointF &scenePos)
 {
-    QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::NoModifier,
-                      view->mapFromScene(scenePos));
+    Hand(view->viewport()).tap(view->mapFromScene(scenePos));
 }
 
 void drag(const QGraphicsView *view, const QPointF &from, const QPointF &to)
 {
-    QTest::mousePress(view->viewport(), Qt::LeftButton, Qt::NoModifier, view->mapFromScene(from));
-    QMouseEvent move(QEvent::MouseMove, view->mapFromScene(to), Qt::NoButton, Qt::LeftButton,
-                     Qt::NoModifier);
-    QCoreApplication::sendEvent(view->viewport(), &move);
-    QTest::mouseRelease(view->viewport(), Qt::LeftButton, Qt::NoModifier, view->mapFromScene(to));
+    Hand(view->viewport()).drag(view->mapFromScene(from), view->mapFromScene(to));
 }
 
 // The sample's table without what the guide recommends: the controls are on the page itself.
@@ -173,22 +169,19 @@ private Q_SLOTS:
 
     void radioBoxIsDrawnAndPressedAtItsPlace_data()
     {
-        QTest::addColumn<int>("id");
-        QTest::newRow("first") << 0;
-        QTest::newRow("second") << 1;
-        QTest::newRow("third") << 2;
+        addRows({{"id", {{"first", 0}, {"second", 1}, {"third", 2}}}});
     }
 
     void radioBoxIsDrawnAndPressedAtItsPlace()
     {
-        QFETCH(const int, id);
+        const int id = fetch<int>("id");
         Stage stage;
         all<KELSlideControl>(stage.view).value(0)->hide();
         QVERIFY(stage.show());
         const auto *group = stage.table->selectItem()->findChild<KELRadioBoxGroup *>();
         const QPointF centre = pageCorner + QPointF(40 + 60 * id, 40);
-        click(stage.view, pageCorner + QPointF(40 + 60 * ((id + 1) % 3), 40));
-        click(stage.view, centre);
+        tap(stage.view, pageCorner + QPointF(40 + 60 * ((id + 1) % 3), 40));
+        tap(stage.view, centre);
         QCOMPARE(group->id(), id);
         const QRectF drawn = drawnIn(blue, stage.view);
         QVERIFY(isCentredOn(drawn, centre));
@@ -214,22 +207,19 @@ private Q_SLOTS:
 
     void entryOfTheComboBoxIsTaken_data()
     {
-        QTest::addColumn<int>("index");
-        QTest::newRow("first") << 0;
-        QTest::newRow("second") << 1;
-        QTest::newRow("last") << 2;
+        addRows({{"index", {{"first", 0}, {"second", 1}, {"last", 2}}}});
     }
 
     void entryOfTheComboBoxIsTaken()
     {
-        QFETCH(const int, index);
+        const int index = fetch<int>("index");
         Stage stage;
         QVERIFY(stage.show());
         const KELComboBox *speed = all<KELComboBox>(stage.view).value(0);
         const QPointF corner = pageCorner + QPointF(270, 20);
-        click(stage.view, corner + QPointF(75, 20));
+        tap(stage.view, corner + QPointF(75, 20));
         QVERIFY(speed->items().first()->isVisible());
-        click(stage.view, corner + QPointF(75, 39 + 30 * index + 15));
+        tap(stage.view, corner + QPointF(75, 39 + 30 * index + 15));
         QCOMPARE(speed->selectIndex(), index);
         QVERIFY(!speed->items().first()->isVisible());
     }
@@ -239,9 +229,9 @@ private Q_SLOTS:
         Stage stage;
         QVERIFY(stage.show());
         const QSignalSpy pressed(stage.table->selectItem(), &KELRoundRectControl::mousePress);
-        click(stage.view, pageCorner + QPointF(0, 0));
-        click(stage.view, pageCorner + QPointF(70, 40));
-        click(stage.view, pageCorner + QPointF(439, 194));
+        tap(stage.view, pageCorner + QPointF(0, 0));
+        tap(stage.view, pageCorner + QPointF(70, 40));
+        tap(stage.view, pageCorner + QPointF(439, 194));
         QCOMPARE(pressed.count(), 3);
     }
 
@@ -249,7 +239,7 @@ private Q_SLOTS:
     {
         Stage stage;
         QVERIFY(stage.show());
-        click(stage.view, QPointF(330, 232));
+        tap(stage.view, QPointF(330, 232));
         QCOMPARE(stage.table->selectIndex(), 1);
         QVERIFY(!all<KELRadioBox>(stage.view).value(0)->isVisible());
     }
@@ -277,7 +267,7 @@ private Q_SLOTS:
         window.show();
         QVERIFY(QTest::qWaitForWindowExposed(&window));
 
-        click(menu, corner + QPointF(30, 30));
+        tap(menu, corner + QPointF(30, 30));
         QVERIFY(all<KELRadioBox>(menu).value(row)->isCheck());
         QVERIFY(isCentredOn(drawnIn(blue, menu), corner + QPointF(30, 30)));
         QVERIFY(isCentredOn(drawnIn(green, menu), corner + QPointF(75, 30)));
@@ -301,7 +291,7 @@ private Q_SLOTS:
         // The circle would be 35 px further up, where the cache has cut it off; the press is taken
         // below.
         QVERIFY(drawnIn(blue, stage.view).isEmpty());
-        click(stage.view, pageCorner + QPointF(100, 40));
+        tap(stage.view, pageCorner + QPointF(100, 40));
         QVERIFY(all<KELRadioBox>(stage.view).value(1)->isCheck());
     }
 
@@ -326,9 +316,9 @@ private Q_SLOTS:
         QVERIFY(view.showAndWait());
         const KELComboBox *speed = all<KELComboBox>(&view).value(0);
         const QPointF corner = QPointF(100, 100) + pageCorner + QPointF(270, 20);
-        click(&view, corner + QPointF(75, 20));
+        tap(&view, corner + QPointF(75, 20));
         QVERIFY(speed->items().first()->isVisible());
-        click(&view, corner + QPointF(75, 39 + 15));
+        tap(&view, corner + QPointF(75, 39 + 15));
         QCOMPARE(speed->selectIndex(), -1);
         QVERIFY(!speed->items().first()->isVisible());
     }
@@ -343,7 +333,7 @@ private Q_SLOTS:
         all<KELSlideControl>(stage.view).value(0)->hide();
         QVERIFY(stage.show());
 
-        click(stage.view, QPointF(100, 40));
+        tap(stage.view, QPointF(100, 40));
         QVERIFY(all<KELRadioBox>(stage.view).value(1)->isCheck());
         QVERIFY(isCentredOn(drawnIn(blue, stage.view), QPointF(100, 40)));
     }
