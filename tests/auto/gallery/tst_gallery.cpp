@@ -166,15 +166,7 @@ private Q_SLOTS:
             "--screenshot and --screenshot-all exclude each other");
     }
 
-    void badArgumentsGiveOneLineAndCodeTwo()
-    {
-        QFETCH(QStringList, arguments);
-        QFETCH(QString, what);
-        const Gallery::Result result = Gallery::run(arguments, m_broken);
-        QCOMPARE(result.errorLines, QStringList{"kelgdi-gallery: " + what});
-        QCOMPARE(result.exitCode, 2);
-        QCOMPARE(result.out, QString());
-    }
+    void badArgumentsGiveOneLineAndCodeTwo() { isOneLineAndCodeTwo(m_broken); }
 
     void failuresAfterTheStartGiveOneLineAndCodeTwo_data()
     {
@@ -197,15 +189,7 @@ private Q_SLOTS:
             << QStringList{"--geometry-of", "nobody"} << "no control 'nobody' on this page";
     }
 
-    void failuresAfterTheStartGiveOneLineAndCodeTwo()
-    {
-        QFETCH(QStringList, arguments);
-        QFETCH(QString, what);
-        const Gallery::Result result = Gallery::run(arguments, m_headless);
-        QCOMPARE(result.errorLines, QStringList{"kelgdi-gallery: " + what});
-        QCOMPARE(result.exitCode, 2);
-        QCOMPARE(result.out, QString());
-    }
+    void failuresAfterTheStartGiveOneLineAndCodeTwo() { isOneLineAndCodeTwo(m_headless); }
 
     void optionsOfQtPass_data()
     {
@@ -387,6 +371,14 @@ private Q_SLOTS:
     }
 
 private:
+    static void isOneLineAndCodeTwo(const QProcessEnvironment &environment)
+    {
+        const auto what = fetch<QString>("what");
+        const Gallery::Result result = Gallery::run(fetch<QStringList>("arguments"), environment);
+        QCOMPARE(result.errorLines, QStringList{"kelgdi-gallery: " + what});
+        QCOMPARE(result.exitCode, 2);
+        QCOMPARE(result.out, QString());
+    }
     QString path(const QString &name) const { return m_directory.filePath(name); }
 
     QStringList m_pageNames; // all
