@@ -4,7 +4,7 @@
 #include "captionscene.h"
 #include "fuzzbytes.h"
 #include "fuzztargets.h"
-#include "keltest.h"
+#include "handdrawing.h"
 
 #include <kellabel.h>
 
@@ -64,7 +64,7 @@ QString wrongWithElided(const QString &source, qreal width, const QFont &font)
         return QStringLiteral("%1 elided to %2 px in %3 is %4: %5")
             .arg(quoted(source), QString::number(width), font.toString(), quoted(elided), what);
     };
-    const QString expected = elidedByHand(source, width, font);
+    const QString expected = HandDrawing::elided(source, width, font);
     if (elided != expected)
         return describe(QStringLiteral("expected ") + quoted(expected));
     const QStringList sources = source.split(lineFeed, Qt::SkipEmptyParts);
@@ -95,19 +95,19 @@ void change(CaptionScene *scene, FuzzBytes *in)
 {
     const int what = in->byte();
     if (what & 1)
-        scene->text = in->text();
+        scene->style.text = in->text();
     if (what & 2)
-        scene->font = in->font();
+        scene->style.font = in->font();
     if (what & 4) {
-        scene->rect.setWidth(in->byte());
-        scene->rect.setHeight(in->byte() / 3.0);
+        scene->style.boundRect.setWidth(in->byte());
+        scene->style.boundRect.setHeight(in->byte() / 3.0);
     }
     if (what & 8)
-        scene->flags = in->flag() ? in->word() : in->integer();
+        scene->style.textFlags = in->flag() ? in->word() : in->integer();
     if (what & 16)
-        scene->trimText = !scene->trimText;
+        scene->style.trimText = !scene->style.trimText;
     if (what & 32)
-        scene->margins = in->margins();
+        scene->style.margins = in->margins();
     if (what & 64) {
         const int more = in->byte();
         scene->direction = Qt::LayoutDirection(more % 3);
@@ -118,7 +118,7 @@ void change(CaptionScene *scene, FuzzBytes *in)
             scene->painterFont = in->font();
     }
     if (what & 128)
-        scene->rect = in->rect();
+        scene->style.boundRect = in->rect();
 }
 
 // Qt draws some characters otherwise the second time: another drawing by hand decides.
@@ -134,8 +134,9 @@ QString wrongWithPainted(const CaptionScene &scene, KELLabel *label)
         if (actual == expected)
             continue;
         return QStringLiteral("%1 in %2 with flags 0x%3, the %4 time: %5")
-            .arg(quoted(scene.text), scene.font.toString(), QString::number(uint(scene.flags), 16),
-                 QLatin1String(time), KelImage::difference(actual, expected));
+            .arg(quoted(scene.style.text), scene.style.font.toString(),
+                 QString::number(uint(scene.style.textFlags), 16), QLatin1String(time),
+                 KelImage::difference(actual, expected));
     }
     return QString();
 }
@@ -150,7 +151,7 @@ QString KelFuzz::trimming(const QByteArray &bytes)
     KELLabel label;
     for (int i = 0; i < mostScenes && !in.isAtEnd(); ++i) {
         change(&scene, &in);
-        QString wrong = wrongWithElided(scene.text, in.number(), scene.font);
+        QString wrong = wrongWithElided(scene.style.text, in.number(), scene.style.font);
         if (wrong.isEmpty())
             wrong = wrongWithPainted(scene, &label);
         if (!wrong.isEmpty())

@@ -36,11 +36,12 @@ void drawShape(QPainter *painter, const KELRoundRectControlStyle &style, QRectF 
     painter->drawRoundedRect(rect, style.xRadius, style.yRadius, Qt::AbsoluteSize);
 }
 
+// Another order of the subtractions rounds otherwise.
 QRectF withoutMargins(const QRectF &rect, const QMarginsF &margins)
 {
     return QRectF(rect.x() + margins.left(), rect.y() + margins.top(),
-                  rect.width() - margins.left() - margins.right(),
-                  rect.height() - margins.top() - margins.bottom());
+                  rect.width() - margins.right() - margins.left(),
+                  rect.height() - margins.bottom() - margins.top());
 }
 
 void drawPixmap(QPainter *painter, const QRectF &area, const QPixmap &pixmap)
@@ -70,11 +71,14 @@ void drawCaption(QPainter *painter, const KELRoundRectControlStyle &style, const
 
 QString elided(const QString &text, qreal width, const QFont &font)
 {
+    constexpr qreal leastPx = -16777216;
+    constexpr qreal mostPx = 33554431;
+    const int wholeWidth = qIsNaN(width) ? 0 : int(qBound(leastPx, width, mostPx));
     QStringList kept;
     const QStringList lines = text.split(QLatin1Char('\n'));
     for (const QString &line : lines) {
         if (!line.isEmpty()) {
-            kept += QFontMetrics(font).elidedText(line, Qt::ElideRight, int(width),
+            kept += QFontMetrics(font).elidedText(line, Qt::ElideRight, wholeWidth,
                                                   Qt::TextShowMnemonic);
         }
     }

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
+#include "captionscene.h"
 #include "handdrawing.h"
 #include "keltest.h"
 #include "rows.h"
@@ -16,67 +17,12 @@
 
 namespace {
 
-constexpr qreal inchesPerMetre = 39.3701;
-
-// Everything that a caption may depend on.
-struct Scene
-{
-    Scene()
-    {
-        style.text = u"A caption & more"_s;
-        style.font = QFont(u"DejaVu Sans"_s, 11);
-        style.boundRect = QRectF(7, 5, 120, 40);
-        style.margins = QMarginsF(2, 1, 4, 3);
-        style.textFlags = Qt::AlignCenter | Qt::TextWordWrap;
-        style.trimText = true;
-        style.foregroundBrush = QColor(20, 30, 160);
-    }
-
-    KELRoundRectControlStyle style = KELRoundRectControlStyle();
-    QFont painterFont = QFont(u"DejaVu Serif"_s, 15);
-    Qt::LayoutDirection direction = Qt::LayoutDirectionAuto;
-    int dotsPerInch = 96;
-    qreal scale = 1;
-    qreal angle = 0;
-};
-
-QImage picture(const Scene &scene, const KelImage::Drawing &draw)
-{
-    QImage image(300, 200, QImage::Format_ARGB32_Premultiplied);
-    // Exactly, so that DeletingDevice is painted on with what is kept from such a picture.
-    image.setDotsPerMeterX(qRound(scene.dotsPerInch * inchesPerMetre));
-    image.setDotsPerMeterY(qRound(scene.dotsPerInch * inchesPerMetre));
-    image.fill(KelImage::paper);
-    QPainter painter(&image);
-    painter.setFont(scene.painterFont);
-    painter.setLayoutDirection(scene.direction);
-    painter.translate(20, 10);
-    painter.rotate(scene.angle);
-    painter.scale(scene.scale, scene.scale);
-    draw(&painter);
-    return image;
-}
-
-QImage drawnByHand(const Scene &scene)
-{
-    return picture(scene, [&](QPainter *painter) {
-        HandDrawing::drawControl(painter, scene.style, scene.style.boundRect);
-    });
-}
-
-void apply(const Scene &scene, KELLabel *label)
-{
-    *label->style() = scene.style;
-}
-
 // Empty when the label is painted as drawn by hand: the first time, when a layout is made, and from
 // what is kept.
-QString differenceInPaints(const Scene &scene, KELLabel *label)
+QString differenceInPaints(const CaptionScene &scene, KELLabel *label)
 {
     for (int i = 0; i < 3; ++i) {
-        const QImage painted = picture(
-            scene, [&](QPainter *painter) { label->paint(painter, nullptr, nullptr); });
-        const QString difference = KelImage::difference(painted, drawnByHand(scene));
+        const QString difference = KelImage::difference(painted(scene, label), drawnByHand(scene));
         if (!difference.isEmpty())
             return difference;
     }
@@ -134,7 +80,7 @@ private:
     mutable Engine m_engine;
 };
 
-using Change = std::function<void(Scene &)>;
+using Change = std::function<void(CaptionScene &)>;
 
 struct NamedChange
 {
@@ -144,7 +90,7 @@ struct NamedChange
 
 Change all(const std::vector<Change> &parts)
 {
-    return [parts](Scene &s) {
+    return [parts](CaptionScene &s) {
         for (const Change &part : parts)
             part(s);
     };
@@ -152,50 +98,50 @@ Change all(const std::vector<Change> &parts)
 
 Change text(const QString &text)
 {
-    return [=](Scene &s) { s.style.text = text; };
+    return [=](CaptionScene &s) { s.style.text = text; };
 }
 
 Change flags(int flags)
 {
-    return [=](Scene &s) { s.style.textFlags = flags; };
+    return [=](CaptionScene &s) { s.style.textFlags = flags; };
 }
 
 Change moreFlags(int flags)
 {
-    return [=](Scene &s) { s.style.textFlags |= flags; };
+    return [=](CaptionScene &s) { s.style.textFlags |= flags; };
 }
 
 Change font(const std::function<void(QFont &)> &change)
 {
-    return [=](Scene &s) { change(s.style.font); };
+    return [=](CaptionScene &s) { change(s.style.font); };
 }
 
 Change height(qreal height)
 {
-    return [=](Scene &s) { s.style.boundRect.setHeight(height); };
+    return [=](CaptionScene &s) { s.style.boundRect.setHeight(height); };
 }
 
 Change width(qreal width)
 {
-    return [=](Scene &s) { s.style.boundRect.setWidth(width); };
+    return [=](CaptionScene &s) { s.style.boundRect.setWidth(width); };
 }
 
 Change margins(const QMarginsF &margins)
 {
-    return [=](Scene &s) { s.style.margins = margins; };
+    return [=](CaptionScene &s) { s.style.margins = margins; };
 }
 
 Change direction(Qt::LayoutDirection direction)
 {
-    return [=](Scene &s) { s.direction = direction; };
+    return [=](CaptionScene &s) { s.direction = direction; };
 }
 
-void notTrimmed(Scene &s)
+void notTrimmed(CaptionScene &s)
 {
     s.style.trimText = false;
 }
 
-void fontOfThePainter(Scene &s)
+void fontOfThePainter(CaptionScene &s)
 {
     s.style.font = QFont();
 }
@@ -206,7 +152,7 @@ const QString fromRightToLeft = u"\u05E9\u05DC\u05D5\u05DD a1  "_s;
 
 // What the changes begin with.
 const NamedChange beginnings[] = {
-    {"short", [](Scene & /*scene*/) {}},
+    {"short", [](CaptionScene & /*scene*/) {}},
     {"wrapped",
      all({text(u"A text that takes some lines, and of them more than there is room for"_s),
           notTrimmed})},
@@ -214,7 +160,7 @@ const NamedChange beginnings[] = {
 };
 
 const NamedChange changes[] = {
-    {"nothing", [](Scene & /*scene*/) {}},
+    {"nothing", [](CaptionScene & /*scene*/) {}},
     {"another text", text(u"Another text"_s)},
     {"a text of the same length", text(u"B caption & more"_s)},
     {"no text", text(QString())},
@@ -247,11 +193,11 @@ const NamedChange changes[] = {
     {"spaced letters", font([](QFont &f) { f.setLetterSpacing(QFont::AbsoluteSpacing, 2); })},
     {"the painter's own font", fontOfThePainter},
     {"another font of the painter",
-     all({fontOfThePainter, [](Scene &s) { s.painterFont.setPointSize(9); }})},
+     all({fontOfThePainter, [](CaptionScene &s) { s.painterFont.setPointSize(9); }})},
     {"a font that the painter completes",
      all({fontOfThePainter, font([](QFont &f) { f.setBold(true); }),
-          [](Scene &s) { s.painterFont.setItalic(true); }})},
-    {"a finer device", [](Scene &s) { s.dotsPerInch = 150; }},
+          [](CaptionScene &s) { s.painterFont.setItalic(true); }})},
+    {"a finer device", [](CaptionScene &s) { s.dotsPerInch = 150; }},
     {"wider", width(180)},
     {"wider by a little", width(120.4)},
     {"too narrow", width(35)},
@@ -259,7 +205,7 @@ const NamedChange changes[] = {
     {"too low, not clipped", all({height(9), moreFlags(Qt::TextDontClip)})},
     {"higher", height(61)},
     {"without size", all({width(0), height(0)})},
-    {"elsewhere", [](Scene &s) { s.style.boundRect.moveTopLeft(QPointF(30.25, 40.75)); }},
+    {"elsewhere", [](CaptionScene &s) { s.style.boundRect.moveTopLeft(QPointF(30.25, 40.75)); }},
     {"other margins", margins(QMarginsF(20, 9, 3, 0))},
     {"margins that leave nothing", margins(QMarginsF(90, 30, 90, 30))},
     {"at the left", flags(Qt::AlignLeft)},
@@ -272,13 +218,13 @@ const NamedChange changes[] = {
     {"with a mnemonic", moreFlags(Qt::TextShowMnemonic)},
     {"with a hidden mnemonic", moreFlags(Qt::TextHideMnemonic)},
     {"no flags", flags(0)},
-    {"another colour", [](Scene &s) { s.style.foregroundBrush = QColor(200, 30, 30, 128); }},
+    {"another colour", [](CaptionScene &s) { s.style.foregroundBrush = QColor(200, 30, 30, 128); }},
     {"painter from right to left", direction(Qt::RightToLeft)},
     {"painter from right to left, at the left",
      all({direction(Qt::RightToLeft), flags(Qt::AlignLeft)})},
     {"painter from left to right", direction(Qt::LeftToRight)},
-    {"scaled", [](Scene &s) { s.scale = 1.5; }},
-    {"turned", [](Scene &s) { s.angle = 30; }},
+    {"scaled", [](CaptionScene &s) { s.scale = 1.5; }},
+    {"turned", [](CaptionScene &s) { s.angle = 30; }},
 };
 
 } // namespace
@@ -295,12 +241,12 @@ private Q_SLOTS:
 
     void changeIsSeenAtOnce()
     {
-        Scene before;
+        CaptionScene before;
         beginnings[fetch<size_t>("beginning")].change(before);
-        Scene after = before;
+        CaptionScene after = before;
         changes[fetch<size_t>("change")].change(after);
         KELLabel label;
-        for (const Scene &scene : {before, after, before}) {
+        for (const CaptionScene &scene : {before, after, before}) {
             apply(scene, &label);
             QCOMPARE(differenceInPaints(scene, &label), QString());
         }
@@ -308,7 +254,7 @@ private Q_SLOTS:
 
     void fontIsChangedInPlace()
     {
-        Scene scene;
+        CaptionScene scene;
         scene.style.text = u"A caption that is cut off"_s;
         KELLabel label;
         apply(scene, &label);
@@ -328,7 +274,7 @@ private Q_SLOTS:
     {
         const int id = QFontDatabase::addApplicationFont(besideProgram(u"icons.ttf"_s));
         QVERIFY(id >= 0);
-        Scene scene;
+        CaptionScene scene;
         scene.style.text = QString(fetch<int>("letters"), QChar(0xE001));
         scene.style.font = QFont(QFontDatabase::applicationFontFamilies(id).constFirst(), 16);
         KELLabel label;
@@ -349,7 +295,7 @@ private Q_SLOTS:
     {
         const bool isNew = fetch<bool>("isNew");
         const QString family = u"No such family %1"_s.arg(isNew);
-        Scene scene;
+        CaptionScene scene;
         scene.style.text = u"Substitutes iiii"_s;
         scene.style.font = QFont(family, 12);
         KELLabel label;
@@ -391,7 +337,7 @@ private Q_SLOTS:
     void painterWithoutDeviceDrawsNothing()
     {
         KELLabel label;
-        apply(Scene(), &label);
+        apply(CaptionScene(), &label);
         QPainter painter;
         for (int i = 0; i < 3; ++i)
             label.paint(&painter, nullptr, nullptr);
@@ -403,12 +349,12 @@ private Q_SLOTS:
 
     void controlIsDeletedByThePaintDevice()
     {
-        const Scene scene;
+        const CaptionScene scene;
         for (int paints = 0; paints < 4; ++paints) {
             auto *const label = new KELLabel;
             apply(scene, label);
             for (int i = 0; i < paints; ++i)
-                picture(scene, [&](QPainter *painter) { label->paint(painter, nullptr, nullptr); });
+                painted(scene, label);
             DeletingDevice device(label);
             QPainter painter(&device);
             label->paint(&painter, nullptr, nullptr);
@@ -418,7 +364,7 @@ private Q_SLOTS:
 
     void painterIsLeftAsByTheFirstPaint()
     {
-        Scene scene;
+        CaptionScene scene;
         scene.style.boundRect.setHeight(9); // is clipped
         KELLabel label;
         apply(scene, &label);
