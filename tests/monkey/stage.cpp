@@ -37,7 +37,7 @@ public:
 
 } // namespace
 
-Stage::Stage(VirtualTime *clock) : time(clock), m_filtersBefore(applicationFilters())
+Stage::Stage(VirtualTime *clock) : time(clock), m_filtersBefore(applicationFilterCount())
 {
     desk = new QWidget;
     desk->setWindowFlags(Qt::FramelessWindowHint);
@@ -229,7 +229,7 @@ void Stage::finish()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     turn();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    if (applicationFilters() != m_filtersBefore)
+    if (applicationFilterCount() != m_filtersBefore)
         fail(QStringLiteral("an event filter of the application is left"));
     if (!QApplication::topLevelWidgets().isEmpty())
         fail(QStringLiteral("a window is left"));

@@ -3,16 +3,17 @@
 
 #include "census.h"
 
-#include "objects.h"
+#include "filtercount.h"
+#include "livingobjects.h"
 
 #include <QtCore/QAbstractEventDispatcher>
 #include <QtCore/QFile>
 #include <QtCore/QMetaMethod>
-#include <QtCore/QThread>
 #include <QtGui/QPixmapCache>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QGraphicsScene>
 
+#include <algorithm>
 #include <malloc.h>
 #include <unistd.h>
 
@@ -20,7 +21,7 @@ namespace {
 
 void settle()
 {
-    Objects::waitForSingleShots();
+    waitForSingleShots();
     for (int i = 0; i < 3; ++i) {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QCoreApplication::processEvents();
@@ -66,18 +67,26 @@ int timersOf(QObject *object)
 
 } // namespace
 
+void waitForSingleShots()
+{
+    const auto isSingleShot = [](const QObject *object) {
+        return object->inherits("QSingleShotTimer");
+    };
+    for (QObjectList all = livingObjects(); std::any_of(all.begin(), all.end(), isSingleShot);
+         all = livingObjects())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
 Census Census::take()
 {
     settle();
     Census census;
     census.bytes = allocatedBytes();
     census.rss = residentBytes();
-    census.filters = Objects::applicationFilters();
+    census.filters = applicationFilterCount();
     census.windows = QApplication::topLevelWidgets().size() + QGuiApplication::allWindows().size();
-    const QObjectList objects = Objects::alive();
+    const QObjectList objects = livingObjects();
     for (QObject *object : objects) {
-        if (object->thread() != QThread::currentThread())
-            continue;
         ++census.objects;
         ++census.classes[object->metaObject()->className()];
         census.timers += timersOf(object);

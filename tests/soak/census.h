@@ -23,4 +23,7 @@ struct Census
     QMap<QByteArray, int> classes; // how many objects of each
 };
 
+// Such a timer runs to its end, also when the object that it was for has died.
+void waitForSingleShots();
+
 #endif

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
-#include "objects.h"
+#include "livingobjects.h"
 #include "scenario.h"
 
 #include <kelcontentview.h>
@@ -32,7 +32,7 @@ public:
     {
         const QRect before = dialog->geometry();
         startShake();
-        auto *const animation = Objects::find<QPropertyAnimation>();
+        auto *const animation = findLiving<QPropertyAnimation>();
         expect(animation != nullptr, "the dialog shakes");
         animation->setCurrentTime(animation->duration() / 2);
         animation->setCurrentTime(animation->duration());

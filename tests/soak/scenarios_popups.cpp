@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
-#include "objects.h"
+#include "census.h"
 #include "scenario.h"
 
 #include <kelnonmodaldialog.h>
@@ -55,7 +55,7 @@ public:
         QCoreApplication::processEvents();
         press(&m_stage.view);
         popup.reset();
-        Objects::waitForSingleShots();
+        waitForSingleShots();
         settleRound();
     }
 

@@ -6,7 +6,7 @@
  */
 
 #include "census.h"
-#include "objects.h"
+#include "filtercount.h"
 #include "scenario.h"
 
 #include <QtCore/QCommandLineParser>
@@ -65,7 +65,7 @@ Result run(const ScenarioEntry &entry, int rounds)
     Result result;
     warningCount = 0;
     const std::unique_ptr<Scenario> scenario = entry.create();
-    const int filtersAtFirst = Objects::applicationFilters();
+    const int filtersAtFirst = applicationFilterCount();
     const int warmUp = qBound(leastWarmUp, rounds / 10, mostWarmUp);
     for (int i = 0; i < warmUp; ++i)
         scenario->round();
@@ -136,7 +136,6 @@ int main(int argc, char *argv[])
         qputenv("GLIBC_TUNABLES", "glibc.malloc.tcache_count=0");
         execv("/proc/self/exe", argv);
     }
-    Objects::startWatching();
     QApplication app(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     qInstallMessageHandler(countWarnings);

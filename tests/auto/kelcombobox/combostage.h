@@ -4,14 +4,13 @@
 #ifndef COMBOSTAGE_H
 #define COMBOSTAGE_H
 
+#include "livingobjects.h"
 #include "stage.h"
 
 #include <kelapplicationnotify.h>
 #include <kelcombobox.h>
 #include <kellabel.h>
 
-#include <QtCore/QMutex>
-#include <QtCore/QSet>
 #include <QtGui/QPixmapCache>
 #include <QtGui/QScreen>
 #include <QtGui/QWindow>
@@ -20,9 +19,6 @@
 #include <algorithm>
 #include <memory>
 #include <typeinfo>
-
-// Called for every QObject at its beginning and its end.
-extern Q_CORE_EXPORT quintptr qtHookData[];
 
 inline const std::vector<Named> indexMethods = {{"no index", int(QGraphicsScene::NoIndex)},
                                                 {"tree index", int(QGraphicsScene::BspTreeIndex)}};
@@ -44,17 +40,6 @@ inline const QStringList threeTexts = {u"one"_s, u"two"_s, u"three"_s};
 class ApplicationFilters
 {
 public:
-    ApplicationFilters()
-    {
-        qtHookData[3] = quintptr(&enter);
-        qtHookData[4] = quintptr(&leave);
-    }
-    ~ApplicationFilters()
-    {
-        qtHookData[3] = 0;
-        qtHookData[4] = 0;
-    }
-
     int count() const { return all().size(); }
 
     // How many of them hear of a press on any object.
@@ -79,39 +64,17 @@ public:
     }
 
 private:
-    Q_DISABLE_COPY(ApplicationFilters)
-
     static QObjectList all()
     {
-        const QMutexLocker locker(mutex());
         QObjectList filters;
-        for (QObject *object : qAsConst(*objects())) {
+        const QObjectList objects = livingObjects();
+        for (QObject *object : objects) {
             // The other one is private and filters the application as long as it lives.
             if (qobject_cast<KELApplicationNotify *>(object)
                 || QByteArray(typeid(*object).name()).contains("KELOutsidePress"))
                 filters.append(object);
         }
         return filters;
-    }
-    static void enter(QObject *object)
-    {
-        const QMutexLocker locker(mutex());
-        objects()->insert(object);
-    }
-    static void leave(QObject *object)
-    {
-        const QMutexLocker locker(mutex());
-        objects()->remove(object);
-    }
-    static QSet<QObject *> *objects()
-    {
-        static QSet<QObject *> set;
-        return &set;
-    }
-    static QMutex *mutex()
-    {
-        static QMutex guard;
-        return &guard;
     }
 };
 

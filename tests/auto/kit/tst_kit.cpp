@@ -3,6 +3,7 @@
 
 #include "controltest.h"
 #include "handdrawing.h"
+#include "livingobjects.h"
 #include "looks.h"
 #include "losses.h"
 #include "program.h"
@@ -11,7 +12,10 @@
 #include <kelapplicationnotify.h>
 #include <kelcheckbox.h>
 
+#include <QtCore/QThread>
 #include <QtWidgets/QPushButton>
+
+#include <memory>
 
 // What the tests are made of does what they believe.
 class tst_Kit : public KelTest
@@ -284,6 +288,21 @@ private Q_SLOTS:
     {
         const auto rect = fetch<QRectF>("rect");
         QVERIFY(!qIsFinite(rect.x() + rect.y() + rect.width() + rect.height()));
+    }
+
+    void livingObjectsAreThoseOfTheThread()
+    {
+        auto object = std::make_unique<PlainItem>();
+        QObject *const address = object.get();
+        QVERIFY(livingObjects().contains(address));
+        QCOMPARE(findLiving<tst_Kit>(), this);
+        object.reset();
+        QVERIFY(!livingObjects().contains(address));
+
+        QThread thread;
+        QObject elsewhere;
+        elsewhere.moveToThread(&thread);
+        QVERIFY(!livingObjects().contains(&elsewhere));
     }
 
     void handDrawnControlIsThatOfTheBase()

@@ -49,7 +49,7 @@ void QObject::removeEventFilter(QObject *obj)
     (this->*remove)(obj);
 }
 
-int Monkey::applicationFilters()
+int applicationFilterCount()
 {
     filters().removeAll(nullptr);
     return filters().size();
