@@ -273,10 +273,11 @@ void KELComboBox::bindEnum(QMetaEnum e)
 void KELComboBox::setboundRect(const QRectF &rect)
 {
     prepareGeometryChange();
-    KELRoundRectControl::setboundRect(rect);
     // Compat: wider than a narrow control, and computed in single precision
     const float width = qMax(minimumPartsWidthPx, float(rect.width()));
+    // First, while the parts are still where they were: they tell the scene.
     d->placeParts(qreal(width), qreal(width - 30.0F), qreal(width - 25.0F), rect.height());
+    KELRoundRectControl::setboundRect(rect);
     updateWithChildren(this);
 }
 
@@ -284,8 +285,8 @@ void KELComboBox::setboundRect(qreal x, qreal y, qreal w, qreal h)
 {
     prepareGeometryChange();
     const qreal width = qMax(minimumWidthPx, w);
-    KELRoundRectControl::setboundRect(x, y, width, h);
     d->placeParts(width, width - 30, width - 25, h);
+    KELRoundRectControl::setboundRect(x, y, width, h);
     updateWithChildren(this);
 }
 

@@ -255,6 +255,33 @@ private Q_SLOTS:
         QCOMPARE(KelImage::difference(picture.render(), closed), QString());
     }
 
+    void movedListIsReportedWhereItWas_data()
+    {
+        addRows({{"fourNumbers", {{"by a rectangle", false}, {"by four numbers", true}}}});
+    }
+
+    // To an application that draws the scene itself.
+    void movedListIsReportedWhereItWas()
+    {
+        QGraphicsScene scene;
+        KELComboBox *const box = makeBox().release();
+        scene.addItem(box);
+        clickButton(*box);
+        QCoreApplication::processEvents();
+        QRegion changed;
+        connect(&scene, &QGraphicsScene::changed, this, [&](const QList<QRectF> &rects) {
+            for (const QRectF &rect : rects)
+                changed += rect.toAlignedRect();
+        });
+        const QPoint inList = ComboParts(*box).panel->sceneBoundingRect().center().toPoint();
+        if (fetch<bool>("fourNumbers"))
+            box->setboundRect(220, 20, 160, 40);
+        else
+            box->setboundRect(QRectF(220, 20, 160, 40));
+        QTRY_VERIFY(!changed.isEmpty());
+        QVERIFY(changed.contains(inList));
+    }
+
     void partsStayInside()
     {
         Picture picture(State::OpenEntryPressed);
