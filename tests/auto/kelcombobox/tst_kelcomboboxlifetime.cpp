@@ -292,6 +292,24 @@ private Q_SLOTS:
         QCOMPARE(seen, u"KELComboBox, 0 entries, index -1"_s);
     }
 
+    void dyingPartStillSeesTheBox_data()
+    {
+        addRows({{"part", {{"text", 0}, {"arrow", 1}, {"list", 2}, {"button", 3}}}});
+    }
+
+    void dyingPartStillSeesTheBox()
+    {
+        ComboStage stage;
+        KELComboBox *const box = stage.get();
+        const QGraphicsObject *const parts[] = {stage.parts.text, stage.parts.arrow,
+                                                stage.parts.panel, stage.parts.button};
+        QByteArray seen;
+        connect(parts[fetch<int>("part")], &QObject::destroyed, this,
+                [box, &seen] { seen = box->metaObject()->className(); });
+        delete box;
+        QCOMPARE(seen, QByteArray("KELComboBox"));
+    }
+
     void removedEntryOutlivesTheBox()
     {
         ComboStage stage;
