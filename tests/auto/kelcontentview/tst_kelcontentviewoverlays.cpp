@@ -82,6 +82,14 @@ private Q_SLOTS:
         QCOMPARE(view->verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
     }
 
+    void isTransparentBeforeItIsShown_data() { addRows({{"overlay", namesOf(overlays)}}); }
+
+    void isTransparentBeforeItIsShown()
+    {
+        const std::unique_ptr<QWidget> widget(overlay().make(nullptr));
+        QCOMPARE(widget->palette().color(QPalette::Window), QColor(Qt::transparent));
+    }
+
     void ownsItsScene_data() { addRows({{"overlay", namesOf(overlays)}}); }
 
     void ownsItsScene()

@@ -342,6 +342,39 @@ private Q_SLOTS:
         QVERIFY(!c);
     }
 
+    void viewDeletedWhileReplacingDeletesTheNewestFirst()
+    {
+        Replacing stage;
+        QStringList dead;
+        connect(stage.a, &QObject::destroyed, this, [&] { dead.append(u"a"_s); });
+        connect(stage.b, &QObject::destroyed, this, [&] { dead.append(u"b"_s); });
+        stage.whenOldDies([&] {
+            stage.view->setContent(stage.b);
+            delete stage.view;
+        });
+        stage.view->setContent(stage.a);
+        QCOMPARE(dead, QStringList({u"b"_s, u"a"_s}));
+    }
+
+    void focusThatAnotherSceneLosesIsReported()
+    {
+        QGraphicsScene elsewhere;
+        QEvent activate(QEvent::WindowActivate);
+        QCoreApplication::sendEvent(&elsewhere, &activate);
+        Replacing stage;
+        KELRoundRectControl *const panel = newFocusable();
+        elsewhere.addItem(panel);
+        elsewhere.setActivePanel(panel);
+        panel->setFocus();
+        QVERIFY(panel->hasFocus());
+        const QGraphicsItem *last = nullptr;
+        connect(
+            &elsewhere, &QGraphicsScene::focusItemChanged, this,
+            [&](const QGraphicsItem * /*item*/, const QGraphicsItem *before) { last = before; });
+        stage.view->setContent(panel);
+        QCOMPARE(last, panel);
+    }
+
     void selectionAndFocusAreReported()
     {
         View view;
