@@ -89,13 +89,18 @@ private Q_SLOTS:
         QCOMPARE(stage.whatIsWrong(2), QString());
     }
 
+    void pressOnTheOnlyPageLeft_data()
+    {
+        addRows({{"x", {{"at the left", 5}, {"at the right", 435}}}});
+    }
+
     void pressOnTheOnlyPageLeft()
     {
         TableStage stage(2);
         stage.settle();
         delete stage.pages.first();
         // One page has no tab to be seen, but there is room for it.
-        stage.hand.tap(stage.at(100, 270));
+        stage.hand.tap(stage.at(fetch<int>("x"), 270));
         QCOMPARE(stage.whatIsWrong(0), QString());
     }
 

@@ -504,6 +504,20 @@ private Q_SLOTS:
         QCOMPARE(KelImage::difference(image.painted(), KelImage::blank(canvas)), QString());
     }
 
+    void pictureInOddContentIsNotDrawn_data()
+    {
+        addRows({{"isHigh", {{"infinitely high", true}, {"infinitely low", false}}}});
+    }
+
+    void pictureInOddContentIsNotDrawn()
+    {
+        Picture image(usual, 2);
+        image.style()->pixmap = plainPicture();
+        QVERIFY(!KelImage::areaOf(image.painted(), Qt::magenta).isEmpty());
+        image.style()->tabHeight = float(fetch<bool>("isHigh") ? -infinite : infinite);
+        QVERIFY(KelImage::areaOf(image.painted(), Qt::magenta).isEmpty());
+    }
+
     void paintsNothingOutside_data() { addRows({{"layout", tabLayouts}}); }
 
     void paintsNothingOutside()
