@@ -171,6 +171,26 @@ private Q_SLOTS:
         QCoreApplication::processEvents();
     }
 
+    void leaveSlotDeletesWhatScrollsBelowThePointer_data()
+    {
+        addRows({{"deletion", namesOf(deletions)}});
+    }
+
+    // The pointer rests meanwhile, in the view.
+    void leaveSlotDeletesWhatScrollsBelowThePointer()
+    {
+        HoverStage stage;
+        stage.view.setSceneRect(0, 0, 400, 300);
+        stage.hand.hover(onLeft);
+        stage.view.viewport()->setAttribute(Qt::WA_UnderMouse);
+        stage.log.on(u"left.leave"_s, [&] { deletions.at(fetch<size_t>("deletion")).run(stage); });
+        stage.view.setSceneRect(QRectF(onRight - onLeft, QSizeF(400, 300)));
+        stage.hand.hover(onLeft);
+        QTRY_COMPARE(stage.log.count(u"left.leave"_s), 1);
+        stage.hand.hover(onNothing);
+        QCoreApplication::processEvents();
+    }
+
     void enterSlotDeletes_data() { addRows({{"deletion", namesOf(deletions)}}); }
 
     void enterSlotDeletes()

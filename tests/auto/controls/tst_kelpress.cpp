@@ -214,6 +214,20 @@ private Q_SLOTS:
         QCOMPARE(stage.log.take(), u"press"_s);
     }
 
+    void handingOnEndsTheStaleGrab()
+    {
+        Stage<KELPushButton> stage;
+        stage.hand.press(stage.centre());
+        openDialog(&stage);
+        QTRY_VERIFY(!stage->style()->isMouseDown);
+        stage.cover.reset();
+        stage.hand.tap(stage.otherCentre());
+        QCOMPARE(stage.log.take(), u"press other.press other.release other.clicked"_s);
+        stage->grabMouse();
+        stage.hand.press(stage.otherCentre());
+        QCOMPARE(stage.log.take(), u"press"_s);
+    }
+
     void secondButtonDoesNotBlindTheWatch()
     {
         Stage<KELPushButton> stage;
