@@ -92,6 +92,32 @@ private Q_SLOTS:
         QCOMPARE(stage.takeClicks(), u"5"_s);
     }
 
+    void cancelInThePressOfOneOfTwoFingers()
+    {
+        TouchStage stage;
+        stage.keypad.log.on(u"3.press"_s, [&] { stage.fingers().cancel(); });
+        stage.fingers().press(0, at(0));
+        stage.fingers().pressBoth(1, at(3), 2, at(5));
+        QCOMPARE(stage.keypad.log.count(u"3.press"_s), 1);
+        QCOMPARE(stage.keypad.log.count(u"5.press"_s), 0);
+    }
+
+    // It is never painted, which Qt would do for ever.
+    void secondFingerOnAViewThatShowsItself()
+    {
+        TouchStage stage;
+        auto *const inner = new QGraphicsView(&stage.view.ownScene);
+        inner->setUpdatesEnabled(false);
+        inner->setFrameShape(QFrame::NoFrame);
+        inner->setSceneRect(0, 200, 100, 100);
+        inner->resize(100, 100);
+        QGraphicsProxyWidget *const proxy = stage.view.ownScene.addWidget(inner);
+        proxy->setFlag(QGraphicsItem::ItemHasNoContents);
+        proxy->setPos(0, 200);
+        stage.play({down(0, at(0)), down(1, QPoint(50, 250)), up(1), up(0)});
+        QCOMPARE(stage.takeClicks(), u"0"_s);
+    }
+
     // Also of one that accepts touches.
     void fingerOnAChildOfAKeyPressesTheKey()
     {
