@@ -437,6 +437,18 @@ private Q_SLOTS:
             QString());
     }
 
+    // Whole pixels are counted up to 2^30 - 1, lest a position and a width overflow together.
+    void fillOfAnEndlessBar()
+    {
+        BareBar bar(QRectF(0, 0, 2e9, 30));
+        bar.setValue(100);
+        const QImage image = KelImage::draw(QSize(200, 30), 1, [&](QPainter *painter) {
+            painter->scale(1e-7, 1);
+            bar.paint(painter, nullptr, nullptr);
+        });
+        QCOMPARE(KelImage::areaOf(image, fillColour), QRect(0, 0, 107, 30));
+    }
+
     void fillOfLessThanAPixelIsNone_data()
     {
         addRows({{"value", {{"half a pixel", 1}, {"half a pixel to the left", -1}}}});

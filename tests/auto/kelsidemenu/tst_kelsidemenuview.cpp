@@ -111,6 +111,19 @@ private Q_SLOTS:
         QCOMPARE(menu.transform().m22(), scale);
     }
 
+    // An application may give the menu a scene rectangle of its own, here in its true size.
+    void resizeCentresWhatIsShown()
+    {
+        Menu menu;
+        menu.resize(100, 100);
+        menu.showAndWait();
+        menu.setSceneRect(menu.viewport()->rect().adjusted(0, 0, -4, -4));
+        menu.resize(200, 100);
+        const QPoint before = menu.mapFromScene(0, 0);
+        menu.resize(300, 100);
+        QCOMPARE(menu.mapFromScene(0, 0) - before, QPoint(50, 0));
+    }
+
     void addItemInAShownMenu()
     {
         Menu menu;

@@ -303,6 +303,18 @@ private Q_SLOTS:
         QCOMPARE(below.value(), 50.0F);
     }
 
+    // A zero keeps its sign, which a text of it shows.
+    void valueAtAReplacedBoundIsLeftAlone()
+    {
+        KELSlideControl slider;
+        slider.setValue(-0.0F);
+        slider.setMinimun(-10);
+        QVERIFY(std::signbit(slider.value()));
+        slider.setMaximun(0);
+        slider.setMaximun(10);
+        QVERIFY(std::signbit(slider.value()));
+    }
+
     void boundsMoveRepaintAndTellNothing()
     {
         ShownSlider shown(80);
