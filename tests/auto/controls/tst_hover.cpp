@@ -52,6 +52,18 @@ public:
     }
 };
 
+class CountingControl : public KELRoundRectControl
+{
+public:
+    void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override
+    {
+        ++paints;
+        KELRoundRectControl::paint(painter, option, widget);
+    }
+
+    int paints = 0;
+};
+
 struct Deletion
 {
     const char *name;
@@ -93,6 +105,19 @@ private Q_SLOTS:
         QCOMPARE(stage.log.takeWithHover(), u"left.leave right.enter"_s);
         stage.hand.hover(onLeft);
         QCOMPARE(stage.log.takeWithHover(), u"right.leave left.enter"_s);
+    }
+
+    // Applications may draw what is hovered over in another way.
+    void hoveredControlIsRepainted()
+    {
+        Stage<CountingControl> stage;
+        stage->setAcceptHoverEvents(true);
+        stage.view.showOnce();
+        QTRY_COMPARE(stage->paints, 1);
+        stage.hand.hover(stage.centre());
+        QTRY_COMPARE(stage->paints, 2);
+        stage.hand.hover(QPoint(5, 5));
+        QTRY_COMPARE(stage->paints, 3);
     }
 
     void leaveComesAtOnceWhenNothingIsEntered()
