@@ -8,6 +8,8 @@
 #include <kellabel.h>
 
 #include <QtCore/QtMath>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QScreen>
 
 namespace {
 
@@ -20,6 +22,11 @@ bool isFinite(const QRectF &rect)
 }
 
 } // namespace
+
+int screenDotsPerInch()
+{
+    return qRound(QGuiApplication::primaryScreen()->logicalDotsPerInchY());
+}
 
 CaptionScene::CaptionScene() : style()
 {

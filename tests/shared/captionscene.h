@@ -10,6 +10,8 @@
 
 class KELLabel;
 
+int screenDotsPerInch();
+
 // Everything that a caption may depend on.
 struct CaptionScene
 {
@@ -18,7 +20,7 @@ struct CaptionScene
     KELRoundRectControlStyle style;
     QFont painterFont = QFont(QStringLiteral("DejaVu Serif"), 15);
     Qt::LayoutDirection direction = Qt::LayoutDirectionAuto;
-    int dotsPerInch = 96;
+    int dotsPerInch = screenDotsPerInch(); // so that fonts are not resolved anew
     qreal scale = 1;
     qreal angle = 0;
     QSize pictureSize = QSize(300, 200);

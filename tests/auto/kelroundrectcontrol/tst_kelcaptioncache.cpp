@@ -13,9 +13,20 @@
 #include <QtGui/QPaintDevice>
 #include <QtGui/QPaintEngine>
 
+#include <array>
+#include <memory>
+
 // A caption that was painted before may be painted from what was kept of it: nobody must see that.
 
 namespace {
+
+class Application : public QApplication
+{
+public:
+    using QApplication::QApplication;
+
+    int fontListeners() const { return receivers(SIGNAL(fontDatabaseChanged())); }
+};
 
 // Empty when the label is painted as drawn by hand: the first time, when a layout is made, and from
 // what is kept.
@@ -45,7 +56,7 @@ protected:
         case PdmDpiY:
         case PdmPhysicalDpiX:
         case PdmPhysicalDpiY:
-            return 96;
+            return screenDotsPerInch();
         case PdmWidth:
         case PdmHeight:
             return 300;
@@ -141,6 +152,13 @@ void notTrimmed(CaptionScene &s)
     s.style.trimText = false;
 }
 
+void exactlyOneLineHigh(CaptionScene &s)
+{
+    const QMarginsF &margins = s.style.margins;
+    s.style.boundRect.setHeight(QFontMetricsF(s.style.font).height() + margins.top()
+                                + margins.bottom());
+}
+
 void fontOfThePainter(CaptionScene &s)
 {
     s.style.font = QFont();
@@ -156,6 +174,7 @@ const NamedChange beginnings[] = {
     {"wrapped",
      all({text(u"A text that takes some lines, and of them more than there is room for"_s),
           notTrimmed})},
+    {"in the painter's own font", all({text(u"A caption"_s), fontOfThePainter})},
     {"right to left", text(u"\u05E9\u05DC\u05D5\u05DD, abc (1)!"_s)},
 };
 
@@ -167,6 +186,8 @@ const NamedChange changes[] = {
     {"a long line above a short one",
      all({text(longText + u"\nshort"_s), notTrimmed, flags(Qt::AlignCenter)})},
     {"two lines", text(u"First\nsecond line"_s)},
+    {"two lines, and room for exactly one",
+     all({text(u"First\nsecond line"_s), notTrimmed, exactlyOneLineHigh})},
     {"empty lines", text(u"\n\nFirst\n\nsecond\n"_s)},
     {"a long text", text(longText)},
     {"a long text, not elided", all({text(longText), notTrimmed})},
@@ -176,12 +197,16 @@ const NamedChange changes[] = {
     {"a tab that is expanded",
      all({text(u"one\ttwo"_s), flags(Qt::AlignLeft | Qt::TextExpandTabs)})},
     {"a carriage return", text(u"one\rtwo"_s)},
+    {"carriage returns alone", text(u"\r\r\r"_s)},
+    {"length marks alone", text(QString(3, QChar(0x9C)))},
     {"a text in two lengths", text(inTwoLengths)},
     {"a text in two lengths, not elided", all({text(inTwoLengths), notTrimmed})},
     {"text from right to left", text(fromRightToLeft.trimmed())},
     {"text from right to left, at the left", all({text(fromRightToLeft), flags(Qt::AlignLeft)})},
     {"a combining accent", text(u"Cafe\u0301 \u25BC"_s)},
     {"trailing blanks", text(u"blanks    "_s)},
+    {"blanks that do not fit",
+     all({text(u"blanks"_s + QString(60, QLatin1Char(' '))), fontOfThePainter})},
     {"leading blanks", text(u"    blanks"_s)},
     {"larger", font([](QFont &f) { f.setPointSize(14); })},
     {"in pixels", font([](QFont &f) { f.setPixelSize(13); })},
@@ -227,6 +252,72 @@ const NamedChange changes[] = {
     {"turned", [](CaptionScene &s) { s.angle = 30; }},
 };
 
+// Three looks of one thing.
+struct Turn
+{
+    const char *name;
+    std::array<Change, 3> changes;
+};
+
+Change pointSize(int size)
+{
+    return font([=](QFont &f) { f.setPointSize(size); });
+}
+
+Change resolution(int dotsPerInch)
+{
+    return [=](CaptionScene &s) { s.dotsPerInch = dotsPerInch; };
+}
+
+const QString substitutedFamily = u"No such family in turn"_s;
+
+Change substitute(const QString &family)
+{
+    return [=](CaptionScene &s) {
+        QFont::removeSubstitutions(substitutedFamily);
+        QFont::insertSubstitution(substitutedFamily, family);
+        s.style.font = QFont(substitutedFamily, 12);
+    };
+}
+
+void installFont(CaptionScene &s)
+{
+    QFontDatabase::addApplicationFont(KelTest::besideProgram(u"icons.ttf"_s));
+    s.style.font = QFont(u"KEL Test Icons"_s, 17);
+    s.style.text = QString(3, QChar(0xE001));
+}
+
+void removeFonts(CaptionScene & /*scene*/)
+{
+    QFontDatabase::removeAllApplicationFonts();
+}
+
+CaptionScene sceneWithIcons()
+{
+    CaptionScene scene;
+    scene.style.font = QFont(u"KEL Test Icons"_s, 12);
+    scene.style.text = QString(3, QChar(0xE001));
+    return scene;
+}
+
+// Painted while there was another application object.
+std::unique_ptr<KELLabel> olderLabel;
+QImage olderPicture;
+
+const Turn turns[] = {
+    {"text", {text(u"One"_s), text(u"The second one"_s), text(u"Three\nof them"_s)}},
+    {"width", {width(120), width(180), width(60)}},
+    {"height", {height(40), height(61), height(20)}},
+    {"flags",
+     {flags(Qt::AlignLeft), flags(Qt::AlignHCenter), flags(Qt::AlignHCenter | Qt::AlignBottom)}},
+    {"font", {pointSize(11), pointSize(8), pointSize(14)}},
+    {"resolution", {resolution(96), resolution(150), resolution(75)}},
+    {"substitute",
+     {substitute(u"DejaVu Sans"_s), substitute(u"DejaVu Sans Mono"_s),
+      substitute(u"DejaVu Serif"_s)}},
+    {"installed fonts", {installFont, installFont, removeFonts}},
+};
+
 } // namespace
 
 class tst_KELCaptionCache : public KelTest
@@ -234,6 +325,16 @@ class tst_KELCaptionCache : public KelTest
     Q_OBJECT
 
 private Q_SLOTS:
+    // First, before anything else is painted.
+    void fontIsInstalledInAnotherApplicationObject()
+    {
+        QVERIFY(QFontDatabase::addApplicationFont(besideProgram(u"icons.ttf"_s)) >= 0);
+        QCOMPARE(differenceInPaints(sceneWithIcons(), olderLabel.get()), QString());
+        QVERIFY(drawnByHand(sceneWithIcons()) != olderPicture);
+        olderLabel.reset();
+        QFontDatabase::removeAllApplicationFonts();
+    }
+
     void changeIsSeenAtOnce_data()
     {
         addRows({{"beginning", namesOf(beginnings)}, {"change", namesOf(changes)}});
@@ -250,6 +351,36 @@ private Q_SLOTS:
             apply(scene, &label);
             QCOMPARE(differenceInPaints(scene, &label), QString());
         }
+    }
+
+    void eachOfThreeIsSeen_data() { addRows({{"turn", namesOf(turns)}}); }
+
+    // What was kept of the second must not be painted for the third.
+    void eachOfThreeIsSeen()
+    {
+        CaptionScene scene;
+        scene.style.trimText = false;
+        KELLabel label;
+        QList<QImage> pictures;
+        for (const Change &change : turns[fetch<size_t>("turn")].changes) {
+            change(scene);
+            apply(scene, &label);
+            QCOMPARE(differenceInPaints(scene, &label), QString());
+            pictures.append(drawnByHand(scene));
+        }
+        QVERIFY(pictures.at(2) != pictures.at(1));
+        QFont::removeSubstitutions(substitutedFamily);
+    }
+
+    void paintingListensOnce()
+    {
+        const CaptionScene scene;
+        KELLabel label;
+        apply(scene, &label);
+        QCOMPARE(differenceInPaints(scene, &label), QString());
+        const int before = static_cast<Application *>(qApp)->fontListeners();
+        QCOMPARE(differenceInPaints(scene, &label), QString());
+        QCOMPARE(static_cast<Application *>(qApp)->fontListeners(), before);
     }
 
     void fontIsChangedInPlace()
@@ -379,6 +510,20 @@ private Q_SLOTS:
     }
 };
 
-KEL_TEST_MAIN(tst_KELCaptionCache)
+int main(int argc, char *argv[])
+{
+    {
+        const Application former(argc, argv);
+        olderLabel = std::make_unique<KELLabel>();
+        apply(sceneWithIcons(), olderLabel.get());
+        differenceInPaints(sceneWithIcons(), olderLabel.get());
+        olderPicture = drawnByHand(sceneWithIcons());
+    }
+    const Application app(argc, argv);
+    tst_KELCaptionCache test;
+    const int result = QTest::qExec(&test, argc, argv);
+    olderLabel.reset();
+    return result;
+}
 
 #include "tst_kelcaptioncache.moc"
