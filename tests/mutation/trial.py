@@ -57,8 +57,9 @@ class Tree:
         self.copy()
         run_or_exit("cmake", "-S", self.source, "-B", self.build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
                     f"-DCMAKE_CXX_FLAGS_DEBUG={' '.join(FLAGS)}", "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON",
-                    # Programs prefer a library from LD_LIBRARY_PATH to that of the build.
-                    "-DCMAKE_EXE_LINKER_FLAGS=-Wl,--enable-new-dtags", "-DKEL_BUILD_GALLERY=OFF",
+                    # Programs and plugins prefer a library from LD_LIBRARY_PATH to that of the build.
+                    "-DCMAKE_EXE_LINKER_FLAGS=-Wl,--enable-new-dtags",
+                    "-DCMAKE_MODULE_LINKER_FLAGS=-Wl,--enable-new-dtags", "-DKEL_BUILD_GALLERY=OFF",
                     "-DKEL_BUILD_EXAMPLES=OFF")
         run_or_exit("cmake", "--build", self.build)
         self.read_commands()
