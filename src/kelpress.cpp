@@ -234,7 +234,9 @@ bool KELPress::dropIfLost()
 {
     if (!isLost())
         return false;
-    m_hasStaleGrab = !m_origin->heldOlderGrab && sceneTargets(m_control);
+    // In another scene the control was given the grab anew.
+    m_hasStaleGrab = !m_origin->heldOlderGrab && m_control->scene() == m_origin->scene
+        && sceneTargets(m_control);
     stop();
     return true;
 }

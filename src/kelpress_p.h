@@ -37,8 +37,8 @@ class KELRoundRectControl;
  * press, wherever that is. Such a press is redelivered to the scene.
  *
  * A press that is ignored, by a control that is not selectable or by a derived class, has no
- * pointer to lose: it stays pressed until the control is disabled, hidden or removed from the
- * scene, or no longer accepts the button.
+ * pointer to lose: it stays pressed until the control is disabled or hidden, no longer accepts the
+ * button, or has left the scene when the event loop turns.
  */
 class KELPress
 {

@@ -23,7 +23,8 @@ Witness::~Witness()
 
 void Witness::look()
 {
-    if (!m_control->isEnabled() || !m_control->isVisible() || !m_control->scene())
+    if (!m_control->isEnabled() || !m_control->isVisible() || !m_control->scene()
+        || m_control->scene() != m_scene)
         m_isLost = m_isLost || m_isDown;
 }
 
@@ -34,6 +35,7 @@ void Witness::press()
     ++m_presses;
     m_isDown = true;
     m_isLost = false;
+    m_scene = m_control->scene();
     m_mayStay = (m_control->flags() & offers) == 0;
 }
 

@@ -38,6 +38,7 @@ private:
 
     Stage *const m_stage;
     KELRoundRectControl *const m_control;
+    const QGraphicsScene *m_scene = nullptr; // of the press; only compared
     int m_presses = 0;
     int m_clicks = 0;
     int m_longPresses = 0;

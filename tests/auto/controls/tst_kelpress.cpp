@@ -228,6 +228,23 @@ private Q_SLOTS:
         QCOMPARE(stage.log.take(), u"press"_s);
     }
 
+    // The application gave it the grab there after it had lost the press.
+    void grabInAnotherSceneIsNotStale()
+    {
+        Stage<KELPushButton> stage;
+        KelTestView view;
+        view.setScene(&stage.otherScene);
+        view.showOnce();
+        stage.hand.press(stage.centre());
+        stage.otherScene.addItem(stage.control);
+        stage->grabMouse();
+        QTRY_VERIFY(!stage->style()->isMouseDown);
+        stage.log.take();
+        Hand hand(&view);
+        hand.press(view.mapFromScene(300, 200));
+        QCOMPARE(stage.log.take(), u"press"_s);
+    }
+
     void secondButtonDoesNotBlindTheWatch()
     {
         Stage<KELPushButton> stage;
