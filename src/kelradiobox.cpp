@@ -12,7 +12,6 @@
 #include <QtGui/QPainter>
 #include <QtWidgets/QGraphicsSceneMouseEvent>
 
-#include <algorithm>
 #include <utility>
 
 namespace {
@@ -47,8 +46,6 @@ public:
         return static_cast<KELRadioBoxPrivate *>(KELControlPrivate::get(box));
     }
 
-    bool isSelected(const KELRadioBox *box) const;
-
     QVector<KELRadioBoxGroupPrivate *> groups; // living ones
 };
 
@@ -80,13 +77,6 @@ public:
 private:
     Q_DISABLE_COPY(KELRadioBoxGroupPrivate)
 };
-
-bool KELRadioBoxPrivate::isSelected(const KELRadioBox *box) const
-{
-    return std::any_of(groups.cbegin(), groups.cend(), [box](const KELRadioBoxGroupPrivate *group) {
-        return group->isSelected(box);
-    });
-}
 
 KELRadioBox::KELRadioBox(QGraphicsObject *parent) :
     KELRoundRectControl(parent, KELControlPrivate::newStyle(), new KELRadioBoxPrivate(this))
@@ -138,9 +128,9 @@ void KELRadioBox::mousePressEvent(QGraphicsSceneMouseEvent *event)
     KELRoundRectControl::mousePressEvent(event);
     if (!KELPress::isOwn(alive) || event->button() != Qt::LeftButton)
         return;
-    // The selected box of a group stays checked: a slot of this press may have selected it, and one
-    // that holds the grab gets presses, too.
-    if (KELRadioBoxPrivate::get(this)->isSelected(this))
+    // The selected box of a group is deaf, and stays checked: a slot of this press may have
+    // selected it, and a box that holds the grab gets presses although it accepts no buttons.
+    if (isCheck() && !acceptedMouseButtons().testFlag(Qt::LeftButton))
         return;
     setCheck(!isCheck());
     KELPress::finishDelivery(alive, event);

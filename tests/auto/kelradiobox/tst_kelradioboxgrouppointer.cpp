@@ -253,6 +253,18 @@ private Q_SLOTS:
         QVERIFY(!stage.boxes[1]->KELRoundRectControl::style()->isMouseDown);
     }
 
+    void selectedBoxThatHoldsTheGrabStaysChecked_data() { addRows({{"input", inputs}}); }
+
+    void selectedBoxThatHoldsTheGrabStaysChecked()
+    {
+        FullGroup stage(fetch<Input>("input"));
+        stage.tap(1);
+        stage.boxes[1]->grabMouse();
+        stage.tap(2);
+        QVERIFY(stage.log.take().contains(u"1.press"_s));
+        QCOMPARE(stage.state(), u"id 1, checked 1, deaf 1"_s);
+    }
+
     void selectedBoxGetsNoHover()
     {
         FullGroup stage;
