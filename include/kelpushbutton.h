@@ -108,7 +108,8 @@ public:
 
 protected:
     //! Consumes presses, releases and double clicks of any button but the left one on child items.
-    //! Ignores touches there, so that Qt turns them into presses. \a watched is not used.
+    //! Ignores the start of a touch there, so that Qt turns it into a press. \a watched is not
+    //! used.
     bool sceneEventFilter(QGraphicsItem *watched, QEvent *event) override;
 
 private:

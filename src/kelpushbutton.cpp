@@ -175,9 +175,9 @@ KELPushButtonStyle *KELPushButton::initStyle()
 
 bool KELPushButton::sceneEventFilter(QGraphicsItem * /*watched*/, QEvent *event)
 {
-    // Qt takes a touch on a child that accepts touches for accepted, whatever the button does with
-    // it, and makes no press of it.
-    if (event->type() == QEvent::TouchBegin)
+    // If a child accepts touches, Qt regards a touch on it as accepted, whatever the button does,
+    // and does not turn it into a press.
+    if (event->type() == QEvent::TouchBegin && handlesChildEvents())
         event->ignore();
     return KELControlPrivate::isEventOfOtherButton(event);
 }

@@ -354,6 +354,21 @@ private Q_SLOTS:
         QVERIFY(!button.sceneEventFilter(&button, &event));
     }
 
+    void touchOfAChildIsIgnored_data()
+    {
+        addRows({{"handlesChildEvents",
+                  {{"the button handles its events", true}, {"the child does", false}}}});
+    }
+
+    void touchOfAChildIsIgnored()
+    {
+        FilteringButton button;
+        button.setHandlesChildEvents(fetch<bool>("handlesChildEvents"));
+        QEvent event(QEvent::TouchBegin);
+        button.sceneEventFilter(nullptr, &event);
+        QCOMPARE(event.isAccepted(), !fetch<bool>("handlesChildEvents"));
+    }
+
     void tapOnAChild_data()
     {
         addRows({{"button",
