@@ -145,7 +145,7 @@ bool KELTouchRouter::eventFilter(QObject *watched, QEvent *event)
 
 void KELTouchRouter::handle(QWindow *window, QEvent::Type type, const Points &points)
 {
-    // Qt calls a filter twice for an event if a slot installs another one meanwhile.
+    // If a slot installs another filter, Qt calls this one again for the same event.
     if (window == m_handledWindow && points.isSharedWith(m_handledPoints))
         return;
     const QPointer<KELTouchRouter> alive(this);
