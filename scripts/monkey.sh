@@ -14,16 +14,16 @@ case ${1-} in
 Usage: scripts/monkey.sh [--seed N] [--steps N] [--seconds N] [--chunk N] [--print N] [--script FILE] [--shrink] [--verbs]
 
 Builds the monkey with the sanitizers, and runs it: it uses scenes with all controls at random, and checks what the
-reference promises. A run that fails is shrunk to a short script, which is printed and saved in this folder.
+reference promises. A run that fails is shrunk to a short script, which is printed and saved in the top folder of the tree.
 
   --seed N       the seed of the run, default 1
   --steps N      how many steps, default 30000
   --seconds N    stop after that time
-  --chunk N      play only this chunk (300 steps) of the seed
+  --chunk N      play only this chunk (300 steps) of the seed, print it if it fails, and shrink it
   --print N      print this chunk of the seed
-  --script FILE  play this script instead
+  --script FILE  play this script instead; a relative path starts at the top folder of the tree
   --shrink       shrink the script of --script, if it fails
-  --verbs        list what a line of a script can be
+  --verbs        list the verbs of scripts, with their arguments
 TEXT
     exit 0
     ;;
@@ -32,7 +32,7 @@ need "${build_packages[@]}"
 mkdir -p build
 { cmake --preset asan && cmake --build --preset asan --target monkey; } >build/monkey.log 2>&1 \
     || { cat build/monkey.log >&2; exit 1; }
-# As the tests, but without full call stacks of its millions of small blocks, which take too long.
+# As for the tests, but without full call stacks for millions of small blocks, which would take too long.
 export ASAN_OPTIONS=new_delete_type_mismatch=1:detect_leaks=1:max_free_fill_size=65536:free_fill_byte=254
 export LSAN_OPTIONS=suppressions=$PWD/tests/shared/lsan.supp:print_suppressions=0
 export UBSAN_OPTIONS=print_stacktrace=1

@@ -25,6 +25,7 @@ struct Shared
 {
     Progress progress = {};
     std::array<char, 2000> failure = {};
+    std::atomic<bool> isDone = {false};
 };
 
 // Shared with the children.
@@ -91,6 +92,7 @@ private:
             failure = memoryLeaks;
     }
     std::strncpy(shared->failure.data(), failure.c_str(), shared->failure.size() - 1);
+    shared->isDone = true;
     std::fflush(nullptr);
     _exit(failure.empty() ? 0 : 1);
 }
@@ -161,6 +163,8 @@ Outcome Monkey::inChildProcess(const std::function<std::string(Progress *)> &wor
     Outcome outcome = {shared->failure.data(), shared->progress.steps, shared->progress.chunk};
     if (status != 0 && outcome.failure.empty())
         outcome.failure = crash(status, text);
+    else if (!shared->isDone && outcome.failure.empty())
+        outcome.failure = "the program ends early";
     if (!isQuiet && !outcome.failure.empty())
         std::fprintf(stderr, "%s", text.c_str());
     return outcome;

@@ -6,6 +6,7 @@
 #include "run.h"
 #include "shrinker.h"
 
+#include <cctype>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -29,8 +30,10 @@ shrunk to a short script, which is printed and saved.
   --print N      print this chunk of the seed
   --script FILE  play this script instead
   --shrink       shrink the script of --script, if it fails
-  --verbs        list what a line of a script can be
+  --verbs        list the verbs of scripts, with their arguments
 )";
+
+constexpr int longestSeconds = 1000000;
 
 struct Options
 {
@@ -55,7 +58,7 @@ bool readNumber(const char *word, std::uint64_t *number)
 {
     char *end = nullptr;
     *number = std::strtoull(word, &end, 10);
-    return end != word && *end == '\0';
+    return std::isdigit(static_cast<unsigned char>(*word)) && *end == '\0';
 }
 
 bool readOptions(int count, char **words, Options *options)
@@ -78,9 +81,9 @@ bool readOptions(int count, char **words, Options *options)
             return false;
         if (word == "--seed") {
             options->run.seed = number;
-        } else if (word == "--steps") {
+        } else if (word == "--steps" && number > 0) {
             options->run.steps = number;
-        } else if (word == "--seconds") {
+        } else if (word == "--seconds" && number <= longestSeconds) {
             options->run.seconds = int(number);
         } else if (word == "--chunk") {
             options->run.firstChunk = number;

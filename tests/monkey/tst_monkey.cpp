@@ -75,8 +75,10 @@ void tst_Monkey::script()
     Script script;
     std::string error;
     QVERIFY2(fromText(file.readAll().toStdString(), &script, &error), error.c_str());
+    QVERIFY(!script.empty());
     const Outcome outcome = playAlone(script, false);
     QCOMPARE(QString::fromStdString(outcome.failure), QString());
+    QCOMPARE(outcome.steps, std::uint64_t(script.size()));
 }
 
 void tst_Monkey::randomUse_data()
@@ -102,6 +104,7 @@ void tst_Monkey::randomUse()
     const std::string command = outcome.failure + "; see scripts/monkey.sh --chunk "
         + std::to_string(outcome.chunk);
     QVERIFY2(outcome.failure.empty(), command.c_str());
+    QVERIFY(outcome.steps >= run.steps); // a chunk ends after a whole gesture
 }
 
 // No application object: each child process has its own. It also reports its crashes itself, and
