@@ -107,13 +107,16 @@ for target in "${targets[@]}"; do
             $(($(count "$grown") - before)) "$([ $status -eq 0 ] && echo "no finding" || echo "A FINDING")"
         if [ $status -ne 0 ]; then
             findings=$((findings + 1))
-            grep -vE '^(#[0-9]+\s+(NEW|REDUCE|pulse|RELOAD)|INFO:|stat::)' "$log" | tail -n 40
+            grep -vE '^(#[0-9]+\s+(NEW|REDUCE|pulse|RELOAD)|INFO:|stat::)' "$log" | tail -n 40 || true
             input=$(sed -n 's/.*Test unit written to //p' "$log" | tail -n 1)
-            [ -z "$input" ] || echo "   again:   QT_QPA_PLATFORM=offscreen $program $input"
-            if [ "$target" = monkey ]; then
-                echo "   as test: the lines above from # to the end, as a file of tests/monkey/scripts"
-            elif [ -n "$input" ]; then
-                echo "   as test: cp $input $kept/"
+            again="QT_QPA_PLATFORM=offscreen $program $input"
+            if [ -n "$input" ]; then
+                echo "   again:   $again"
+                if [ "$target" = monkey ]; then
+                    echo "   as test: KEL_FUZZ_TRACE=1 $again prints a script for tests/monkey/scripts"
+                else
+                    echo "   as test: cp $input $kept/"
+                fi
             fi
         fi
     fi
@@ -127,6 +130,7 @@ for target in "${targets[@]}"; do
                 >"$log.merge" 2>&1 || { tail -n 40 "$log.merge" >&2; exit 1; }
             [ "$(count "$merged")" -gt 60 ] || break
         done
+        [ "$(count "$merged")" -gt 0 ] || { echo "fuzz.sh: nothing is left of $target" >&2; exit 1; }
         before=$(count "$kept")
         rm -f "$kept"/*
         cp "$merged"/* "$kept"/

@@ -12,10 +12,10 @@ usage() {
     cat <<'TEXT'
 Usage: scripts/soak.sh [--rounds N] [--list] [WHAT...]
 
-Creates, uses and deletes controls, dialogs, panels, menus and bindings, 50,000 times each, and prints a table: what
-the program holds at the end more than after a warm-up. Fails if a round leaves more than 4 bytes of allocated memory,
-or if the number of objects, event filters of the application, timers, connections, windows or items changes, or if Qt
-warns. RSS is for information. Takes about an hour, mostly waiting; ./check has a short run.
+Creates, uses and deletes controls, dialogs, panels, menus and bindings, 50,000 times each, and prints a table of what
+has grown since a warm-up. Fails if a round leaves more than 4 bytes of allocated memory, or if the number of objects,
+event filters of the application, timers, connections, windows or items changes, or if Qt warns. RSS is for information.
+Takes about an hour, mostly waiting; ./check has a short run.
 
   --rounds N   rounds of each
   --list       list what there is

@@ -29,7 +29,8 @@ QString KelFuzz::run(const Target &target, const QByteArray &bytes)
         const QString warning = unexpectedWarning();
         return failure.isEmpty() ? warning : failure;
     };
-    // What Qt draws otherwise the first time, an accent for example, is no failure.
+    // Qt draws some things, an accent for example, differently the first time. Only a failure that
+    // recurs counts.
     return runOnce().isEmpty() ? QString() : runOnce();
 }
 

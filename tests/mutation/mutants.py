@@ -34,9 +34,9 @@ class Results:
     def __init__(self, tree, is_again):
         self.file, self.lock = WORK / "results.json", threading.Lock()
         state = hashlib.sha256()
-        for folder in ("include", "src", "tests/auto", "tests/shared"):
+        for folder in ("include", "src", "tests"):
             for file in sorted((tree.source / folder).rglob("*")):
-                if file.is_file():
+                if file.is_file() and "mutation" not in file.parts:
                     state.update(str(file.relative_to(tree.source)).encode() + b"\0" + file.read_bytes())
         known = json.loads(self.file.read_text()) if self.file.exists() else {}
         self.survivors = set(known.get("survivors", ()))
@@ -165,14 +165,18 @@ def is_explained(change, explained):
 
 
 def print_outdated(found, results, explained):
-    """found: all changes of the files, also those that were not tried."""
+    """Returns whether an explained change does not exist. found: all changes of the files, also those that were not
+    tried."""
+    is_missing = False
     for line in explained:
         if not any(line.startswith(f"`{file}`") for file in {change.file for change in found}):
             continue
         change = next((change for change in found if line.startswith(f"{change.text}: ")), None)
         result = results.results.get(change.text, "survived") if change else "does not exist"
+        is_missing = is_missing or not change
         if result != "survived":
             print(f"\nsurvivors.md is outdated, {result}: {line}")
+    return is_missing
 
 
 def count(changes, results, explained):
@@ -258,6 +262,11 @@ def main():
         print("\n".join(f"line {change.line} of {change.text}" for change in changes))
         return 0
 
+    if not changes:
+        if arguments.survivors and results.results:
+            print("No change has survived")
+            return 0
+        sys.exit("mutants: nothing to try")
     tree.precompile()
     changes = with_names(changes)
     pool, programs = Pool(tree, max(1, arguments.jobs)), tree.programs()
@@ -265,8 +274,8 @@ def main():
         measure(pool, tree, programs, results)
     try_changes(pool, changes, programs, results)
     explained = read_explained()
-    print_outdated(found, results, explained)
-    return report(changes, results, explained)
+    is_outdated = print_outdated(found, results, explained)
+    return report(changes, results, explained) or int(is_outdated)
 
 
 if __name__ == "__main__":

@@ -19,7 +19,8 @@ import time
 # The changed library is compiled for nothing but speed.
 FLAGS = ("-O0", "-g0")
 # The long ones run fewer of their cases, as under emulation.
-SMALLER = {"KEL_MATRIX_CELLS": "5000", "KEL_FUZZ_SCRIPTS": "10000", "QTEST_DISABLE_STACK_DUMP": "1"}
+SMALLER = {"KEL_MATRIX_CELLS": "5000", "KEL_FUZZ_SCRIPTS": "10000", "KEL_MONKEY_STEPS": "900",
+           "QTEST_DISABLE_STACK_DUMP": "1"}
 PROMISING = 3  # programs that run before the optimiser is asked whether the change means anything
 FAILED = re.compile(rb"^(?:FAIL!  |XPASS  |QFATAL ) ?: \w+::(\w+)\(", re.MULTILINE)
 HANG, CRASH, EXIT = "hangs", "crashes", "exits with an error"
@@ -214,7 +215,7 @@ class Library:
         return self.first_failure(program, timeout, failure) or self.first_failure(program, timeout)
 
     def first_failure(self, program, timeout, *functions):
-        environment = {**os.environ, **SMALLER, **program.environment, "LD_LIBRARY_PATH": str(self.file.parent),
+        environment = {**os.environ, **program.environment, **SMALLER, "LD_LIBRARY_PATH": str(self.file.parent),
                        "KEL_REACHED": str(self.folder / "reached" / program.name)}
         deadline, said = time.monotonic() + timeout, b""
         with subprocess.Popen([program.path, *functions], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,

@@ -16,7 +16,7 @@ bool isAboutThePlatform(const QString &text)
 {
     // Offscreen, whenever a popup opens.
     return text.startsWith(QLatin1String("This plugin does not support "))
-        // X11, when a window is shown again before the server has told that it is hidden.
+        // X11, when a window is shown again before the server has reported it hidden.
         || text.contains(
             QLatin1String("QXcbWindow::setNetWmStateOnUnmappedWindow() called on mapped"));
 }

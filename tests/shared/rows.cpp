@@ -6,8 +6,11 @@
 void addRows(const std::vector<Column> &columns,
              const std::function<bool(const std::vector<int> &)> &isMeant)
 {
-    for (const Column &column : columns)
+    for (const Column &column : columns) {
+        if (column.values.empty())
+            qFatal("The column '%s' has no values", column.name);
         QTest::addColumn<int>(column.name);
+    }
     std::vector<size_t> places(columns.size(), 0);
     for (bool isDone = columns.empty(); !isDone;) {
         QStringList name;

@@ -49,7 +49,7 @@ Value fetch(const char *column)
         return *static_cast<const Value *>(QTest::qData(column, qMetaTypeId<Value>()));
 }
 
-// The same without combinations that mean nothing: isMeant gets the values of one.
+// The same without meaningless combinations: isMeant() says whether to keep one.
 void addRows(const std::vector<Column> &columns,
              const std::function<bool(const std::vector<int> &)> &isMeant);
 

@@ -53,6 +53,7 @@ public:
         popup->setGeometry(popupRect);
         KELNonModalhelper::show(popup.get(), KELNonModalhelper::TriggerScreen, true, neverMs);
         QCoreApplication::processEvents();
+        expect(popup->isVisible(), "the helper shows the widget");
         press(&m_stage.view);
         popup.reset();
         waitForSingleShots();

@@ -161,8 +161,11 @@ int main(int argc, char *argv[])
         if (isAskedFor(entry, parser.positionalArguments()))
             asked.push_back(entry);
     }
-    if (asked.empty())
-        return fail("no such scenario (see --list)");
+    for (const QString &name : parser.positionalArguments()) {
+        if (std::none_of(asked.begin(), asked.end(),
+                         [&](const ScenarioEntry &entry) { return isAskedFor(entry, {name}); }))
+            return fail("no such scenario (see --list)");
+    }
     bool isGood = true;
     printHead();
     for (const ScenarioEntry &entry : asked) {
