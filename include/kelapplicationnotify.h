@@ -57,7 +57,8 @@ Q_SIGNALS:
      * \a event is about to be delivered to \a watched.
      *
      * The event is valid only during the emission: connect directly, and do not store the pointer.
-     * A slot may delete the notifier and \a watched.
+     * A slot may delete the notifier and \a watched. If it installs another event filter on the
+     * same object, Qt filters the event again, and the notifier reports it twice.
      */
     void notify(QObject *watched, QEvent *event);
 

@@ -13,8 +13,8 @@ KELApplicationNotify::~KELApplicationNotify() = default;
 
 bool KELApplicationNotify::eventFilter(QObject *watched, QEvent *event)
 {
-    // Promised: an event that arrives ignored is not reported. So a view sends mouse events to its
-    // scene, which accepts a press for each item that it offers it to.
+    // Promised: an event that arrives ignored is not reported. Mouse events from a view reach the
+    // scene this way. The scene accepts a press before it offers it to an item.
     if (event->type() != m_type || !event->isAccepted())
         return QObject::eventFilter(watched, event);
 

@@ -131,9 +131,9 @@ void KELComboBoxList::pressedOutside()
         close();
 }
 
-// The notifier skips presses that arrive ignored: a view sends its press so to the scene, where it
-// has no position in an item yet, and the scene to an item that holds the grab. The scene accepts
-// it before it offers it to any other item.
+// The notifier skips presses that arrive ignored. A view's press reaches the scene so, before it
+// has a position in an item, and the scene's press an item that holds the grab. Before it offers a
+// press to any other item, the scene accepts it.
 void KELComboBoxList::handleScenePress(const QGraphicsSceneMouseEvent *event)
 {
     if (!m_isOpen || !isShown())

@@ -45,8 +45,8 @@ inline QRect halvesUp(const QRectF &rect)
     return {rounded(rect.x()), rounded(rect.y()), rounded(rect.width()), rounded(rect.height())};
 }
 
-// 2.5 to 3, -2.5 to -2. NaN and infinity stay: a float has no range to be brought into. From 2^23
-// on every float is whole, and may not fit an int.
+// 2.5 to 3, -2.5 to -2. NaN and infinity stay as they are: a float needs no clamping. From 2^23 on
+// every float is whole, and may not fit an int.
 inline float halvesUp(float value)
 {
     return qAbs(value) < 8388608.0F ? float(qRound(value)) : value;
