@@ -74,6 +74,40 @@ QRect areaWhere(const QImage &image, const Test &isMeant)
     return area;
 }
 
+// An item in a picture that is larger than it.
+struct Surroundings
+{
+    QImage painted;
+    QRect allowed; // where it may paint
+    QRect outside; // around what it painted elsewhere
+};
+
+Surroundings surroundingsOf(QGraphicsItem *item, qreal scale)
+{
+    constexpr qreal marginPx = 100;
+    const QRectF bounds = item->boundingRect();
+    const QRectF canvas = bounds.adjusted(-marginPx, -marginPx, marginPx, marginPx);
+    const auto render = [&](bool withItem) {
+        return KelImage::draw(canvas.size().toSize(), scale, [&](QPainter *painter) {
+            painter->translate(-canvas.topLeft());
+            if (withItem) {
+                QStyleOptionGraphicsItem option;
+                item->paint(painter, &option, nullptr);
+            }
+        });
+    };
+    Surroundings result;
+    result.painted = render(true);
+    result.allowed = QRectF(marginPx * scale, marginPx * scale, bounds.width() * scale,
+                            bounds.height() * scale)
+                         .toAlignedRect();
+    forEachDifference(result.painted, render(false), [&](int x, int y) {
+        if (!result.allowed.contains(x, y))
+            result.outside |= QRect(x, y, 1, 1);
+    });
+    return result;
+}
+
 } // namespace
 
 QImage KelImage::draw(const QSize &size, qreal scale, const Drawing &draw)
@@ -127,39 +161,23 @@ QString KelImage::differenceFrom(const Drawing &draw, QGraphicsItem *item, const
 
 QString KelImage::pixelsOutside(QGraphicsItem *item, qreal scale)
 {
-    constexpr qreal marginPx = 100;
-    const QRectF bounds = item->boundingRect();
-    const QRectF canvas = bounds.adjusted(-marginPx, -marginPx, marginPx, marginPx);
-    const auto render = [&](bool withItem) {
-        return draw(canvas.size().toSize(), scale, [&](QPainter *painter) {
-            painter->translate(-canvas.topLeft());
-            if (withItem) {
-                QStyleOptionGraphicsItem option;
-                item->paint(painter, &option, nullptr);
-            }
-        });
-    };
-    const QImage painted = render(true);
-    const QRect allowed = QRectF(marginPx * scale, marginPx * scale, bounds.width() * scale,
-                                 bounds.height() * scale)
-                              .toAlignedRect();
-    QRect outside;
-    forEachDifference(painted, render(false), [&](int x, int y) {
-        if (!allowed.contains(x, y))
-            outside |= QRect(x, y, 1, 1);
-    });
-    if (outside.isNull())
+    const Surroundings around = surroundingsOf(item, scale);
+    if (around.outside.isNull())
         return QString();
-    return QStringLiteral("pixels in (%1, %2) to (%3, %4) lie outside (%5, %6) to (%7, %8); see %9")
-        .arg(outside.left())
-        .arg(outside.top())
-        .arg(outside.right())
-        .arg(outside.bottom())
-        .arg(allowed.left())
-        .arg(allowed.top())
-        .arg(allowed.right())
-        .arg(allowed.bottom())
-        .arg(saved(painted, "outside"));
+    const auto text = [](const QRect &rect) {
+        return QStringLiteral("(%1, %2) to (%3, %4)")
+            .arg(rect.left())
+            .arg(rect.top())
+            .arg(rect.right())
+            .arg(rect.bottom());
+    };
+    return QStringLiteral("pixels in %1 lie outside %2; see %3")
+        .arg(text(around.outside), text(around.allowed), saved(around.painted, "outside"));
+}
+
+bool KelImage::paintsOutside(QGraphicsItem *item, qreal scale)
+{
+    return !surroundingsOf(item, scale).outside.isNull();
 }
 
 QRect KelImage::areaOf(const QImage &image, const QColor &colour)

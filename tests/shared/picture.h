@@ -37,6 +37,8 @@ QString differenceFrom(const Drawing &draw, QGraphicsItem *item, const QSize &si
 // Paints the item into a picture 100 px larger than its bounding rectangle, on every side. Empty
 // when no pixel outside the rectangle changed; otherwise says which.
 QString pixelsOutside(QGraphicsItem *item, qreal scale = 1);
+// The same for a control that may: saves no picture.
+bool paintsOutside(QGraphicsItem *item, qreal scale = 1);
 
 // The rectangle around all pixels of one colour.
 QRect areaOf(const QImage &image, const QColor &colour);
