@@ -103,6 +103,10 @@ public:
     {
         while (const Step *step = next()) {
             m_stage.run(*step);
+            // What an application does by itself, it does in one turn of its event loop, and the
+            // next event comes in another one.
+            if (step->kind().reach != Reach::NotInSlots)
+                Q_EMIT world()->time->awake();
             checkAfterStep(&m_stage);
         }
         m_stage.finish();
