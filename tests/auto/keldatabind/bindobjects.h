@@ -243,8 +243,9 @@ private:
     }
 };
 
-// Two models, and a binding for them.
-struct BindStage
+// Two objects, and a binding for them.
+template <typename Object, typename Binding = KELDataBind>
+struct BindStageOf
 {
     // With the property "value" of both.
     void setBind(BindMode mode, IKELValueConverter *valueConverter = nullptr)
@@ -264,10 +265,11 @@ struct BindStage
         destination.forget();
     }
 
-    Model source;
-    Model destination;
+    Object source;
+    Object destination;
     Converter converter; // of no binding, unless it is passed
-    KELDataBind binding;
+    Binding binding;
 };
+using BindStage = BindStageOf<Model>;
 
 #endif

@@ -535,20 +535,18 @@ private Q_SLOTS:
     // Found by the constructor, when nothing of a derived class is there.
     void stepsAreThoseOfTheBaseClass()
     {
-        Model source;
-        Model destination;
-        DerivedBinding binding;
-        binding.setBind(&source, "value", &destination, "value", KELDataBind::TwoWay);
-        source.setValue(5);
-        QCOMPARE(destination.value(), 5);
-        destination.setValue(6);
-        QCOMPARE(source.value(), 6);
-        binding.unbind();
-        binding.bind();
-        destination.setValue(7);
-        binding.update();
-        QCOMPARE(source.value(), 7);
-        QCOMPARE(binding.calls, 0);
+        BindStageOf<Model, DerivedBinding> stage;
+        stage.setBind(KELDataBind::TwoWay);
+        stage.source.setValue(5);
+        QCOMPARE(stage.destination.value(), 5);
+        stage.destination.setValue(6);
+        QCOMPARE(stage.source.value(), 6);
+        stage.binding.unbind();
+        stage.binding.bind();
+        stage.destination.setValue(7);
+        stage.binding.update();
+        QCOMPARE(stage.source.value(), 7);
+        QCOMPARE(stage.binding.calls, 0);
     }
 };
 
