@@ -6,6 +6,7 @@
 
 #include <keldatabind.h>
 
+#include <QtCore/QEvent>
 #include <QtCore/QMetaMethod>
 #include <QtCore/QPointer>
 
@@ -52,6 +53,7 @@ public:
     mutable Hook onRead;
     Hook onWrite;
     Hook onConnect;
+    Hook onPropertyEvent; // of a dynamic property
     int writes = 0;
 
 Q_SIGNALS:
@@ -62,6 +64,13 @@ protected:
     {
         if (signal == QMetaMethod::fromSignal(&Actor::valueChanged))
             run(&onConnect);
+    }
+    bool event(QEvent *event) override
+    {
+        if (event->type() != QEvent::DynamicPropertyChange)
+            return QObject::event(event);
+        run(&onPropertyEvent);
+        return true;
     }
 
 private:
@@ -81,17 +90,21 @@ public:
     }
     QVariant ConvertBack(QObject *object, const QVariant &value) override
     {
-        return converted(object, value.toInt() - 100);
+        return converted(object, value.toInt() + addedBack);
     }
 
-    Hook onConvert;
+    Hook onConvert; // at the call of that number
+    int hookedCall = 1;
+    int calls = 0;
+    int addedBack = -100;
     bool isCalledWithoutObject = false;
 
 private:
     QVariant converted(const QObject *object, int value)
     {
         isCalledWithoutObject |= !object;
-        run(&onConvert);
+        if (++calls == hookedCall)
+            run(&onConvert);
         return value;
     }
 };
