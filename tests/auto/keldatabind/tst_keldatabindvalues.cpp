@@ -24,10 +24,8 @@ public:
             *static_cast<int *>(arguments[2]) = 0;
             arguments[0] = &m_noAnswer;
         } else if (call == QMetaObject::WriteProperty) {
-            written.append(*static_cast<int *>(arguments[0]));
-            written.append(*static_cast<QVariant *>(arguments[1]));
-            written.append(*static_cast<int *>(arguments[2]));
-            written.append(*static_cast<int *>(arguments[3]));
+            written += {*static_cast<int *>(arguments[0]), *static_cast<QVariant *>(arguments[1]),
+                        *static_cast<int *>(arguments[2]), *static_cast<int *>(arguments[3])};
         }
         return -1;
     }
@@ -93,89 +91,81 @@ class tst_KELDataBindValues : public KelTest
 private Q_SLOTS:
     void answersAtOnce()
     {
-        AnsweringModel source;
-        AnsweringModel destination;
-        KELDataBind binding;
-        binding.setBind(&source, "value", &destination, "value", KELDataBind::Manual);
-        source.answer = 5;
-        carryToDestination(&binding);
-        QCOMPARE(destination.written, (QVariantList{5, 5, -1, 0}));
+        BindStageOf<AnsweringModel> stage;
+        stage.setBind(KELDataBind::Manual);
+        stage.source.answer = 5;
+        carryToDestination(&stage.binding);
+        QCOMPARE(stage.destination.written, (QVariantList{5, 5, -1, 0}));
 
         // Of another type than the property.
-        destination.written.clear();
-        source.answer = u"6"_s;
-        carryToDestination(&binding);
-        QCOMPARE(destination.written, (QVariantList{6, 6, -1, 0}));
-        QCOMPARE(destination.written.at(1).userType(), int(QMetaType::Int));
+        stage.destination.written.clear();
+        stage.source.answer = u"6"_s;
+        carryToDestination(&stage.binding);
+        QCOMPARE(stage.destination.written, (QVariantList{6, 6, -1, 0}));
+        QCOMPARE(stage.destination.written.at(1).userType(), int(QMetaType::Int));
     }
 
     void dynamicPropertiesAppearAndVanish()
     {
-        Model source(3);
-        Model destination(3);
-        KELDataBind binding;
-        binding.setBind(&source, "nothing", &destination, "value", KELDataBind::Manual);
+        BindStage stage;
+        stage.setBind("nothing", "value", KELDataBind::Manual);
         takeDebugLines();
         const auto carried = [&](const QVariant &value) {
-            source.setProperty("nothing", value);
-            carryToDestination(&binding);
-            return destination.value();
+            stage.source.setProperty("nothing", value);
+            carryToDestination(&stage.binding);
+            return stage.destination.value();
         };
         QCOMPARE(carried(5), 5);
         QCOMPARE(carried(QVariant()), 0);
-        QCOMPARE(source.dynamicPropertyNames(), QList<QByteArray>());
+        QCOMPARE(stage.source.dynamicPropertyNames(), QList<QByteArray>());
         QCOMPARE(carried(u"6"_s), 6);
 
-        destination.setValue(7);
-        carryToSource(&binding);
-        QCOMPARE(source.property("nothing"), QVariant(7));
-        source.setProperty("nothing", QVariant());
-        carryToSource(&binding);
-        QCOMPARE(source.property("nothing"), QVariant(7));
+        stage.destination.setValue(7);
+        carryToSource(&stage.binding);
+        QCOMPARE(stage.source.property("nothing"), QVariant(7));
+        stage.source.setProperty("nothing", QVariant());
+        carryToSource(&stage.binding);
+        QCOMPARE(stage.source.property("nothing"), QVariant(7));
     }
 
     void propertyAtAnotherIndexAndOfAnotherType()
     {
-        Model number(1);
-        Model destination(1);
         TextModel text;
         TextModel textDestination;
-        KELDataBind binding;
-        binding.setBind(&number, "value", &destination, "value", KELDataBind::OneWay);
-        number.setValue(2);
-        QCOMPARE(destination.value(), 2);
+        BindStage stage;
+        stage.setBind(KELDataBind::OneWay);
+        stage.source.setValue(2);
+        QCOMPARE(stage.destination.value(), 2);
 
-        binding.setBind(&text, "value", &textDestination, "value", KELDataBind::OneWay);
+        stage.binding.setBind(&text, "value", &textDestination, "value", KELDataBind::OneWay);
         text.setValue(u"12"_s);
         QCOMPARE(textDestination.writes, QStringList(u"12"_s));
-        number.setValue(3);
+        stage.source.setValue(3);
         QCOMPARE(textDestination.writes, (QStringList{u"12"_s, u"12"_s}));
 
-        binding.setBind(&text, "value", &destination, "value", KELDataBind::OneWay);
-        destination.forget();
-        number.setValue(4);
-        QCOMPARE(destination.writes, Ints{2});
+        stage.binding.setBind(&text, "value", &stage.destination, "value", KELDataBind::OneWay);
+        stage.forget();
+        stage.source.setValue(4);
+        QCOMPARE(stage.destination.writes, Ints{2});
         text.third = u"44"_s;
-        binding.setBind(&text, "third", &destination, "value", KELDataBind::Manual);
-        destination.forget();
+        stage.binding.setBind(&text, "third", &stage.destination, "value", KELDataBind::Manual);
+        stage.forget();
         text.third = u"45"_s;
-        number.setValue(5);
-        QCOMPARE(destination.writes, Ints{45});
+        stage.source.setValue(5);
+        QCOMPARE(stage.destination.writes, Ints{45});
         QCOMPARE(textDestination.first + textDestination.second, u"firstsecond"_s);
     }
 
     void shadowingPropertyIsTheOneBound()
     {
-        ShadowingModel source;
-        ShadowingModel destination;
-        KELDataBind binding;
-        binding.setBind(&source, "value", &destination, "value", KELDataBind::TwoWay);
-        QCOMPARE(source.connections() + destination.connections(), 0);
-        source.setText(u"new"_s);
-        QCOMPARE(destination.text(), u"new"_s);
-        destination.setText(u"newer"_s);
-        QCOMPARE(source.text(), u"newer"_s);
-        QCOMPARE(source.writes + destination.writes, Ints());
+        BindStageOf<ShadowingModel> stage;
+        stage.setBind(KELDataBind::TwoWay);
+        QCOMPARE(stage.connections(), (Ints{0, 0}));
+        stage.source.setText(u"new"_s);
+        QCOMPARE(stage.destination.text(), u"new"_s);
+        stage.destination.setText(u"newer"_s);
+        QCOMPARE(stage.source.text(), u"newer"_s);
+        QCOMPARE(stage.source.writes + stage.destination.writes, Ints());
     }
 
     void shadowedPropertyServesTheDestructor()
@@ -198,36 +188,31 @@ private Q_SLOTS:
 
     void metaObjectThatChanges_data()
     {
-        QTest::addColumn<bool>("inPlace");
-        QTest::newRow("in place") << true;
-        QTest::newRow("to another") << false;
+        addRows({{"inPlace", {{"in place", true}, {"to another", false}}}});
     }
 
     void metaObjectThatChanges()
     {
-        QFETCH(bool, inPlace);
-        ChangingModel source;
-        ChangingModel destination;
-        const auto change = [inPlace](ChangingModel *model) {
+        const auto change = [inPlace = fetch<bool>("inPlace")](ChangingModel *model) {
             inPlace ? model->showOwn() : model->showOwnElsewhere();
         };
-        KELDataBind binding;
-        binding.setBind(&source, "value", &destination, "value", KELDataBind::Manual);
-        source.Model::setValue(3);
-        carryToDestination(&binding);
-        QCOMPARE(destination.Model::value(), 3);
+        BindStageOf<ChangingModel> stage;
+        stage.setBind(KELDataBind::Manual);
+        stage.source.Model::setValue(3);
+        carryToDestination(&stage.binding);
+        QCOMPARE(stage.destination.Model::value(), 3);
 
-        source.setText(u"5"_s);
-        change(&source);
-        carryToDestination(&binding);
-        QCOMPARE(destination.Model::value(), 5);
-        QCOMPARE(destination.text(), u"0"_s);
+        stage.source.setText(u"5"_s);
+        change(&stage.source);
+        carryToDestination(&stage.binding);
+        QCOMPARE(stage.destination.Model::value(), 5);
+        QCOMPARE(stage.destination.text(), u"0"_s);
 
-        change(&destination);
-        source.setText(u"text"_s);
-        carryToDestination(&binding);
-        QCOMPARE(destination.text(), u"text"_s);
-        QCOMPARE(destination.Model::value(), 5);
+        change(&stage.destination);
+        stage.source.setText(u"text"_s);
+        carryToDestination(&stage.binding);
+        QCOMPARE(stage.destination.text(), u"text"_s);
+        QCOMPARE(stage.destination.Model::value(), 5);
     }
 
     void checkBoxIsBound()
