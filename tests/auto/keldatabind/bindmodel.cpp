@@ -3,46 +3,13 @@
 
 #include "bindmodel.h"
 
+#include "literals.h"
+
 #include <algorithm>
 
 namespace {
 
-enum Signal {
-    NoSignal,
-    ObjectName,
-    Count,
-    Level,
-    Range,
-    Name,
-    Grade,
-    Text,
-    Number,
-    Flag,
-    Any,
-    MemoSignal
-};
-
-enum Kind { GaugeKind, StoreKind, PanelKind, MemoKind };
-
 using P = PropertyOfThing;
-
-const P objectNameProperty = {"objectName", QMetaType::QString, ObjectName, P::Normal};
-const P countProperty = {"count", QMetaType::Int, Count, P::Normal};
-const P levelProperty = {"level", QMetaType::Double, Level, P::Normal};
-const P lowProperty = {"low", QMetaType::Int, Range, P::Normal};
-const P highProperty = {"high", QMetaType::Int, Range, P::Normal};
-const P serialProperty = {"serial", QMetaType::Int, NoSignal, P::Normal};
-const P nextProperty = {"next", QMetaType::Int, Count, P::ReadOnly};
-const P nameProperty = {"name", QMetaType::QString, Name, P::Resettable};
-const P gradeProperty = {"grade", qMetaTypeId<Store::Grade>(), Grade, P::Enumeration};
-const P textProperty = {"text", QMetaType::QString, Text, P::Normal};
-const P numberProperty = {"number", QMetaType::Int, Number, P::Normal};
-const P flagProperty = {"flag", QMetaType::Bool, Flag, P::Normal};
-const P rateProperty = {"rate", QMetaType::Double, NoSignal, P::Normal};
-const P anyProperty = {"any", QMetaType::QVariant, Any, P::Normal};
-const P noteProperty = {"note", QMetaType::QString, NoSignal, P::Normal};
-const P markProperty = {"mark", QMetaType::Int, MemoSignal, P::Normal};
-const P doneProperty = {"done", QMetaType::Bool, MemoSignal, P::Normal};
 
 // Changes that go on for longer than this run in a circle.
 constexpr int mostCopies = 200;
@@ -59,98 +26,93 @@ QByteArray asUtf8AndBack(const QByteArray &name)
 }
 
 // What Qt makes of a value that is written to a property; an invalid one when it writes nothing.
-QVariant asTypeOf(const PropertyOfThing *property, const QVariant &value)
+QVariant asTypeOf(const PropertyOfThing &property, const QVariant &value)
 {
-    if (property->kind == P::Enumeration) {
+    if (property.kind == P::Enumeration) {
         if (value.userType() == QMetaType::QString) {
-            const QStringList names = {QStringLiteral("Low"), QStringLiteral("Middle"),
-                                       QStringLiteral("High")};
+            static const QStringList names = {u"Low"_s, u"Middle"_s, u"High"_s};
             const int index = names.indexOf(value.toString());
             return index < 0 ? QVariant() : QVariant::fromValue(Store::Grade(index));
         }
-        if (value.userType() == QMetaType::Int || value.userType() == property->type)
+        if (value.userType() == QMetaType::Int || value.userType() == property.type)
             return QVariant::fromValue(Store::Grade(value.toInt()));
         return QVariant();
     }
-    if (value.userType() == property->type)
+    if (value.userType() == property.type)
         return value;
     if (!value.isValid())
-        return property->kind == P::Resettable ? QVariant(QStringLiteral("unnamed"))
-                                               : QVariant(property->type, nullptr);
+        return property.kind == P::Resettable ? QVariant(u"unnamed"_s)
+                                              : QVariant(property.type, nullptr);
     QVariant converted = value;
-    return converted.convert(property->type) ? converted : QVariant();
+    return converted.convert(property.type) ? converted : QVariant();
 }
 
-QVariant initialValue(const PropertyOfThing *property)
+QVariant initialValue(const PropertyOfThing &property)
 {
-    if (property == &nextProperty)
+    if (property.kind == P::ReadOnly)
         return 1;
-    if (property->kind == P::Enumeration)
+    if (property.kind == P::Enumeration)
         return QVariant::fromValue(Store::Low);
-    return property == &anyProperty ? QVariant() : QVariant(property->type, nullptr);
-}
-
-bool recordsItsCalls(const PropertyOfThing *property)
-{
-    return property != &objectNameProperty && property->notify != MemoSignal
-        && property != &noteProperty;
+    return property.type == QMetaType::QVariant ? QVariant() : QVariant(property.type, nullptr);
 }
 
 } // namespace
 
 const QVector<KindOfThing> &kindsOfThings()
 {
-    static const QVector<const P *> ofGauge = {&objectNameProperty, &countProperty, &levelProperty,
-                                               &lowProperty,        &highProperty,  &serialProperty,
-                                               &nextProperty};
-    static const QVector<KindOfThing> kinds = {
-        {"Gauge", ofGauge},
-        {"Store", ofGauge + QVector<const P *>{&nameProperty, &gradeProperty}},
-        {"Panel",
-         {&objectNameProperty, &textProperty, &numberProperty, &flagProperty, &rateProperty,
-          &anyProperty}},
-        {"Memo", {&objectNameProperty, &noteProperty, &markProperty, &doneProperty}},
+    static const P objectName = {"objectName", QMetaType::QString, "objectName", P::Unrecorded};
+    static const QVector<P> ofGauge = {
+        objectName,
+        {"count", QMetaType::Int, "count"},
+        {"level", QMetaType::Double, "level"},
+        {"low", QMetaType::Int, "range"},
+        {"high", QMetaType::Int, "range"},
+        {"serial", QMetaType::Int, ""},
+        {"next", QMetaType::Int, "count", P::ReadOnly},
     };
+    static const QVector<P> ofStore = {
+        {"name", QMetaType::QString, "name", P::Resettable},
+        {"grade", qMetaTypeId<Store::Grade>(), "grade", P::Enumeration},
+    };
+    static const QVector<P> ofPanel = {
+        objectName,
+        {"text", QMetaType::QString, "text"},
+        {"number", QMetaType::Int, "number", P::Bounded},
+        {"flag", QMetaType::Bool, "flag"},
+        {"rate", QMetaType::Double, ""},
+        {"any", QMetaType::QVariant, "any"},
+    };
+    static const QVector<P> ofMemo = {
+        objectName,
+        {"note", QMetaType::QString, "", P::Unrecorded},
+        {"mark", QMetaType::Int, "memo", P::Unrecorded},
+        {"done", QMetaType::Bool, "memo", P::Unrecorded},
+    };
+    static const QVector<KindOfThing> kinds = {
+        {"Gauge", ofGauge}, {"Store", ofGauge + ofStore}, {"Panel", ofPanel}, {"Memo", ofMemo}};
     return kinds;
 }
 
 int KindOfThing::indexOf(const QByteArray &property) const
 {
     for (int i = 0; i < properties.size(); ++i) {
-        if (property == properties.at(i)->name)
+        if (property == properties.at(i).name)
             return i;
     }
     return -1;
 }
 
-QVariant Converters::forward(int converter, const QVariant &value)
+QVariant Converters::convert(int converter, bool isForward, const QVariant &value)
 {
     const int number = qBound(-100000, value.toInt(), 100000);
     switch (converter) {
     case Bypassed:
-        return 99;
+        return isForward ? 99 : 98;
     case Tens:
-        return number / 10;
-    case Litres:
-        return QStringLiteral("%1 l").arg(number);
-    case EvenOnly:
-        return number % 2 == 0 ? QVariant(number) : QVariant();
-    case Switched:
-        return -number;
-    default:
-        return QVariant();
-    }
-}
-
-QVariant Converters::back(int converter, const QVariant &value)
-{
-    const int number = qBound(-100000, value.toInt(), 100000);
-    switch (converter) {
-    case Bypassed:
-        return 98;
-    case Tens:
-        return number * 10;
+        return isForward ? number / 10 : number * 10;
     case Litres: {
+        if (isForward)
+            return u"%1 l"_s.arg(number);
         bool isNumber = false;
         const int litres = value.toString().section(QLatin1Char(' '), 0, 0).toInt(&isNumber);
         return isNumber ? QVariant(litres) : QVariant();
@@ -230,7 +192,7 @@ void BindModel::createObject(int kind)
 {
     Object object;
     object.kind = &kindsOfThings().at(kind);
-    for (const PropertyOfThing *property : object.kind->properties)
+    for (const PropertyOfThing &property : object.kind->properties)
         object.values.append(initialValue(property));
     m_objects.append(object);
 }
@@ -279,14 +241,14 @@ void BindModel::setBind(int number, const Step &step)
     const auto find = [this](int object, const QByteArray &name) -> const PropertyOfThing * {
         const KindOfThing *kind = isAlive(object) ? m_objects.at(object).kind : nullptr;
         const int index = kind ? kind->indexOf(name) : -1;
-        return index < 0 ? nullptr : kind->properties.at(index);
+        return index < 0 ? nullptr : &kind->properties.at(index);
     };
     const PropertyOfThing *srcProperty = find(step.object, step.name);
     const PropertyOfThing *dstProperty = find(step.destination, step.destinationName);
     if (!srcProperty || !dstProperty) {
         const QString side = QLatin1String(srcProperty ? "dst" : "src");
-        m_traces->debugLines.append(QStringLiteral("error : could not find %1 property ' %2 '")
-                                        .arg(side, QString::fromUtf8(step.name)));
+        m_traces->debugLines.append(
+            u"error : could not find %1 property ' %2 '"_s.arg(side, QString::fromUtf8(step.name)));
         reached(srcProperty ? "no such destination property" : "no such source property");
         if (binding.mode != Manual)
             reached("mode of an earlier setBind kept");
@@ -303,12 +265,12 @@ int BindModel::connectAsAsked(int number, int asked, const PropertyOfThing *srcP
     Binding &binding = m_bindings[number];
     if (asked == Auto || asked == OneWay || asked == TwoWay) {
         binding.srcProperty = srcProperty;
-        if (srcProperty->notify != NoSignal) {
+        if (!srcProperty->notify.empty()) {
             connectSide(number, true);
             if (asked == OneWay)
                 return OneWay;
             binding.dstProperty = dstProperty;
-            if (dstProperty->notify != NoSignal) {
+            if (!dstProperty->notify.empty()) {
                 connectSide(number, false);
                 return TwoWay;
             }
@@ -319,7 +281,7 @@ int BindModel::connectAsAsked(int number, int asked, const PropertyOfThing *srcP
     }
     if (asked == Auto || asked == TwoWay || asked == OneWayToSource) {
         binding.dstProperty = dstProperty;
-        if (dstProperty->notify != NoSignal) {
+        if (!dstProperty->notify.empty()) {
             connectSide(number, false);
             if (asked == TwoWay)
                 say("waring : could not find dst notify");
@@ -337,7 +299,7 @@ void BindModel::connectSide(int number, bool isForward)
     const int sender = isForward ? binding.src : binding.dst;
     const PropertyOfThing *property = isForward ? binding.srcProperty : binding.dstProperty;
     int *const handle = isForward ? &binding.srcConnection : &binding.dstConnection;
-    if (!m_objects.at(sender).kind->properties.contains(property)) {
+    if (m_objects.at(sender).kind->indexOf(property->name) < 0) {
         reached("meta-property of another class");
         return;
     }
@@ -410,8 +372,7 @@ void BindModel::copy(int number, bool isForward)
             reached("invalid value written");
         write(to, toName, value);
     } else {
-        const QVariant result = isForward ? Converters::forward(binding.converter, value)
-                                          : Converters::back(binding.converter, value);
+        const QVariant result = Converters::convert(binding.converter, isForward, value);
         m_traces->calls.append({isForward ? "Convert" : "ConvertBack", from, value});
         reached(result.isValid() ? "converted" : "converter gave nothing");
         if (result.isValid())
@@ -454,36 +415,36 @@ void BindModel::write(int object, const QByteArray &name, const QVariant &value)
             to.dynamicValues.remove(name);
         return;
     }
-    const PropertyOfThing *property = to.kind->properties.at(index);
-    if (property->kind == P::ReadOnly)
+    const PropertyOfThing &property = to.kind->properties.at(index);
+    if (property.kind == P::ReadOnly)
         return;
     const QVariant converted = asTypeOf(property, value);
-    if (property == &anyProperty)
-        assign(object, property, value);
+    if (property.type == QMetaType::QVariant)
+        assign(object, index, value);
     else if (converted.isValid())
-        assign(object, property, converted);
+        assign(object, index, converted);
     else
         reached("value of no use");
 }
 
-void BindModel::assign(int object, const PropertyOfThing *property, const QVariant &value)
+void BindModel::assign(int object, int index, const QVariant &value)
 {
-    if (recordsItsCalls(property))
-        m_traces->calls.append({property->name, object, QVariant()});
     Object &to = m_objects[object];
-    QVariant &stored = to.values[to.kind->properties.indexOf(property)];
-    const QVariant fitting = property == &numberProperty ? QVariant(qBound(-50, value.toInt(), 50))
+    const PropertyOfThing &property = to.kind->properties.at(index);
+    if (property.kind != P::Unrecorded)
+        m_traces->calls.append({property.name, object, QVariant()});
+    const QVariant fitting = property.kind == P::Bounded ? QVariant(qBound(-50, value.toInt(), 50))
                                                          : value;
-    if (isSame(stored, fitting))
+    if (isSame(to.values.at(index), fitting))
         return;
-    stored = fitting;
-    if (property == &countProperty)
-        to.values[to.kind->properties.indexOf(&nextProperty)] = fitting.toInt() / 2 + 1;
-    if (property->notify != NoSignal && !to.isBlocked)
-        emitSignal(object, property->notify);
+    to.values[index] = fitting;
+    if (property.name == std::string_view("count"))
+        to.values[to.kind->indexOf("next")] = fitting.toInt() / 2 + 1;
+    if (!property.notify.empty() && !to.isBlocked)
+        emitSignal(object, property.notify);
 }
 
-void BindModel::emitSignal(int object, int signal)
+void BindModel::emitSignal(int object, std::string_view signal)
 {
     const QVector<Connection> connections = m_connections; // no copy makes or ends one
     for (const Connection &connection : connections) {

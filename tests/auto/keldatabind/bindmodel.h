@@ -11,21 +11,30 @@
 #include <QtCore/QStringList>
 #include <QtCore/QVarLengthArray>
 
+#include <string_view>
+
 // What the objects of the scripts have, written by hand: nothing here asks a meta-object.
 struct PropertyOfThing
 {
-    enum Kind { Normal, ReadOnly, Resettable, Enumeration };
+    enum Kind {
+        Normal,
+        Unrecorded, // its setter does not record the call
+        Bounded, // within -50 and 50
+        ReadOnly,
+        Resettable,
+        Enumeration
+    };
 
     const char *name;
     int type;
-    int notify; // the same number for the same signal, 0 without one
-    Kind kind;
+    std::string_view notify; // the signal; empty without one
+    Kind kind = Normal;
 };
 
 struct KindOfThing
 {
     const char *name;
-    QVector<const PropertyOfThing *> properties; // those of the base class first
+    QVector<PropertyOfThing> properties; // those of the base class first
 
     int indexOf(const QByteArray &property) const;
 };
@@ -37,8 +46,7 @@ namespace Converters {
 
 enum Converter { None, Default, Bypassed, Tens, Litres, Invalid, EvenOnly, Switched, Count };
 
-QVariant forward(int converter, const QVariant &value);
-QVariant back(int converter, const QVariant &value);
+QVariant convert(int converter, bool isForward, const QVariant &value);
 
 } // namespace Converters
 
@@ -91,7 +99,7 @@ private:
     {
         int number;
         int sender;
-        int signal;
+        std::string_view signal;
         int binding;
         bool isForward;
     };
@@ -111,8 +119,8 @@ private:
 
     void copy(int number, bool isForward);
     void write(int object, const QByteArray &name, const QVariant &value);
-    void assign(int object, const PropertyOfThing *property, const QVariant &value);
-    void emitSignal(int object, int signal);
+    void assign(int object, int index, const QVariant &value);
+    void emitSignal(int object, std::string_view signal);
     int typeOf(int converter) const;
     void say(const char *text);
     void reached(const char *what) { m_traces->cases.append(what); }

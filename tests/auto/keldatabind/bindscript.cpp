@@ -53,13 +53,6 @@ QString quoted(const QByteArray &name)
     return text;
 }
 
-QString toText(const QVariant &value)
-{
-    QString text;
-    QDebug(&text).nospace() << value;
-    return text;
-}
-
 } // namespace
 
 QString Step::inWords() const
@@ -90,7 +83,7 @@ QString Step::inWords() const
     case Action::CallDstValueChanged:
         return own + QStringLiteral(".dstValueChanged()");
     case Action::SetProperty:
-        return QStringLiteral("%1.setProperty(%2, %3)").arg(thing, quoted(name), toText(value));
+        return QStringLiteral("%1.setProperty(%2, %3)").arg(thing, quoted(name), ::inWords(value));
     case Action::BlockSignals:
         return QStringLiteral("%1.blockSignals(%2)").arg(thing, value.toString());
     case Action::SwitchConverter:
@@ -204,7 +197,7 @@ QByteArray ScriptWriter::name(const BindModel &model, int object)
                                     "missing", "count", "bad\xff", "bad\xef\xbf\xbd", "", nullptr});
     }
     const KindOfThing *kind = model.objects().at(object).kind;
-    return kind->properties.at(below(kind->properties.size()))->name;
+    return kind->properties.at(below(kind->properties.size())).name;
 }
 
 void ScriptWriter::chooseProperty(const BindModel &model, int *object, QByteArray *name)

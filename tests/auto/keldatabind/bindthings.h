@@ -20,6 +20,7 @@ using Calls = QVector<Call>;
 
 bool isSame(const QVariant &a, const QVariant &b); // in type and value
 bool isSame(const Calls &a, const Calls &b);
+QString inWords(const QVariant &value);
 
 // The objects of the scripts. What they do is written down a second time in kindsOfThings().
 class Thing : public QObject
@@ -32,13 +33,14 @@ protected:
     // False when the setters call each other without end.
     bool record(const char *setter);
 
-    template <typename T, typename Notify>
-    void set(const char *setter, T *member, const T &value, Notify notify)
+    // True when the value is another one.
+    template <typename T>
+    bool set(const char *setter, T *member, const T &value)
     {
         if (!record(setter) || *member == value)
-            return;
+            return false;
         *member = value;
-        notify();
+        return true;
     }
 
 private:
@@ -49,26 +51,37 @@ private:
 class Gauge : public Thing
 {
     Q_OBJECT
-    Q_PROPERTY(int count READ count WRITE setCount NOTIFY countChanged)
-    Q_PROPERTY(double level READ level WRITE setLevel NOTIFY levelChanged)
-    Q_PROPERTY(int low READ low WRITE setLow NOTIFY rangeChanged)
-    Q_PROPERTY(int high READ high WRITE setHigh NOTIFY rangeChanged)
-    Q_PROPERTY(int serial READ serial WRITE setSerial)
+    Q_PROPERTY(int count MEMBER m_count WRITE setCount NOTIFY countChanged)
+    Q_PROPERTY(double level MEMBER m_level WRITE setLevel NOTIFY levelChanged)
+    Q_PROPERTY(int low MEMBER m_low WRITE setLow NOTIFY rangeChanged)
+    Q_PROPERTY(int high MEMBER m_high WRITE setHigh NOTIFY rangeChanged)
+    Q_PROPERTY(int serial MEMBER m_serial WRITE setSerial)
     Q_PROPERTY(int next READ next NOTIFY countChanged)
 
 public:
     using Thing::Thing;
-    int count() const { return m_count; }
-    double level() const { return m_level; }
-    int low() const { return m_low; }
-    int high() const { return m_high; }
-    int serial() const { return m_serial; }
     int next() const { return m_count / 2 + 1; }
-    void setCount(int count);
-    void setLevel(double level);
-    void setLow(int low);
-    void setHigh(int high);
-    void setSerial(int serial);
+    void setCount(int count)
+    {
+        if (set("count", &m_count, count))
+            Q_EMIT countChanged(count);
+    }
+    void setLevel(double level)
+    {
+        if (set("level", &m_level, level))
+            Q_EMIT levelChanged();
+    }
+    void setLow(int low)
+    {
+        if (set("low", &m_low, low))
+            Q_EMIT rangeChanged(low, m_high);
+    }
+    void setHigh(int high)
+    {
+        if (set("high", &m_high, high))
+            Q_EMIT rangeChanged(m_low, high);
+    }
+    void setSerial(int serial) { set("serial", &m_serial, serial); }
 
 Q_SIGNALS:
     void countChanged(int count);
@@ -86,19 +99,25 @@ private:
 class Store : public Gauge
 {
     Q_OBJECT
-    Q_PROPERTY(QString name READ name WRITE setName RESET resetName NOTIFY nameChanged)
-    Q_PROPERTY(Grade grade READ grade WRITE setGrade NOTIFY gradeChanged)
+    Q_PROPERTY(QString name MEMBER m_name WRITE setName RESET resetName NOTIFY nameChanged)
+    Q_PROPERTY(Grade grade MEMBER m_grade WRITE setGrade NOTIFY gradeChanged)
 
 public:
     enum Grade : int { Low, Middle, High };
     Q_ENUM(Grade)
 
     using Gauge::Gauge;
-    QString name() const { return m_name; }
-    Grade grade() const { return m_grade; }
-    void setName(const QString &name);
+    void setName(const QString &name)
+    {
+        if (set("name", &m_name, name))
+            Q_EMIT nameChanged(m_name);
+    }
     void resetName() { setName(QStringLiteral("unnamed")); }
-    void setGrade(Grade grade);
+    void setGrade(Grade grade)
+    {
+        if (set("grade", &m_grade, grade))
+            Q_EMIT gradeChanged();
+    }
 
 Q_SIGNALS:
     void nameChanged(const QString &name);
@@ -112,24 +131,37 @@ private:
 class Panel : public Thing
 {
     Q_OBJECT
-    Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged)
-    Q_PROPERTY(int number READ value WRITE setNumber NOTIFY numberChanged)
-    Q_PROPERTY(bool flag READ flag WRITE setFlag NOTIFY flagChanged)
-    Q_PROPERTY(double rate READ rate WRITE setRate)
-    Q_PROPERTY(QVariant any READ any WRITE setAny NOTIFY anyChanged)
+    Q_PROPERTY(QString text MEMBER m_text WRITE setText NOTIFY textChanged)
+    Q_PROPERTY(int number MEMBER m_number WRITE setNumber NOTIFY numberChanged)
+    Q_PROPERTY(bool flag MEMBER m_flag WRITE setFlag NOTIFY flagChanged)
+    Q_PROPERTY(double rate MEMBER m_rate WRITE setRate)
+    Q_PROPERTY(QVariant any MEMBER m_any WRITE setAny NOTIFY anyChanged)
 
 public:
     using Thing::Thing;
-    QString text() const { return m_text; }
-    int value() const { return m_number; }
-    bool flag() const { return m_flag; }
-    double rate() const { return m_rate; }
-    QVariant any() const { return m_any; }
-    void setText(const QString &text);
-    void setNumber(int number); // within -50 and 50
-    void setFlag(bool flag);
-    void setRate(double rate);
-    void setAny(const QVariant &any);
+    void setText(const QString &text)
+    {
+        if (set("text", &m_text, text))
+            Q_EMIT textChanged();
+    }
+    void setNumber(int number)
+    {
+        if (set("number", &m_number, qBound(-50, number, 50)))
+            Q_EMIT numberChanged(m_number);
+    }
+    void setFlag(bool flag)
+    {
+        if (set("flag", &m_flag, flag))
+            Q_EMIT flagChanged();
+    }
+    void setRate(double rate) { set("rate", &m_rate, rate); }
+    void setAny(const QVariant &any)
+    {
+        if (!record("any") || isSame(m_any, any))
+            return;
+        m_any = any;
+        Q_EMIT anyChanged();
+    }
 
 Q_SIGNALS:
     void textChanged();

@@ -13,6 +13,7 @@
 #include <QtCore/QPointer>
 
 #include <cstdio>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -22,20 +23,12 @@ const char *pointer(const QByteArray &name)
     return name.isNull() ? nullptr : name.constData();
 }
 
-QString inWords(const QVariant &value)
-{
-    QString text;
-    QDebug(&text).nospace() << value;
-    return text;
-}
-
 QString inWords(const Calls &calls)
 {
     QStringList words;
     for (const Call &call : calls) {
-        words.append(QStringLiteral("object%1 %2 %3")
-                         .arg(QString::number(call.object), QLatin1String(call.function),
-                              inWords(call.value)));
+        words.append(u"object%1 %2 %3"_s.arg(QString::number(call.object),
+                                             QLatin1String(call.function), inWords(call.value)));
     }
     return words.join(QLatin1String(", "));
 }
@@ -50,13 +43,12 @@ public:
     QVariant Convert(QObject *object, const QVariant &value) override
     {
         m_calls->append({"Convert", numberOf(object), value});
-        return Converters::forward(m_number, value);
+        return Converters::convert(m_number, true, value);
     }
-
     QVariant ConvertBack(QObject *object, const QVariant &value) override
     {
         m_calls->append({"ConvertBack", numberOf(object), value});
-        return Converters::back(m_number, value);
+        return Converters::convert(m_number, false, value);
     }
 
 private:
@@ -70,30 +62,172 @@ private:
     Calls *const m_calls;
 };
 
+template <typename Kind>
+Thing *newThing(int number, Calls *calls)
+{
+    return new Kind(number, calls);
+}
+
+// As kindsOfThings() lists them.
+constexpr Thing *(*newThings[])(int, Calls *) = {newThing<Gauge>, newThing<Store>, newThing<Panel>,
+                                                 newThing<Memo>};
+
 // Does the steps with real objects and bindings.
 class World
 {
-    Q_DISABLE_COPY(World)
-
 public:
-    World();
-    ~World();
+    World()
+    {
+        for (int i = Converters::Bypassed; i < Converters::Count; ++i) {
+            const auto type = i == Converters::Bypassed ? IKELValueConverter::DefaultConverterType
+                                                        : IKELValueConverter::CustomConverterType;
+            m_converters.emplace_back(i, type, &m_calls);
+        }
+    }
+    ~World()
+    {
+        for (const QPointer<KELDataBind> &binding : qAsConst(m_bindings))
+            delete binding;
+        qDeleteAll(m_objects);
+    }
 
-    void run(const Step &step);
+    void run(const Step &step)
+    {
+        m_calls.clear();
+        KELDataBind *const binding = step.binding == Step::none ? nullptr
+                                                                : m_bindings.at(step.binding);
+        switch (step.action) {
+        case Action::CreateObject:
+            m_objects.append(newThings[step.kind](m_objects.size(), &m_calls));
+            break;
+        case Action::CreateBinding:
+            m_bindings.append(new KELDataBind(object(step.object)));
+            break;
+        case Action::StaticBind:
+            m_bindings.append(std::apply([](auto... all) { return KELDataBind::bind(all...); },
+                                         bindArguments(step)));
+            break;
+        case Action::SetBind:
+            std::apply([binding](auto... all) { binding->setBind(all...); }, bindArguments(step));
+            break;
+        case Action::Bind:
+            binding->bind();
+            break;
+        case Action::Unbind:
+            binding->unbind();
+            break;
+        case Action::Update:
+            binding->update();
+            break;
+        case Action::CallSrcValueChanged:
+            QMetaObject::invokeMethod(binding, "srcValueChanged");
+            break;
+        case Action::CallDstValueChanged:
+            QMetaObject::invokeMethod(binding, "dstValueChanged");
+            break;
+        case Action::SetProperty:
+            object(step.object)->setProperty(step.name.isNull() ? "" : step.name, step.value);
+            break;
+        case Action::BlockSignals:
+            object(step.object)->blockSignals(step.value.toBool());
+            break;
+        case Action::SwitchConverter:
+            converter(Converters::Switched)->type = step.value.toBool()
+                ? IKELValueConverter::DefaultConverterType
+                : IKELValueConverter::CustomConverterType;
+            break;
+        case Action::DeleteObject:
+            delete std::exchange(m_objects[step.object], nullptr);
+            break;
+        case Action::DeleteBinding:
+            delete binding;
+        }
+        m_debugLines = KelTest::takeDebugLines();
+    }
 
     // Empty when all that can be seen is as the model has it; otherwise says what is not.
-    QString difference(const BindModel &model, const Traces &traces) const;
+    QString difference(const BindModel &model, const Traces &traces) const
+    {
+        if (m_debugLines != traces.debugLines) {
+            return u"printed: \"%1\", expected: \"%2\""_s.arg(m_debugLines.join('|'),
+                                                              traces.debugLines.join('|'));
+        }
+        for (int i = 0; i < m_objects.size(); ++i) {
+            const QString text = model.isAlive(i) ? differenceOfObject(i, model.objects().at(i))
+                                                  : QString();
+            if (!text.isEmpty())
+                return u"object%1: %2"_s.arg(i).arg(text);
+        }
+        for (int i = 0; i < m_bindings.size(); ++i) {
+            const QString text = differenceOfBinding(i, model.bindings().at(i));
+            if (!text.isEmpty())
+                return u"binding%1: %2"_s.arg(i).arg(text);
+        }
+        if (!isSame(m_calls, traces.calls))
+            return u"called: %1; expected: %2"_s.arg(inWords(m_calls), inWords(traces.calls));
+        return QString();
+    }
 
 private:
-    void create(const Step &step);
-    void runOnBinding(const Step &step);
+    Q_DISABLE_COPY(World)
+
     QObject *object(int number) const
     {
         return number == Step::none ? nullptr : m_objects.at(number);
     }
-    IKELValueConverter *converter(int number);
-    QString differenceOfObject(int number, const BindModel::Object &expected) const;
-    QString differenceOfBinding(int number, const BindModel::Binding &expected) const;
+    IKELValueConverter *converter(int number)
+    {
+        if (number == Converters::None)
+            return nullptr;
+        if (number == Converters::Default)
+            return &m_defaultConverter;
+        return &m_converters.at(size_t(number - Converters::Bypassed));
+    }
+    std::tuple<QObject *, const char *, QObject *, const char *, KELDataBind::BindMode,
+               IKELValueConverter *>
+    bindArguments(const Step &step)
+    {
+        return {object(step.object),
+                pointer(step.name),
+                object(step.destination),
+                pointer(step.destinationName),
+                KELDataBind::BindMode(step.mode),
+                converter(step.converter)};
+    }
+    QString differenceOfObject(int number, const BindModel::Object &expected) const
+    {
+        const Thing *thing = m_objects.at(number);
+        const auto compare = [thing](const char *name, const QVariant &value) {
+            const QVariant actual = thing->property(name);
+            return isSame(actual, value)
+                ? QString()
+                : u"%1 is %2, expected %3"_s.arg(QString::fromUtf8(name), inWords(actual),
+                                                 inWords(value));
+        };
+        QString text;
+        for (int i = 0; i < expected.values.size() && text.isEmpty(); ++i)
+            text = compare(expected.kind->properties.at(i).name, expected.values.at(i));
+        for (auto i = expected.dynamicValues.begin();
+             i != expected.dynamicValues.end() && text.isEmpty(); ++i)
+            text = compare(i.key(), i.value());
+        if (!text.isEmpty())
+            return text;
+        const QList<QByteArray> names = thing->dynamicPropertyNames();
+        if (names.size() != expected.dynamicValues.size())
+            return u"dynamic properties: "_s + QString::fromUtf8(names.join(", "));
+        if (thing->signalsBlocked() != expected.isBlocked)
+            return expected.isBlocked ? u"signals are not blocked"_s : u"signals are blocked"_s;
+        return QString();
+    }
+    QString differenceOfBinding(int number, const BindModel::Binding &expected) const
+    {
+        const KELDataBind *binding = m_bindings.at(number);
+        if (!binding || !expected.exists)
+            return !binding == !expected.exists ? QString() : u"exists, or does not, wrongly"_s;
+        if (int(binding->bindMode()) != expected.mode)
+            return u"mode %1, expected %2"_s.arg(binding->bindMode()).arg(expected.mode);
+        return binding->hasError() == (expected.mode == 1) ? QString() : u"hasError() is wrong"_s;
+    }
 
     Calls m_calls;
     QStringList m_debugLines;
@@ -102,184 +236,6 @@ private:
     KELDefaultValueConverter m_defaultConverter;
     std::vector<RecordingConverter> m_converters;
 };
-
-World::World()
-{
-    for (int i = Converters::Bypassed; i < Converters::Count; ++i) {
-        const auto type = i == Converters::Bypassed ? IKELValueConverter::DefaultConverterType
-                                                    : IKELValueConverter::CustomConverterType;
-        m_converters.emplace_back(i, type, &m_calls);
-    }
-}
-
-World::~World()
-{
-    for (const QPointer<KELDataBind> &binding : qAsConst(m_bindings))
-        delete binding;
-    qDeleteAll(m_objects);
-}
-
-IKELValueConverter *World::converter(int number)
-{
-    if (number == Converters::None)
-        return nullptr;
-    if (number == Converters::Default)
-        return &m_defaultConverter;
-    return &m_converters.at(size_t(number - Converters::Bypassed));
-}
-
-void World::run(const Step &step)
-{
-    m_calls.clear();
-    switch (step.action) {
-    case Action::CreateObject:
-    case Action::CreateBinding:
-    case Action::StaticBind:
-        create(step);
-        break;
-    case Action::SetProperty:
-        object(step.object)->setProperty(step.name.isNull() ? "" : step.name, step.value);
-        break;
-    case Action::BlockSignals:
-        object(step.object)->blockSignals(step.value.toBool());
-        break;
-    case Action::SwitchConverter:
-        converter(Converters::Switched)->type = step.value.toBool()
-            ? IKELValueConverter::DefaultConverterType
-            : IKELValueConverter::CustomConverterType;
-        break;
-    case Action::DeleteObject:
-        delete std::exchange(m_objects[step.object], nullptr);
-        break;
-    default:
-        runOnBinding(step);
-    }
-    m_debugLines = KelTest::takeDebugLines();
-}
-
-void World::create(const Step &step)
-{
-    const int number = m_objects.size();
-    if (step.action == Action::CreateBinding) {
-        m_bindings.append(new KELDataBind(object(step.object)));
-    } else if (step.action == Action::StaticBind) {
-        m_bindings.append(KELDataBind::bind(object(step.object), pointer(step.name),
-                                            object(step.destination), pointer(step.destinationName),
-                                            KELDataBind::BindMode(step.mode),
-                                            converter(step.converter)));
-    } else {
-        switch (step.kind) {
-        case 0:
-            m_objects.append(new Gauge(number, &m_calls));
-            break;
-        case 1:
-            m_objects.append(new Store(number, &m_calls));
-            break;
-        case 2:
-            m_objects.append(new Panel(number, &m_calls));
-            break;
-        default:
-            m_objects.append(new Memo(number, &m_calls));
-        }
-    }
-}
-
-void World::runOnBinding(const Step &step)
-{
-    KELDataBind *binding = m_bindings.at(step.binding);
-    switch (step.action) {
-    case Action::SetBind:
-        binding->setBind(object(step.object), pointer(step.name), object(step.destination),
-                         pointer(step.destinationName), KELDataBind::BindMode(step.mode),
-                         converter(step.converter));
-        break;
-    case Action::Bind:
-        binding->bind();
-        break;
-    case Action::Unbind:
-        binding->unbind();
-        break;
-    case Action::Update:
-        binding->update();
-        break;
-    case Action::CallSrcValueChanged:
-        QMetaObject::invokeMethod(binding, "srcValueChanged");
-        break;
-    case Action::CallDstValueChanged:
-        QMetaObject::invokeMethod(binding, "dstValueChanged");
-        break;
-    default:
-        delete binding;
-    }
-}
-
-QString World::difference(const BindModel &model, const Traces &traces) const
-{
-    if (m_debugLines != traces.debugLines) {
-        return QStringLiteral("printed: \"%1\", expected: \"%2\"")
-            .arg(m_debugLines.join(QLatin1Char('|')), traces.debugLines.join(QLatin1Char('|')));
-    }
-    for (int i = 0; i < m_objects.size(); ++i) {
-        const QString text = model.isAlive(i) ? differenceOfObject(i, model.objects().at(i))
-                                              : QString();
-        if (!text.isEmpty())
-            return QStringLiteral("object%1: %2").arg(QString::number(i), text);
-    }
-    for (int i = 0; i < m_bindings.size(); ++i) {
-        const QString text = differenceOfBinding(i, model.bindings().at(i));
-        if (!text.isEmpty())
-            return QStringLiteral("binding%1: %2").arg(QString::number(i), text);
-    }
-    if (!isSame(m_calls, traces.calls)) {
-        return QStringLiteral("called: %1; expected: %2")
-            .arg(inWords(m_calls), inWords(traces.calls));
-    }
-    return QString();
-}
-
-QString World::differenceOfObject(int number, const BindModel::Object &expected) const
-{
-    const Thing *thing = m_objects.at(number);
-    const auto compare = [thing](const char *name, const QVariant &value) {
-        const QVariant actual = thing->property(name);
-        return isSame(actual, value)
-            ? QString()
-            : QStringLiteral("%1 is %2, expected %3")
-                  .arg(QString::fromUtf8(name), inWords(actual), inWords(value));
-    };
-    for (int i = 0; i < expected.values.size(); ++i) {
-        const QString text = compare(expected.kind->properties.at(i)->name, expected.values.at(i));
-        if (!text.isEmpty())
-            return text;
-    }
-    for (auto i = expected.dynamicValues.begin(); i != expected.dynamicValues.end(); ++i) {
-        const QString text = compare(i.key(), i.value());
-        if (!text.isEmpty())
-            return text;
-    }
-    const QList<QByteArray> names = thing->dynamicPropertyNames();
-    if (names.size() != expected.dynamicValues.size())
-        return QStringLiteral("dynamic properties: ") + QString::fromUtf8(names.join(", "));
-    if (thing->signalsBlocked() != expected.isBlocked)
-        return QStringLiteral("signals are %1blocked")
-            .arg(QLatin1String(expected.isBlocked ? "not " : ""));
-    return QString();
-}
-
-QString World::differenceOfBinding(int number, const BindModel::Binding &expected) const
-{
-    const KELDataBind *binding = m_bindings.at(number);
-    if (!binding || !expected.exists)
-        return !binding == !expected.exists ? QString()
-                                            : QStringLiteral("exists, or does not, wrongly");
-    if (int(binding->bindMode()) != expected.mode) {
-        return QStringLiteral("mode %1, expected %2")
-            .arg(QString::number(binding->bindMode()), QString::number(expected.mode));
-    }
-    if (binding->hasError() != (expected.mode == 1))
-        return QStringLiteral("hasError() is wrong");
-    return QString();
-}
 
 } // namespace
 
@@ -306,7 +262,7 @@ QString runOnModelAndBindings(ScriptWriter *writer, int length, bool isTraced)
 
         QString text;
         for (const Step &done : qAsConst(steps))
-            text += QStringLiteral("  %1\n").arg(done.inWords());
+            text += u"  %1\n"_s.arg(done.inWords());
         return text + difference;
     }
     return QString();
