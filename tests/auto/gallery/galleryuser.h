@@ -103,5 +103,16 @@ private:
 
 #define COMPARE_GESTURES(user, expected) QCOMPARE((user).gestures(expected), QString(expected))
 #define COMPARE_CHANGES(user, expected) QCOMPARE((user).changes(expected), QString(expected))
+// What a tap on a control brings.
+#define COMPARE_TAP_GESTURES(user, name, expected) \
+  do {                                             \
+    (user).tap(name);                              \
+    COMPARE_GESTURES(user, expected);              \
+  } while (false)
+#define COMPARE_TAP_CHANGES(user, name, expected) \
+  do {                                            \
+    (user).tap(name);                             \
+    COMPARE_CHANGES(user, expected);              \
+  } while (false)
 
 #endif

@@ -47,8 +47,7 @@ private Q_SLOTS:
     void tapIsAClick()
     {
         QVERIFY(m_user.open("push-button"));
-        m_user.tap("press-me");
-        COMPARE_GESTURES(m_user, "Press me: press, release, clicked");
+        COMPARE_TAP_GESTURES(m_user, "press-me", "Press me: press, release, clicked");
     }
 
     void holdIsALongPress()
@@ -121,35 +120,28 @@ private Q_SLOTS:
         const QPoint key = m_user.geometryOf("embedded-frame").center();
         m_user.tapAt(key);
         COMPARE_GESTURES(m_user, "Key 5: press, release, clicked");
-        m_user.tap("cycle-size");
-        COMPARE_GESTURES(m_user, "Content view: Size: medium");
+        COMPARE_TAP_GESTURES(m_user, "cycle-size", "Content view: Size: medium");
         m_user.tapAt(key);
         COMPARE_GESTURES(m_user, "Key 5: press, release, clicked");
-        m_user.tap("cycle-state");
-        COMPARE_GESTURES(m_user, "Content view: State: disabled");
+        COMPARE_TAP_GESTURES(m_user, "cycle-state", "Content view: State: disabled");
         m_user.tapAt(key);
-        m_user.tap("cycle-state");
-        COMPARE_GESTURES(m_user, "Content view: State: enabled");
+        COMPARE_TAP_GESTURES(m_user, "cycle-state", "Content view: State: enabled");
     }
 
     void labelsReportWhatTheyGet()
     {
         QVERIFY(m_user.start("label"));
         // It ignores the press: the release goes elsewhere, the long press comes all the same.
-        m_user.tap("plain-label");
-        COMPARE_GESTURES(m_user, "Plain label: press, longPress");
-        m_user.tap("selectable-label");
-        COMPARE_GESTURES(m_user, "Selectable: press, release, clicked");
+        COMPARE_TAP_GESTURES(m_user, "plain-label", "Plain label: press, longPress");
+        COMPARE_TAP_GESTURES(m_user, "selectable-label", "Selectable: press, release, clicked");
         // A label lies over it.
-        m_user.tap("button-below");
-        COMPARE_GESTURES(m_user, "Button below: press, release, clicked");
+        COMPARE_TAP_GESTURES(m_user, "button-below", "Button below: press, release, clicked");
     }
 
     void entryBetweenLinesIsTapped()
     {
         QVERIFY(m_user.start("line-item"));
-        m_user.tap("entry-1");
-        COMPARE_GESTURES(m_user, "Copy: press, release, clicked");
+        COMPARE_TAP_GESTURES(m_user, "entry-1", "Copy: press, release, clicked");
     }
 
     void menuEntriesAreTapped()
@@ -184,17 +176,15 @@ private Q_SLOTS:
         tapTab(2);
         COMPARE_GESTURES(m_user, name + ": page Alarm, release");
         // The page has a button in the row where the first one has a switch.
-        m_user.tap(table + "-desk");
-        COMPARE_GESTURES(m_user, "Ring now: press, release, clicked");
+        COMPARE_TAP_GESTURES(m_user, table + "-desk", "Ring now: press, release, clicked");
         tapTab(2); // is shown already
         tapTab(1);
         COMPARE_GESTURES(m_user, name + ": release, page Sound, release");
         tapTab(0);
-        m_user.tap(table + "-desk");
-        COMPARE_GESTURES(m_user,
-                         name
-                             + ": page Light, release; "
-                               "Desk: press, checked, checkChanged, release, clicked");
+        COMPARE_TAP_GESTURES(m_user, table + "-desk",
+                             name
+                                 + ": page Light, release; "
+                                   "Desk: press, checked, checkChanged, release, clicked");
     }
 
     void comboBoxEntryIsPicked()
@@ -231,8 +221,7 @@ private Q_SLOTS:
         COMPARE_GESTURES(m_user,
                          u"Entries: selectItemChanged %1"_s.arg((last - box.bottom()) / entryPx));
         // An entry no finger gets to.
-        m_user.tap("select-last");
-        COMPARE_CHANGES(m_user, "Entries: selectItemChanged 999");
+        COMPARE_TAP_CHANGES(m_user, "select-last", "Entries: selectItemChanged 999");
     }
 
     void pressOutsideClosesTheList_data()

@@ -13,7 +13,6 @@ private Q_SLOTS:
 
     void wrongPinShakesAndRightPinIsAccepted()
     {
-        QVERIFY(m_user.open("dialog-base"));
         QVERIFY(openDialog());
         m_user.tapAll({"key-2", "key-5", "key-8", "key-1"});
         COMPARE_CHANGES(m_user, "Dialog: shaken");
@@ -29,7 +28,6 @@ private Q_SLOTS:
 
     void shakenDialogComesToRestInTheMiddle()
     {
-        QVERIFY(m_user.open("dialog-base"));
         QVERIFY(openDialog());
         const QString middle = m_user.placeOf("PIN");
         QVERIFY2(middle.contains("X=200\nY=115\nWIDTH=400\nHEIGHT=250\n"), qPrintable(middle));
@@ -38,14 +36,12 @@ private Q_SLOTS:
         COMPARE_CHANGES(m_user, "Dialog: shaken, shaken");
         QTest::qWait(350); // a shake takes 300 ms, and passes the middle on its way
         QTRY_COMPARE_WITH_TIMEOUT(m_user.placeOf("PIN"), middle, 20000);
-        m_user.tap("key-cancel");
-        COMPARE_CHANGES(m_user, "Dialog: rejected");
+        COMPARE_TAP_CHANGES(m_user, "key-cancel", "Dialog: rejected");
         QCOMPARE(m_user.windows("PIN", 0), QStringList());
     }
 
     void cancelRejectsTheDialog()
     {
-        QVERIFY(m_user.open("dialog-base"));
         QVERIFY(openDialog());
         m_user.tapAll({"key-2", "key-5", "key-cancel"});
         COMPARE_CHANGES(m_user, "Dialog: rejected");
@@ -54,7 +50,6 @@ private Q_SLOTS:
 
     void dialogBlocksTheWindow()
     {
-        QVERIFY(m_user.open("dialog-base"));
         QVERIFY(openDialog());
         // Neither the button, whose upper half is free, nor another page, which would take the
         // dialog away.
@@ -65,18 +60,15 @@ private Q_SLOTS:
         m_user.tapAt(free);
         COMPARE_CHANGES(m_user, "Dialog: opened");
         QCOMPARE(m_user.windows("PIN", 1), QStringList{"PIN"});
-        m_user.tap("key-cancel");
-        COMPARE_CHANGES(m_user, "Dialog: rejected");
+        COMPARE_TAP_CHANGES(m_user, "key-cancel", "Dialog: rejected");
     }
 
     void pressOutsideClosesThePanel()
     {
         QVERIFY(m_user.open("non-modal-dialog"));
-        m_user.tap("open-settings");
-        COMPARE_CHANGES(m_user, "Settings panel: shown");
+        COMPARE_TAP_CHANGES(m_user, "open-settings", "Settings panel: shown");
         QCOMPARE(m_user.windows("Settings panel", 1), QStringList{"Settings panel"});
-        m_user.tap("panel-switch");
-        COMPARE_CHANGES(m_user, "Night mode: checked, checkChanged");
+        COMPARE_TAP_CHANGES(m_user, "panel-switch", "Night mode: checked, checkChanged");
         QCOMPARE(m_user.windows("Settings panel", 1), QStringList{"Settings panel"});
         m_user.tapNothing();
         COMPARE_CHANGES(m_user, "Settings panel: hidden, disappeared");
@@ -88,14 +80,11 @@ private Q_SLOTS:
     {
         QVERIFY(m_user.open("non-modal-dialog"));
         for (int i = 0; i < 2; ++i) {
-            m_user.tap("open-settings");
-            COMPARE_CHANGES(m_user, "Settings panel: shown");
-            m_user.tap("open-settings");
-            COMPARE_CHANGES(m_user, "Settings panel: hidden");
+            COMPARE_TAP_CHANGES(m_user, "open-settings", "Settings panel: shown");
+            COMPARE_TAP_CHANGES(m_user, "open-settings", "Settings panel: hidden");
         }
         // No wish to ignore a press is left over.
-        m_user.tap("open-settings");
-        COMPARE_CHANGES(m_user, "Settings panel: shown");
+        COMPARE_TAP_CHANGES(m_user, "open-settings", "Settings panel: shown");
         m_user.tapNothing();
         COMPARE_CHANGES(m_user, "Settings panel: hidden, disappeared");
     }
@@ -103,14 +92,11 @@ private Q_SLOTS:
     void oneStepShowsAtATime()
     {
         QVERIFY(m_user.open("non-modal-dialog"));
-        m_user.tap("open-steps");
-        COMPARE_CHANGES(m_user, "First step: shown");
+        COMPARE_TAP_CHANGES(m_user, "open-steps", "First step: shown");
         QCOMPARE(m_user.windows("First step", 1), QStringList{"First step"});
-        m_user.tap("go-forth");
-        COMPARE_CHANGES(m_user, "First step: hidden; Second step: shown");
+        COMPARE_TAP_CHANGES(m_user, "go-forth", "First step: hidden; Second step: shown");
         QTRY_COMPARE(m_user.windows("step", 1), QStringList{"Second step"});
-        m_user.tap("go-back");
-        COMPARE_CHANGES(m_user, "Second step: hidden; First step: shown");
+        COMPARE_TAP_CHANGES(m_user, "go-back", "Second step: hidden; First step: shown");
         QTRY_COMPARE(m_user.windows("step", 1), QStringList{"First step"});
         m_user.tapNothing();
         COMPARE_CHANGES(m_user, "First step: hidden, disappeared");
@@ -119,15 +105,11 @@ private Q_SLOTS:
     void openerClosesEitherStep()
     {
         QVERIFY(m_user.open("non-modal-dialog"));
-        m_user.tap("open-steps");
-        COMPARE_CHANGES(m_user, "First step: shown");
+        COMPARE_TAP_CHANGES(m_user, "open-steps", "First step: shown");
         QCOMPARE(m_user.windows("First step", 1), QStringList{"First step"});
-        m_user.tap("go-forth");
-        COMPARE_CHANGES(m_user, "First step: hidden; Second step: shown");
-        m_user.tap("open-steps");
-        COMPARE_CHANGES(m_user, "Second step: hidden");
-        m_user.tap("open-steps");
-        COMPARE_CHANGES(m_user, "First step: shown");
+        COMPARE_TAP_CHANGES(m_user, "go-forth", "First step: hidden; Second step: shown");
+        COMPARE_TAP_CHANGES(m_user, "open-steps", "Second step: hidden");
+        COMPARE_TAP_CHANGES(m_user, "open-steps", "First step: shown");
         // The other opener is outside: it closes this panel before it opens its own.
         m_user.tap("open-settings");
         QVERIFY(m_user.waitFor("Settings panel: shown"));
@@ -140,11 +122,9 @@ private Q_SLOTS:
     void panelGoesWithItsPage()
     {
         QVERIFY(m_user.start("non-modal-dialog"));
-        m_user.tap("open-steps");
-        COMPARE_CHANGES(m_user, "First step: shown");
+        COMPARE_TAP_CHANGES(m_user, "open-steps", "First step: shown");
         QCOMPARE(m_user.windows("First step", 1), QStringList{"First step"});
-        m_user.tap("nav-non-modal-helper");
-        COMPARE_CHANGES(m_user, "First step: hidden");
+        COMPARE_TAP_CHANGES(m_user, "nav-non-modal-helper", "First step: hidden");
         QCOMPARE(m_user.windows("First step", 0), QStringList());
         m_user.tapAt(m_user.geometryOf("timeout-5000", "non-modal-helper").center());
         COMPARE_CHANGES(m_user, "Time-out: idChanged 2");
@@ -155,8 +135,7 @@ private Q_SLOTS:
         QVERIFY(m_user.open("non-modal-helper"));
         const QRect popup = m_user.geometryOf("popup-content");
         for (int i = 0; i < 2; ++i) {
-            m_user.tap("open-popup");
-            COMPARE_CHANGES(m_user, "Popup: shown");
+            COMPARE_TAP_CHANGES(m_user, "open-popup", "Popup: shown");
             m_user.tapAt(popup.center());
             COMPARE_GESTURES(m_user, "Popup: press, release, clicked");
             m_user.tapAt(popup.topLeft() - QPoint(8, 8));
@@ -168,10 +147,8 @@ private Q_SLOTS:
     {
         QVERIFY(m_user.open("non-modal-helper"));
         for (int i = 0; i < 2; ++i) {
-            m_user.tap("open-popup");
-            COMPARE_CHANGES(m_user, "Popup: shown");
-            m_user.tap("open-popup");
-            COMPARE_CHANGES(m_user, "Popup: hidden");
+            COMPARE_TAP_CHANGES(m_user, "open-popup", "Popup: shown");
+            COMPARE_TAP_CHANGES(m_user, "open-popup", "Popup: hidden");
         }
     }
 
@@ -179,6 +156,8 @@ private:
     // Until it can be tapped.
     bool openDialog()
     {
+        if (!m_user.open("dialog-base"))
+            return false;
         m_user.tap("enter-pin");
         return m_user.changes("Dialog: opened") == "Dialog: opened"
             && m_user.windows("PIN", 1).size() == 1;

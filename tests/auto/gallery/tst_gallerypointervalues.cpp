@@ -59,8 +59,7 @@ private Q_SLOTS:
     void sliderDragTakesTheBarAlong()
     {
         QVERIFY(m_user.start(fetch<QString>("page")));
-        m_user.tap("set-0");
-        COMPARE_CHANGES(m_user, "Bar: valueChanged 0; Slider: valueChanged 0");
+        COMPARE_TAP_CHANGES(m_user, "set-0", "Bar: valueChanged 0; Slider: valueChanged 0");
         // With the knob at the left end the press takes hold of it.
         const QRect slider = m_user.geometryOf("slider");
         const QPoint left(slider.left() + knobPx / 2, slider.center().y());
@@ -142,23 +141,20 @@ private Q_SLOTS:
         QVERIFY(m_user.start("slide-control"));
         const QRect slider = m_user.geometryOf("disabled-slider");
         m_user.tapAt({slider.left() + 2, slider.center().y()});
-        m_user.tap("set-50");
-        COMPARE_GESTURES(
-            m_user,
+        COMPARE_TAP_GESTURES(
+            m_user, "set-50",
             "Set 50: press, release, clicked; Bar: valueChanged 50; Slider: valueChanged 50");
     }
 
     void radioBoxTapMovesTheSelection()
     {
         QVERIFY(m_user.start("radio-box"));
-        m_user.tap("radio-2");
-        COMPARE_GESTURES(m_user,
-                         "Fast: press, checked; Slow: unchecked, checkChanged; "
-                         "Group: idChanged 2; Fast: checkChanged");
-        m_user.tap("radio-0");
-        COMPARE_GESTURES(m_user,
-                         "Slow: press, checked; Fast: unchecked, checkChanged; "
-                         "Group: idChanged 0; Slow: checkChanged");
+        COMPARE_TAP_GESTURES(m_user, "radio-2",
+                             "Fast: press, checked; Slow: unchecked, checkChanged; "
+                             "Group: idChanged 2; Fast: checkChanged");
+        COMPARE_TAP_GESTURES(m_user, "radio-0",
+                             "Slow: press, checked; Fast: unchecked, checkChanged; "
+                             "Group: idChanged 0; Slow: checkChanged");
     }
 
     void selectedRadioBoxIgnoresTheTap()
@@ -192,10 +188,9 @@ private Q_SLOTS:
     void radioBoxIsSelectedWithoutATap()
     {
         QVERIFY(m_user.start("radio-box"));
-        m_user.tap(fetch<QString>("by"));
-        COMPARE_CHANGES(m_user,
-                        "Slow: unchecked, checkChanged; Turbo: checked, checkChanged; "
-                        "Group: idChanged 3");
+        COMPARE_TAP_CHANGES(m_user, fetch<QString>("by"),
+                            "Slow: unchecked, checkChanged; Turbo: checked, checkChanged; "
+                            "Group: idChanged 3");
     }
 
     void checkBoxTapToggles_data()
@@ -239,14 +234,12 @@ private Q_SLOTS:
     {
         const int mode = fetch<int>("mode");
         QVERIFY(m_user.start("data-bind"));
-        m_user.tap(u"mode-%1"_s.arg(mode));
-        COMPARE_CHANGES(
-            m_user,
+        COMPARE_TAP_CHANGES(
+            m_user, u"mode-%1"_s.arg(mode),
             u"Mode: idChanged %1; Binding: setBind(%2)"_s.arg(mode).arg(fetch<QString>("name")));
         tapSlider(100);
         COMPARE_CHANGES(m_user, fetch<QString>("sliderTapped"));
-        m_user.tap("model-less");
-        COMPARE_CHANGES(m_user, fetch<QString>("modelLowered"));
+        COMPARE_TAP_CHANGES(m_user, "model-less", fetch<QString>("modelLowered"));
     }
 
     void manualBindingMovesByUpdateOnly()
