@@ -5,8 +5,11 @@
 #define CONTROLTEST_H
 
 #include "keltest.h"
+#include "rows.h"
 
 #include <kelroundrectcontrol.h>
+
+#include <QtWidgets/QGraphicsSceneMouseEvent>
 
 #include <limits>
 
@@ -141,6 +144,47 @@ inline void addOddRectangles()
         QTest::addRow("height is %g", odd) << QRectF(40, 20, 80, odd);
         QTest::addRow("everything is %g", odd) << QRectF(odd, odd, odd, odd);
     }
+}
+
+// For a control that filters the events of its children: it swallows those of another mouse button
+// than the left one.
+inline void addEventsOfChildren()
+{
+    addRows({{"type",
+              {{"press", QEvent::GraphicsSceneMousePress},
+               {"release", QEvent::GraphicsSceneMouseRelease},
+               {"double click", QEvent::GraphicsSceneMouseDoubleClick},
+               {"move", QEvent::GraphicsSceneMouseMove},
+               {"context menu", QEvent::GraphicsSceneContextMenu},
+               {"hover enter", QEvent::GraphicsSceneHoverEnter},
+               {"wheel", QEvent::GraphicsSceneWheel},
+               {"touch", QEvent::TouchBegin},
+               {"key", QEvent::KeyPress},
+               {"release of the mouse grab", QEvent::UngrabMouse},
+               {"mouse press of a widget", QEvent::MouseButtonPress}}},
+             {"button",
+              {{"left", Qt::LeftButton},
+               {"right", Qt::RightButton},
+               {"middle", Qt::MiddleButton},
+               {"back", Qt::BackButton},
+               {"none", Qt::NoButton}}}});
+}
+
+template <typename Control>
+void swallowsOtherButtonsOfChildren()
+{
+    struct Filter : Control
+    {
+        using Control::sceneEventFilter;
+    } filter;
+    QGraphicsSceneMouseEvent event(fetch<QEvent::Type>("type"));
+    event.setButton(fetch<Qt::MouseButton>("button"));
+    const bool isOfAButton = event.type() == QEvent::GraphicsSceneMousePress
+        || event.type() == QEvent::GraphicsSceneMouseRelease
+        || event.type() == QEvent::GraphicsSceneMouseDoubleClick;
+    const bool isSwallowed = isOfAButton && event.button() != Qt::LeftButton;
+    QCOMPARE(filter.sceneEventFilter(&filter, &event), isSwallowed);
+    QCOMPARE(filter.sceneEventFilter(nullptr, &event), isSwallowed);
 }
 
 } // namespace ControlTest

@@ -8,6 +8,8 @@
 #include <QtGui/QContextMenuEvent>
 
 const std::vector<Named> inputs = {{"mouse", int(Input::Mouse)}, {"touch", int(Input::Touch)}};
+const std::vector<Named> otherMouseButtons = {
+    {"right", Qt::RightButton}, {"middle", Qt::MiddleButton}, {"back", Qt::BackButton}};
 
 Hand::Hand(KelTestView *view, Input input) :
     m_view(view), m_target(view->viewport()), m_input(input)

@@ -15,6 +15,7 @@ class KelTestView;
 
 enum class Input { Mouse, Touch };
 extern const std::vector<Named> inputs;
+extern const std::vector<Named> otherMouseButtons; // than the left one
 
 /*
  * A mouse or a finger on a view: what a test does with either.

@@ -70,6 +70,12 @@ bool ControlStage::nextControlIsClicked()
     return clicked.count() == 1;
 }
 
+void letEventsRun()
+{
+    for (int i = 0; i < 5; ++i)
+        QCoreApplication::processEvents();
+}
+
 bool hasTimers(QObject *object)
 {
     return !QAbstractEventDispatcher::instance()->registeredTimers(object).isEmpty();

@@ -90,6 +90,9 @@ private:
     }
 };
 
+// Lets everything happen that waits for the event loop, repaints too.
+void letEventsRun();
+
 // A press that lasts: the time of the long press ends now.
 void endLongPressTime(QObject *control);
 bool hasTimers(QObject *object);

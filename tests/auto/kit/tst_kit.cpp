@@ -13,6 +13,7 @@
 #include <kelcheckbox.h>
 
 #include <QtCore/QThread>
+#include <QtCore/QTimer>
 #include <QtWidgets/QPushButton>
 
 #include <memory>
@@ -288,6 +289,17 @@ private Q_SLOTS:
     {
         const auto rect = fetch<QRectF>("rect");
         QVERIFY(!qIsFinite(rect.x() + rect.y() + rect.width() + rect.height()));
+    }
+
+    void letEventsRunCarriesOutWhatFollows()
+    {
+        int calls = 0;
+        QTimer::singleShot(0, this, [&] {
+            ++calls;
+            QTimer::singleShot(0, this, [&] { ++calls; });
+        });
+        letEventsRun();
+        QCOMPARE(calls, 2);
     }
 
     void livingObjectsAreThoseOfTheThread()
