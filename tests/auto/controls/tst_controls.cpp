@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "controlclasses.h"
-#include "keltest.h"
+#include "controltest.h"
+#include "record.h"
 #include "rows.h"
 
 #include <algorithm>
@@ -223,6 +224,12 @@ class tst_Controls : public KelTest
     Q_OBJECT
 
 private Q_SLOTS:
+    void everyControlHasAParentItem()
+    {
+        forEachControl(
+            [](auto tag) { ControlTest::hasAParentItem<typename decltype(tag)::Type>(); });
+    }
+
     void everyControlPaintsSomething_data() { addClassesAndStates(); }
 
     void everyControlPaintsSomething()
@@ -324,6 +331,23 @@ private Q_SLOTS:
         }
     }
 
+    void oddGeometryDrawsNothing_data() { ControlTest::addOddRectangles(); }
+
+    void oddGeometryDrawsNothing()
+    {
+        const auto rect = fetch<QRectF>("rect");
+        const QImage blank = KelImage::blank(QSize(140, 100));
+        for (const ControlClass &one : controlClasses()) {
+            for (const State &state : states) {
+                const auto item = makeControl(one, state);
+                item->setboundRect(rect);
+                QVERIFY2(KelImage::paint(item.get(), blank.size()) == blank, one.name);
+                item->setboundRect(rect.x(), rect.y(), rect.width(), rect.height());
+                QVERIFY2(KelImage::paint(item.get(), blank.size()) == blank, one.name);
+            }
+        }
+    }
+
     void paintsTheSameTwice_data() { addClassesAndStates(); }
 
     void paintsTheSameTwice()
@@ -333,6 +357,16 @@ private Q_SLOTS:
         const QSize size(140, 100);
         const QImage first = KelImage::paint(item.get(), size);
         QCOMPARE(KelImage::difference(KelImage::paint(item.get(), size), first), QString());
+    }
+
+    void paintingLeavesTheRecordAlone_data() { addClassesAndStates(); }
+
+    void paintingLeavesTheRecordAlone()
+    {
+        const auto item = control();
+        const KELRoundRectControlStyle before = *item->style();
+        KelImage::paint(item.get(), QSize(140, 100));
+        QCOMPARE(Record::difference(*item->style(), before), QString());
     }
 
     void roundCornersStayInside_data() { addClassesAndStates(); }

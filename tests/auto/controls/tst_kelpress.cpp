@@ -472,8 +472,7 @@ private Q_SLOTS:
         CaseStage stage(ignoringControls);
         stage.hand.press(stage.centre());
         QVERIFY(stage->isMouseDown());
-        for (int i = 0; i < 5; ++i)
-            QCoreApplication::processEvents();
+        letEventsRun();
         QVERIFY(stage->isMouseDown());
         QVERIFY(stage->style()->isMouseDown);
         stage.hand.release();

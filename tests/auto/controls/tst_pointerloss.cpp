@@ -484,8 +484,7 @@ private Q_SLOTS:
         QCoreApplication::processEvents();
         stage.hand.press(stage.centre());
         what.during(stage);
-        for (int i = 0; i < 5; ++i)
-            QCoreApplication::processEvents();
+        letEventsRun();
         QVERIFY(stage.control->isMouseDown());
         QVERIFY(stage.control->style()->isMouseDown);
         // A slow machine is past the long press already.

@@ -98,6 +98,27 @@ private Q_SLOTS:
         QVERIFY(stage.control->isCheck());
     }
 
+    void checkedEvent_data()
+    {
+        addRows({{"kind", kinds},
+                 {"stored", {{"off", false}, {"on", true}}},
+                 {"argument", {{"told off", false}, {"told on", true}}}});
+    }
+
+    // Compat: a check box tells the stored state, a radio box the argument.
+    void checkedEvent()
+    {
+        const bool stored = fetch<bool>("stored");
+        const bool argument = fetch<bool>("argument");
+        BoxStage stage;
+        stage.control->style()->isCheck = stored;
+        stage.control->onCheckedEvent(argument);
+        const bool isChecked = fetch<Kind>("kind") == Kind::CheckBox ? stored : argument;
+        QCOMPARE(stage.log.take(),
+                 isChecked ? u"checked checkChanged"_s : u"unchecked checkChanged"_s);
+        QCOMPARE(stage.control->isCheck(), stored);
+    }
+
     void checkIsAProperty_data() { addKinds(); }
 
     void checkIsAProperty()
@@ -219,11 +240,7 @@ private Q_SLOTS:
 
     void otherButtonsAreNotAccepted_data()
     {
-        addRows({{"kind", kinds},
-                 {"button",
-                  {{"right", Qt::RightButton},
-                   {"middle", Qt::MiddleButton},
-                   {"back", Qt::BackButton}}}});
+        addRows({{"kind", kinds}, {"button", otherMouseButtons}});
     }
 
     void otherButtonsAreNotAccepted()
