@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
-#include "controltest.h"
 #include "handdrawing.h"
 #include "record.h"
 #include "sliderparts.h"
@@ -352,18 +351,6 @@ private Q_SLOTS:
         QCOMPARE(differenceFrom(expected, &slider), QString());
     }
 
-    void paintingLeavesTheRecordAlone()
-    {
-        KELSlideControl slider;
-        place(&slider, usualRect);
-        slider.setValue(40);
-        slider.setEnabled(false);
-        const KELRoundRectControlStyle before = *slider.style();
-        KelImage::paint(&slider, canvas);
-        QCOMPARE(Record::difference(*slider.style(), before), QString());
-        QCOMPARE(slider.value(), 40.0F);
-    }
-
     void placeThatIsNotANumberShowsTheGrooveAlone_data()
     {
         QTest::addColumn<Setting>("setting");
@@ -392,22 +379,6 @@ private Q_SLOTS:
         // It comes back with numbers.
         apply(&slider, {0, 100, 50});
         QCOMPARE(differenceFrom(expectedOf(slider), &slider), QString());
-    }
-
-    void oddGeometryDrawsNothing_data() { ControlTest::addOddRectangles(); }
-
-    void oddGeometryDrawsNothing()
-    {
-        const auto rect = fetch<QRectF>("rect");
-        const QImage blank = KelImage::blank(canvas);
-        KELSlideControl slider;
-        slider.setValue(40);
-        slider.setboundRect(rect);
-        QCOMPARE(KelImage::difference(KelImage::paint(&slider, canvas), blank), QString());
-        place(&slider, rect);
-        QCOMPARE(KelImage::difference(KelImage::paint(&slider, canvas), blank), QString());
-        slider.setValue(60);
-        QCOMPARE(KelImage::difference(KelImage::paint(&slider, canvas), blank), QString());
     }
 
     void reachBeyondTheRectangle_data()

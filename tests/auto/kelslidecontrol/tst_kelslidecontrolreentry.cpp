@@ -140,10 +140,8 @@ private Q_SLOTS:
         stage.hand.move(knobAt(20));
         QCOMPARE(stage.log.take(), u"press valueChanged"_s);
         loss.lose(stage);
-        if (!fetch<bool>("atOnce")) {
-            for (int i = 0; i < 5; ++i)
-                QCoreApplication::processEvents();
-        }
+        if (!fetch<bool>("atOnce"))
+            letEventsRun();
         stage.hand.move(knobAt(30));
         QTRY_VERIFY(!stage->style()->isMouseDown);
         stage.hand.move(knobAt(40));
