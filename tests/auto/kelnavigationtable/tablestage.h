@@ -18,7 +18,6 @@ class OpenTable : public KELNavigationTable
 public:
     using KELNavigationTable::KELNavigationTable;
     using KELNavigationTable::mousePressEvent;
-    using KELNavigationTable::sceneEventFilter;
 
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override
     {
@@ -75,6 +74,20 @@ enum class Switch { ByIndex, ByMouse, ByTouch };
 inline const std::vector<Named> switches = {{"by index", int(Switch::ByIndex)},
                                             {"by mouse", int(Switch::ByMouse)},
                                             {"by touch", int(Switch::ByTouch)}};
+
+// How a page, or what it is in, leaves its table.
+enum class Exit { WithoutParent, OutOfTheScene, ToAnotherParent };
+inline const std::vector<Named> exits = {{"without parent", int(Exit::WithoutParent)},
+                                         {"out of the scene", int(Exit::OutOfTheScene)},
+                                         {"to another parent", int(Exit::ToAnotherParent)}};
+
+inline void takeAway(QGraphicsItem *item, Exit exit, QGraphicsItem *otherParent = nullptr)
+{
+    if (exit == Exit::OutOfTheScene)
+        item->scene()->removeItem(item);
+    else
+        item->setParentItem(exit == Exit::ToAnotherParent ? otherParent : nullptr);
+}
 
 // A table of 440 x 310 px at (20, 30) of the view.
 class TableStage : public Stage<OpenTable>

@@ -143,10 +143,6 @@ private Q_SLOTS:
         hasDefaultsOfItsOwn(*styleOf(&page));
     }
 
-    void tableHasAParentItem() { ControlTest::hasAParentItem<KELNavigationTable>(); }
-
-    void pageHasAParentItem() { ControlTest::hasAParentItem<KELNavigationTableItem>(); }
-
     void tableIsSetUpForTaps() { ControlTest::takesPointerInput<KELNavigationTable>(); }
 
     void pageIsAPlainControl() { ControlTest::hasInputSettingsOfTheBase<KELNavigationTableItem>(); }
@@ -440,39 +436,11 @@ private Q_SLOTS:
         QCOMPARE(stage.log.takeWithHover(), QString());
     }
 
-    void filter_data()
-    {
-        addRows({{"type",
-                  {{"press", QEvent::GraphicsSceneMousePress},
-                   {"release", QEvent::GraphicsSceneMouseRelease},
-                   {"double", QEvent::GraphicsSceneMouseDoubleClick},
-                   {"move", QEvent::GraphicsSceneMouseMove},
-                   {"context menu", QEvent::GraphicsSceneContextMenu},
-                   {"hover enter", QEvent::GraphicsSceneHoverEnter},
-                   {"wheel", QEvent::GraphicsSceneWheel}}},
-                 {"button",
-                  {{"left", Qt::LeftButton},
-                   {"right", Qt::RightButton},
-                   {"middle", Qt::MiddleButton},
-                   {"back", Qt::BackButton},
-                   {"none", Qt::NoButton}}}});
-    }
+    void filterSwallowsOtherButtons_data() { ControlTest::addEventsOfChildren(); }
 
-    void filter()
+    void filterSwallowsOtherButtons()
     {
-        const auto type = fetch<QEvent::Type>("type");
-        const bool isPress = type == QEvent::GraphicsSceneMousePress
-            || type == QEvent::GraphicsSceneMouseRelease
-            || type == QEvent::GraphicsSceneMouseDoubleClick;
-        OpenTable table;
-        const Pages pages = addPages(&table, 2);
-        QGraphicsSceneMouseEvent event(type);
-        event.setButton(fetch<Qt::MouseButton>("button"));
-        event.setPos(QPointF(300, 270));
-        const bool isFiltered = isPress && event.button() != Qt::LeftButton;
-        QCOMPARE(table.sceneEventFilter(pages.first(), &event), isFiltered);
-        QCOMPARE(table.sceneEventFilter(nullptr, &event), isFiltered);
-        QCOMPARE(table.selectIndex(), 0);
+        ControlTest::swallowsOtherButtonsOfChildren<KELNavigationTable>();
     }
 
     void optionOfADefaultTable()

@@ -114,35 +114,29 @@ private Q_SLOTS:
         QCOMPARE(stage.whatIsWrong(0), QString());
     }
 
-    void pageGivenAwayLeavesTheTable_data()
-    {
-        addRows(
-            {{"way", {{"without parent", 0}, {"out of the scene", 1}, {"to another table", 2}}}});
-    }
+    void pageGivenAwayLeavesTheTable_data() { addRows({{"exit", exits}}); }
 
     void pageGivenAwayLeavesTheTable()
     {
-        const int way = fetch<int>("way");
+        const auto exit = fetch<Exit>("exit");
         TableStage stage(3);
         stage->setSelectIndex(1);
         stage.settle();
         KELNavigationTableItem *const given = stage.pages.at(1);
         auto *const other = new KELNavigationTable;
         stage.view.ownScene.addItem(other);
-        if (way == 0)
-            given->setParentItem(nullptr);
-        else if (way == 1)
-            stage.view.ownScene.removeItem(given);
-        else
+        if (exit == Exit::ToAnotherParent)
             other->addItem(given);
+        else
+            takeAway(given, exit);
         QCOMPARE(stage->selectIndex(), -1);
         QVERIFY(!stage->selectItem());
         stage->setSelectIndex(1);
         QCOMPARE(stage->selectItem(), stage.pages.at(2).data());
         delete stage.control;
         QVERIFY(stage.pages.at(1));
-        QCOMPARE(other->selectItem(), way == 2 ? given : nullptr);
-        if (way == 1)
+        QCOMPARE(other->selectItem(), exit == Exit::ToAnotherParent ? given : nullptr);
+        if (exit == Exit::OutOfTheScene)
             delete given;
         stage.view.grab();
     }

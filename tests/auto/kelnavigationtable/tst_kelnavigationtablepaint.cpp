@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
+#include "controltest.h"
 #include "handdrawing.h"
 #include "record.h"
 #include "tablestage.h"
@@ -350,17 +351,6 @@ const Placing placings[] = {
     {"empty", {20, 20, 0, 0}},
 };
 
-const Placing oddPlacings[] = {
-    {"x is not a number", {notANumber, 10, 200, 150}},
-    {"y is not a number", {10, notANumber, 200, 150}},
-    {"width is not a number", {10, 10, notANumber, 150}},
-    {"height is not a number", {10, 10, 200, notANumber}},
-    {"width is infinite", {10, 10, infinite, 150}},
-    {"height is infinite", {10, 10, 200, infinite}},
-    {"x is minus infinite", {-infinite, 10, 200, 150}},
-    {"nothing is a number", {notANumber, notANumber, notANumber, notANumber}},
-};
-
 } // namespace
 
 class tst_KELNavigationTablePaint : public KelTest
@@ -477,11 +467,11 @@ private Q_SLOTS:
         QCOMPARE(KelImage::difference(picture.painted(), before), QString());
     }
 
-    void oddGeometryPaintsNothing_data() { addRows({{"placing", namesOf(oddPlacings)}}); }
+    void oddGeometryPaintsNothing_data() { ControlTest::addOddRectangles(); }
 
     void oddGeometryPaintsNothing()
     {
-        const QRectF rect = oddPlacings[fetch<int>("placing")].rect;
+        const auto rect = fetch<QRectF>("rect");
         for (const bool showTitle : {false, true}) {
             Picture image(rect);
             image.style()->showTitle = showTitle;

@@ -165,15 +165,9 @@ private Q_SLOTS:
         QCOMPARE(stage.whatIsNotShown(1), QString());
     }
 
-    void otherMouseButtons_data()
-    {
-        addRows({{"button",
-                  {{"right", Qt::RightButton},
-                   {"middle", Qt::MiddleButton},
-                   {"back", Qt::BackButton}}}});
-    }
+    void otherButtons_data() { addRows({{"button", otherMouseButtons}}); }
 
-    void otherMouseButtons()
+    void otherButtons()
     {
         const auto button = fetch<Qt::MouseButton>("button");
         TableStage stage(2);

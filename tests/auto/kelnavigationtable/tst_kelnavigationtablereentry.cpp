@@ -116,42 +116,29 @@ private Q_SLOTS:
         QCOMPARE(stage.whatIsWrong(1), QString());
     }
 
-    void pageMovedAwayDuringASwitch()
-    {
-        TableStage stage(3);
-        stage.settle();
-        KELNavigationTable other;
-        stage.once(stage.pages.at(0), [&] { other.addItem(stage.pages.at(1)); });
-        stage->setSelectIndex(1);
-        QCOMPARE(stage.calls, 1);
-        QCOMPARE(other.selectItem(), stage.pages.at(1).data());
-        QVERIFY(stage.pages.at(1)->isVisible());
-        stage.pages.removeAt(1);
-        QCOMPARE(stage.whatIsWrong(0), QString());
-    }
-
-    void newPageGoesWhenTheOldOneIsHidden_data()
-    {
-        addRows({{"end", {{"without parent", 0}, {"out of the scene", 1}}}, {"way", switches}});
-    }
+    void newPageGoesWhenTheOldOneIsHidden_data() { addRows({{"exit", exits}, {"way", switches}}); }
 
     void newPageGoesWhenTheOldOneIsHidden()
     {
         TableStage stage(2);
         stage.settle();
-        std::unique_ptr<KELNavigationTableItem> homeless;
+        KELNavigationTable other;
+        const QPointer<KELNavigationTableItem> page(stage.pages.at(1));
         stage.once(stage.pages.at(0), [&] {
-            if (fetch<int>("end") == 0) {
-                stage.pages.at(1)->setParentItem(nullptr);
-            } else {
-                stage.view.ownScene.removeItem(stage.pages.at(1));
-                homeless.reset(stage.pages.at(1));
-            }
+            if (fetch<Exit>("exit") == Exit::ToAnotherParent)
+                other.addItem(page);
+            else
+                takeAway(page, fetch<Exit>("exit"));
         });
         stage.switchTo(1, fetch<Switch>("way"));
         QCOMPARE(stage.calls, 1);
         stage.pages.removeAt(1);
         QCOMPARE(stage.whatIsWrong(0), QString());
+        if (fetch<Exit>("exit") == Exit::ToAnotherParent) {
+            QCOMPARE(other.selectItem(), page.data());
+            QVERIFY(page->isVisible());
+        }
+        delete page;
     }
 
     void selectedWhileAdded_data()
@@ -187,20 +174,30 @@ private Q_SLOTS:
         addRows(
             {{"what", {{"the page", 0}, {"the table", 1}, {"the page goes to another table", 2}}},
              {"signal",
-              {{"when the page gets its parent", 0},
-               {"when the page is hidden", 1},
-               {"when the page is shown again", 2}}}});
+              {{"when the table's children change", 0},
+               {"when the old parent's children change", 1},
+               {"when the page gets its parent", 2},
+               {"when the page is hidden", 3},
+               {"when the page is shown again", 4},
+               {"when the page disappears with the table", 5},
+               {"when the page is disabled with the table", 6}}},
+             {"isElsewhere", {{"same scene", false}, {"from another scene", true}}}});
     }
 
     void deletedWhileAdded()
     {
         const int what = fetch<int>("what");
+        const int signal = fetch<int>("signal");
         TableStage stage(0);
         stage.settle();
-        auto *other = new KELNavigationTable;
+        stage->setVisible(signal != 5);
+        stage->setEnabled(signal != 6);
+        auto *const other = new KELNavigationTable;
         stage.view.ownScene.addItem(other);
-        const QPointer<KELNavigationTableItem> page(new KELNavigationTableItem);
-        int toCome = qMax(1, fetch<int>("signal"));
+        auto *const oldParent = new KELRoundRectControl;
+        (fetch<bool>("isElsewhere") ? stage.otherScene : stage.view.ownScene).addItem(oldParent);
+        const QPointer<KELNavigationTableItem> page(new KELNavigationTableItem(oldParent));
+        int toCome = signal == 4 ? 2 : 1;
         const auto act = [&] {
             if (--toCome != 0)
                 return;
@@ -211,10 +208,15 @@ private Q_SLOTS:
             else
                 other->addItem(page);
         };
-        if (fetch<int>("signal") == 0)
-            connect(page, &QGraphicsObject::parentChanged, &stage.view, act);
+        using Item = QGraphicsObject;
+        if (signal < 2)
+            connect(signal == 0 ? stage.control.data() : oldParent, &Item::childrenChanged,
+                    &stage.view, act);
+        else if (signal == 2)
+            connect(page, &Item::parentChanged, &stage.view, act);
         else
-            connect(page, &QGraphicsObject::visibleChanged, &stage.view, act);
+            connect(page, signal == 6 ? &Item::enabledChanged : &Item::visibleChanged, &stage.view,
+                    act);
         stage->addItem(page);
         QVERIFY(toCome <= 0);
         QCOMPARE(page.isNull(), what != 2);
@@ -224,54 +226,6 @@ private Q_SLOTS:
             QCOMPARE(other->selectItem(), page.data());
             QVERIFY(page->isVisible());
         }
-        isUsable(&stage);
-    }
-
-    void deletedInTheMiddleOfAdding_data()
-    {
-        addRows({{"isTable", {{"the table", true}, {"the page", false}}},
-                 {"signal",
-                  {{"when the table's children change", 0},
-                   {"when the old parent's children change", 1},
-                   {"when the page disappears with the table", 2},
-                   {"when the page is disabled with the table", 3}}},
-                 {"isElsewhere", {{"same scene", false}, {"from another scene", true}}}});
-    }
-
-    void deletedInTheMiddleOfAdding()
-    {
-        const int signal = fetch<int>("signal");
-        const bool isTable = fetch<bool>("isTable");
-        TableStage stage(0);
-        stage.settle();
-        if (signal == 2)
-            stage->hide();
-        if (signal == 3)
-            stage->setEnabled(false);
-        auto *const oldParent = new KELRoundRectControl;
-        (fetch<bool>("isElsewhere") ? stage.otherScene : stage.view.ownScene).addItem(oldParent);
-        const QPointer<KELNavigationTableItem> page(new KELNavigationTableItem(oldParent));
-        int calls = 0;
-        const auto act = [&] {
-            if (++calls > 1)
-                return;
-            if (isTable)
-                delete stage.control;
-            else
-                delete page;
-        };
-        if (signal == 0)
-            connect(stage.get(), &QGraphicsObject::childrenChanged, &stage.view, act);
-        else if (signal == 1)
-            connect(oldParent, &QGraphicsObject::childrenChanged, &stage.view, act);
-        else if (signal == 2)
-            connect(page, &QGraphicsObject::visibleChanged, &stage.view, act);
-        else
-            connect(page, &QGraphicsObject::enabledChanged, &stage.view, act);
-        stage->addItem(page);
-        QVERIFY(calls > 0);
-        QVERIFY(!page);
-        QCOMPARE(stage.control.isNull(), isTable);
         isUsable(&stage);
     }
 

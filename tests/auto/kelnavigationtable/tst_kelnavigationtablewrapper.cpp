@@ -80,22 +80,21 @@ private Q_SLOTS:
 
     void wrapperTakenAway_data()
     {
-        addRows(
-            {{"wrapper", wrappers},
-             {"way", {{"without parent", 0}, {"out of the scene", 1}, {"to another parent", 2}}},
-             {"asked",
-              {{"asked for the index", 0},
-               {"asked for the page", 1},
-               {"asked for a picture", 2},
-               {"asked for a press", 3},
-               {"asked to select", 4},
-               {"asked to add", 5}}}});
+        addRows({{"wrapper", wrappers},
+                 {"exit", exits},
+                 {"asked",
+                  {{"asked for the index", 0},
+                   {"asked for the page", 1},
+                   {"asked for a picture", 2},
+                   {"asked for a press", 3},
+                   {"asked to select", 4},
+                   {"asked to add", 5}}}});
     }
 
     // A plain item does not tell: the table finds out when it is asked.
     void wrapperTakenAway()
     {
-        const int way = fetch<int>("way");
+        const auto exit = fetch<Exit>("exit");
         KELRoundRectControl other;
         TableStage stage(3);
         stage->setSelectIndex(1);
@@ -103,19 +102,14 @@ private Q_SLOTS:
         QCOMPARE(stage.whatIsWrong(1), QString());
         stage->setSelectIndex(1);
         QCoreApplication::processEvents();
-        if (way == 0)
-            wrapping.outer->setParentItem(nullptr);
-        else if (way == 1)
-            stage.view.ownScene.removeItem(wrapping.outer);
-        else
-            wrapping.outer->setParentItem(&other);
+        takeAway(wrapping.outer, exit, &other);
         const QPointer<KELNavigationTableItem> left = stage.pages.takeAt(1);
         compareAnswer(&stage);
         stage->setSelectIndex(0);
         QCOMPARE(stage.whatIsWrong(0), QString());
         delete stage.control;
         QVERIFY(left);
-        if (way == 1)
+        if (exit == Exit::OutOfTheScene)
             delete wrapping.outer;
     }
 
