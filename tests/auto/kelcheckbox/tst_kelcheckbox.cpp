@@ -62,8 +62,6 @@ private Q_SLOTS:
 
     void takesPointerInput() { ControlTest::takesPointerInput<KELCheckBox>(); }
 
-    void hasAParentItem() { ControlTest::hasAParentItem<KELCheckBox>(); }
-
     void declaresItsInterface() { ControlTest::declaresACheck<KELCheckBox>("KELCheckBox"); }
 
     void initStyleCarriesTheLookOver()
@@ -93,37 +91,30 @@ private Q_SLOTS:
         }
     }
 
-    void initStyleAgainFreesTheOldRecord_data() { addBrushes(); }
-
-    void initStyleAgainFreesTheOldRecord()
+    void knobBrushIsFreed_data()
     {
-        const bool isTexture = fetch<bool>("texture");
-        const QPixmap pixmap = HandDrawing::picture();
-        Box box;
-        // A leak of the gradient is for the sanitizers to see.
-        for (int i = 0; i < 3; ++i) {
-            styleOf(box)->indicatorBrush = isTexture ? QBrush(pixmap) : HandDrawing::gradient();
-            styleOf(box)->text = u"Pump %1"_s.arg(i);
-            QCOMPARE(pixmap.isDetached(), !isTexture);
-            box.makeStyleAgain();
-            QVERIFY2(pixmap.isDetached(), "the old knob brush is still there");
-        }
+        addRows({{"texture", {{"texture", true}, {"gradient", false}}}});
     }
 
-    void knobBrushIsFreedWithTheBox_data() { addBrushes(); }
-
-    void knobBrushIsFreedWithTheBox()
+    // With each record that initStyle() replaces, and with the box.
+    void knobBrushIsFreed()
     {
         const bool isTexture = fetch<bool>("texture");
         const QPixmap pixmap = HandDrawing::picture();
-        for (const bool styleMadeAgain : {false, true}) {
+        for (int records = 1; records <= 3; ++records) {
             auto box = std::make_unique<Box>();
-            if (styleMadeAgain)
-                box->makeStyleAgain();
-            styleOf(*box)->indicatorBrush = isTexture ? QBrush(pixmap) : HandDrawing::gradient();
-            QCOMPARE(pixmap.isDetached(), !isTexture);
-            box.reset();
-            QVERIFY2(pixmap.isDetached(), "the knob brush is still there");
+            for (int i = 1; i <= records; ++i) {
+                // A leak of the gradient is for the sanitizers to see.
+                styleOf(*box)->indicatorBrush = isTexture ? QBrush(pixmap)
+                                                          : HandDrawing::gradient();
+                styleOf(*box)->text = u"Pump %1"_s.arg(i);
+                QCOMPARE(pixmap.isDetached(), !isTexture);
+                if (i < records)
+                    box->makeStyleAgain();
+                else
+                    box.reset();
+                QVERIFY2(pixmap.isDetached(), "the old knob brush is still there");
+            }
         }
     }
 
@@ -406,26 +397,7 @@ private Q_SLOTS:
         QCOMPARE(styleOf(box)->indicatorBrush, QBrush(defaultKnob));
     }
 
-    void checkedEventTellsTheStoredState_data()
-    {
-        addRows({{"stored", {{"off", false}, {"on", true}}},
-                 {"argument", {{"told off", false}, {"told on", true}}}});
-    }
-
-    void checkedEventTellsTheStoredState()
-    {
-        const bool stored = fetch<bool>("stored");
-        KELCheckBox box;
-        SignalLog log;
-        log.listenTo(&box);
-        box.style()->isCheck = stored;
-        box.onCheckedEvent(fetch<bool>("argument"));
-        QCOMPARE(log.take(), stored ? u"checked checkChanged"_s : u"unchecked checkChanged"_s);
-        QCOMPARE(box.isCheck(), stored);
-    }
-
 private:
-    static void addBrushes() { addRows({{"texture", {{"texture", true}, {"gradient", false}}}}); }
     static void setLook(KELRoundRectControlStyle *style)
     {
         style->backgroundBrush = defaultTrack;

@@ -2,10 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "checkboxstates.h"
-#include "controltest.h"
 #include "handdrawing.h"
 #include "kelcheckbox_p.h"
-#include "record.h"
 #include "stage.h"
 
 #include <limits>
@@ -449,31 +447,6 @@ private Q_SLOTS:
         stage->setCheck(true);
         QVERIFY(colourAt(115) != knob);
         QCOMPARE(colourAt(165), knob);
-    }
-
-    void oddGeometryDrawsNothing_data() { ControlTest::addOddRectangles(); }
-
-    void oddGeometryDrawsNothing()
-    {
-        for (const Layout layout : {Layout::Switch, Layout::ThinBar}) {
-            PaintedBox box(layout, fetch<QRectF>("rect"));
-            for (const bool on : {false, true}) {
-                box.setCheck(on);
-                QCOMPARE(
-                    KelImage::difference(KelImage::paint(&box, canvas), KelImage::blank(canvas)),
-                    QString());
-            }
-        }
-    }
-
-    void paintingLeavesTheRecordAlone()
-    {
-        PaintedBox box;
-        bringInto(&box, defaultStates[3]);
-        const KELRoundRectControlStyle before = *box.style();
-        KelImage::paint(&box, canvas);
-        QCOMPARE(Record::difference(*box.style(), before), QString());
-        QCOMPARE(box->indicatorBrush, QBrush(QColor(0, 123, 185)));
     }
 
     void unusableTrackOfTheSecondDrawing()
