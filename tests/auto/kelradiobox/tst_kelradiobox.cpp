@@ -5,7 +5,6 @@
 #include "handdrawing.h"
 #include "record.h"
 #include "rows.h"
-#include "signallog.h"
 
 #include <kelradiobox.h>
 
@@ -86,8 +85,6 @@ private Q_SLOTS:
     }
 
     void takesPointerInput() { ControlTest::takesPointerInput<KELRadioBox>(); }
-
-    void hasAParentItem() { ControlTest::hasAParentItem<KELRadioBox>(); }
 
     void declaresItsInterface() { ControlTest::declaresACheck<KELRadioBox>("KELRadioBox"); }
 
@@ -200,17 +197,6 @@ private Q_SLOTS:
         QCOMPARE(differenceToHand(box), QString());
     }
 
-    void circleIsInTheMiddleWithAParentAtTheOrigin()
-    {
-        KELRoundRectControl parent;
-        parent.setboundRect(0, 0, 140, 100);
-        auto *box = new KELRadioBox(&parent);
-        box->setboundRect(40, 30, 60, 40);
-        QCOMPARE(box->boundingRect(), QRectF(40, 30, 60, 40));
-        QCOMPARE(differenceToHand(box), QString());
-        QCOMPARE(KelImage::pixelsOutside(box), QString());
-    }
-
     void dotIsDrawnOnlyWhenChecked()
     {
         PaintedBox box;
@@ -296,37 +282,6 @@ private Q_SLOTS:
         box->borderBrush = QBrush(Qt::black);
         box->borderWidth = fetch<float>("width");
         QCOMPARE(KelImage::paintsOutside(&box), !inside);
-    }
-
-    void oddGeometryDrawsNothing_data() { ControlTest::addOddRectangles(); }
-
-    void oddGeometryDrawsNothing()
-    {
-        PaintedBox box(fetch<QRectF>("rect"));
-        for (const bool checked : {false, true}) {
-            box.setCheck(checked);
-            QCOMPARE(KelImage::difference(KelImage::paint(&box, canvas), KelImage::blank(canvas)),
-                     QString());
-        }
-    }
-
-    void checkedEventTellsItsArgument_data()
-    {
-        addRows({{"stored", {{"off", false}, {"on", true}}},
-                 {"argument", {{"told off", false}, {"told on", true}}}});
-    }
-
-    void checkedEventTellsItsArgument()
-    {
-        const bool stored = fetch<bool>("stored");
-        const bool argument = fetch<bool>("argument");
-        KELRadioBox box;
-        SignalLog log;
-        log.listenTo(&box);
-        recordOf(box)->isCheck = stored;
-        box.onCheckedEvent(argument);
-        QCOMPARE(log.take(), argument ? u"checked checkChanged"_s : u"unchecked checkChanged"_s);
-        QCOMPARE(box.isCheck(), stored);
     }
 };
 
