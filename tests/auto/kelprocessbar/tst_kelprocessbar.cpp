@@ -3,6 +3,7 @@
 
 #include "controltest.h"
 #include "handdrawing.h"
+#include "looks.h"
 #include "record.h"
 #include "stage.h"
 
@@ -75,6 +76,47 @@ QString differenceToHand(KELProcessBar *bar, const QRectF &rect)
     return difference;
 }
 
+Look brushes(const QBrush &track, const QBrush &fill, const QBrush &text)
+{
+    return [=](KELRoundRectControlStyle &style) {
+        style.backgroundBrush = track;
+        style.borderBrush = fill;
+        style.foregroundBrush = text;
+    };
+}
+
+Look radii(qreal x, qreal y)
+{
+    return [=](KELRoundRectControlStyle &style) {
+        style.xRadius = x;
+        style.yRadius = y;
+    };
+}
+
+const std::vector<NamedLook> &barLooks()
+{
+    const QBrush none(Qt::NoBrush);
+    const QBrush colour(Qt::darkCyan);
+    static const std::vector<NamedLook> all = {
+        {"no track", brushes(none, colour, colour)},
+        {"no fill", brushes(colour, none, QBrush(Qt::white))},
+        {"no text", brushes(colour, QBrush(Qt::red), none)},
+        {"nothing", brushes(none, none, none)},
+        {"translucent",
+         brushes(QColor(0, 0, 0, 90), QColor(255, 0, 0, 120), QColor(0, 200, 0, 150))},
+        {"gradients and patterns",
+         brushes(QBrush(Qt::darkGreen, Qt::DiagCrossPattern), HandDrawing::gradient(),
+                 QBrush(Qt::black, Qt::Dense3Pattern))},
+        {"square", radii(0, 0)},
+        {"different radii", radii(40, 6)},
+        {"one radius", radii(15, 0)},
+        {"negative radii", radii(-4, -4)},
+        {"radii larger than the bar", radii(900, 700)},
+        {"radii in per cent would differ", radii(30, 10)},
+    };
+    return all;
+}
+
 // Only two square colours are left of the bar.
 class BareBar : public KELProcessBar
 {
@@ -142,8 +184,6 @@ private Q_SLOTS:
     {
         ControlTest::hasInputSettingsOfTheBase<KELProcessBar>();
     }
-
-    void hasAParentItem() { ControlTest::hasAParentItem<KELProcessBar>(); }
 
     void declaresTwoSignalsASlotAndAProperty()
     {
@@ -252,28 +292,28 @@ private Q_SLOTS:
         QCOMPARE(stage.take(), before == after ? QString() : u"valueChanged %1"_s.arg(after));
     }
 
-    void slotThatTakesCompletionBack()
+    void slotThatSetsAnotherValue_data()
     {
-        BarStage stage;
-        stage.log.on(u"valueChanged"_s, [&] {
-            if (stage->value() == 100)
-                stage->setValue(50);
-        });
-        stage->setValue(100);
-        QCOMPARE(stage.take(), u"valueChanged 100, valueChanged 50"_s);
-        QCOMPARE(stage->value(), 50);
+        QTest::addColumn<int>("value");
+        QTest::addColumn<int>("inSlot");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("takes completion back")
+            << 100 << 50 << u"valueChanged 100, valueChanged 50"_s;
+        QTest::newRow("completes")
+            << 50 << 100 << u"valueChanged 50, valueChanged 100, completed 100"_s;
     }
 
-    void slotThatCompletes()
+    void slotThatSetsAnotherValue()
     {
+        const int value = fetch<int>("value");
         BarStage stage;
         stage.log.on(u"valueChanged"_s, [&] {
-            if (stage->value() == 50)
-                stage->setValue(100);
+            if (stage->value() == value)
+                stage->setValue(fetch<int>("inSlot"));
         });
-        stage->setValue(50);
-        QCOMPARE(stage.take(), u"valueChanged 50, valueChanged 100, completed 100"_s);
-        QCOMPARE(stage->value(), 100);
+        stage->setValue(value);
+        QCOMPARE(stage.take(), fetch<QString>("expected"));
+        QCOMPARE(stage->value(), fetch<int>("inSlot"));
     }
 
     void slotThatStartsAgain()
@@ -344,57 +384,14 @@ private Q_SLOTS:
         }
     }
 
-    void isTheHandDrawnPictureInOtherColours_data()
-    {
-        QTest::addColumn<QBrush>("track");
-        QTest::addColumn<QBrush>("fill");
-        QTest::addColumn<QBrush>("text");
-        const QBrush none(Qt::NoBrush);
-        const QBrush colour(Qt::darkCyan);
-        QTest::newRow("no track") << none << colour << colour;
-        QTest::newRow("no fill") << colour << none << QBrush(Qt::white);
-        QTest::newRow("no text") << colour << QBrush(Qt::red) << none;
-        QTest::newRow("nothing") << none << none << none;
-        QTest::newRow("translucent")
-            << QBrush(QColor(0, 0, 0, 90)) << QBrush(QColor(255, 0, 0, 120))
-            << QBrush(QColor(0, 200, 0, 150));
-        QTest::newRow("gradients and patterns")
-            << QBrush(Qt::darkGreen, Qt::DiagCrossPattern) << HandDrawing::gradient()
-            << QBrush(Qt::black, Qt::Dense3Pattern);
-    }
+    void isTheHandDrawnPictureInOtherLooks_data() { addRows({{"look", namesOf(barLooks())}}); }
 
-    void isTheHandDrawnPictureInOtherColours()
+    void isTheHandDrawnPictureInOtherLooks()
     {
         const QRectF rect(10, 10.5, 250, 50);
         KELProcessBar bar;
         bar.setboundRect(rect);
-        bar.style()->backgroundBrush = fetch<QBrush>("track");
-        bar.style()->borderBrush = fetch<QBrush>("fill");
-        bar.style()->foregroundBrush = fetch<QBrush>("text");
-        for (const int value : {0, 55, 100, -20}) {
-            bar.setValue(value);
-            QCOMPARE(differenceToHand(&bar, rect), QString());
-        }
-    }
-
-    void isTheHandDrawnPictureInOtherShapes_data()
-    {
-        QTest::addColumn<QPointF>("radii");
-        QTest::newRow("square") << QPointF(0, 0);
-        QTest::newRow("different radii") << QPointF(40, 6);
-        QTest::newRow("one radius") << QPointF(15, 0);
-        QTest::newRow("negative radii") << QPointF(-4, -4);
-        QTest::newRow("radii larger than the bar") << QPointF(900, 700);
-        QTest::newRow("radii in per cent would differ") << QPointF(30, 10);
-    }
-
-    void isTheHandDrawnPictureInOtherShapes()
-    {
-        const QRectF rect(10, 10.5, 250, 50);
-        KELProcessBar bar;
-        bar.setboundRect(rect);
-        bar.style()->xRadius = fetch<QPointF>("radii").x();
-        bar.style()->yRadius = fetch<QPointF>("radii").y();
+        barLooks().at(fetch<size_t>("look")).apply(*bar.style());
         for (const int value : {0, 55, 100, -20}) {
             bar.setValue(value);
             QCOMPARE(differenceToHand(&bar, rect), QString());
@@ -597,22 +594,6 @@ private Q_SLOTS:
         }
     }
 
-    void oddGeometryDrawsNothing_data() { ControlTest::addOddRectangles(); }
-
-    void oddGeometryDrawsNothing()
-    {
-        for (const Named &value : values) {
-            KELProcessBar bar;
-            bar.setboundRect(fetch<QRectF>("rect"));
-            bar.setValue(value.value);
-            for (const qreal scale : scales) {
-                QCOMPARE(KelImage::difference(KelImage::paint(&bar, canvas, scale),
-                                              KelImage::blank(canvas, scale)),
-                         QString());
-            }
-        }
-    }
-
     void radiusThatIsNotANumberIsNone_data()
     {
         QTest::addColumn<QPointF>("radii");
@@ -722,15 +703,11 @@ private Q_SLOTS:
         stage->setValue(42);
         stage.view.showOnce();
         QTRY_VERIFY(stage->paints > 0);
-        const auto settle = [] {
-            for (int i = 0; i < 5; ++i)
-                QCoreApplication::processEvents();
-        };
-        settle();
+        letEventsRun();
         const QSignalSpy sceneChanges(&stage.view.ownScene, &QGraphicsScene::changed);
         stage->paints = 0;
         stage->setValue(42);
-        settle();
+        letEventsRun();
         QCOMPARE(stage->paints, 0);
         QCOMPARE(sceneChanges.count(), 0);
         // The whole bar is repainted, not the piece that the fill grew by.
