@@ -86,8 +86,6 @@ private Q_SLOTS:
         ControlTest::takesPointerInput<KELPushButton>(QGraphicsItem::ItemClipsToShape);
     }
 
-    void hasAParentItem() { ControlTest::hasAParentItem<KELPushButton>(); }
-
     void declaresNoInterfaceOfItsOwn()
     {
         ControlTest::declaresNoInterfaceOfItsOwn<KELPushButton>("KELPushButton");
@@ -309,49 +307,11 @@ private Q_SLOTS:
         QTRY_COMPARE(paints, 1);
     }
 
-    void filterSwallowsOtherButtons_data()
-    {
-        addRows({{"button",
-                  {{"left", Qt::LeftButton},
-                   {"right", Qt::RightButton},
-                   {"middle", Qt::MiddleButton},
-                   {"back", Qt::BackButton},
-                   {"none", Qt::NoButton}}},
-                 {"type",
-                  {{"press", QEvent::GraphicsSceneMousePress},
-                   {"release", QEvent::GraphicsSceneMouseRelease},
-                   {"double click", QEvent::GraphicsSceneMouseDoubleClick}}}});
-    }
+    void filterSwallowsOtherButtons_data() { ControlTest::addEventsOfChildren(); }
 
     void filterSwallowsOtherButtons()
     {
-        FilteringButton button;
-        QGraphicsSceneMouseEvent event(fetch<QEvent::Type>("type"));
-        event.setButton(fetch<Qt::MouseButton>("button"));
-        const bool isSwallowed = event.button() != Qt::LeftButton;
-        QCOMPARE(button.sceneEventFilter(&button, &event), isSwallowed);
-        QCOMPARE(button.sceneEventFilter(nullptr, &event), isSwallowed);
-    }
-
-    void filterPassesOtherEvents_data()
-    {
-        addRows({{"type",
-                  {{"move", QEvent::GraphicsSceneMouseMove},
-                   {"context menu", QEvent::GraphicsSceneContextMenu},
-                   {"hover enter", QEvent::GraphicsSceneHoverEnter},
-                   {"wheel", QEvent::GraphicsSceneWheel},
-                   {"touch", QEvent::TouchBegin},
-                   {"key", QEvent::KeyPress},
-                   {"release of the mouse grab", QEvent::UngrabMouse},
-                   {"mouse press of a widget", QEvent::MouseButtonPress}}}});
-    }
-
-    void filterPassesOtherEvents()
-    {
-        FilteringButton button;
-        QGraphicsSceneMouseEvent event(fetch<QEvent::Type>("type"));
-        event.setButton(Qt::RightButton);
-        QVERIFY(!button.sceneEventFilter(&button, &event));
+        ControlTest::swallowsOtherButtonsOfChildren<KELPushButton>();
     }
 
     void touchOfAChildIsIgnored_data()

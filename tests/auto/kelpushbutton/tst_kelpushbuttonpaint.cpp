@@ -3,17 +3,12 @@
 
 #include "handdrawing.h"
 #include "keltest.h"
-#include "record.h"
 #include "rows.h"
 
 #include <kelpushbutton.h>
 
-#include <limits>
-
 namespace {
 
-constexpr qreal notANumber = std::numeric_limits<qreal>::quiet_NaN();
-constexpr qreal infinite = std::numeric_limits<qreal>::infinity();
 constexpr ushort leftGlyph = 0xE001; // the left half of the em square
 const QString iconFamily = u"KEL Test Icons"_s;
 const QSize canvas(190, 140);
@@ -475,29 +470,6 @@ private Q_SLOTS:
         QCOMPARE(differenceFromHandDrawing(button), QString());
     }
 
-    void oddGeometryDrawsNothing_data()
-    {
-        QTest::addColumn<QRectF>("rect");
-
-        QTest::newRow("x is not a number") << QRectF(notANumber, 10, 100, 50);
-        QTest::newRow("y is not a number") << QRectF(10, notANumber, 100, 50);
-        QTest::newRow("width is not a number") << QRectF(10, 10, notANumber, 50);
-        QTest::newRow("height is not a number") << QRectF(10, 10, 100, notANumber);
-        QTest::newRow("width is infinite") << QRectF(10, 10, infinite, 50);
-        QTest::newRow("x is minus infinite") << QRectF(-infinite, 10, 100, 50);
-        QTest::newRow("nothing is a number")
-            << QRectF(notANumber, notANumber, notANumber, notANumber);
-    }
-
-    void oddGeometryDrawsNothing()
-    {
-        for (const Named &layout : layouts) {
-            Button button(fetch<QRectF>("rect"));
-            applyLayout(button, Layout(layout.value));
-            QCOMPARE(KelImage::differenceFrom([](QPainter *) {}, &button, canvas), QString());
-        }
-    }
-
     void negativeGeometry_data()
     {
         QTest::addColumn<QRectF>("rect");
@@ -528,19 +500,6 @@ private Q_SLOTS:
         button.record.iconSize = 200;
         button.record.font.setPixelSize(30);
         QCOMPARE(KelImage::pixelsOutside(&button), QString());
-    }
-
-    void paintingLeavesTheRecordAlone_data() { addLayoutsAndStates(); }
-
-    void paintingLeavesTheRecordAlone()
-    {
-        Button button;
-        applyLayout(button, fetch<Layout>("layout"));
-        applyState(button, fetch<int>("state"));
-        const KELPushButtonStyle before = button.record;
-        KelImage::paint(&button, canvas);
-        QCOMPARE(Record::difference(button.record, before), QString());
-        QCOMPARE(button.record.iconMargins, before.iconMargins);
     }
 };
 

@@ -144,25 +144,6 @@ private Q_SLOTS:
         QCOMPARE(stage.log.count(u"clicked"_s), 1);
     }
 
-    void otherMouseButtonsDoNothing_data()
-    {
-        addRows({{"button",
-                  {{"right", Qt::RightButton},
-                   {"middle", Qt::MiddleButton},
-                   {"back", Qt::BackButton}}}});
-    }
-
-    void otherMouseButtonsDoNothing()
-    {
-        const auto button = fetch<Qt::MouseButton>("button");
-        Stage<KELPushButton> stage;
-        stage.hand.press(stage.centre(), button);
-        QVERIFY(!stage->isMouseDown());
-        stage.hand.release(stage.centre(), button);
-        QTest::mouseDClick(stage.view.viewport(), button, Qt::NoModifier, stage.centre());
-        QCOMPARE(stage.log.take(), QString());
-    }
-
     void otherMouseButtonDuringAPress()
     {
         Stage<KELPushButton> stage;
