@@ -58,12 +58,6 @@ public:
     QRectF boundingRect() const override { return childrenBoundingRect(); }
 };
 
-void settle()
-{
-    for (int i = 0; i < 5; ++i)
-        QCoreApplication::processEvents();
-}
-
 // A control that is shown, and whose paints are counted from now on.
 struct PaintedStage : Stage<OpenControl>
 {
@@ -73,7 +67,7 @@ struct PaintedStage : Stage<OpenControl>
         view.ownScene.setItemIndexMethod(QGraphicsScene::NoIndex);
         view.showOnce();
         [this] { QTRY_VERIFY(get()->paints > 0); }();
-        settle();
+        letEventsRun();
         get()->paints = 0;
     }
 };
@@ -186,8 +180,6 @@ private Q_SLOTS:
         QVERIFY(control.isPanel());
         ControlTest::hasInputSettingsOfTheBase<KELRoundRectControl>();
     }
-
-    void hasAParentItem() { ControlTest::hasAParentItem<KELRoundRectControl>(); }
 
     void constructorUsesItsOwnInitStyle()
     {
@@ -363,7 +355,7 @@ private Q_SLOTS:
         const QSignalSpy changed(&stage.view.ownScene, &QGraphicsScene::changed);
         stage->setboundRect(QRectF(20, 20, 100, 30));
         stage->setboundRect(30, 20, 100, 30);
-        settle();
+        letEventsRun();
         QCOMPARE(changed.count(), 0);
         QCOMPARE(stage->paints, 0);
         stage->update();
@@ -447,7 +439,7 @@ private Q_SLOTS:
     {
         PaintedStage stage;
         stage->setCheck(false);
-        settle();
+        letEventsRun();
         QCOMPARE(stage->paints, 0);
         stage->setCheck(true);
         QTRY_COMPARE(stage->paints, 1);

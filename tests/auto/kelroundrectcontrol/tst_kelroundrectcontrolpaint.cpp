@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
+#include "controltest.h"
 #include "handdrawing.h"
 #include "keltest.h"
 #include "looks.h"
-#include "record.h"
 
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QStyleOptionGraphicsItem>
@@ -171,17 +171,6 @@ private Q_SLOTS:
         QCOMPARE(difference, QString());
     }
 
-    void paintingLeavesTheRecordAlone_data() { addRows({{"look", namesOf(looks())}}); }
-
-    void paintingLeavesTheRecordAlone()
-    {
-        KELRoundRectControl control;
-        lookOfRow()(*control.style());
-        const KELRoundRectControlStyle before = *control.style();
-        KelImage::paint(&control, canvas);
-        QCOMPARE(Record::difference(*control.style(), before), QString());
-    }
-
     void childIsDrawnAtItsBoundingRect()
     {
         KELRoundRectControl parent;
@@ -307,20 +296,9 @@ private Q_SLOTS:
         QCOMPARE(KelImage::differenceFrom(byHand, &control, QSize(60, 60)), QString());
     }
 
-    void rectanglesThatAreNotFinitePaintNothing_data()
-    {
-        QTest::addColumn<QRectF>("rect");
+    void oddGeometryDrawsNothing_data() { ControlTest::addOddRectangles(); }
 
-        for (const qreal bad : {notANumber, infinite, -infinite}) {
-            QTest::addRow("x is %g", bad) << QRectF(bad, 10, 40, 30);
-            QTest::addRow("y is %g", bad) << QRectF(10, bad, 40, 30);
-            QTest::addRow("width is %g", bad) << QRectF(10, 10, bad, 30);
-            QTest::addRow("height is %g", bad) << QRectF(10, 10, 40, bad);
-            QTest::addRow("everything is %g", bad) << QRectF(bad, bad, bad, bad);
-        }
-    }
-
-    void rectanglesThatAreNotFinitePaintNothing()
+    void oddGeometryDrawsNothing()
     {
         for (const NamedLook &look : looks()) {
             KELRoundRectControl control;

@@ -334,20 +334,23 @@ private Q_SLOTS:
 
     void otherButtons_data()
     {
-        addRows(
-            {{"isButton", {{"plain control", false}, {"push button", true}}},
-             {"button", {{"right button", Qt::RightButton}, {"middle button", Qt::MiddleButton}}},
-             {"pointer", {{"mouse", int(Pointer::Mouse)}}}});
+        addRows({{"isButton", {{"plain control", false}, {"push button", true}}},
+                 {"button", otherMouseButtons},
+                 {"pointer", {{"mouse", int(Pointer::Mouse)}}}});
     }
 
     // Qt's selectable items take the left button only; the press is reported before it is given up.
     void otherButtons()
     {
         const auto button = fetch<Qt::MouseButton>("button");
+        const bool isButton = fetch<bool>("isButton");
         StageOfRow stage;
         stage.hand.press(stage.centre(), button);
+        QCOMPARE(stage->isMouseDown(), !isButton);
         stage.hand.release(stage.centre(), button);
-        QCOMPARE(stage.log.take(), fetch<bool>("isButton") ? QString() : u"press"_s);
+        QCOMPARE(stage.log.take(), isButton ? QString() : u"press"_s);
+        QTest::mouseDClick(stage.view.viewport(), button, Qt::NoModifier, stage.centre());
+        QCOMPARE(stage.log.take().isEmpty(), isButton);
         stage.hand.tap(stage.centre());
         QCOMPARE(stage.log.take(), u"press release clicked"_s);
         QVERIFY(!stage->isMouseDown());
