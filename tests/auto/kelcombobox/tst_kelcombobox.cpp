@@ -115,23 +115,16 @@ private Q_SLOTS:
     void initStyleReturnsTheRecord()
     {
         KELComboBox box;
-        KELRoundRectControlStyle *const record = box.style();
-        Record::fill(record);
-        const KELRoundRectControlStyle expected = withoutFillAndOutline(*record);
-        QCOMPARE(box.initStyle(), record);
-        QCOMPARE(box.style(), record);
-        QCOMPARE(Record::difference(*record, expected), QString());
-    }
-
-    void initStyleOfAnEntryReturnsTheRecord()
-    {
         KELComboBoxItem entry;
-        KELRoundRectControlStyle *const record = entry.style();
-        Record::fill(record);
-        const KELRoundRectControlStyle expected = withoutFillAndOutline(*record);
-        QCOMPARE(static_cast<KELRoundRectControlStyle *>(entry.initStyle()), record);
-        QCOMPARE(entry.style(), record);
-        QCOMPARE(Record::difference(*record, expected), QString());
+        for (KELRoundRectControl *const control : {static_cast<KELRoundRectControl *>(&box),
+                                                   static_cast<KELRoundRectControl *>(&entry)}) {
+            KELRoundRectControlStyle *const record = control->style();
+            Record::fill(record);
+            const KELRoundRectControlStyle expected = withoutFillAndOutline(*record);
+            QCOMPARE(control->initStyle(), record);
+            QCOMPARE(control->style(), record);
+            QCOMPARE(Record::difference(*record, expected), QString());
+        }
     }
 
     void newBoxInAParent()
