@@ -40,6 +40,17 @@ struct Registry
     int reactions = 0;
 };
 
+// Three panels, constructed in this order, that note what happens to them.
+struct ThreePanels
+{
+    QStringList take() { return std::exchange(log, QStringList()); }
+
+    QStringList log;
+    Panel a{u"a"_s, &log};
+    Panel b{u"b"_s, &log};
+    Panel c{u"c"_s, &log};
+};
+
 } // namespace
 
 class tst_KELNonModalDialog : public KelTest
@@ -66,54 +77,39 @@ private Q_SLOTS:
 
     void showOneShowsOneAndHidesTheOthers()
     {
-        QStringList log;
-        Panel a(u"a"_s, &log);
-        Panel b(u"b"_s, &log);
-        Panel c(u"c"_s, &log);
-        c.show();
-        a.show();
-        log.clear();
-        KELNonModalDialog::showOne(&b);
-        QCOMPARE(log, QStringList({"hide a", "hide c", "show b"}));
-        QVERIFY(b.isVisible());
-        QCOMPARE(KELNonModalDialog::activeDialog(), &b);
-        log.clear();
-        KELNonModalDialog::showOne(&c);
-        KELNonModalDialog::showOne(&a);
-        QCOMPARE(log, QStringList({"hide b", "show c", "hide c", "show a"}));
+        ThreePanels panels;
+        panels.c.show();
+        panels.a.show();
+        panels.log.clear();
+        KELNonModalDialog::showOne(&panels.b);
+        QCOMPARE(panels.take(), QStringList({"hide a", "hide c", "show b"}));
+        QVERIFY(panels.b.isVisible());
+        QCOMPARE(KELNonModalDialog::activeDialog(), &panels.b);
+        KELNonModalDialog::showOne(&panels.c);
+        KELNonModalDialog::showOne(&panels.a);
+        QCOMPARE(panels.take(), QStringList({"hide b", "show c", "hide c", "show a"}));
     }
 
-    void showOneKeepsTheVisibleOne()
+    void showOneOfAllThatAreVisible_data()
     {
-        QStringList log;
-        Panel a(u"a"_s, &log);
-        Panel b(u"b"_s, &log);
-        Panel c(u"c"_s, &log);
-        for (Panel *panel : {&a, &b, &c})
-            panel->show();
-        log.clear();
-        KELNonModalDialog::showOne(&b);
-        QCOMPARE(log, QStringList({"hide a", "hide c"}));
-        QVERIFY(b.isVisible());
-        KELNonModalDialog::showOne(&b);
-        QCOMPARE(log.size(), 2);
+        addRows({{"isOne", {{"of one", true}, {"of none", false}}}});
     }
 
-    void showOneOfNothingHidesAll()
+    void showOneOfAllThatAreVisible()
     {
-        QStringList log;
-        KELNonModalDialog::showOne(nullptr);
-        Panel a(u"a"_s, &log);
-        Panel b(u"b"_s, &log);
-        Panel c(u"c"_s, &log);
-        KELNonModalDialog::showOne(nullptr);
-        QCOMPARE(log, QStringList());
-        for (Panel *panel : {&c, &b, &a})
+        const bool isOne = fetch<bool>("isOne");
+        ThreePanels panels;
+        KELNonModalDialog *const shown = isOne ? &panels.b : nullptr;
+        for (Panel *panel : {&panels.c, &panels.b, &panels.a})
             panel->show();
-        log.clear();
-        KELNonModalDialog::showOne(nullptr);
-        QCOMPARE(log, QStringList({"hide a", "hide b", "hide c"}));
-        QCOMPARE(KELNonModalDialog::activeDialog(), nullptr);
+        panels.log.clear();
+        KELNonModalDialog::showOne(shown);
+        QCOMPARE(panels.take().join(u", "_s),
+                 isOne ? u"hide a, hide c"_s : u"hide a, hide b, hide c"_s);
+        QCOMPARE(panels.b.isVisible(), isOne);
+        QCOMPARE(KELNonModalDialog::activeDialog(), shown);
+        KELNonModalDialog::showOne(shown);
+        QCOMPARE(panels.take(), QStringList());
     }
 
     void showOneLeavesHiddenOnesAlone()
@@ -233,15 +229,12 @@ private Q_SLOTS:
 
     void hiddenPanelShowsOneWhoseTurnComesLater()
     {
-        QStringList log;
-        Panel a(u"a"_s, &log);
-        Panel b(u"b"_s, &log);
-        Panel c(u"c"_s, &log);
-        a.show();
-        a.onHide = [&] { b.show(); };
-        log.clear();
-        KELNonModalDialog::showOne(&c);
-        QCOMPARE(log, QStringList({"hide a", "show b", "hide b", "show c"}));
+        ThreePanels panels;
+        panels.a.show();
+        panels.a.onHide = [&] { panels.b.show(); };
+        panels.log.clear();
+        KELNonModalDialog::showOne(&panels.c);
+        QCOMPARE(panels.log, QStringList({"hide a", "show b", "hide b", "show c"}));
     }
 
     void hiddenPanelDestroysTheOneToBeShown()
