@@ -270,10 +270,12 @@ qreal reach(const KELRoundRectControl &control)
     const qreal beyond = qMax<qreal>(0, width - qMin(rect.width(), rect.height()));
     constexpr qreal roundingPx = 2;
     constexpr qreal fixedPartsPx = 31;
+    constexpr qreal shiftedKnobPx = 15; // by a rectangle as QRectF
+    if (qobject_cast<const KELSlideControl *>(&control))
+        return fixedPartsPx + shiftedKnobPx + 2 * width;
     const bool hasFixedParts = qobject_cast<const KELCheckBox *>(&control)
         || qobject_cast<const KELRadioBox *>(&control)
-        || qobject_cast<const KELProcessBar *>(&control)
-        || qobject_cast<const KELSlideControl *>(&control);
+        || qobject_cast<const KELProcessBar *>(&control);
     return hasFixedParts ? fixedPartsPx + 2 * width : beyond + roundingPx;
 }
 
@@ -297,6 +299,7 @@ QString KelFuzz::records(const QByteArray &bytes)
         const int width = in.byte();
         control->setboundRect(8, 8, width, in.byte());
     }
+    const QRectF placed = control->style()->boundRect;
     readRecord(&in, control->style());
     if (look & 32)
         readOwnPart(&in, control.get());
@@ -342,7 +345,10 @@ QString KelFuzz::records(const QByteArray &bytes)
         isCheckBox ? "QColor::setRgb: RGB parameters out of range" : nullptr);
     if (!warning.isEmpty())
         return warning;
-    const qreal slack = isUpright ? reach(*control) : -1;
+    // The knob of a slider does not follow a rectangle that is edited in the record.
+    const bool isKnobElsewhere = qobject_cast<KELSlideControl *>(control.get())
+        && control->style()->boundRect != placed;
+    const qreal slack = isUpright && !isKnobElsewhere ? reach(*control) : -1;
     if (slack < 0)
         return QString();
     const QRectF kept = control->boundingRect().adjusted(-slack, -slack, slack, slack);

@@ -80,7 +80,8 @@ private:
 
 std::unique_ptr<World> &world()
 {
-    static std::unique_ptr<World> theWorld;
+    // Never destroyed at exit, when Qt's own static objects are gone.
+    static auto &theWorld = *new std::unique_ptr<World>;
     return theWorld;
 }
 
