@@ -256,7 +256,9 @@ qreal reach(const KELRoundRectControl &control)
         || !isWithin(width, 0, mostPx))
         return nothingPromised;
     // A text that is not clipped, and ink beyond the box of its characters.
-    if ((style.textFlags & Qt::TextDontClip) || !isPlainText(style.text) || style.font.italic()
+    const auto *const entry = qobject_cast<const KELComboBoxItem *>(&control);
+    const QString text = entry ? entry->display() : style.text;
+    if ((style.textFlags & Qt::TextDontClip) || !isPlainText(text) || style.font.italic()
         || style.font.stretch() != QFont().stretch() || style.font.letterSpacing() < 0)
         return nothingPromised;
     // A picture in an area without size has its own.
