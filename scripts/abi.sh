@@ -34,9 +34,7 @@ case ${1-} in
 esac
 
 need "${build_packages[@]}" dpkg-dev python3
-mkdir -p build
-{ cmake --preset dev && cmake --build --preset dev --target KELGdiControl kel_interface; } >build/abi.log 2>&1 \
-    || { cat build/abi.log >&2; exit 1; }
+build_or_exit abi dev --target KELGdiControl kel_interface
 status=0
 tests/abi/abi "${1#--}" build/dev/tests/abi/CMakeFiles/kel_interface.dir/interface.cpp.o || status=1
 option=()

@@ -37,7 +37,5 @@ case ${1-} in
     ;;
 esac
 
-mkdir -p build
-{ cmake --preset benchmark && cmake --build --preset benchmark; } >build/benchmark.log 2>&1 \
-    || { cat build/benchmark.log >&2; exit 1; }
+build_or_exit benchmark benchmark
 tests/benchmarks/benchmarks "$@" build/benchmark/tests/benchmarks

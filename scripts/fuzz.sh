@@ -65,9 +65,7 @@ fi
 
 need "${build_packages[@]}" "${fuzz_packages[@]}"
 echo "== building"
-mkdir -p build
-{ cmake --preset fuzz && cmake --build --preset fuzz; } >build/fuzz.log 2>&1 \
-    || { tail -n 60 build/fuzz.log >&2; exit 1; }
+build_or_exit fuzz fuzz
 
 # Leaks are looked for once, at the end: after each input takes too long.
 export QT_QPA_PLATFORM=offscreen

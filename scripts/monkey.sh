@@ -29,9 +29,7 @@ TEXT
     ;;
 esac
 need "${build_packages[@]}"
-mkdir -p build
-{ cmake --preset asan && cmake --build --preset asan --target monkey; } >build/monkey.log 2>&1 \
-    || { cat build/monkey.log >&2; exit 1; }
+build_or_exit monkey asan --target monkey
 # As for the tests, but without full call stacks for millions of small blocks, which would take too long.
 export ASAN_OPTIONS=new_delete_type_mismatch=1:detect_leaks=1:max_free_fill_size=65536:free_fill_byte=254
 export LSAN_OPTIONS=suppressions=$PWD/tests/shared/lsan.supp:print_suppressions=0

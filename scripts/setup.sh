@@ -59,3 +59,15 @@ need() {
     as_root "${apt[@]}" update -q >/dev/null \
         && as_root "${apt[@]}" install -qy --no-install-recommends "${missing[@]}" >/dev/null
 }
+
+# build_or_exit NAME PRESET [ARGUMENT...]: configures and builds, with arguments for cmake --build. What it prints is in
+# build/NAME.log, and shown only if it fails.
+build_or_exit() {
+    local log=build/$1.log preset=$2
+    shift 2
+    mkdir -p build
+    { cmake --preset "$preset" && cmake --build --preset "$preset" "$@"; } >"$log" 2>&1 || {
+        cat "$log" >&2
+        exit 1
+    }
+}

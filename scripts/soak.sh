@@ -30,7 +30,5 @@ case ${1-} in
     ;;
 esac
 need "${build_packages[@]}"
-mkdir -p build
-{ cmake --preset dev && cmake --build --preset dev --target soak; } >build/soak.log 2>&1 \
-    || { cat build/soak.log >&2; exit 1; }
+build_or_exit soak dev --target soak
 QT_QPA_PLATFORM=offscreen exec build/dev/tests/soak/soak "$@"
