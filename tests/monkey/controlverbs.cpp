@@ -17,22 +17,11 @@ using namespace Monkey;
 
 namespace {
 
-Stage::Group *groupOfBox(Stage *stage, const KELRoundRectControl *box)
-{
-    for (Stage::Group &group : stage->groups) {
-        for (const QPointer<KELRadioBox> &member : group.boxes) {
-            if (member && member == box)
-                return &group;
-        }
-    }
-    return nullptr;
-}
-
 // Nobody unchecks the selected box of a group, or binds it.
 void check(Stage &stage, const Step &step)
 {
     KELRoundRectControl *const control = stage.item(step.whole(0));
-    if (control && (step.flag(1) || !groupOfBox(&stage, control)))
+    if (control && (step.flag(1) || !stage.groupOf(control)))
         control->setCheck(step.flag(1));
 }
 
@@ -65,7 +54,7 @@ void join(Stage &stage, const Step &step)
 {
     auto *const box = stage.itemAs<KELRadioBox>(step.whole(0));
     Stage::Group &group = stage.groups.at(Stage::wrap(step.whole(1), Stage::groupCount));
-    const Stage::Group *const present = groupOfBox(&stage, box);
+    const Stage::Group *const present = stage.groupOf(box);
     if (!box || !group.group || (present && present != &group) || box->property("isBound").toBool())
         return;
     // An unselected member keeps its state, so it must not be a checked one.

@@ -211,18 +211,6 @@ void place(Stage &stage, const Step &step)
     control->setZValue(finite(step.number(5)));
 }
 
-// Whether a box belongs to a group, which then decides about its input.
-bool isGrouped(const Stage &stage, const KELRoundRectControl *control)
-{
-    for (const Stage::Group &group : stage.groups) {
-        for (const QPointer<KELRadioBox> &box : group.boxes) {
-            if (box == control)
-                return true;
-        }
-    }
-    return false;
-}
-
 void setFlag(Stage &stage, const Step &step)
 {
     constexpr std::array<QGraphicsItem::GraphicsItemFlag, 5> flags = {
@@ -230,7 +218,7 @@ void setFlag(Stage &stage, const Step &step)
         QGraphicsItem::ItemIsFocusable, QGraphicsItem::ItemClipsChildrenToShape,
         QGraphicsItem::ItemIsPanel};
     KELRoundRectControl *const control = stage.item(step.whole(0));
-    if (!control || isGrouped(stage, control))
+    if (!control || stage.groupOf(control)) // the group decides about its input
         return;
     if (Witness *const witness = stage.witness(control))
         witness->expectToStay();
@@ -240,7 +228,7 @@ void setFlag(Stage &stage, const Step &step)
 void setInput(Stage &stage, const Step &step)
 {
     KELRoundRectControl *const control = stage.item(step.whole(0));
-    if (!control || isGrouped(stage, control))
+    if (!control || stage.groupOf(control)) // the group decides about its input
         return;
     switch (step.whole(1)) {
     case 0:

@@ -239,3 +239,14 @@ KELRadioBoxGroup *Stage::groupOf(const Stage *stage, int index)
 {
     return stage->groups.at(wrap(index, groupCount)).group;
 }
+
+Stage::Group *Stage::groupOf(const KELRoundRectControl *box)
+{
+    for (Group &group : groups) {
+        for (const QPointer<KELRadioBox> &member : group.boxes) {
+            if (member && member == box)
+                return &group;
+        }
+    }
+    return nullptr;
+}

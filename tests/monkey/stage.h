@@ -92,6 +92,7 @@ public:
         QHash<int, QPointer<KELRadioBox>> boxes;
     };
     static KELRadioBoxGroup *groupOf(const Stage *stage, int index);
+    Group *groupOf(const KELRoundRectControl *box); // or null
 
     VirtualTime *const time;
     QPointer<QWidget> desk;

@@ -3,17 +3,7 @@
 
 #include "fingers.h"
 
-// Qt has no public way to cancel a touch; this is how platform plugins do it.
-class QWindowSystemInterface
-{
-public:
-    struct SynchronousDelivery
-    {
-    };
-    template <typename Delivery>
-    static bool handleTouchCancelEvent(QWindow *window, QTouchDevice *device,
-                                       Qt::KeyboardModifiers modifiers);
-};
+#include "windowsystem.h"
 
 QTouchDevice *touchPanel()
 {

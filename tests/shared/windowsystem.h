@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
-#ifndef MONKEY_WINDOWSYSTEM_H
-#define MONKEY_WINDOWSYSTEM_H
+#ifndef WINDOWSYSTEM_H
+#define WINDOWSYSTEM_H
 
 #include <QtCore/QEventLoop>
 #include <QtGui/QTouchDevice>
