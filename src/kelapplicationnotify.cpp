@@ -13,8 +13,8 @@ KELApplicationNotify::~KELApplicationNotify() = default;
 
 bool KELApplicationNotify::eventFilter(QObject *watched, QEvent *event)
 {
-    // Promised: an event that arrives ignored is not reported. Mouse events from a view reach the
-    // scene this way. The scene accepts a press before it offers it to an item.
+    // Promised: an event that arrives ignored is not reported, such as a mouse event that a view
+    // sends to its scene. The scene accepts a press before it offers it to an item.
     if (event->type() != m_type || !event->isAccepted())
         return QObject::eventFilter(watched, event);
 

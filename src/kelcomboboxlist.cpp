@@ -131,9 +131,9 @@ void KELComboBoxList::pressedOutside()
         close();
 }
 
-// The notifier skips presses that arrive ignored. A view's press reaches the scene so, before it
-// has a position in an item, and the scene's press an item that holds the grab. Before it offers a
-// press to any other item, the scene accepts it.
+// The notifier skips presses that arrive ignored: those that a view sends to the scene, which have
+// no position in an item yet, and those that the scene sends to an item with the grab. Before it
+// offers a press to any other item, the scene accepts it.
 void KELComboBoxList::handleScenePress(const QGraphicsSceneMouseEvent *event)
 {
     if (!m_isOpen || !isShown())

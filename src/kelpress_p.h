@@ -38,7 +38,7 @@ class KELRoundRectControl;
  *
  * A press that is ignored, by a control that is not selectable or by a derived class, has no
  * pointer to lose: it stays pressed until the control is disabled or hidden, no longer accepts the
- * button, or has left the scene when the event loop turns.
+ * button, or is out of its scene at a turn of the event loop.
  */
 class KELPress
 {

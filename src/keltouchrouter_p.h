@@ -79,8 +79,8 @@ private:
     int m_lowestFingerId = std::numeric_limits<int>::max();
     bool m_isFirstFingerDown = true;
     QList<Finger> m_fingers;
-    Points
-        m_handledPoints; // those of the last event; kept, so that no other list has their address
+    // Those of the last event. Kept, so that no other list gets their address.
+    Points m_handledPoints;
     const QWindow *m_handledWindow = nullptr; // not used, only compared
 
     static constexpr int noId = -1;
