@@ -348,6 +348,26 @@ private Q_SLOTS:
         }
     }
 
+    void oddRectangleOfTheRecordDrawsNothing_data() { ControlTest::addOddRectangles(); }
+
+    // Parts that were placed before are still where they were.
+    void oddRectangleOfTheRecordDrawsNothing()
+    {
+        const QImage blank = KelImage::blank(QSize(140, 100));
+        for (const ControlClass &one : controlClasses()) {
+            const auto item = makeControl(one, states.front());
+            item->setboundRect(10, 10, 120, 80);
+            item->style()->boundRect = fetch<QRectF>("rect");
+            bool isClipped = false;
+            const QImage image = KelImage::draw(blank.size(), 1, [&](QPainter *painter) {
+                item->paint(painter, nullptr);
+                isClipped = painter->hasClipping();
+            });
+            QVERIFY2(image == blank, one.name);
+            QVERIFY2(!isClipped, one.name);
+        }
+    }
+
     void paintsTheSameTwice_data() { addClassesAndStates(); }
 
     void paintsTheSameTwice()
