@@ -103,11 +103,11 @@ void whenOpen(QMenu *menu, const std::function<void()> &look)
     QObject::connect(timer, &QTimer::timeout, menu, [menu, look, isFirst = true]() mutable {
         if (!menu->isVisible())
             return;
-        const QPointer<QMenu> alive = menu;
+        // Open for a turn of the event loop, however slow the machine is, as a menu for people is.
         if (std::exchange(isFirst, false))
             look();
-        if (alive)
-            alive->close();
+        else
+            menu->close();
     });
     timer->start();
 }

@@ -98,7 +98,7 @@ void endLongPressTime(QObject *control);
 bool hasTimers(QObject *object);
 
 QMenu *newMenu(); // with one action
-// Calls look the first time that the menu is open, and closes it each time, lest exec() hang.
+// Calls look the first time that the menu is open, and closes it later, lest exec() hang.
 void whenOpen(QMenu *menu, const std::function<void()> &look);
 
 #endif
