@@ -18,14 +18,11 @@ bool KELApplicationNotify::eventFilter(QObject *watched, QEvent *event)
     if (event->type() != m_type || !event->isAccepted())
         return QObject::eventFilter(watched, event);
 
-    const QPointer<KELApplicationNotify> alive(this);
     const QPointer<QObject> target(watched);
     const bool hadTarget = !target.isNull();
     toNotify(watched, event);
     // Qt must not go on to an object that a slot destroyed.
-    if (hadTarget && !target)
-        return true;
-    return !alive.isNull() && QObject::eventFilter(watched, event);
+    return hadTarget && !target;
 }
 
 void KELApplicationNotify::toNotify(QObject *watched, QEvent *event)
