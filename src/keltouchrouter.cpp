@@ -151,9 +151,8 @@ void KELTouchRouter::handle(QWindow *window, QEvent::Type type, const Points &po
     const QPointer<KELTouchRouter> alive(this);
     const QPointer<QWindow> aliveWindow(window);
     findFirstFinger(points);
-    bool isFirstPoint = true;
     for (const QTouchEvent::TouchPoint &point : points) {
-        if (isFirstFinger(type, point, std::exchange(isFirstPoint, false)))
+        if (isFirstFinger(type, point))
             m_firstWindow = window;
         else
             handleFinger(window, point);
@@ -185,10 +184,9 @@ void KELTouchRouter::findFirstFinger(const Points &points)
     }
 }
 
-bool KELTouchRouter::isFirstFinger(QEvent::Type type, const QTouchEvent::TouchPoint &point,
-                                   bool isFirstPoint)
+bool KELTouchRouter::isFirstFinger(QEvent::Type type, const QTouchEvent::TouchPoint &point)
 {
-    if (point.state() == Qt::TouchPointPressed && m_firstFingerId == noId && isFirstPoint
+    if (point.state() == Qt::TouchPointPressed && m_firstFingerId == noId
         && type == QEvent::TouchBegin)
         m_firstFingerId = point.id();
     if (point.id() != m_firstFingerId)

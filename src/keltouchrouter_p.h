@@ -61,7 +61,7 @@ private:
 
     void handle(QWindow *window, QEvent::Type type, const Points &points);
     void findFirstFinger(const Points &points);
-    bool isFirstFinger(QEvent::Type type, const QTouchEvent::TouchPoint &point, bool isFirstPoint);
+    bool isFirstFinger(QEvent::Type type, const QTouchEvent::TouchPoint &point);
     void handleFinger(QWindow *window, const QTouchEvent::TouchPoint &point);
     int indexOf(int id) const;
     static Finger fingerOf(QWindow *window, const QTouchEvent::TouchPoint &point);
