@@ -5,6 +5,7 @@
 
 #include <kelprocessbar.h>
 #include <kelpushbutton.h>
+#include <kelradiobox.h>
 #include <kelslidecontrol.h>
 #include <keltextpixmap.h>
 
@@ -89,6 +90,27 @@ private:
     SoakStage m_stage;
 };
 
+class GroupedBox final : public Scenario
+{
+public:
+    GroupedBox() { m_group.addRadioBox(m_stage.add<KELRadioBox>(QRect(20, 100, 40, 40)), 1); }
+
+    void round() override
+    {
+        auto *const box = m_stage.add<KELRadioBox>(controlRect);
+        m_group.addRadioBox(box, 2);
+        m_stage.tap(onControl);
+        expect(m_group.id() == 2, "a tap selects the box");
+        m_group.setId(1);
+        delete box;
+        settleRound();
+    }
+
+private:
+    SoakStage m_stage;
+    KELRadioBoxGroup m_group;
+};
+
 class Bar final : public Scenario
 {
 public:
@@ -149,6 +171,7 @@ Scenarios controlScenarios()
     return {scenario<Press>("press", "push button: click"),
             scenario<LongPress>("longpress", "push button: long press"),
             scenario<NewButton>("button", "push button: create, press, delete"),
+            scenario<GroupedBox>("group", "radio box: join a group, tap, delete"),
             scenario<Bar>("bar", "progress bar: change the value"),
             scenario<Slider>("slider", "slider: drag"),
             scenario<IconPixmap>("icon", "push button: another picture and icon")};
