@@ -22,7 +22,7 @@ bool KELApplicationNotify::eventFilter(QObject *watched, QEvent *event)
     const bool hadTarget = !target.isNull();
     toNotify(watched, event);
     // Qt must not go on to an object that a slot destroyed.
-    return hadTarget && !target;
+    return hadTarget && target.isNull();
 }
 
 void KELApplicationNotify::toNotify(QObject *watched, QEvent *event)
