@@ -257,7 +257,7 @@ qreal reach(const KELRoundRectControl &control)
         return nothingPromised;
     // A text that is not clipped, and ink beyond the box of its characters.
     const auto *const entry = qobject_cast<const KELComboBoxItem *>(&control);
-    const QString text = entry ? entry->display() : style.text;
+    const QString text = entry ? style.text + entry->display() : style.text;
     if ((style.textFlags & Qt::TextDontClip) || !isPlainText(text) || style.font.italic()
         || style.font.stretch() != QFont().stretch() || style.font.letterSpacing() < 0)
         return nothingPromised;
@@ -308,7 +308,10 @@ QString KelFuzz::records(const QByteArray &bytes)
     QTransform transform = QTransform::fromScale(scale, scale);
     if (!isUpright) {
         const QTransform any = bounded(in.transform());
-        const bool hasNoText = (look & 32) == 0 && control->style()->text.isEmpty()
+        // A progress bar and the parts of a combo box have texts of their own.
+        const bool hasOwnText = qobject_cast<KELProcessBar *>(control.get())
+            || !control->childItems().isEmpty();
+        const bool hasNoText = (look & 32) == 0 && !hasOwnText && control->style()->text.isEmpty()
             && control->style()->icon.isNull();
         if (hasNoText || isFitForText(any))
             transform = any;
