@@ -3,15 +3,14 @@
 
 #include "kelcaptioncache_p.h"
 
+#include "kelfontwatch_p.h"
 #include "kelroundrectcontrol.h"
 
-#include <QtCore/QPointer>
 #include <QtCore/QSizeF>
 #include <QtCore/QStringList>
 #include <QtCore/QtMath>
 #include <QtGui/QFont>
 #include <QtGui/QFontMetricsF>
-#include <QtGui/QGuiApplication>
 #include <QtGui/QPainter>
 #include <QtGui/QTextLayout>
 
@@ -33,53 +32,6 @@ constexpr qreal unlimitedWidthPx = 0x01000000;
 bool isSame(qreal a, qreal b)
 {
     return std::equal_to<>()(a, b);
-}
-
-// Counts the changes of the installed fonts.
-class FontWatch
-{
-public:
-    FontWatch() = default;
-    ~FontWatch() { QObject::disconnect(m_connection); } // the library may be unloaded
-
-    int generation()
-    {
-        auto *const app = qobject_cast<QGuiApplication *>(QCoreApplication::instance());
-        if (m_app != app) {
-            m_app = app;
-            ++m_generation;
-            if (app) {
-                m_connection = QObject::connect(app, &QGuiApplication::fontDatabaseChanged, app,
-                                                [this] { ++m_generation; });
-            }
-        }
-        return m_generation;
-    }
-
-private:
-    Q_DISABLE_COPY(FontWatch)
-
-    QPointer<QGuiApplication> m_app;
-    QMetaObject::Connection m_connection;
-    int m_generation = 0;
-};
-
-int fontGeneration()
-{
-    static FontWatch watch;
-    return watch.generation();
-}
-
-// The substitutes that QFont::insertSubstitution() registered for the font.
-QStringList substitutesOf(const QFont &font)
-{
-    if (QFont::substitutions().isEmpty()) // the usual case
-        return {};
-    QStringList substitutes = QFont::substitutes(font.family());
-    const QStringList families = font.families();
-    for (const QString &family : families)
-        substitutes += QFont::substitutes(family);
-    return substitutes;
 }
 
 // Characters that Qt's drawText() treats specially.
@@ -123,12 +75,12 @@ LayoutKey layoutKeyFor(const QPainter &painter, const QSizeF &size, int flags, c
 {
     return {text,
             painter.font(),
-            substitutesOf(painter.font()),
+            KELFontWatch::substitutesOf(painter.font()),
             size,
             flags,
             painter.device()->logicalDpiY(),
             painter.layoutDirection(),
-            fontGeneration()};
+            KELFontWatch::generation()};
 }
 
 // False for texts whose width changes when they are elided: several lines, mnemonics, trailing
@@ -250,18 +202,19 @@ KELCaptionCache::~KELCaptionCache() = default;
 
 bool KELCaptionCache::hasText(const KELRoundRectControlStyle &option, qreal width) const
 {
-    return m_entry && m_entry->fontGeneration == fontGeneration() && isSame(m_entry->width, width)
-        && m_entry->sourceFont.isCopyOf(option.font) && m_entry->source == option.text
-        && m_entry->sourceSubstitutes == substitutesOf(option.font);
+    return m_entry && m_entry->fontGeneration == KELFontWatch::generation()
+        && isSame(m_entry->width, width) && m_entry->sourceFont.isCopyOf(option.font)
+        && m_entry->source == option.text
+        && m_entry->sourceSubstitutes == KELFontWatch::substitutesOf(option.font);
 }
 
 void KELCaptionCache::storeText(const KELRoundRectControlStyle &option, qreal width,
                                 const QString &text)
 {
-    m_entry->fontGeneration = fontGeneration();
+    m_entry->fontGeneration = KELFontWatch::generation();
     m_entry->width = width;
     m_entry->sourceFont = option.font;
-    m_entry->sourceSubstitutes = substitutesOf(option.font);
+    m_entry->sourceSubstitutes = KELFontWatch::substitutesOf(option.font);
     m_entry->source = option.text;
     m_entry->trimmed = text;
 }
