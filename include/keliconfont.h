@@ -96,6 +96,8 @@ public:
     static QString g_fontFamily;
 
 private:
+    friend class KELGlyphFont;
+
     QChar m_glyph;
     QFont m_font;
 };

@@ -169,10 +169,14 @@ void KELCheckBox::paint(QPainter *painter, const QStyleOptionGraphicsItem *style
     if (!KELPainting::isPaintable(option.boundRect))
         return;
     painter->setRenderHint(QPainter::Antialiasing, true);
-    if (d->layoutMode == 0)
-        drawSwitch(painter, option);
-    else
-        drawBar(painter, option);
+    KELLookKey key = KELPainting::shapeKey(&staticMetaObject, option);
+    key << option.indicatorBrush << quint64(option.isCheck) << quint64(uint(d->layoutMode));
+    KELLook::paint(painter, std::move(key), [&] {
+        if (d->layoutMode == 0)
+            drawSwitch(painter, option);
+        else
+            drawBar(painter, option);
+    });
 }
 
 void KELCheckBox::mousePressEvent(QGraphicsSceneMouseEvent *event)

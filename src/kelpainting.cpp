@@ -13,6 +13,12 @@
 #include <utility>
 #include <vector>
 
+class KELGlyphFont
+{
+public:
+    static const QFont &of(const KELIconFont &glyph) { return glyph.m_font; }
+};
+
 namespace {
 
 // Item px. Where the numbers of a radial gradient overflow, Qt reads beyond its table of colours.
@@ -88,6 +94,31 @@ void setCaptionLook(QPainter *painter, const KELRoundRectControlStyle &option)
     painter->setPen(KELPainting::captionPen(option.foregroundBrush));
 }
 
+const char shapeDrawing = 0; // its address tells it from those of the controls
+
+void drawShape(QPainter *painter, const KELRoundRectControlStyle &option)
+{
+    const bool filled = option.backgroundBrush.style() != Qt::NoBrush;
+    if (filled)
+        painter->setBrush(KELPainting::usableBrush(option.backgroundBrush));
+
+    if (option.borderBrush.style() != Qt::NoBrush) {
+        const float halfWidth = option.borderWidth * 0.5F;
+        if (option.borderWidth > 0)
+            painter->setPen(KELPainting::outlinePen(option.borderBrush, option.borderWidth));
+        // Compat: a negative width draws the fill alone, enlarged by half of it on every side
+        if (halfWidth != 0) {
+            const auto inset = qreal(halfWidth);
+            KELPainting::drawRoundedRect(painter,
+                                         option.boundRect.adjusted(inset, inset, -inset, -inset),
+                                         option.xRadius, option.yRadius);
+            return;
+        }
+    }
+    if (filled)
+        KELPainting::drawRoundedRect(painter, option.boundRect, option.xRadius, option.yRadius);
+}
+
 } // namespace
 
 QBrush KELPainting::solidBrush(QRgb rgba)
@@ -134,26 +165,33 @@ QPen KELPainting::captionPen(const QBrush &brush)
     return outlinePen(brush, 1.0F);
 }
 
+KELLookKey KELPainting::shapeKey(const void *drawing, const KELRoundRectControlStyle &option)
+{
+    KELLookKey key(drawing, option.boundRect);
+    key << option.xRadius << option.yRadius << qreal(option.borderWidth) << option.backgroundBrush
+        << option.borderBrush;
+    return key;
+}
+
+KELLookKey KELPainting::contentKey(const void *drawing, const KELRoundRectControlStyle &option)
+{
+    const QMarginsF &margins = option.margins;
+    KELLookKey key = shapeKey(drawing, option);
+    key << option.foregroundBrush << margins.left() << margins.top() << margins.right()
+        << margins.bottom() << quint64(uint(option.textFlags)) << quint64(option.trimText);
+    key.addText(option.text, option.font);
+    if (!option.icon.isNull()) {
+        key << quint64(uint(option.iconSize));
+        key.addText(option.icon, KELGlyphFont::of(option.icon));
+    }
+    return key;
+}
+
 void KELPainting::drawBackground(QPainter *painter, const KELRoundRectControlStyle &option)
 {
-    const bool filled = option.backgroundBrush.style() != Qt::NoBrush;
-    if (filled)
-        painter->setBrush(usableBrush(option.backgroundBrush));
-
-    if (option.borderBrush.style() != Qt::NoBrush) {
-        const float halfWidth = option.borderWidth * 0.5F;
-        if (option.borderWidth > 0)
-            painter->setPen(outlinePen(option.borderBrush, option.borderWidth));
-        // Compat: a negative width draws the fill alone, enlarged by half of it on every side
-        if (halfWidth != 0) {
-            const auto inset = qreal(halfWidth);
-            drawRoundedRect(painter, option.boundRect.adjusted(inset, inset, -inset, -inset),
-                            option.xRadius, option.yRadius);
-            return;
-        }
-    }
-    if (filled)
-        drawRoundedRect(painter, option.boundRect, option.xRadius, option.yRadius);
+    if (option.backgroundBrush.style() != Qt::NoBrush || option.borderBrush.style() != Qt::NoBrush)
+        KELLook::paint(painter, shapeKey(&shapeDrawing, option),
+                       [&] { drawShape(painter, option); });
 }
 
 qreal KELPainting::usableRadius(qreal radius)

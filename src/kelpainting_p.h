@@ -4,6 +4,8 @@
 #ifndef KELPAINTING_P_H
 #define KELPAINTING_P_H
 
+#include "kellook_p.h"
+
 #include <QtCore/QMarginsF>
 #include <QtCore/QRectF>
 #include <QtGui/QBrush>
@@ -53,6 +55,11 @@ QPen outlinePen(const QBrush &brush, float width);
 
 // The pen of captions and glyphs.
 QPen captionPen(const QBrush &brush);
+
+// What the rounded rectangle of the record depends on, and that with all of its contents but the
+// pixmap.
+KELLookKey shapeKey(const void *drawing, const KELRoundRectControlStyle &option);
+KELLookKey contentKey(const void *drawing, const KELRoundRectControlStyle &option);
 
 // Sets the painter's pen and brush from the record and draws the rounded rectangle.
 void drawBackground(QPainter *painter, const KELRoundRectControlStyle &option);

@@ -84,6 +84,17 @@ void drawGlyphButton(QPainter *painter, KELCaptionCache *caption, const KELPushB
     drawCaptionStrip(painter, caption, option, strip);
 }
 
+void drawContents(QPainter *painter, KELCaptionCache *caption, const KELPushButtonStyle &option)
+{
+    KELPainting::drawBackground(painter, option);
+    if (!option.pixmap.isNull())
+        drawPixmapButton(painter, caption, option);
+    else if (!option.icon.isNull())
+        drawGlyphButton(painter, caption, option);
+    else
+        KELPainting::drawContentCaption(painter, caption, option);
+}
+
 } // namespace
 
 KELPushButton::KELPushButton(QGraphicsObject *parent) :
@@ -153,15 +164,16 @@ void KELPushButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *sty
     painter->setBrushOrigin(QPointF(option.boundRect.x(), option.boundRect.y()));
     painter->setPen(Qt::NoPen);
     painter->setBrush(Qt::NoBrush);
-    KELPainting::drawBackground(painter, option);
 
     KELCaptionCache *const caption = &KELControlPrivate::get(this)->caption;
-    if (!option.pixmap.isNull())
-        drawPixmapButton(painter, caption, option);
-    else if (!option.icon.isNull())
-        drawGlyphButton(painter, caption, option);
-    else
-        KELPainting::drawContentCaption(painter, caption, option);
+    if (!option.pixmap.isNull()) {
+        drawContents(painter, caption, option);
+        return;
+    }
+    const QMarginsF &iconMargins = option.iconMargins;
+    KELLookKey key = KELPainting::contentKey(&staticMetaObject, option);
+    key << iconMargins.left() << iconMargins.top() << iconMargins.right() << iconMargins.bottom();
+    KELLook::paint(painter, std::move(key), [&] { drawContents(painter, caption, option); });
 }
 
 KELPushButtonStyle *KELPushButton::initStyle()

@@ -111,15 +111,20 @@ void KELRadioBox::paint(QPainter *painter, const QStyleOptionGraphicsItem * /*st
     const QRectF circle(rect.x() + rect.width() * 0.5 - circleSizePx * 0.5,
                         rect.y() + rect.height() * 0.5 - circleSizePx * 0.5, circleSizePx,
                         circleSizePx);
-    painter->setPen(KELPainting::outlinePen(m_style->borderBrush, m_style->borderWidth));
-    painter->setBrush(KELPainting::usableBrush(m_style->backgroundBrush));
-    KELPainting::drawEllipse(painter, circle);
-    if (!m_style->isCheck)
-        return;
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(KELPainting::usableBrush(m_style->foregroundBrush));
-    KELPainting::drawEllipse(painter,
-                             circle.adjusted(dotInsetPx, dotInsetPx, -dotInsetPx, -dotInsetPx));
+    KELLookKey key(&staticMetaObject, rect);
+    key << qreal(m_style->borderWidth) << m_style->borderBrush << m_style->backgroundBrush
+        << m_style->foregroundBrush << quint64(m_style->isCheck);
+    KELLook::paint(painter, std::move(key), [&] {
+        painter->setPen(KELPainting::outlinePen(m_style->borderBrush, m_style->borderWidth));
+        painter->setBrush(KELPainting::usableBrush(m_style->backgroundBrush));
+        KELPainting::drawEllipse(painter, circle);
+        if (!m_style->isCheck)
+            return;
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(KELPainting::usableBrush(m_style->foregroundBrush));
+        KELPainting::drawEllipse(painter,
+                                 circle.adjusted(dotInsetPx, dotInsetPx, -dotInsetPx, -dotInsetPx));
+    });
 }
 
 void KELRadioBox::mousePressEvent(QGraphicsSceneMouseEvent *event)

@@ -179,6 +179,17 @@ QMenu *KELControlPrivate::liveContextMenu()
     return q->style()->contextMenu ? trackedMenu->menu.data() : nullptr;
 }
 
+void KELControlPrivate::drawContents(QPainter *painter, const KELRoundRectControlStyle &option)
+{
+    KELPainting::drawBackground(painter, option);
+    const QRectF content = KELPainting::contentRect(option.boundRect, option.margins);
+    if (!option.pixmap.isNull())
+        KELPainting::drawPixmap(painter, content, option.pixmap);
+    if (!option.icon.isNull())
+        KELPainting::drawGlyph(painter, option, content);
+    KELPainting::drawContentCaption(painter, &caption, option);
+}
+
 KELRoundRectControl::KELRoundRectControl(QGraphicsObject *parent) :
     KELRoundRectControl(parent, KELControlPrivate::newStyle(), new KELControlPrivate(this))
 { }
@@ -300,14 +311,12 @@ void KELRoundRectControl::paint(QPainter *painter, const QStyleOptionGraphicsIte
                             true);
     painter->setPen(Qt::NoPen);
     painter->setBrush(Qt::NoBrush);
-    KELPainting::drawBackground(painter, option);
-
-    const QRectF content = KELPainting::contentRect(option.boundRect, option.margins);
-    if (!option.pixmap.isNull())
-        KELPainting::drawPixmap(painter, content, option.pixmap);
-    if (!option.icon.isNull())
-        KELPainting::drawGlyph(painter, option, content);
-    KELPainting::drawContentCaption(painter, &d->caption, option);
+    if (option.pixmap.isNull()) {
+        KELLook::paint(painter, KELPainting::contentKey(&staticMetaObject, option),
+                       [&] { d->drawContents(painter, option); });
+    } else {
+        d->drawContents(painter, option);
+    }
 }
 
 void KELRoundRectControl::setCheck(bool check)

@@ -41,6 +41,9 @@ public:
             findContextMenu();
     }
 
+    // All of the base's paint() but the state of the painter.
+    void drawContents(QPainter *painter, const KELRoundRectControlStyle &option);
+
     KELRoundRectControl *const q;
     KELPress press{q};
     KELCaptionCache caption;

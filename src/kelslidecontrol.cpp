@@ -167,23 +167,31 @@ void KELSlideControl::paint(QPainter *painter, const QStyleOptionGraphicsItem * 
     const QBrush outline = isEnabled() ? m_style->borderBrush
                                        : KELPainting::solidBrush(qRgb(170, 170, 170));
 
-    if (m_style->backgroundBrush.style() != Qt::NoBrush) {
-        painter->setPen(Qt::NoPen);
-        painter->setBrush(KELPainting::usableBrush(m_style->backgroundBrush));
-        drawGroove(painter, groove);
-    }
-    // Compat: without a groove the filled part is drawn with the painter's own pen
-    if (d->minimun <= d->value && d->value <= d->maximun && fill.style() != Qt::NoBrush) {
+    const bool isFilled = d->minimun <= d->value && d->value <= d->maximun
+        && fill.style() != Qt::NoBrush;
+    const QRectF &knob = d->knobRect;
+
+    KELLookKey key(&staticMetaObject, rect);
+    key << m_style->backgroundBrush << fill << outline << quint64(isFilled) << knob.x() << knob.y()
+        << knob.width() << knob.height();
+    KELLook::paint(painter, std::move(key), [&] {
+        if (m_style->backgroundBrush.style() != Qt::NoBrush) {
+            painter->setPen(Qt::NoPen);
+            painter->setBrush(KELPainting::usableBrush(m_style->backgroundBrush));
+            drawGroove(painter, groove);
+        }
+        // Compat: without a groove the filled part is drawn with the painter's own pen
+        if (isFilled) {
+            painter->setBrush(fill);
+            drawGroove(painter,
+                       {groove.left(), groove.top(), knob.left() - rect.x() + 12, grooveHeightPx});
+        }
+        // Compat: without an outline the knob is drawn with the pen left by the steps before
+        if (outline.style() != Qt::NoBrush)
+            painter->setPen(KELPainting::outlinePen(outline, knobOutlinePx));
         painter->setBrush(fill);
-        drawGroove(
-            painter,
-            {groove.left(), groove.top(), d->knobRect.left() - rect.x() + 12, grooveHeightPx});
-    }
-    // Compat: without an outline the knob is drawn with the pen left by the steps before
-    if (outline.style() != Qt::NoBrush)
-        painter->setPen(KELPainting::outlinePen(outline, knobOutlinePx));
-    painter->setBrush(fill);
-    KELPainting::drawEllipse(painter, d->knobRect);
+        KELPainting::drawEllipse(painter, knob);
+    });
 }
 
 void KELSlideControl::timerEvent(QTimerEvent *event)
