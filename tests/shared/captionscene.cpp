@@ -45,7 +45,7 @@ QImage picture(const CaptionScene &scene, const KelImage::Drawing &draw)
     // Exactly, so that what is kept of a caption fits another device with as many dots.
     image.setDotsPerMeterX(qRound(scene.dotsPerInch * inchesPerMetre));
     image.setDotsPerMeterY(qRound(scene.dotsPerInch * inchesPerMetre));
-    image.fill(KelImage::paper);
+    image.fill(scene.background);
     QPainter painter(&image);
     painter.setFont(scene.painterFont);
     painter.setLayoutDirection(scene.direction);

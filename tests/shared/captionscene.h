@@ -24,6 +24,7 @@ struct CaptionScene
     qreal scale = 1;
     qreal angle = 0;
     QSize pictureSize = QSize(300, 200);
+    QColor background = KelImage::paper;
 };
 
 QImage picture(const CaptionScene &scene, const KelImage::Drawing &draw);

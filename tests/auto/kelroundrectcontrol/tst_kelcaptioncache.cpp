@@ -29,13 +29,18 @@ public:
 };
 
 // Empty when the label is painted as drawn by hand: the first time, when a layout is made, and from
-// what is kept.
+// what is kept: of the layout on paper, of the whole look on nothing.
 QString differenceInPaints(const CaptionScene &scene, KELLabel *label)
 {
-    for (int i = 0; i < 3; ++i) {
-        const QString difference = KelImage::difference(painted(scene, label), drawnByHand(scene));
-        if (!difference.isEmpty())
-            return difference;
+    for (const QColor &background : {KelImage::paper, QColor(Qt::transparent)}) {
+        CaptionScene onIt = scene;
+        onIt.background = background;
+        for (int i = 0; i < 3; ++i) {
+            const QString difference = KelImage::difference(painted(onIt, label),
+                                                            drawnByHand(onIt));
+            if (!difference.isEmpty())
+                return difference;
+        }
     }
     return QString();
 }
