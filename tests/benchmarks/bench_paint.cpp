@@ -27,8 +27,11 @@
 #include <QtWidgets/QStyleOptionComplex>
 #include <QtWidgets/QStyleOptionGraphicsItem>
 
+#include <algorithm>
+#include <deque>
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace {
 
@@ -52,22 +55,27 @@ QPixmap makePicture()
 }
 
 // What a scene gives an item whose cache mode is DeviceCoordinateCache: a picture of its own with
-// one pixel more on each side.
+// one pixel more on each side, empty before each paint.
 class Canvas
 {
 public:
-    explicit Canvas(const QSize &size) :
-        m_image(size + QSize(2, 2), QImage::Format_ARGB32_Premultiplied)
+    explicit Canvas(const QRect &rect) :
+        m_image(rect.size() + QSize(2, 2), QImage::Format_ARGB32_Premultiplied)
     {
-        m_image.fill(Qt::transparent);
         m_painter.begin(&m_image);
         m_painter.setRenderHints(QPainter::TextAntialiasing);
-        m_painter.translate(1, 1);
+        m_painter.translate(QPoint(1, 1) - rect.topLeft());
     }
 
-    // Every paint finds the painter as the scene hands it over.
+    // Every paint finds canvas and painter as the scene hands them over.
     template <typename Run>
     void paint(Run run)
+    {
+        m_image.fill(Qt::transparent);
+        paintOver(run);
+    }
+    template <typename Run>
+    void paintOver(Run run)
     {
         m_painter.save();
         run(&m_painter);
@@ -83,6 +91,14 @@ private:
     QPainter m_painter;
 };
 
+// An item of a scenario, by hand and by the library.
+struct Part
+{
+    QRect rect;
+    Paint floor;
+    Paint library;
+};
+
 class Scenario
 {
 public:
@@ -96,9 +112,17 @@ public:
 
     void run(const Paint &floor, const Paint &library) const
     {
-        measure("QPainter", Benchmark::Role::Floor, floor);
-        measure("KELGdiControl", Benchmark::Role::Library, library);
-        const bool isSame = imageOf(floor) == imageOf(library) && !isBlank(imageOf(floor));
+        run({{rect().toRect(), floor, library}});
+    }
+
+    void run(const std::vector<Part> &parts) const
+    {
+        measure("QPainter", Benchmark::Role::Floor, parts, &Part::floor);
+        measure("KELGdiControl", Benchmark::Role::Library, parts, &Part::library);
+        const bool isSame = std::all_of(parts.begin(), parts.end(), [](const Part &part) {
+            const QImage floor = imageOf(part, &Part::floor);
+            return floor == imageOf(part, &Part::library) && !isBlank(floor);
+        });
         Benchmark::printValue(m_name, "KELGdiControl", "same pixels", isSame ? "yes" : "no");
     }
 
@@ -108,15 +132,14 @@ public:
     {
         widget->resize(m_size);
         widget->ensurePolished();
-        measure("Qt Widgets", Benchmark::Role::Other,
-                [=](QPainter *painter) { paint(widget, painter); });
+        measureOther("Qt Widgets", [=](QPainter *painter) { paint(widget, painter); });
 
         QGraphicsProxyWidget proxy;
         proxy.setWidget(widget);
         QStyleOptionGraphicsItem option;
         option.exposedRect = proxy.rect();
-        measure("QGraphicsProxyWidget", Benchmark::Role::Other,
-                [&](QPainter *painter) { proxy.paint(painter, &option, nullptr); });
+        measureOther("QGraphicsProxyWidget",
+                     [&](QPainter *painter) { proxy.paint(painter, &option, nullptr); });
     }
 
     void runQuick(const char *item) const
@@ -139,10 +162,10 @@ public:
 private:
     static constexpr int usual = 1000;
 
-    QImage imageOf(const Paint &paint) const
+    static QImage imageOf(const Part &part, Paint Part::*paint)
     {
-        Canvas canvas(m_size);
-        canvas.paint(paint);
+        Canvas canvas(part.rect);
+        canvas.paint(part.*paint);
         return canvas.image();
     }
 
@@ -153,17 +176,29 @@ private:
         return image == blank;
     }
 
-    void measure(const char *contender, Benchmark::Role role, const Paint &paint) const
+    void measureOther(const char *contender, const Paint &paint) const
+    {
+        measure(contender, Benchmark::Role::Other, {{rect().toRect(), paint, paint}}, &Part::floor);
+    }
+
+    void measure(const char *contender, Benchmark::Role role, const std::vector<Part> &parts,
+                 Paint Part::*paint) const
     {
         if (!Benchmark::isWanted(role))
             return;
         const int repetitions = Benchmark::repetitions(usual);
-        Canvas canvas(m_size);
-        for (int warmUp = 0; warmUp < 3; ++warmUp)
-            canvas.paint(paint);
+        std::deque<Canvas> canvases;
+        for (const Part &part : parts) {
+            canvases.emplace_back(part.rect);
+            for (int warmUp = 0; warmUp < 3; ++warmUp)
+                canvases.back().paint(part.*paint);
+        }
         Benchmark::Meter meter;
         for (int i = 0; i < repetitions; ++i) {
-            canvas.paint([&](QPainter *painter) { meter.measure([&] { paint(painter); }); });
+            for (std::size_t k = 0; k < parts.size(); ++k) {
+                canvases[k].paint(
+                    [&](QPainter *painter) { meter.measure([&] { (parts[k].*paint)(painter); }); });
+            }
         }
         meter.report(m_name, contender, role, repetitions);
     }
@@ -171,17 +206,6 @@ private:
     const QSize m_size;
     const QByteArray m_name;
 };
-
-// A control and its child items, as a scene paints them.
-void paintTree(QGraphicsItem *item, QPainter *painter)
-{
-    if (!item->isVisible())
-        return;
-    item->paint(painter, nullptr, nullptr);
-    const QList<QGraphicsItem *> children = item->childItems();
-    for (QGraphicsItem *child : children)
-        paintTree(child, painter);
-}
 
 template <typename Control>
 Paint painted(const Control &control)
@@ -408,6 +432,24 @@ void measureSlider(const QSize &size)
     scenario.runQuick("Slider { value: 0.4 }");
 }
 
+// The visible items below an item, as a scene paints them, each with its floor.
+void addParts(std::vector<Part> *parts, const QGraphicsItem *item, const std::vector<Paint> &floors)
+{
+    const QList<QGraphicsItem *> children = item->childItems();
+    for (QGraphicsItem *child : children) {
+        if (!child->isVisible())
+            continue;
+        const Paint floor = floors.at(parts->size());
+        parts->push_back({child->boundingRect().toRect(),
+                          [floor](QPainter *painter) {
+                              painter->setRenderHints(HandDrawing::allHints);
+                              floor(painter);
+                          },
+                          [child](QPainter *painter) { child->paint(painter, nullptr, nullptr); }});
+        addParts(parts, child, floors);
+    }
+}
+
 void measureComboBox(const QSize &size)
 {
     const Scenario scenario("closed combo box", size);
@@ -416,7 +458,11 @@ void measureComboBox(const QSize &size)
     control.addItem(0, caption);
     control.setSelectIndex(0);
     const HandDrawing::ComboBox drawing(scenario.rect(), caption);
-    scenario.run(drawn(drawing), [&control](QPainter *painter) { paintTree(&control, painter); });
+    const std::vector<Paint> floors = {drawn(drawing.button), drawn(drawing.caption),
+                                       drawn(drawing.arrow)};
+    std::vector<Part> parts;
+    addParts(&parts, &control, floors);
+    scenario.run(parts);
 
     auto *const combo = new Combo;
     combo->addItem(caption);

@@ -309,6 +309,7 @@ struct Slider
 };
 
 // Closed.
+// Its items, each of which a scene paints into a picture of its own.
 struct ComboBox
 {
     ComboBox(const QRectF &place, const QString &text) :
@@ -316,14 +317,6 @@ struct ComboBox
         caption({place.x(), place.y(), place.width() - 30, place.height()}, text, Qt::white),
         arrow({place.right() - 25, place.y(), 25, place.height()}, QChar(0x25BC), Qt::white)
     { }
-
-    void draw(QPainter *painter) const
-    {
-        painter->setRenderHints(allHints);
-        button.draw(painter);
-        caption.draw(painter);
-        arrow.draw(painter);
-    }
 
     const RoundRect button;
     const Caption caption;
