@@ -9,35 +9,24 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QPointer>
 #include <QtCore/QThread>
-#include <QtCore/QtMath>
-#include <QtGui/QBrush>
 #include <QtGui/QImage>
 #include <QtGui/QPaintEngine>
 #include <QtGui/QPainter>
-#include <QtGui/QPen>
 
 #include <algorithm>
 #include <cstring>
-#include <memory>
 #include <utility>
 #include <vector>
 
 namespace {
 
 constexpr int storeBytes = 2 * 1024 * 1024;
-constexpr int largestPictureBytes = storeBytes / 8;
 constexpr int seenLooks = 1024;
 
 // One outcome of a drawing, and where it came out so.
 struct Picture
 {
-    // With what the containers add, roughly.
-    int cost() const
-    {
-        constexpr int otherBytes = 900;
-        return otherBytes + ink.size() + int(sizeof(KELLook::Place) * places.capacity());
-    }
-
+    KELLookKey::Texts texts;
     int skipped; // bytes, before those that are kept
     QByteArray ink;
     QPen pen;
@@ -47,46 +36,44 @@ struct Picture
 };
 
 // The looks of the application, the least recently used out first.
-class Store
+class Store : public QObject
 {
 public:
-    static Store &instance()
+    // Null without an application, in another thread than its own, and if turned off.
+    static Store *instance()
     {
-        static Store store;
-        return store;
-    }
-
-    // On, and in the thread of the application.
-    bool isUsable()
-    {
+        static struct Owner
+        {
+            ~Owner() { delete store; } // the library may be unloaded
+            QPointer<Store> store;
+        } owner;
         QCoreApplication *const app = QCoreApplication::instance();
         if (!app || QThread::currentThread() != app->thread())
-            return false;
-        if (m_app != app)
-            adopt(app);
-        return m_isOn;
+            return nullptr;
+        if (!owner.store)
+            owner.store = new Store(app);
+        return owner.store->m_isOn ? owner.store.data() : nullptr;
+    }
+
+    // The first outcome that is as wanted, counted in the key's last number, or that of a new one.
+    template <typename IsWanted>
+    Picture *find(const QByteArray &key, quint64 *outcome, const IsWanted &isWanted) const
+    {
+        for (*outcome = 0;; ++*outcome) {
+            Picture *const picture = pictures.object(key);
+            if (!picture || isWanted(*picture))
+                return picture;
+        }
     }
 
     bool isFirstSight(uint hash) { return std::exchange(m_seen[hash % seenLooks], hash) != hash; }
 
-    QCache<KELLookKey, Picture> pictures{storeBytes};
+    QCache<QByteArray, Picture> pictures{storeBytes};
 
 private:
-    Q_DISABLE_COPY(Store)
+    using QObject::QObject;
 
-    Store() = default;
-    ~Store() { QObject::disconnect(m_connection); } // the library may be unloaded
-
-    void adopt(QCoreApplication *app)
-    {
-        m_app = app;
-        m_isOn = !qEnvironmentVariableIsSet("KEL_NO_KEPT_LOOKS");
-        m_connection = QObject::connect(app, &QObject::destroyed, [this] { pictures.clear(); });
-    }
-
-    QPointer<QCoreApplication> m_app;
-    QMetaObject::Connection m_connection;
-    bool m_isOn = false;
+    const bool m_isOn = !qEnvironmentVariableIsSet("KEL_NO_KEPT_LOOKS");
     std::array<uint, seenLooks> m_seen = {};
 };
 
@@ -97,52 +84,43 @@ QImage *imageOf(const QPainter &painter)
     if (engine->type() != QPaintEngine::Raster || !engine->systemClip().isEmpty())
         return nullptr;
     auto *const image = dynamic_cast<QImage *>(engine->paintDevice());
+    constexpr int largestBytes = storeBytes / 8;
     const bool isUsable = image && image->format() == QImage::Format_ARGB32_Premultiplied
-        && image->bytesPerLine() == 4 * image->width()
-        && image->sizeInBytes() <= largestPictureBytes;
+        && image->bytesPerLine() == 4 * image->width() && image->sizeInBytes() <= largestBytes;
     return isUsable ? image : nullptr;
 }
 
-template <int Words>
-Q_ALWAYS_INLINE quint64 allBits(const uchar *bytes)
+template <std::size_t... Index>
+const uchar *skipBlank(const uchar *bytes, const uchar *end,
+                       std::index_sequence<Index...> /*words*/)
 {
-    if constexpr (Words > 1) {
-        return allBits<Words / 2>(bytes) | allBits<Words / 2>(bytes + Words / 2 * sizeof(quint64));
-    } else {
-        quint64 word = 0;
-        std::memcpy(&word, bytes, sizeof word);
-        return word;
-    }
+    constexpr std::size_t step = sizeof...(Index) * sizeof(quint64);
+    while (bytes + step <= end
+           && (qFromUnaligned<quint64>(bytes + Index * sizeof(quint64)) | ...) == 0)
+        bytes += step;
+    return bytes;
 }
 
 bool isBlank(const uchar *bytes, int size)
 {
-    constexpr int stepWords = 32;
-    constexpr int step = stepWords * int(sizeof(quint64));
     const uchar *const end = bytes + size;
-    const uchar *const lastStep = end - size % step;
-    for (; bytes != lastStep; bytes += step) {
-        if (allBits<stepWords>(bytes) != 0)
-            return false;
-    }
+    bytes = skipBlank(bytes, end, std::make_index_sequence<32>()); // most of what a paint costs
+    bytes = skipBlank(bytes, end, std::make_index_sequence<1>());
     return std::all_of(bytes, end, [](uchar byte) { return byte == 0; });
 }
 
 // All rows but the blank ones at both ends; skipped is the number of bytes before.
 QByteArray inkOf(const QImage &image, int *skipped)
 {
-    int first = 0;
-    int end = image.height();
-    const auto isBlankRow = [&image](int y) {
-        return isBlank(image.constScanLine(y), image.bytesPerLine());
-    };
-    while (first < end && isBlankRow(first))
-        ++first;
-    while (first < end && isBlankRow(end - 1))
-        --end;
-    *skipped = first * image.bytesPerLine();
-    return {reinterpret_cast<const char *>(image.constBits()) + *skipped,
-            (end - first) * image.bytesPerLine()};
+    const int rowBytes = image.bytesPerLine();
+    const uchar *first = image.constBits();
+    const uchar *end = first + image.sizeInBytes();
+    while (first != end && isBlank(first, rowBytes))
+        first += rowBytes;
+    while (first != end && isBlank(end - rowBytes, rowBytes))
+        end -= rowBytes;
+    *skipped = int(first - image.constBits());
+    return {reinterpret_cast<const char *>(first), int(end - first)};
 }
 
 } // namespace
@@ -152,13 +130,6 @@ KELLookKey::KELLookKey(const void *drawing, const QRectF &rect) : m_corner(rect.
     *this << quint64(quintptr(drawing)) << rect.width() << rect.height();
 }
 
-KELLookKey &KELLookKey::operator<<(qreal number)
-{
-    quint64 bits = 0;
-    std::memcpy(&bits, &number, sizeof bits);
-    return *this << bits;
-}
-
 KELLookKey &KELLookKey::operator<<(const QBrush &brush)
 {
     const bool isSolid = brush.style() == Qt::SolidPattern && brush.color().spec() == QColor::Rgb;
@@ -166,25 +137,25 @@ KELLookKey &KELLookKey::operator<<(const QBrush &brush)
     return *this << quint64(isSolid) << quint64(brush.color().rgba64());
 }
 
-bool KELLookKey::operator==(const KELLookKey &other) const
+void KELLookKey::addText(const QString &text, const QFont &font)
 {
-    return m_outcome == other.m_outcome && m_numbers == other.m_numbers && m_texts == other.m_texts;
+    *this << quint64(qHash(text));
+    m_texts.append({text, font});
 }
 
-uint qHash(const KELLookKey &key, uint seed)
+QByteArray KELLookKey::bytes() const
 {
-    const auto bytes = std::size_t(key.m_numbers.size()) * sizeof(quint64);
-    uint hash = qHashBits(key.m_numbers.constData(), bytes, seed + uint(key.m_outcome));
-    for (const KELLookKey::Text &text : key.m_texts)
-        hash = qHash(text.text, hash);
-    return hash;
+    return QByteArray::fromRawData(reinterpret_cast<const char *>(m_numbers.data()),
+                                   int(m_size * sizeof(quint64)));
 }
 
 KELLook::KELLook(QPainter *painter, KELLookKey *key) : m_painter(painter), m_key(key)
 {
-    const bool isExact = key->m_isKeepable && painter->isActive() && Store::instance().isUsable()
+    const bool isExact = key->m_isKeepable && painter->isActive() && Store::instance()
         && addTarget() && addPainter() && (key->m_texts.isEmpty() || addFonts());
-    if (!isExact)
+    if (isExact)
+        *key << quint64(0); // the outcome: there may be several, at different places
+    else
         m_image = nullptr;
 }
 
@@ -219,7 +190,7 @@ bool KELLook::addFonts()
     // What a font leaves open comes from the one with which the painter began.
     const QFont font = m_painter->font();
     m_painter->setFont(QFont());
-    m_key->addText(QString(), m_painter->font());
+    m_key->m_texts.append({{}, m_painter->font()});
     m_painter->setFont(font);
     *m_key << quint64(m_painter->layoutDirection()) << quint64(m_painter->device()->logicalDpiY())
            << quint64(KELFontWatch::generation());
@@ -232,23 +203,23 @@ bool KELLook::giveBack()
 {
     if (!m_image)
         return false;
-    Store &store = Store::instance();
-    const auto isKnownHere = [this](const Picture &picture) {
-        return std::binary_search(picture.places.begin(), picture.places.end(), m_place);
-    };
-    const Picture *picture = store.pictures.object(*m_key);
-    const bool isNew = !picture && store.isFirstSight(qHash(*m_key, 0));
-    for (; picture && !isKnownHere(*picture); picture = store.pictures.object(*m_key))
-        ++m_key->m_outcome;
-    if (isNew || !isBlank(m_image->constBits(), int(m_image->sizeInBytes()))) {
+    Store *const store = Store::instance();
+    const QByteArray key = m_key->bytes();
+    quint64 &outcome = m_key->last();
+    const Picture *const picture = store->find(key, &outcome, [this](const Picture &each) {
+        return std::binary_search(each.places.begin(), each.places.end(), m_place)
+            && each.texts == m_key->m_texts;
+    });
+    const bool isNew = !picture && outcome == 0 && store->isFirstSight(qHash(key));
+    // The bytes that the painter got when it began. Drawing leaves rows without ink as they are.
+    uchar *const bytes = const_cast<uchar *>(m_image->constBits())
+        + (picture ? picture->skipped : 0);
+    const int size = picture ? picture->ink.size() : int(m_image->sizeInBytes());
+    if (isNew || !isBlank(bytes, size))
         m_image = nullptr;
+    if (!m_image || !picture)
         return false;
-    }
-    if (!picture)
-        return false;
-    // As the painter does, into the bytes that it got when it began.
-    std::memmove(const_cast<uchar *>(m_image->constBits()) + picture->skipped,
-                 picture->ink.constData(), std::size_t(picture->ink.size()));
+    std::memmove(bytes, picture->ink.constData(), std::size_t(size));
     m_painter->setPen(picture->pen);
     m_painter->setBrush(picture->brush);
     if (!m_key->m_texts.isEmpty())
@@ -260,21 +231,22 @@ void KELLook::keep()
 {
     if (!m_image)
         return;
-    QCache<KELLookKey, Picture> &pictures = Store::instance().pictures;
     int skipped = 0;
     const QByteArray ink = inkOf(*m_image, &skipped);
-    m_key->m_outcome = 0;
-    const Picture *known = pictures.object(*m_key);
-    for (; known && (known->skipped != skipped || known->ink != ink);
-         known = pictures.object(*m_key))
-        ++m_key->m_outcome;
-    std::unique_ptr<Picture> picture(pictures.take(*m_key));
-    if (!picture) {
-        picture.reset(
-            new Picture{skipped, ink, m_painter->pen(), m_painter->brush(), m_painter->font(), {}});
+    const QByteArray key = m_key->bytes();
+    Store *const store = Store::instance();
+    Picture *picture = store->find(key, &m_key->last(), [&](const Picture &each) {
+        return each.skipped == skipped && each.ink == ink && each.texts == m_key->m_texts;
+    });
+    if (picture) {
+        store->pictures.take(key); // its cost changes
+    } else {
+        picture = new Picture{m_key->m_texts,     skipped,           ink, m_painter->pen(),
+                              m_painter->brush(), m_painter->font(), {}};
     }
     auto &places = picture->places;
     places.insert(std::lower_bound(places.begin(), places.end(), m_place), m_place);
-    const int cost = picture->cost();
-    pictures.insert(*m_key, picture.release(), cost);
+    constexpr int otherBytes = 500; // what the containers add, roughly
+    const int cost = otherBytes + key.size() + ink.size() + int(sizeof m_place * places.capacity());
+    store->pictures.insert({key.constData(), key.size()}, picture, cost);
 }

@@ -4,12 +4,14 @@
 #ifndef KELLOOK_P_H
 #define KELLOOK_P_H
 
+#include <QtCore/QByteArray>
 #include <QtCore/QRectF>
-#include <QtCore/QString>
 #include <QtCore/QVarLengthArray>
+#include <QtCore/QtEndian>
 #include <QtGui/QFont>
 
 #include <array>
+#include <utility>
 
 QT_BEGIN_NAMESPACE
 class QBrush;
@@ -24,36 +26,28 @@ public:
     // Each drawing has an address of its own. What it draws lies relative to rect.
     KELLookKey(const void *drawing, const QRectF &rect);
 
-    KELLookKey &operator<<(qreal number);
+    KELLookKey &operator<<(qreal number) { return *this << qFromUnaligned<quint64>(&number); }
     KELLookKey &operator<<(const QBrush &brush); // a gradient or a texture is never kept
     KELLookKey &operator<<(quint64 number)
     {
-        m_numbers.append(number);
+        Q_ASSERT(m_size < m_numbers.size());
+        m_numbers[m_size++] = number;
         return *this;
     }
-    void addText(const QString &text, const QFont &font) { m_texts.append({text, font}); }
+    void addText(const QString &text, const QFont &font);
 
-    bool operator==(const KELLookKey &other) const;
+    using Texts = QVarLengthArray<std::pair<QString, QFont>, 3>;
 
 private:
     friend class KELLook;
-    friend uint qHash(const KELLookKey &key, uint seed);
 
-    struct Text
-    {
-        bool operator==(const Text &other) const
-        {
-            return text == other.text && font == other.font;
-        }
-
-        QString text;
-        QFont font;
-    };
+    quint64 &last() { return m_numbers[m_size - 1]; }
+    QByteArray bytes() const; // valid as long as the key does not change
 
     QPointF m_corner;
-    QVarLengthArray<quint64, 40> m_numbers;
-    QVarLengthArray<Text, 3> m_texts;
-    int m_outcome = 0; // of those that differ from place to place
+    std::array<quint64, 64> m_numbers; // more than any control has
+    std::size_t m_size = 0;
+    Texts m_texts;
     bool m_isKeepable = true;
 };
 
@@ -68,16 +62,17 @@ private:
 class KELLook
 {
 public:
-    // Calls draw(), or leaves picture and painter as it would. draw() may change the painter's pen
-    // and brush, and its font if the key has a text, but nothing else of it.
+    // Calls draw(), or leaves picture and painter as it would and returns true: its pen, its brush
+    // and, if the key has a text, its font. What else draw() changes is not given back.
     template <typename Draw>
-    static void paint(QPainter *painter, KELLookKey &&key, const Draw &draw)
+    static bool paint(QPainter *painter, KELLookKey &&key, const Draw &draw)
     {
         KELLook look(painter, &key);
         if (look.giveBack())
-            return;
+            return true;
         draw();
         look.keep();
+        return false;
     }
 
     // The corner of the drawing, and what the painter adds to it.
