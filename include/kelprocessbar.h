@@ -45,7 +45,8 @@ class KELProcessBarPrivate;
  * - The round ends are drawn with a clip that replaces the painter's own and is not restored. This
  *   has a visible effect in two cases, both without the cache: in a view with
  *   QGraphicsView::DontSavePainterState, and in a parent that clips its children, where the bar is
- *   not clipped.
+ *   not clipped. With the cache, a view may paint the bar without leaving the clip: the painter
+ *   ends with the bar.
  */
 // Compat: the class name, for a progress bar.
 class KELGDI_EXPORT KELProcessBar : public KELRoundRectControl

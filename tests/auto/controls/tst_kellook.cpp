@@ -4,6 +4,7 @@
 #include "controlclasses.h"
 #include "keltest.h"
 #include "rows.h"
+#include "stage.h"
 
 #include <QtGui/QPaintEngine>
 #include <QtGui/QPicture>
@@ -340,6 +341,53 @@ qint64 allocatedBytes()
     return qint64(info.uordblks + info.hblkhd);
 }
 
+const QRectF barRect(20, 20, 200, 60);
+
+void mark(QPainter *painter)
+{
+    painter->fillRect(barRect, Qt::magenta);
+}
+
+class MarkedBar : public KELProcessBar
+{
+    Q_OBJECT
+
+public:
+    void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override
+    {
+        KELProcessBar::paint(painter, option, widget);
+        mark(painter);
+    }
+};
+
+// Has a bar painted into its own picture.
+class BarPainter : public PlainItem
+{
+    Q_OBJECT
+
+public:
+    explicit BarPainter(KELProcessBar *bar) :
+        PlainItem(barRect.adjusted(-10, -10, 10, 10)), m_bar(bar)
+    {
+        setCacheMode(DeviceCoordinateCache);
+    }
+    void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override
+    {
+        m_bar->paint(painter, option, widget);
+        mark(painter);
+    }
+
+private:
+    KELProcessBar *const m_bar;
+};
+
+// The view, when the item is painted once more.
+QImage repainted(KelTestView *view, QGraphicsItem *item)
+{
+    item->update();
+    return view->grab().toImage().convertToFormat(QImage::Format_RGB32);
+}
+
 } // namespace
 
 class tst_KELLook : public KelTest
@@ -420,6 +468,46 @@ private Q_SLOTS:
                 QCOMPARE(difference(paint(&control, target, Keep::Yes), expected), QString());
         }
         QVERIFY(outcomes > 0); // without them it would test nothing
+    }
+
+    void progressBarsClipStaysOnThePainter()
+    {
+        KELProcessBar bar;
+        bar.setboundRect(0, 0, 120, 60);
+        for (int i = 0; i < 4; ++i) {
+            Target target;
+            QImage image(target.size, target.format);
+            image.fill(Qt::transparent);
+            QPainter painter(&image);
+            bar.paint(&painter, nullptr);
+            QCOMPARE(painter.clipBoundingRect(), QRectF(0, 15, 120, 30));
+        }
+    }
+
+    void whatIsDrawnOnAProgressBarInAViewIsClipped_data()
+    {
+        QTest::addColumn<bool>("derived");
+        QTest::newRow("by a derived class") << true;
+        QTest::newRow("by another item") << false;
+    }
+
+    // A bar in the picture that the scene keeps of it has no need of its clip. Nobody draws there.
+    void whatIsDrawnOnAProgressBarInAViewIsClipped()
+    {
+        QFETCH(const bool, derived);
+        KelTestView view;
+        KELProcessBar *const bar = derived ? new MarkedBar : new KELProcessBar;
+        bar->setboundRect(barRect);
+        view.ownScene.addItem(bar);
+        QGraphicsItem *marked = bar;
+        if (!derived)
+            view.ownScene.addItem(marked = new BarPainter(bar));
+        QVERIFY(view.showAndWait());
+        const QImage first = repainted(&view, marked);
+        QVERIFY(first.pixelColor(120, 50) == Qt::magenta);
+        QVERIFY(first.pixelColor(21, 21) != Qt::magenta);
+        for (int i = 0; i < 4; ++i)
+            QCOMPARE(KelImage::difference(repainted(&view, marked), first), QString());
     }
 
     // Captions that come again and again, more than there is room for.
