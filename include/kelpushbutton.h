@@ -108,8 +108,8 @@ public:
 
 protected:
     //! Consumes presses, releases and double clicks of any button but the left one on child items.
-    //! Ignores the start of a touch there, so that Qt turns it into a press, while the button
-    //! handles the events of its children, as it does by default. \a watched is not used.
+    //! While the button handles the events of its children, as it does by default, it ignores the
+    //! start of a touch there, so that Qt turns it into a press. \a watched is not used.
     bool sceneEventFilter(QGraphicsItem *watched, QEvent *event) override;
 
 private:

@@ -13,9 +13,9 @@ usage() {
 Usage: scripts/valgrind.sh [NAME...]
 
 Runs the unit tests of build/dev under valgrind's memcheck, two at a time, and fails on an error, on a block that is
-definitely lost and on a failed test. NAME is that of a test in ctest; all by default, which takes about 15 minutes. The
-test program must be built: ./check --valgrind builds it. The reports are in build/valgrind. tests/shared/valgrind.supp
-lists what is ignored inside other libraries.
+definitely lost and on a failed test. NAME is that of a test in ctest; all by default, which takes about 15 minutes.
+The test program must be built: ./check --valgrind builds it. The reports are in build/valgrind.
+tests/shared/valgrind.supp lists what is ignored inside other libraries.
 
 Left out are tests that need an X server or start other programs, which memcheck would not look into. The deletion
 matrix, the binding fuzzer and the monkey run at a smaller size.
