@@ -132,13 +132,15 @@ Control makeRich(const ControlClass &controlClass)
     style->xRadius = 9;
     style->yRadius = 7;
     style->text = u"Start the pump of the third tank"_s;
-    style->textFlags = Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap;
+    style->textFlags = Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextWordWrap;
     style->icon = KELIconFont('A');
     style->iconSize = 20;
     style->font.setPointSize(11);
     style->margins = QMarginsF(2, 3, 4, 5);
     if (auto *box = qobject_cast<KELCheckBox *>(control.get()))
         static_cast<KELCheckBoxStyle *>(box->style())->indicatorBrush = QColor(0, 90, 160);
+    if (qobject_cast<KELRadioBox *>(control.get()))
+        control->setCheck(true);
     if (auto *slide = qobject_cast<KELSlideControl *>(control.get()))
         slide->setValue(30);
     if (auto *bar = qobject_cast<KELProcessBar *>(control.get()))
@@ -193,7 +195,7 @@ const FieldChange fieldChanges[] = {
     {"text", [](auto *c) { c->style()->text = u"Start the pump of the third tanl"_s; }},
     {"no text", [](auto *c) { c->style()->text.clear(); }},
     {"alignment",
-     [](auto *c) { c->style()->textFlags = Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap; }},
+     [](auto *c) { c->style()->textFlags = Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap; }},
     {"trimming", [](auto *c) { c->style()->trimText = !c->style()->trimText; }},
     {"font", [](auto *c) { c->style()->font.setPointSize(12); }},
     {"bold", [](auto *c) { c->style()->font.setBold(true); }},
@@ -203,6 +205,12 @@ const FieldChange fieldChanges[] = {
     {"bottom margin", [](auto *c) { c->style()->margins.setBottom(9); }},
     {"glyph", [](auto *c) { c->style()->icon = KELIconFont('B'); }},
     {"no glyph", [](auto *c) { c->style()->icon = KELIconFont(); }},
+    {"font of the glyph",
+     [](auto *c) {
+         KELIconFont::g_fontFamily = u"DejaVu Serif"_s;
+         c->style()->icon = KELIconFont('A');
+         KELIconFont::g_fontFamily.clear();
+     }},
     {"size of the glyph", [](auto *c) { c->style()->iconSize = 25; }},
     {"pixmap",
      [](auto *c) {
@@ -284,6 +292,8 @@ const TargetChange targetChanges[] = {
     {"first pixel", [](Target *t) { t->prepare = pixelAt(0, 0); }},
     {"second pixel", [](Target *t) { t->prepare = pixelAt(1, 0); }},
     {"last pixel of a row", [](Target *t) { t->prepare = pixelAt(125, 30); }},
+    {"pixel of the first row with ink", [](Target *t) { t->prepare = pixelAt(125, 3); }},
+    {"pixel of the last row with ink", [](Target *t) { t->prepare = pixelAt(0, 62); }},
     {"first pixel of the last row", [](Target *t) { t->prepare = pixelAt(0, 65); }},
     {"last pixel", [](Target *t) { t->prepare = pixelAt(125, 65); }},
     {"opaque", [](Target *t) { t->prepare = [](QImage *image) { image->fill(Qt::gray); }; }},
@@ -422,6 +432,24 @@ private Q_SLOTS:
         targetChanges[fetch<size_t>("target")].change(&target);
         QCOMPARE(differenceInPaints(control.get(), target), QString());
         QCOMPARE(differenceInPaints(control.get()), QString());
+        // A look that comes to such a target first.
+        control->setboundRect(0, 0, 119, 59);
+        QCOMPARE(differenceInPaints(control.get(), target), QString());
+        QCOMPARE(differenceInPaints(control.get()), QString());
+    }
+
+    // What a font leaves open comes from there.
+    void fontOfTheApplicationCounts()
+    {
+        const QFont before = QApplication::font();
+        KELPushButton button;
+        button.setText(u"Start"_s);
+        QCOMPARE(differenceInPaints(&button), QString());
+        QFont other(u"DejaVu Serif"_s);
+        other.setPixelSize(20);
+        QApplication::setFont(other);
+        QCOMPARE(differenceInPaints(&button), QString());
+        QApplication::setFont(before);
     }
 
     void ownPenAndBrushOfThePainter_data()
