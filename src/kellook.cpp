@@ -15,13 +15,12 @@
 
 #include <algorithm>
 #include <cstring>
-#include <utility>
 #include <vector>
 
 namespace {
 
 constexpr int storeBytes = 2 * 1024 * 1024;
-constexpr int seenLooks = 1024;
+constexpr int seenLooks = 8 * 1024;
 
 // One outcome of a drawing, and where it came out so.
 struct Picture
@@ -55,12 +54,12 @@ public:
         return owner.store->m_isOn ? owner.store.data() : nullptr;
     }
 
-    // The first outcome that is as wanted, counted in the key's last number, or that of a new one.
+    // The first outcome that is as wanted, or null and the number of a new one in the key.
     template <typename IsWanted>
-    Picture *find(const QByteArray &key, quint64 *outcome, const IsWanted &isWanted) const
+    Picture *find(KELLookKey::Numbers *key, const IsWanted &isWanted) const
     {
-        for (*outcome = 0;; ++*outcome) {
-            Picture *const picture = pictures.object(key);
+        for (key->outcome = 0;; ++key->outcome) {
+            Picture *const picture = pictures.object(*key);
             if (!picture || isWanted(*picture))
                 return picture;
         }
@@ -68,11 +67,10 @@ public:
 
     bool isFirstSight(uint hash) { return std::exchange(m_seen[hash % seenLooks], hash) != hash; }
 
-    QCache<QByteArray, Picture> pictures{storeBytes};
+    QCache<KELLookKey::Numbers, Picture> pictures{storeBytes};
 
 private:
     using QObject::QObject;
-
     const bool m_isOn = !qEnvironmentVariableIsSet("KEL_NO_KEPT_LOOKS");
     std::array<uint, seenLooks> m_seen = {};
 };
@@ -86,7 +84,9 @@ QImage *imageOf(const QPainter &painter)
     auto *const image = dynamic_cast<QImage *>(engine->paintDevice());
     constexpr int largestBytes = storeBytes / 8;
     const bool isUsable = image && image->format() == QImage::Format_ARGB32_Premultiplied
-        && image->bytesPerLine() == 4 * image->width() && image->sizeInBytes() <= largestBytes;
+        && image->bytesPerLine() == 4 * image->width() && image->sizeInBytes() <= largestBytes
+        && qFromUnaligned<QRgb>(image->constBits()) == 0 // not blank, most likely
+        && qFromUnaligned<QRgb>(image->constBits() + image->sizeInBytes() / 8 * 4) == 0;
     return isUsable ? image : nullptr;
 }
 
@@ -139,23 +139,13 @@ KELLookKey &KELLookKey::operator<<(const QBrush &brush)
 
 void KELLookKey::addText(const QString &text, const QFont &font)
 {
-    *this << quint64(qHash(text));
     m_texts.append({text, font});
-}
-
-QByteArray KELLookKey::bytes() const
-{
-    return QByteArray::fromRawData(reinterpret_cast<const char *>(m_numbers.data()),
-                                   int(m_size * sizeof(quint64)));
 }
 
 KELLook::KELLook(QPainter *painter, KELLookKey *key) : m_painter(painter), m_key(key)
 {
-    const bool isExact = key->m_isKeepable && painter->isActive() && Store::instance()
-        && addTarget() && addPainter() && (key->m_texts.isEmpty() || addFonts());
-    if (isExact)
-        *key << quint64(0); // the outcome: there may be several, at different places
-    else
+    if (!key->m_isKeepable || !painter->isActive() || !Store::instance() || !addTarget()
+        || !addPainter() || (!key->m_texts.isEmpty() && !addFonts()))
         m_image = nullptr;
 }
 
@@ -192,25 +182,26 @@ bool KELLook::addFonts()
     m_painter->setFont(QFont());
     m_key->m_texts.append({{}, m_painter->font()});
     m_painter->setFont(font);
+    for (const auto &text : qAsConst(m_key->m_texts))
+        *m_key << quint64(qHash(text.first));
     *m_key << quint64(m_painter->layoutDirection()) << quint64(m_painter->device()->logicalDpiY())
            << quint64(KELFontWatch::generation());
     return m_painter->deviceTransform().type() <= QTransform::TxTranslate
         && QFont::substitutions().isEmpty();
 }
 
-// From the second sight on: most of what is drawn once does not come again.
+// From the second sight at a place on: most of what is drawn once does not come again.
 bool KELLook::giveBack()
 {
     if (!m_image)
         return false;
     Store *const store = Store::instance();
-    const QByteArray key = m_key->bytes();
-    quint64 &outcome = m_key->last();
-    const Picture *const picture = store->find(key, &outcome, [this](const Picture &each) {
+    const Picture *const picture = store->find(&m_key->m_numbers, [this](const Picture &each) {
         return std::binary_search(each.places.begin(), each.places.end(), m_place)
             && each.texts == m_key->m_texts;
     });
-    const bool isNew = !picture && outcome == 0 && store->isFirstSight(qHash(key));
+    const bool isNew = !picture
+        && store->isFirstSight(qHashBits(&m_place, sizeof m_place, uint(m_key->m_numbers.hash)));
     // The bytes that the painter got when it began. Drawing leaves rows without ink as they are.
     uchar *const bytes = const_cast<uchar *>(m_image->constBits())
         + (picture ? picture->skipped : 0);
@@ -233,20 +224,19 @@ void KELLook::keep()
         return;
     int skipped = 0;
     const QByteArray ink = inkOf(*m_image, &skipped);
-    const QByteArray key = m_key->bytes();
     Store *const store = Store::instance();
-    Picture *picture = store->find(key, &m_key->last(), [&](const Picture &each) {
+    Picture *picture = store->find(&m_key->m_numbers, [&](const Picture &each) {
         return each.skipped == skipped && each.ink == ink && each.texts == m_key->m_texts;
     });
     if (picture) {
-        store->pictures.take(key); // its cost changes
+        store->pictures.take(m_key->m_numbers); // its cost changes
     } else {
         picture = new Picture{m_key->m_texts,     skipped,           ink, m_painter->pen(),
                               m_painter->brush(), m_painter->font(), {}};
     }
     auto &places = picture->places;
     places.insert(std::lower_bound(places.begin(), places.end(), m_place), m_place);
-    constexpr int otherBytes = 500; // what the containers add, roughly
-    const int cost = otherBytes + key.size() + ink.size() + int(sizeof m_place * places.capacity());
-    store->pictures.insert({key.constData(), key.size()}, picture, cost);
+    constexpr int otherBytes = 1000; // roughly
+    const int cost = otherBytes + ink.size() + int(sizeof m_place * places.capacity());
+    store->pictures.insert(m_key->m_numbers, picture, cost);
 }

@@ -4,7 +4,6 @@
 #ifndef KELLOOK_P_H
 #define KELLOOK_P_H
 
-#include <QtCore/QByteArray>
 #include <QtCore/QRectF>
 #include <QtCore/QVarLengthArray>
 #include <QtCore/QtEndian>
@@ -30,22 +29,33 @@ public:
     KELLookKey &operator<<(const QBrush &brush); // a gradient or a texture is never kept
     KELLookKey &operator<<(quint64 number)
     {
-        Q_ASSERT(m_size < m_numbers.size());
-        m_numbers[m_size++] = number;
+        Q_ASSERT(m_size < m_numbers.all.size());
+        m_numbers.all[m_size++] = number;
+        m_numbers.hash = (m_numbers.hash ^ number) * 0x9E3779B97F4A7C15;
+        m_numbers.hash ^= m_numbers.hash >> 32;
         return *this;
     }
     void addText(const QString &text, const QFont &font);
 
     using Texts = QVarLengthArray<std::pair<QString, QFont>, 3>;
+    struct Numbers
+    {
+        bool operator==(const Numbers &other) const
+        {
+            return outcome == other.outcome && all == other.all;
+        }
+        friend uint qHash(const Numbers &key, uint seed) { return uint(key.hash) ^ seed; }
+
+        std::array<quint64, 40> all = {}; // as many as a push button has with what is added
+        quint64 hash = 0;
+        int outcome = 0; // of those that differ from place to place
+    };
 
 private:
     friend class KELLook;
 
-    quint64 &last() { return m_numbers[m_size - 1]; }
-    QByteArray bytes() const; // valid as long as the key does not change
-
     QPointF m_corner;
-    std::array<quint64, 64> m_numbers; // more than any control has
+    Numbers m_numbers;
     std::size_t m_size = 0;
     Texts m_texts;
     bool m_isKeepable = true;

@@ -444,6 +444,8 @@ private Q_SLOTS:
         const QFont before = QApplication::font();
         KELPushButton button;
         button.setText(u"Start"_s);
+        button.style()->font = QFont();
+        button.style()->font.setPixelSize(15);
         QCOMPARE(differenceInPaints(&button), QString());
         QFont other(u"DejaVu Serif"_s);
         other.setPixelSize(20);
