@@ -91,6 +91,14 @@ private:
     QPainter m_painter;
 };
 
+template <typename Control>
+Paint painted(const Control &control)
+{
+    return [&control](QPainter *painter) {
+        const_cast<Control &>(control).paint(painter, nullptr, nullptr);
+    };
+}
+
 // An item of a scenario, by hand and by the library.
 struct Part
 {
@@ -118,12 +126,43 @@ public:
     void run(const std::vector<Part> &parts) const
     {
         measure("QPainter", Benchmark::Role::Floor, parts, &Part::floor);
-        measure("KELGdiControl", Benchmark::Role::Library, parts, &Part::library);
+        measure(Benchmark::libraryName(), Benchmark::libraryRole(), parts, &Part::library);
         const bool isSame = std::all_of(parts.begin(), parts.end(), [](const Part &part) {
             const QImage floor = imageOf(part, &Part::floor);
             return floor == imageOf(part, &Part::library) && !isBlank(floor);
         });
-        Benchmark::printValue(m_name, "KELGdiControl", "same pixels", isSame ? "yes" : "no");
+        Benchmark::printValue(m_name, Benchmark::libraryName(), "same pixels",
+                              isSame ? "yes" : "no");
+    }
+
+    // Only the last of the paints that follow each change counts.
+    template <typename Control, typename Change>
+    static void runChanged(const QByteArray &name, Control *control, Change change, int paints)
+    {
+        measureEach(name, [&](Benchmark::Meter *meter) {
+            change();
+            Canvas canvas(control->boundingRect().toRect());
+            for (int paint = 1; paint < paints; ++paint)
+                canvas.paint(painted(*control));
+            canvas.paint([&](QPainter *painter) {
+                meter->measure([&] { control->paint(painter, nullptr, nullptr); });
+            });
+        });
+    }
+
+    // Over what is there already.
+    template <typename Control>
+    static void runOverWhite(const QByteArray &name, Control *control)
+    {
+        Canvas canvas(control->boundingRect().toRect());
+        canvas.paint(painted(*control));
+        canvas.paint(
+            [&](QPainter *painter) { painter->fillRect(control->boundingRect(), Qt::white); });
+        measureEach(name, [&](Benchmark::Meter *meter) {
+            canvas.paintOver([&](QPainter *painter) {
+                meter->measure([&] { control->paint(painter, nullptr, nullptr); });
+            });
+        });
     }
 
     // The widget by its style, as it paints itself in a window, and in a proxy.
@@ -162,6 +201,19 @@ public:
 private:
     static constexpr int usual = 1000;
 
+    template <typename Run>
+    static void measureEach(const QByteArray &name, Run run)
+    {
+        const int repetitions = Benchmark::repetitions(usual);
+        Benchmark::Meter unread;
+        for (int i = 0; i < 3; ++i)
+            run(&unread); // warm-up
+        Benchmark::Meter meter;
+        for (int i = 0; i < repetitions; ++i)
+            run(&meter);
+        meter.report(name, Benchmark::libraryName(), Benchmark::libraryRole(), repetitions);
+    }
+
     static QImage imageOf(const Part &part, Paint Part::*paint)
     {
         Canvas canvas(part.rect);
@@ -181,7 +233,7 @@ private:
         measure(contender, Benchmark::Role::Other, {{rect().toRect(), paint, paint}}, &Part::floor);
     }
 
-    void measure(const char *contender, Benchmark::Role role, const std::vector<Part> &parts,
+    void measure(const QByteArray &contender, Benchmark::Role role, const std::vector<Part> &parts,
                  Paint Part::*paint) const
     {
         if (!Benchmark::isWanted(role))
@@ -206,14 +258,6 @@ private:
     const QSize m_size;
     const QByteArray m_name;
 };
-
-template <typename Control>
-Paint painted(const Control &control)
-{
-    return [&control](QPainter *painter) {
-        const_cast<Control &>(control).paint(painter, nullptr, nullptr);
-    };
-}
 
 template <typename Drawing>
 Paint drawn(const Drawing &drawing)
@@ -470,6 +514,60 @@ void measureComboBox(const QSize &size)
     scenario.runQuick("ComboBox { model: ['Settings'] }");
 }
 
+// Colours that no other paint has.
+QBrush colour(int i)
+{
+    return QColor(64 + i % 128, 64 + i / 128 % 128, 96);
+}
+
+// The same six digits in another order: no glyph is new.
+QString numberCaption(int i)
+{
+    QString rest = QStringLiteral("1234567");
+    QString digits;
+    for (; !rest.isEmpty(); rest.remove(digits.back())) {
+        digits.append(rest.at(i % rest.size()));
+        i /= rest.size();
+    }
+    return digits;
+}
+
+// Where little or nothing can be given back.
+template <typename Control>
+void measureSights(const char *what, const QSize &size, bool hasCaption)
+{
+    const QRectF rect(QPointF(), size);
+    const QByteArray name = "paint, " + QByteArray(what) + ", " + QByteArray::number(size.width())
+        + " x " + QByteArray::number(size.height());
+    const auto named = [&name](const char *sight) { return name + ", " + sight; };
+    Control control;
+    control.setboundRect(rect);
+    if (hasCaption)
+        control.setText(caption);
+    control.style()->xRadius = control.style()->yRadius = HandDrawing::cornerPx;
+    const QBrush background = control.style()->backgroundBrush;
+    int last = 0; // what was seen in one row is not new in the next
+    const auto recolour = [&] { control.style()->backgroundBrush = colour(++last); };
+    const auto moveOn = [&] { control.setboundRect(rect.translated(size.width() * ++last, 0)); };
+    Scenario::runChanged(named("first paint"), &control, recolour, 1);
+    Scenario::runChanged(named("second paint"), &control, recolour, 2);
+    Scenario::runChanged(named("third paint"), &control, recolour, 3);
+    control.style()->backgroundBrush = background;
+    if (hasCaption) {
+        Scenario::runChanged(
+            named("first paint of a caption"), &control,
+            [&] { control.setText(numberCaption(++last)); }, 1);
+        control.setText(caption);
+    }
+    // Of a look that is kept.
+    for (int paint = 0; paint < 3; ++paint)
+        Canvas(control.boundingRect().toRect()).paint(painted(control));
+    Scenario::runChanged(named("first paint at another place"), &control, moveOn, 1);
+    Scenario::runChanged(named("second paint at another place"), &control, moveOn, 2);
+    control.setboundRect(rect);
+    Scenario::runOverWhite(named("not onto blank"), &control);
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -490,6 +588,12 @@ int main(int argc, char *argv[])
         measureProgressBar(size);
         measureSlider(size);
         measureComboBox(size);
+        measureSights<KELPushButton>("push button", size, true);
+        measureSights<KELLabel>("label", size, true);
+        measureSights<KELCheckBox>("check box", size, false);
+        measureSights<KELRadioBox>("radio box", size, false);
+        measureSights<KELProcessBar>("progress bar", size, false);
+        measureSights<KELSlideControl>("slider", size, false);
     }
     return 0;
 }

@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <cstring>
 #include <ctime>
+#include <sys/resource.h>
 
 #ifdef KEL_HAVE_CALLGRIND
 #  include <valgrind/callgrind.h>
@@ -56,17 +57,11 @@ inline const char *nameOf(Role role)
     return "other";
 }
 
-// With --quick only the library is measured, and what it is compared with.
 inline bool isQuick = false;
 
 inline void readArguments(int argc, char *argv[])
 {
     isQuick = argc > 1 && std::strcmp(argv[1], "--quick") == 0;
-}
-
-inline bool isWanted(Role role)
-{
-    return !isQuick || role != Role::Other;
 }
 
 // usual by the clock; instruction counts are linear in the number of repetitions, so that few are
@@ -75,6 +70,38 @@ inline int repetitions(int usual)
 {
     constexpr int fewer = 100;
     return RUNNING_ON_VALGRIND ? std::max(1, usual / fewer) : usual;
+}
+
+// With KEL_NO_KEPT_LOOKS set the library is a contender of its own, with which the usual one is
+// compared.
+inline bool isKeepingLooks()
+{
+    return !qEnvironmentVariableIsSet("KEL_NO_KEPT_LOOKS");
+}
+
+inline QByteArray libraryName()
+{
+    return isKeepingLooks() ? "KELGdiControl" : "KELGdiControl, no looks kept";
+}
+
+inline Role libraryRole()
+{
+    return isKeepingLooks() ? Role::Library : Role::Reference;
+}
+
+// With --quick only the library is measured, and what it is compared with; without looks that are
+// kept, only the library.
+inline bool isWanted(Role role)
+{
+    return isKeepingLooks() ? !isQuick || role != Role::Other : role == Role::Reference;
+}
+
+// Those that the system gave the process without reading a file.
+inline qint64 pageFaults()
+{
+    rusage used{};
+    getrusage(RUSAGE_SELF, &used);
+    return used.ru_minflt;
 }
 
 inline void print(const char *kind, const QByteArray &scenario, const QByteArray &contender,
