@@ -19,6 +19,8 @@
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QGraphicsProxyWidget>
+#include <QtWidgets/QGraphicsScene>
+#include <QtWidgets/QGraphicsView>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QProgressBar>
 #include <QtWidgets/QPushButton>
@@ -31,6 +33,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -459,6 +462,38 @@ void measureProgressBar(const QSize &size)
     scenario.runQuick("ProgressBar { value: 0.4 }");
 }
 
+// A view that does something while it is painted, once.
+class View : public QGraphicsView
+{
+public:
+    View(QGraphicsScene *scene, std::function<void()> run) :
+        QGraphicsView(scene), m_run(std::move(run))
+    { }
+
+protected:
+    void drawForeground(QPainter * /*painter*/, const QRectF & /*rect*/) override
+    {
+        if (const auto run = std::exchange(m_run, nullptr))
+            run();
+    }
+
+private:
+    std::function<void()> m_run;
+};
+
+void measureProgressBarInScene(const QSize &size)
+{
+    const Scenario scenario("progress bar painted by a scene", size);
+    QGraphicsScene scene;
+    scene.setItemIndexMethod(QGraphicsScene::NoIndex);
+    auto *const control = new KELProcessBar;
+    control->setboundRect(scenario.rect());
+    control->setValue(40);
+    scene.addItem(control);
+    const HandDrawing::ProgressBar drawing(scenario.rect());
+    View(&scene, [&] { scenario.run(drawn(drawing), painted(*control)); }).grab();
+}
+
 void measureSlider(const QSize &size)
 {
     const Scenario scenario("slider", size);
@@ -586,6 +621,7 @@ int main(int argc, char *argv[])
         measureCheckBox(size);
         measureRadioBox(size);
         measureProgressBar(size);
+        measureProgressBarInScene(size);
         measureSlider(size);
         measureComboBox(size);
         measureSights<KELPushButton>("push button", size, true);
