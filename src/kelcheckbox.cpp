@@ -169,9 +169,12 @@ void KELCheckBox::paint(QPainter *painter, const QStyleOptionGraphicsItem *style
     if (!KELPainting::isPaintable(option.boundRect))
         return;
     painter->setRenderHint(QPainter::Antialiasing, true);
-    KELLookKey key = KELPainting::shapeKey(&staticMetaObject, option);
-    key << option.indicatorBrush << quint64(option.isCheck) << quint64(uint(d->layoutMode));
-    KELLook::paint(painter, std::move(key), [&] {
+    const auto makeKey = [&] {
+        KELLookKey key = KELPainting::shapeKey(&staticMetaObject, option);
+        key << option.indicatorBrush << quint64(option.isCheck) << quint64(uint(d->layoutMode));
+        return key;
+    };
+    KELLook::paint(painter, makeKey, [&] {
         if (d->layoutMode == 0)
             drawSwitch(painter, option);
         else

@@ -20,7 +20,7 @@
 namespace {
 
 constexpr int storeBytes = 2 * 1024 * 1024;
-constexpr int seenLooks = 8 * 1024;
+constexpr int seenLooks = 1024;
 
 // One outcome of a drawing, and where it came out so.
 struct Picture
@@ -75,21 +75,6 @@ private:
     std::array<uint, seenLooks> m_seen = {};
 };
 
-// An image whose bytes are those that the painter writes.
-QImage *imageOf(const QPainter &painter)
-{
-    const QPaintEngine *const engine = painter.paintEngine();
-    if (engine->type() != QPaintEngine::Raster || !engine->systemClip().isEmpty())
-        return nullptr;
-    auto *const image = dynamic_cast<QImage *>(engine->paintDevice());
-    constexpr int largestBytes = storeBytes / 8;
-    const bool isUsable = image && image->format() == QImage::Format_ARGB32_Premultiplied
-        && image->bytesPerLine() == 4 * image->width() && image->sizeInBytes() <= largestBytes
-        && qFromUnaligned<QRgb>(image->constBits()) == 0 // not blank, most likely
-        && qFromUnaligned<QRgb>(image->constBits() + image->sizeInBytes() / 8 * 4) == 0;
-    return isUsable ? image : nullptr;
-}
-
 template <std::size_t... Index>
 const uchar *skipBlank(const uchar *bytes, const uchar *end,
                        std::index_sequence<Index...> /*words*/)
@@ -109,8 +94,8 @@ bool isBlank(const uchar *bytes, int size)
     return std::all_of(bytes, end, [](uchar byte) { return byte == 0; });
 }
 
-// All rows but the blank ones at both ends; skipped is the number of bytes before.
-QByteArray inkOf(const QImage &image, int *skipped)
+// All rows but the blank ones at both ends.
+Picture *pictureOf(const QImage &image, const KELLookKey::Texts &texts, const QPainter &painter)
 {
     const int rowBytes = image.bytesPerLine();
     const uchar *first = image.constBits();
@@ -119,8 +104,13 @@ QByteArray inkOf(const QImage &image, int *skipped)
         first += rowBytes;
     while (first != end && isBlank(end - rowBytes, rowBytes))
         end -= rowBytes;
-    *skipped = int(first - image.constBits());
-    return {reinterpret_cast<const char *>(first), int(end - first)};
+    return new Picture{texts,
+                       int(first - image.constBits()),
+                       {reinterpret_cast<const char *>(first), int(end - first)},
+                       painter.pen(),
+                       painter.brush(),
+                       painter.font(),
+                       {}};
 }
 
 } // namespace
@@ -142,32 +132,40 @@ void KELLookKey::addText(const QString &text, const QFont &font)
     m_texts.append({text, font});
 }
 
-KELLook::KELLook(QPainter *painter, KELLookKey *key) : m_painter(painter), m_key(key)
+KELLook::KELLook(QPainter *painter, KELLookKey *key, QImage *image) :
+    m_painter(painter), m_key(key), m_image(image)
 {
-    if (!key->m_isKeepable || !painter->isActive() || !Store::instance() || !addTarget()
-        || !addPainter() || (!key->m_texts.isEmpty() && !addFonts()))
+    if (!key->m_isKeepable || !addPainter() || (!key->m_texts.isEmpty() && !addFonts()))
         m_image = nullptr;
 }
 
-bool KELLook::addTarget()
+// An image whose bytes are those that the painter writes.
+QImage *KELLook::blankImageOf(const QPainter &painter)
 {
-    m_image = imageOf(*m_painter);
-    const QTransform &toDevice = m_painter->deviceTransform();
-    if (!m_image || toDevice.type() > QTransform::TxScale)
-        return false;
-    m_place = {m_key->m_corner.x(), m_key->m_corner.y(), toDevice.dx(), toDevice.dy()};
-    const QPointF corner = toDevice.map(m_key->m_corner);
-    *m_key << corner.x() << corner.y() << toDevice.m11() << toDevice.m22()
-           << quint64(m_image->width()) << quint64(m_image->height());
-    return qIsFinite(corner.x()) && qIsFinite(corner.y());
+    const QPaintEngine *const engine = painter.paintEngine();
+    if (!engine || engine->type() != QPaintEngine::Raster || !Store::instance()
+        || engine->paintDevice()->devType() != QInternal::Image)
+        return nullptr;
+    auto *const image = static_cast<QImage *>(engine->paintDevice());
+    const bool isUsable = image->format() == QImage::Format_ARGB32_Premultiplied
+        && image->bytesPerLine() == 4 * image->width() && image->sizeInBytes() <= storeBytes / 8
+        && image->pixel(0, 0) == 0 && image->pixel(image->rect().center()) == 0
+        && engine->systemClip().isEmpty();
+    return isUsable ? image : nullptr;
 }
 
-// Pen and brush are those of a new painter, or none.
+// Pen and brush must be those of a new painter, or none.
 bool KELLook::addPainter()
 {
+    const QTransform &toDevice = m_painter->deviceTransform();
+    const QPointF corner = toDevice.map(m_key->m_corner);
     const bool hasPen = m_painter->pen().style() != Qt::NoPen;
-    *m_key << quint64(hasPen) << quint64(m_painter->renderHints());
-    return !m_painter->hasClipping() && m_painter->opacity() >= 1
+    m_place = {m_key->m_corner.x(), m_key->m_corner.y(), toDevice.dx(), toDevice.dy()};
+    *m_key << corner.x() << corner.y() << toDevice.m11() << toDevice.m22()
+           << quint64(m_image->width()) << quint64(m_image->height()) << quint64(hasPen)
+           << quint64(m_painter->renderHints());
+    return toDevice.type() <= QTransform::TxScale && qIsFinite(corner.x()) && qIsFinite(corner.y())
+        && !m_painter->hasClipping() && m_painter->opacity() >= 1
         && m_painter->compositionMode() == QPainter::CompositionMode_SourceOver
         && m_painter->backgroundMode() == Qt::TransparentMode
         && m_painter->pen() == (hasPen ? QPen() : QPen(Qt::NoPen))
@@ -190,18 +188,18 @@ bool KELLook::addFonts()
         && QFont::substitutions().isEmpty();
 }
 
-// From the second sight at a place on: most of what is drawn once does not come again.
+// From the second sight on: most of what is drawn once does not come again.
 bool KELLook::giveBack()
 {
     if (!m_image)
         return false;
-    Store *const store = Store::instance();
-    const Picture *const picture = store->find(&m_key->m_numbers, [this](const Picture &each) {
-        return std::binary_search(each.places.begin(), each.places.end(), m_place)
-            && each.texts == m_key->m_texts;
-    });
-    const bool isNew = !picture
-        && store->isFirstSight(qHashBits(&m_place, sizeof m_place, uint(m_key->m_numbers.hash)));
+    const Picture *const picture = Store::instance()->find(
+        &m_key->m_numbers, [this](const Picture &each) {
+            return std::binary_search(each.places.begin(), each.places.end(), m_place)
+                && each.texts == m_key->m_texts;
+        });
+    const bool isNew = !picture && m_key->m_numbers.outcome == 0
+        && Store::instance()->isFirstSight(uint(m_key->m_numbers.hash));
     // The bytes that the painter got when it began. Drawing leaves rows without ink as they are.
     uchar *const bytes = const_cast<uchar *>(m_image->constBits())
         + (picture ? picture->skipped : 0);
@@ -222,21 +220,19 @@ void KELLook::keep()
 {
     if (!m_image)
         return;
-    int skipped = 0;
-    const QByteArray ink = inkOf(*m_image, &skipped);
     Store *const store = Store::instance();
-    Picture *picture = store->find(&m_key->m_numbers, [&](const Picture &each) {
-        return each.skipped == skipped && each.ink == ink && each.texts == m_key->m_texts;
+    Picture *picture = pictureOf(*m_image, m_key->m_texts, *m_painter);
+    const bool isKnown = store->find(&m_key->m_numbers, [picture](const Picture &each) {
+        return each.skipped == picture->skipped && each.ink == picture->ink
+            && each.texts == picture->texts;
     });
-    if (picture) {
-        store->pictures.take(m_key->m_numbers); // its cost changes
-    } else {
-        picture = new Picture{m_key->m_texts,     skipped,           ink, m_painter->pen(),
-                              m_painter->brush(), m_painter->font(), {}};
+    if (isKnown) {
+        delete picture;
+        picture = store->pictures.take(m_key->m_numbers); // its cost changes
     }
     auto &places = picture->places;
     places.insert(std::lower_bound(places.begin(), places.end(), m_place), m_place);
     constexpr int otherBytes = 1000; // roughly
-    const int cost = otherBytes + ink.size() + int(sizeof m_place * places.capacity());
+    const int cost = otherBytes + picture->ink.size() + int(sizeof m_place * places.capacity());
     store->pictures.insert(m_key->m_numbers, picture, cost);
 }

@@ -74,14 +74,19 @@ class KELLook
 public:
     // Calls draw(), or leaves picture and painter as it would and returns true: its pen, its brush
     // and, if the key has a text, its font. What else draw() changes is not given back.
-    template <typename Draw>
-    static bool paint(QPainter *painter, KELLookKey &&key, const Draw &draw)
+    template <typename MakeKey, typename Draw>
+    static bool paint(QPainter *painter, const MakeKey &makeKey, const Draw &draw)
     {
-        KELLook look(painter, &key);
-        if (look.giveBack())
-            return true;
-        draw();
-        look.keep();
+        if (QImage *const image = blankImageOf(*painter)) {
+            KELLookKey key = makeKey();
+            KELLook look(painter, &key, image);
+            if (look.giveBack())
+                return true;
+            draw();
+            look.keep();
+        } else {
+            draw();
+        }
         return false;
     }
 
@@ -91,8 +96,8 @@ public:
 private:
     Q_DISABLE_COPY(KELLook)
 
-    KELLook(QPainter *painter, KELLookKey *key);
-    bool addTarget();
+    KELLook(QPainter *painter, KELLookKey *key, QImage *image);
+    static QImage *blankImageOf(const QPainter &painter); // perhaps blank, or null
     bool addPainter();
     bool addFonts();
     bool giveBack();
@@ -101,7 +106,7 @@ private:
     QPainter *const m_painter;
     KELLookKey *const m_key;
     Place m_place = {};
-    QImage *m_image = nullptr; // while the look may be kept
+    QImage *m_image; // while the look may be kept
 };
 
 #endif

@@ -190,8 +190,9 @@ KELLookKey KELPainting::contentKey(const void *drawing, const KELRoundRectContro
 void KELPainting::drawBackground(QPainter *painter, const KELRoundRectControlStyle &option)
 {
     if (option.backgroundBrush.style() != Qt::NoBrush || option.borderBrush.style() != Qt::NoBrush)
-        KELLook::paint(painter, shapeKey(&shapeDrawing, option),
-                       [&] { drawShape(painter, option); });
+        KELLook::paint(
+            painter, [&] { return shapeKey(&shapeDrawing, option); },
+            [&] { drawShape(painter, option); });
 }
 
 qreal KELPainting::usableRadius(qreal radius)

@@ -14,7 +14,6 @@
 
 #include <algorithm>
 #include <typeinfo>
-#include <utility>
 
 namespace {
 
@@ -101,11 +100,14 @@ void KELProcessBar::paint(QPainter *painter, const QStyleOptionGraphicsItem * /*
     // Compat: the clip replaces the painter's and stays there
     const auto clip = [&] { painter->setClipPath(pillOf(bar, *m_style), Qt::ReplaceClip); };
 
-    KELLookKey key(&staticMetaObject, bar);
-    key << m_style->xRadius << m_style->yRadius << m_style->backgroundBrush << m_style->borderBrush
-        << m_style->foregroundBrush;
-    key.addText(text, painter->font()); // has the value
-    const bool isGivenBack = KELLook::paint(painter, std::move(key), [&] {
+    const auto makeKey = [&] {
+        KELLookKey key(&staticMetaObject, bar);
+        key << m_style->xRadius << m_style->yRadius << m_style->backgroundBrush
+            << m_style->borderBrush << m_style->foregroundBrush;
+        key.addText(text, painter->font()); // has the value
+        return key;
+    };
+    const bool isGivenBack = KELLook::paint(painter, makeKey, [&] {
         clip();
         painter->setPen(Qt::NoPen);
         painter->setBrush(KELPainting::usableBrush(m_style->backgroundBrush));

@@ -170,10 +170,13 @@ void KELPushButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *sty
         drawContents(painter, caption, option);
         return;
     }
-    const QMarginsF &iconMargins = option.iconMargins;
-    KELLookKey key = KELPainting::contentKey(&staticMetaObject, option);
-    key << iconMargins.left() << iconMargins.top() << iconMargins.right() << iconMargins.bottom();
-    KELLook::paint(painter, std::move(key), [&] { drawContents(painter, caption, option); });
+    const auto makeKey = [&option] {
+        const QMarginsF &margins = option.iconMargins;
+        KELLookKey key = KELPainting::contentKey(&staticMetaObject, option);
+        key << margins.left() << margins.top() << margins.right() << margins.bottom();
+        return key;
+    };
+    KELLook::paint(painter, makeKey, [&] { drawContents(painter, caption, option); });
 }
 
 KELPushButtonStyle *KELPushButton::initStyle()

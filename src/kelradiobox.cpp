@@ -111,10 +111,13 @@ void KELRadioBox::paint(QPainter *painter, const QStyleOptionGraphicsItem * /*st
     const QRectF circle(rect.x() + rect.width() * 0.5 - circleSizePx * 0.5,
                         rect.y() + rect.height() * 0.5 - circleSizePx * 0.5, circleSizePx,
                         circleSizePx);
-    KELLookKey key(&staticMetaObject, rect);
-    key << qreal(m_style->borderWidth) << m_style->borderBrush << m_style->backgroundBrush
-        << m_style->foregroundBrush << quint64(m_style->isCheck);
-    KELLook::paint(painter, std::move(key), [&] {
+    const auto makeKey = [&] {
+        KELLookKey key(&staticMetaObject, rect);
+        key << qreal(m_style->borderWidth) << m_style->borderBrush << m_style->backgroundBrush
+            << m_style->foregroundBrush << quint64(m_style->isCheck);
+        return key;
+    };
+    KELLook::paint(painter, makeKey, [&] {
         painter->setPen(KELPainting::outlinePen(m_style->borderBrush, m_style->borderWidth));
         painter->setBrush(KELPainting::usableBrush(m_style->backgroundBrush));
         KELPainting::drawEllipse(painter, circle);

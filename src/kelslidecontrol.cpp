@@ -171,10 +171,13 @@ void KELSlideControl::paint(QPainter *painter, const QStyleOptionGraphicsItem * 
         && fill.style() != Qt::NoBrush;
     const QRectF &knob = d->knobRect;
 
-    KELLookKey key(&staticMetaObject, rect);
-    key << m_style->backgroundBrush << fill << outline << quint64(isFilled) << knob.x() << knob.y()
-        << knob.width() << knob.height();
-    KELLook::paint(painter, std::move(key), [&] {
+    const auto makeKey = [&] {
+        KELLookKey key(&staticMetaObject, rect);
+        key << m_style->backgroundBrush << fill << outline << quint64(isFilled) << knob.x()
+            << knob.y() << knob.width() << knob.height();
+        return key;
+    };
+    KELLook::paint(painter, makeKey, [&] {
         if (m_style->backgroundBrush.style() != Qt::NoBrush) {
             painter->setPen(Qt::NoPen);
             painter->setBrush(KELPainting::usableBrush(m_style->backgroundBrush));
