@@ -20,7 +20,6 @@
 namespace {
 
 constexpr int storeBytes = 2 * 1024 * 1024;
-constexpr int seenLooks = 1024;
 
 // One outcome of a drawing, and where it came out so.
 struct Picture
@@ -65,14 +64,14 @@ public:
         }
     }
 
-    bool isFirstSight(uint hash) { return std::exchange(m_seen[hash % seenLooks], hash) != hash; }
+    bool isNew(uint hash) { return std::exchange(m_seen[hash % m_seen.size()], hash) != hash; }
 
     QCache<KELLookKey::Numbers, Picture> pictures{storeBytes};
 
 private:
     using QObject::QObject;
     const bool m_isOn = !qEnvironmentVariableIsSet("KEL_NO_KEPT_LOOKS");
-    std::array<uint, seenLooks> m_seen = {};
+    std::array<uint, 1024> m_seen = {};
 };
 
 template <std::size_t... Index>
@@ -198,13 +197,13 @@ bool KELLook::giveBack()
             return std::binary_search(each.places.begin(), each.places.end(), m_place)
                 && each.texts == m_key->m_texts;
         });
-    const bool isNew = !picture && m_key->m_numbers.outcome == 0
-        && Store::instance()->isFirstSight(uint(m_key->m_numbers.hash));
+    const bool isFirst = !picture && m_key->m_numbers.outcome == 0
+        && Store::instance()->isNew(uint(m_key->m_numbers.hash));
     // The bytes that the painter got when it began. Drawing leaves rows without ink as they are.
     uchar *const bytes = const_cast<uchar *>(m_image->constBits())
         + (picture ? picture->skipped : 0);
     const int size = picture ? picture->ink.size() : int(m_image->sizeInBytes());
-    if (isNew || !isBlank(bytes, size))
+    if (isFirst || !isBlank(bytes, size))
         m_image = nullptr;
     if (!m_image || !picture)
         return false;
