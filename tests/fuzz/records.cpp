@@ -10,7 +10,6 @@
 #include <QtCore/QtMath>
 #include <QtGui/QImage>
 #include <QtGui/QPainter>
-#include <QtWidgets/QStyleOptionGraphicsItem>
 
 #include <algorithm>
 #include <cmath>
@@ -173,23 +172,6 @@ void readOwnPart(FuzzBytes *in, KELRoundRectControl *control)
     }
 }
 
-void paintTree(QPainter *painter, QGraphicsItem *item)
-{
-    const QStyleOptionGraphicsItem option;
-    painter->save();
-    item->paint(painter, &option, nullptr);
-    painter->restore();
-    const QList<QGraphicsItem *> children = item->childItems();
-    for (QGraphicsItem *child : children) {
-        if (!child->isVisible())
-            continue;
-        painter->save();
-        painter->translate(child->pos());
-        paintTree(painter, child);
-        painter->restore();
-    }
-}
-
 bool isWithin(qreal value, qreal least, qreal most)
 {
     return value >= least && value <= most;
@@ -331,7 +313,7 @@ QString KelFuzz::records(const QByteArray &bytes)
         image.fill(background);
         QPainter painter(&image);
         painter.setTransform(transform);
-        paintTree(&painter, control.get());
+        KelImage::paintTree(&painter, control.get());
         return image;
     };
     // Qt draws some characters otherwise the second time: a third picture decides.

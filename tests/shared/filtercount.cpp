@@ -3,13 +3,13 @@
 
 #include "filtercount.h"
 
+#include "original.h"
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QPointer>
 #include <QtCore/QVector>
 
 #include <algorithm>
-#include <cstring>
-#include <dlfcn.h>
 
 namespace {
 
@@ -21,21 +21,11 @@ QVector<QPointer<QObject>> &filters()
 
 using Function = void (QObject::*)(QObject *);
 
-// That of Qt. A pointer to a member function that is not virtual begins with the address, on the
-// processors that this runs on.
-Function original(const char *symbol)
-{
-    Function function = nullptr;
-    void *const address = dlsym(RTLD_NEXT, symbol);
-    std::memcpy(&function, &address, sizeof address);
-    return function;
-}
-
 } // namespace
 
 void QObject::installEventFilter(QObject *filterObj)
 {
-    static const Function install = original("_ZN7QObject18installEventFilterEPS_");
+    static const Function install = original<Function>("_ZN7QObject18installEventFilterEPS_");
     if (this == QCoreApplication::instance() && !filters().contains(filterObj))
         filters().append(filterObj);
     (this->*install)(filterObj);
@@ -43,7 +33,7 @@ void QObject::installEventFilter(QObject *filterObj)
 
 void QObject::removeEventFilter(QObject *obj)
 {
-    static const Function remove = original("_ZN7QObject17removeEventFilterEPS_");
+    static const Function remove = original<Function>("_ZN7QObject17removeEventFilterEPS_");
     if (this == QCoreApplication::instance())
         filters().removeAll(obj);
     (this->*remove)(obj);

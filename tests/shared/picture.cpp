@@ -129,6 +129,28 @@ QImage KelImage::paint(QGraphicsItem *item, const QSize &size, qreal scale)
     });
 }
 
+void KelImage::paintTree(QPainter *painter, QGraphicsItem *item)
+{
+    const QStyleOptionGraphicsItem option;
+    painter->save();
+    item->paint(painter, &option, nullptr);
+    painter->restore();
+    paintChildren(painter, item);
+}
+
+void KelImage::paintChildren(QPainter *painter, QGraphicsItem *item)
+{
+    const QList<QGraphicsItem *> children = item->childItems();
+    for (QGraphicsItem *child : children) {
+        if (!child->isVisible())
+            continue;
+        painter->save();
+        painter->translate(child->pos());
+        paintTree(painter, child);
+        painter->restore();
+    }
+}
+
 QString KelImage::difference(const QImage &actual, const QImage &expected)
 {
     if (actual == expected)

@@ -26,6 +26,10 @@ inline QImage blank(const QSize &size, qreal scale = 1)
 // Draws the item's paint() that way.
 QImage paint(QGraphicsItem *item, const QSize &size, qreal scale = 1);
 
+// Paints an item with its visible children, as a scene does, and leaves the painter as it was.
+void paintTree(QPainter *painter, QGraphicsItem *item);
+void paintChildren(QPainter *painter, QGraphicsItem *item);
+
 // Empty when equal; otherwise says where the pictures differ, and names the picture that it saved:
 // both, side by side and enlarged, and the pixels that differ.
 QString difference(const QImage &actual, const QImage &expected);
