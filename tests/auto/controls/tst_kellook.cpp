@@ -540,27 +540,31 @@ private Q_SLOTS:
             QCOMPARE(KelImage::difference(repainted(&view, marked), first), QString());
     }
 
-    // Captions that come again and again, more than there is room for.
+    // More captions than there is room for, each in six looks.
     void storeIsBounded()
     {
         constexpr qint64 storeBytes = 2 * 1024 * 1024;
         constexpr qint64 otherBytes = 200 * 1024; // of Qt: glyphs, for example
+        const QColor colours[] = {Qt::red, Qt::green, Qt::blue, Qt::gray, Qt::cyan, Qt::black};
         KELPushButton button;
         button.setboundRect(0, 0, 120, 60);
-        const auto paintTexts = [&button](int count) {
-            for (int i = 0; i < count; ++i) {
+        const auto paintTexts = [&](int first, int end) {
+            for (int i = first; i < end; ++i) {
                 button.style()->text = QString::number(i);
-                for (int again = 0; again < 3; ++again)
-                    paint(&button, Target(), Keep::Yes);
+                for (const QColor &colour : colours) {
+                    button.style()->backgroundBrush = colour;
+                    for (int again = 0; again < 3; ++again)
+                        paint(&button, Target(), Keep::Yes);
+                }
             }
         };
-        paintTexts(20);
+        paintTexts(0, 20);
         const qint64 before = allocatedBytes();
-        paintTexts(1000);
-        const qint64 grown = allocatedBytes() - before;
-        QVERIFY2(grown < storeBytes + otherBytes, QByteArray::number(grown));
-        paintTexts(1000);
-        QVERIFY(allocatedBytes() - before < storeBytes + otherBytes);
+        for (int end = 1000; end <= 10000; end += 1000) {
+            paintTexts(end - 1000, end);
+            const qint64 grown = allocatedBytes() - before;
+            QVERIFY2(grown < storeBytes + otherBytes, QByteArray::number(grown));
+        }
     }
 };
 
