@@ -197,7 +197,7 @@ bool KELLook::giveBack()
             return std::binary_search(each.places.begin(), each.places.end(), m_place)
                 && each.texts == m_key->m_texts;
         });
-    const bool isFirst = !picture && m_key->m_numbers.outcome == 0
+    const bool isFirst = picture == nullptr && m_key->m_numbers.outcome == 0
         && Store::instance()->isNew(uint(m_key->m_numbers.hash));
     // The bytes that the painter got when it began. Drawing leaves rows without ink as they are.
     uchar *const bytes = const_cast<uchar *>(m_image->constBits())
@@ -221,11 +221,11 @@ void KELLook::keep()
         return;
     Store *const store = Store::instance();
     Picture *picture = pictureOf(*m_image, m_key->m_texts, *m_painter);
-    const bool isKnown = store->find(&m_key->m_numbers, [picture](const Picture &each) {
+    const Picture *const known = store->find(&m_key->m_numbers, [picture](const Picture &each) {
         return each.skipped == picture->skipped && each.ink == picture->ink
             && each.texts == picture->texts;
     });
-    if (isKnown) {
+    if (known) {
         delete picture;
         picture = store->pictures.take(m_key->m_numbers); // its cost changes
     }
