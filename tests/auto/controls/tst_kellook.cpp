@@ -443,6 +443,7 @@ private Q_SLOTS:
     {
         const QFont before = QApplication::font();
         KELPushButton button;
+        button.setboundRect(0, 0, 120, 60);
         button.setText(u"Start"_s);
         button.style()->font = QFont();
         button.style()->font.setPixelSize(15);
