@@ -231,7 +231,6 @@ void KELLook::keep()
     }
     auto &places = picture->places;
     places.insert(std::lower_bound(places.begin(), places.end(), m_place), m_place);
-    constexpr int otherBytes = 1000; // roughly
-    const int cost = otherBytes + picture->ink.size() + int(sizeof m_place * places.capacity());
+    const int cost = 1000 + picture->ink.size() + int(sizeof m_place * places.capacity()); // about
     store->pictures.insert(m_key->m_numbers, picture, cost);
 }

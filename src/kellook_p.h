@@ -36,6 +36,7 @@ public:
         return *this;
     }
     void addText(const QString &text, const QFont &font);
+    void refuse() { m_isKeepable = false; }
 
     using Texts = QVarLengthArray<std::pair<QString, QFont>, 3>;
     struct Numbers
@@ -46,7 +47,7 @@ public:
         }
         friend uint qHash(const Numbers &key, uint seed) { return uint(key.hash) ^ seed; }
 
-        std::array<quint64, 40> all = {}; // as many as a push button has with what is added
+        std::array<quint64, 40> all = {}; // a push button with a glyph has 37
         quint64 hash = 0;
         int outcome = 0; // of those that differ from place to place
     };

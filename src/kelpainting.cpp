@@ -180,6 +180,8 @@ KELLookKey KELPainting::contentKey(const void *drawing, const KELRoundRectContro
     key << option.foregroundBrush << margins.left() << margins.top() << margins.right()
         << margins.bottom() << quint64(uint(option.textFlags)) << quint64(option.trimText);
     key.addText(option.text, option.font);
+    if (!option.pixmap.isNull())
+        key.refuse();
     if (!option.icon.isNull()) {
         key << quint64(uint(option.iconSize));
         key.addText(option.icon, KELGlyphFont::of(option.icon));

@@ -56,8 +56,8 @@ QPen outlinePen(const QBrush &brush, float width);
 // The pen of captions and glyphs.
 QPen captionPen(const QBrush &brush);
 
-// What the rounded rectangle of the record depends on, and that with all of its contents but the
-// pixmap.
+// What the rounded rectangle of the record depends on, and that with all of its contents. A look
+// with a pixmap is not kept.
 KELLookKey shapeKey(const void *drawing, const KELRoundRectControlStyle &option);
 KELLookKey contentKey(const void *drawing, const KELRoundRectControlStyle &option);
 

@@ -166,10 +166,6 @@ void KELPushButton::paint(QPainter *painter, const QStyleOptionGraphicsItem *sty
     painter->setBrush(Qt::NoBrush);
 
     KELCaptionCache *const caption = &KELControlPrivate::get(this)->caption;
-    if (!option.pixmap.isNull()) {
-        drawContents(painter, caption, option);
-        return;
-    }
     const auto makeKey = [&option] {
         const QMarginsF &margins = option.iconMargins;
         KELLookKey key = KELPainting::contentKey(&staticMetaObject, option);

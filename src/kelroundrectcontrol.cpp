@@ -311,13 +311,9 @@ void KELRoundRectControl::paint(QPainter *painter, const QStyleOptionGraphicsIte
                             true);
     painter->setPen(Qt::NoPen);
     painter->setBrush(Qt::NoBrush);
-    if (option.pixmap.isNull()) {
-        KELLook::paint(
-            painter, [&] { return KELPainting::contentKey(&staticMetaObject, option); },
-            [&] { d->drawContents(painter, option); });
-    } else {
-        d->drawContents(painter, option);
-    }
+    KELLook::paint(
+        painter, [&] { return KELPainting::contentKey(&staticMetaObject, option); },
+        [&] { d->drawContents(painter, option); });
 }
 
 void KELRoundRectControl::setCheck(bool check)

@@ -32,7 +32,7 @@ repeated() {
     sort "$results"/run*-"$1" | uniq -c | sed -n "s/^ *$runs \([rs][ec]\)/\1/p"
 }
 
-# Of a million pictures Qt itself draws a few otherwise the next time: what differs must do so again.
+# Qt itself draws a few pictures in a million differently from run to run: a difference counts if it recurs.
 for runs in 1 2 3; do
     both "run$runs" "$@" || exit 1
     repeated with >"$results/with"

@@ -191,7 +191,7 @@ std::unique_ptr<Control> randomControl(Dice *dice)
     return control;
 }
 
-// None of more than 8 bits: there Qt rounds a few pictures otherwise from one run to the next.
+// None with more than 8 bits a channel: Qt draws those slightly differently from run to run.
 const QImage::Format formats[] = {QImage::Format_ARGB32,
                                   QImage::Format_RGB32,
                                   QImage::Format_RGB16,
