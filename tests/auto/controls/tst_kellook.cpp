@@ -438,6 +438,18 @@ private Q_SLOTS:
         QCOMPARE(differenceInPaints(control.get()), QString());
     }
 
+    void pixmapCounts_data() { addRows({{"class", namesOf(controlClasses())}}); }
+
+    void pixmapCounts()
+    {
+        const Control control = makeRich(controlClasses().at(fetch<size_t>("class")));
+        control->style()->pixmap = QPixmap(30, 20);
+        for (const Qt::GlobalColor colour : {Qt::darkCyan, Qt::darkRed}) {
+            control->style()->pixmap.fill(colour);
+            QCOMPARE(differenceInPaints(control.get()), QString());
+        }
+    }
+
     // What a font leaves open comes from there.
     void fontOfTheApplicationCounts()
     {
