@@ -7,14 +7,16 @@
 
 #include <QtCore/QCache>
 #include <QtCore/QCoreApplication>
-#include <QtCore/QPointer>
+#include <QtCore/QScopeGuard>
 #include <QtCore/QThread>
 #include <QtGui/QImage>
 #include <QtGui/QPaintEngine>
 #include <QtGui/QPainter>
 
 #include <algorithm>
+#include <bitset>
 #include <cstring>
+#include <memory>
 #include <vector>
 
 namespace {
@@ -37,20 +39,18 @@ struct Picture
 class Store : public QObject
 {
 public:
-    // Null without an application, in another thread than its own, and if turned off.
-    static Store *instance()
+    ~Store() override { self = nullptr; }
+
+    // Not without an application, not in another thread than its own, and not if turned off.
+    static bool isUsable()
     {
-        static struct Owner
-        {
-            ~Owner() { delete store; } // the library may be unloaded
-            QPointer<Store> store;
-        } owner;
+        static const auto owner = qScopeGuard([] { delete self; }); // the library may be unloaded
         QCoreApplication *const app = QCoreApplication::instance();
         if (!app || QThread::currentThread() != app->thread())
-            return nullptr;
-        if (!owner.store)
-            owner.store = new Store(app);
-        return owner.store->m_isOn ? owner.store.data() : nullptr;
+            return false;
+        if (!self)
+            self = new Store(app);
+        return self->m_isOn;
     }
 
     // The first outcome that is as wanted, or null and the number of a new one in the key.
@@ -64,19 +64,29 @@ public:
         }
     }
 
-    bool isNew(uint hash) { return std::exchange(m_seen[hash % m_seen.size()], hash) != hash; }
+    // Forgets all from time to time, and takes some for seen that are new.
+    bool isNew(quint64 hash)
+    {
+        auto isSeen = m_seen[hash % m_seen.size()];
+        if (isSeen)
+            return false;
+        if (++m_newCount % 1024 == 0)
+            m_seen.reset();
+        return isSeen = true;
+    }
 
+    static inline Store *self = nullptr;
     QCache<KELLookKey::Numbers, Picture> pictures{storeBytes};
 
 private:
     using QObject::QObject;
     const bool m_isOn = !qEnvironmentVariableIsSet("KEL_NO_KEPT_LOOKS");
-    std::array<uint, 1024> m_seen = {};
+    std::bitset<65536> m_seen;
+    unsigned m_newCount = 0;
 };
 
 template <std::size_t... Index>
-const uchar *skipBlank(const uchar *bytes, const uchar *end,
-                       std::index_sequence<Index...> /*words*/)
+const uchar *skipBlank(const uchar *bytes, const uchar *end, std::index_sequence<Index...> /*word*/)
 {
     constexpr std::size_t step = sizeof...(Index) * sizeof(quint64);
     while (bytes + step <= end
@@ -114,11 +124,6 @@ Picture *pictureOf(const QImage &image, const KELLookKey::Texts &texts, const QP
 
 } // namespace
 
-KELLookKey::KELLookKey(const void *drawing, const QRectF &rect) : m_corner(rect.topLeft())
-{
-    *this << quint64(quintptr(drawing)) << rect.width() << rect.height();
-}
-
 KELLookKey &KELLookKey::operator<<(const QBrush &brush)
 {
     const bool isSolid = brush.style() == Qt::SolidPattern && brush.color().spec() == QColor::Rgb;
@@ -126,15 +131,12 @@ KELLookKey &KELLookKey::operator<<(const QBrush &brush)
     return *this << quint64(isSolid) << quint64(brush.color().rgba64());
 }
 
-void KELLookKey::addText(const QString &text, const QFont &font)
-{
-    m_texts.append({text, font});
-}
-
 KELLook::KELLook(QPainter *painter, KELLookKey *key, QImage *image) :
     m_painter(painter), m_key(key), m_image(image)
 {
-    if (!key->m_isKeepable || !addPainter() || (!key->m_texts.isEmpty() && !addFonts()))
+    // From the second sight on: most of what is drawn once does not come again.
+    if (!key->m_isKeepable || !addPainter() || Store::self->isNew(key->m_numbers.hash)
+        || (!key->m_texts.isEmpty() && !addFonts()))
         m_image = nullptr;
 }
 
@@ -142,13 +144,14 @@ KELLook::KELLook(QPainter *painter, KELLookKey *key, QImage *image) :
 QImage *KELLook::blankImageOf(const QPainter &painter)
 {
     const QPaintEngine *const engine = painter.paintEngine();
-    if (!engine || engine->type() != QPaintEngine::Raster || !Store::instance()
+    if (!engine || engine->type() != QPaintEngine::Raster || !Store::isUsable()
         || engine->paintDevice()->devType() != QInternal::Image)
         return nullptr;
     auto *const image = static_cast<QImage *>(engine->paintDevice());
+    const auto *const pixels = reinterpret_cast<const QRgb *>(image->constBits());
     const bool isUsable = image->format() == QImage::Format_ARGB32_Premultiplied
         && image->bytesPerLine() == 4 * image->width() && image->sizeInBytes() <= storeBytes / 8
-        && image->pixel(0, 0) == 0 && image->pixel(image->rect().center()) == 0
+        && pixels[0] == 0 && pixels[image->height() / 2 * image->width() + image->width() / 2] == 0
         && engine->systemClip().isEmpty();
     return isUsable ? image : nullptr;
 }
@@ -158,16 +161,16 @@ bool KELLook::addPainter()
 {
     const QTransform &toDevice = m_painter->deviceTransform();
     const QPointF corner = toDevice.map(m_key->m_corner);
-    const bool hasPen = m_painter->pen().style() != Qt::NoPen;
+    static const QPen noPen(Qt::NoPen);
+    const QPen &pen = m_painter->pen();
     m_place = {m_key->m_corner.x(), m_key->m_corner.y(), toDevice.dx(), toDevice.dy()};
     *m_key << corner.x() << corner.y() << toDevice.m11() << toDevice.m22()
-           << quint64(m_image->width()) << quint64(m_image->height()) << quint64(hasPen)
+           << quint64(m_image->width()) << quint64(m_image->height()) << quint64(pen.style())
            << quint64(m_painter->renderHints());
     return toDevice.type() <= QTransform::TxScale && qIsFinite(corner.x()) && qIsFinite(corner.y())
         && !m_painter->hasClipping() && m_painter->opacity() >= 1
         && m_painter->compositionMode() == QPainter::CompositionMode_SourceOver
-        && m_painter->backgroundMode() == Qt::TransparentMode
-        && m_painter->pen() == (hasPen ? QPen() : QPen(Qt::NoPen))
+        && m_painter->backgroundMode() == Qt::TransparentMode && (pen == QPen() || pen == noPen)
         && m_painter->brush() == QBrush();
 }
 
@@ -179,32 +182,25 @@ bool KELLook::addFonts()
     m_painter->setFont(QFont());
     m_key->m_texts.append({{}, m_painter->font()});
     m_painter->setFont(font);
-    for (const auto &text : qAsConst(m_key->m_texts))
-        *m_key << quint64(qHash(text.first));
     *m_key << quint64(m_painter->layoutDirection()) << quint64(m_painter->device()->logicalDpiY())
            << quint64(KELFontWatch::generation());
     return m_painter->deviceTransform().type() <= QTransform::TxTranslate
         && QFont::substitutions().isEmpty();
 }
 
-// From the second sight on: most of what is drawn once does not come again.
 bool KELLook::giveBack()
 {
     if (!m_image)
         return false;
-    const Picture *const picture = Store::instance()->find(
-        &m_key->m_numbers, [this](const Picture &each) {
-            return std::binary_search(each.places.begin(), each.places.end(), m_place)
-                && each.texts == m_key->m_texts;
-        });
-    const bool isFirst = picture == nullptr && m_key->m_numbers.outcome == 0
-        && Store::instance()->isNew(uint(m_key->m_numbers.hash));
+    const auto *const picture = Store::self->find(&m_key->m_numbers, [this](const Picture &each) {
+        return std::binary_search(each.places.begin(), each.places.end(), m_place)
+            && each.texts == m_key->m_texts;
+    });
     // The bytes that the painter got when it began. Drawing leaves rows without ink as they are.
     uchar *const bytes = const_cast<uchar *>(m_image->constBits())
         + (picture ? picture->skipped : 0);
     const int size = picture ? picture->ink.size() : int(m_image->sizeInBytes());
-    if (isFirst || !isBlank(bytes, size))
-        m_image = nullptr;
+    m_image = isBlank(bytes, size) ? m_image : nullptr;
     if (!m_image || !picture)
         return false;
     std::memmove(bytes, picture->ink.constData(), std::size_t(size));
@@ -219,18 +215,15 @@ void KELLook::keep()
 {
     if (!m_image)
         return;
-    Store *const store = Store::instance();
-    Picture *picture = pictureOf(*m_image, m_key->m_texts, *m_painter);
-    const Picture *const known = store->find(&m_key->m_numbers, [picture](const Picture &each) {
+    std::unique_ptr<Picture> picture(pictureOf(*m_image, m_key->m_texts, *m_painter));
+    const auto *const known = Store::self->find(&m_key->m_numbers, [&picture](const Picture &each) {
         return each.skipped == picture->skipped && each.ink == picture->ink
             && each.texts == picture->texts;
     });
-    if (known) {
-        delete picture;
-        picture = store->pictures.take(m_key->m_numbers); // its cost changes
-    }
+    if (known)
+        picture.reset(Store::self->pictures.take(m_key->m_numbers)); // its cost changes
     auto &places = picture->places;
     places.insert(std::lower_bound(places.begin(), places.end(), m_place), m_place);
     const int cost = 1000 + picture->ink.size() + int(sizeof m_place * places.capacity()); // about
-    store->pictures.insert(m_key->m_numbers, picture, cost);
+    Store::self->pictures.insert(m_key->m_numbers, picture.release(), cost);
 }

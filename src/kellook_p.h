@@ -23,7 +23,10 @@ class KELLookKey
 {
 public:
     // Each drawing has an address of its own. What it draws lies relative to rect.
-    KELLookKey(const void *drawing, const QRectF &rect);
+    KELLookKey(const void *drawing, const QRectF &rect) : m_corner(rect.topLeft())
+    {
+        *this << quint64(quintptr(drawing)) << rect.width() << rect.height();
+    }
 
     KELLookKey &operator<<(qreal number) { return *this << qFromUnaligned<quint64>(&number); }
     KELLookKey &operator<<(const QBrush &brush); // a gradient or a texture is never kept
@@ -31,11 +34,15 @@ public:
     {
         Q_ASSERT(m_size < m_numbers.all.size());
         m_numbers.all[m_size++] = number;
-        m_numbers.hash = (m_numbers.hash ^ number) * 0x9E3779B97F4A7C15;
-        m_numbers.hash ^= m_numbers.hash >> 32;
+        const quint64 mixed = (m_numbers.hash ^ number) * 0x9E3779B97F4A7C15;
+        m_numbers.hash = mixed >> 32 | mixed << 32;
         return *this;
     }
-    void addText(const QString &text, const QFont &font);
+    void addText(const QString &text, const QFont &font)
+    {
+        m_texts.append({text, font});
+        *this << quint64(qHash(text));
+    }
     void refuse() { m_isKeepable = false; }
 
     using Texts = QVarLengthArray<std::pair<QString, QFont>, 3>;

@@ -3,9 +3,11 @@
 
 #include "controlclasses.h"
 #include "keltest.h"
+#include "paintcount.h"
 #include "rows.h"
 #include "stage.h"
 
+#include <QtCore/QThread>
 #include <QtGui/QPaintEngine>
 #include <QtGui/QPicture>
 
@@ -117,6 +119,17 @@ QString differenceInPaints(KELRoundRectControl *control, const Target &target = 
             return u"paint %1: "_s.arg(i) + found;
     }
     return QString();
+}
+
+// What a small push button has drawn: 0 if it was given back.
+int shapesOf(KELPushButton *button, QRgb colour)
+{
+    Target target;
+    target.size = QSize(16, 16);
+    button->style()->backgroundBrush = QColor(colour);
+    const int before = shapesDrawn();
+    paint(button, target, Keep::Yes);
+    return shapesDrawn() - before;
 }
 
 // A control with everything that a look depends on.
@@ -554,6 +567,51 @@ private Q_SLOTS:
     }
 
     // More captions than there is room for, each in six looks.
+    // Not only as long as no other look comes between.
+    void looksInTurnAreGivenBack()
+    {
+        KELPushButton button;
+        button.setboundRect(0, 0, 10, 10);
+        int shapes = 0;
+        for (int round = 0; round < 5; ++round) {
+            shapes = 0;
+            for (QRgb colour = 0; colour < 300; ++colour)
+                shapes += shapesOf(&button, colour);
+        }
+        QCOMPARE(shapes, 0);
+    }
+
+    void otherThreadsDraw()
+    {
+        KELPushButton button;
+        button.setboundRect(0, 0, 10, 10);
+        for (int i = 0; i < 3; ++i)
+            shapesOf(&button, 0x123456);
+        QCOMPARE(shapesOf(&button, 0x123456), 0);
+        int shapes = 0;
+        const std::unique_ptr<QThread> thread(
+            QThread::create([&] { shapes = shapesOf(&button, 0x123456); }));
+        thread->start();
+        QVERIFY(thread->wait());
+        QVERIFY(shapes > 0);
+    }
+
+    // However many came before.
+    void firstSightIsNotKept()
+    {
+        KELPushButton button;
+        button.setboundRect(0, 0, 10, 10);
+        QRgb colour = 0x10000;
+        for (; colour < 0x10000 + 20000; ++colour)
+            shapesOf(&button, colour);
+        int kept = 0;
+        for (int i = 0; i < 100; ++i, ++colour) {
+            QVERIFY(shapesOf(&button, colour) > 0);
+            kept += shapesOf(&button, colour) == 0 ? 1 : 0;
+        }
+        QVERIFY2(kept < 20, QByteArray::number(kept));
+    }
+
     void storeIsBounded()
     {
         constexpr qint64 storeBytes = 2 * 1024 * 1024;
