@@ -122,10 +122,11 @@ QString differenceInPaints(KELRoundRectControl *control, const Target &target = 
 }
 
 // What a small push button has drawn: 0 if it was given back.
-int shapesOf(KELPushButton *button, QRgb colour)
+int shapesOf(KELPushButton *button, QRgb colour, qreal scale = 1)
 {
     Target target;
-    target.size = QSize(16, 16);
+    target.size = QSize(16, 16) * scale;
+    target.transform.scale(scale, scale);
     button->style()->backgroundBrush = QColor(colour);
     const int before = shapesDrawn();
     paint(button, target, Keep::Yes);
@@ -463,6 +464,20 @@ private Q_SLOTS:
         }
     }
 
+    void gradientCounts_data() { addRows({{"class", namesOf(controlClasses())}}); }
+
+    // Where nothing but its colours tells one from another.
+    void gradientCounts()
+    {
+        const Control control = makeRich(controlClasses().at(fetch<size_t>("class")));
+        for (const Qt::GlobalColor colour : {Qt::darkCyan, Qt::darkRed}) {
+            QLinearGradient gradient(0, 0, 120, 0);
+            gradient.setColorAt(0, colour);
+            control->style()->backgroundBrush = gradient;
+            QCOMPARE(differenceInPaints(control.get()), QString());
+        }
+    }
+
     // What a font leaves open comes from there.
     void fontOfTheApplicationCounts()
     {
@@ -581,16 +596,25 @@ private Q_SLOTS:
         QCOMPARE(shapes, 0);
     }
 
+    void scaledLooksAreGivenBack()
+    {
+        KELPushButton button;
+        button.setboundRect(0, 0, 10, 10);
+        for (int i = 0; i < 2; ++i)
+            QVERIFY(shapesOf(&button, 0x123456, 2) > 0);
+        QCOMPARE(shapesOf(&button, 0x123456, 2), 0);
+    }
+
     void otherThreadsDraw()
     {
         KELPushButton button;
         button.setboundRect(0, 0, 10, 10);
         for (int i = 0; i < 3; ++i)
-            shapesOf(&button, 0x123456);
-        QCOMPARE(shapesOf(&button, 0x123456), 0);
+            shapesOf(&button, 0x654321);
+        QCOMPARE(shapesOf(&button, 0x654321), 0);
         int shapes = 0;
         const std::unique_ptr<QThread> thread(
-            QThread::create([&] { shapes = shapesOf(&button, 0x123456); }));
+            QThread::create([&] { shapes = shapesOf(&button, 0x654321); }));
         thread->start();
         QVERIFY(thread->wait());
         QVERIFY(shapes > 0);
