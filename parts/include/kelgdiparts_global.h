@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#ifndef KELGDIPARTS_GLOBAL_H
+#define KELGDIPARTS_GLOBAL_H
+
+#include <QtCore/qglobal.h>
+
+/*!
+ * \file
+ * \brief The export macro of the parts library.
+ */
+
+/*!
+ * \def KELGDIPARTS_EXPORT
+ * \brief Exports a public class of the parts library. All other symbols are hidden.
+ */
+#if defined(KELGDIPARTS_BUILD)
+#  define KELGDIPARTS_EXPORT Q_DECL_EXPORT
+#else
+#  define KELGDIPARTS_EXPORT Q_DECL_IMPORT
+#endif
+
+#endif

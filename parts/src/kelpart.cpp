@@ -1,0 +1,208 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "kelpart.h"
+
+#include <QtCore/QEvent>
+#include <QtCore/QPointer>
+#include <QtGui/QKeyEvent>
+#include <QtWidgets/QGraphicsScene>
+#include <QtWidgets/QGraphicsSceneMouseEvent>
+
+namespace {
+
+QFont fontOfSize(int px)
+{
+    QFont font;
+    font.setPixelSize(px);
+    return font;
+}
+
+QBrush brush(QRgb colour)
+{
+    return QBrush(QColor(colour));
+}
+
+bool isByKey(Qt::FocusReason reason)
+{
+    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason
+        || reason == Qt::ShortcutFocusReason;
+}
+
+} // namespace
+
+class KELPartPrivate
+{
+public:
+    KELPartStyle style;
+    QPointF pressPos;
+    bool isPressed = false;
+    bool isDrag = false;
+    bool isFocusShown = false;
+};
+
+KELPartStyle::KELPartStyle() :
+    backgroundBrush(brush(0xffffff)),
+    pressedBrush(brush(0xeeeeef)),
+    selectedBrush(brush(0x0b62d6)),
+    selectedForegroundBrush(brush(0xffffff)),
+    foregroundBrush(brush(0x141a22)),
+    mutedBrush(brush(0x56616f)),
+    disabledBrush(brush(0x727883)),
+    borderBrush(brush(0xd5dce5)),
+    accentBrush(brush(0x0b62d6)),
+    accentForegroundBrush(brush(0xffffff)),
+    trackBrush(brush(0xdde3eb)),
+    knobBrush(brush(0x56616f)),
+    borderWidth(1),
+    radius(12),
+    margins(16, 8, 16, 8),
+    spacing(8),
+    rowHeight(64),
+    font(fontOfSize(16)),
+    secondaryFont(fontOfSize(13)),
+    iconSize(24)
+{ }
+
+KELPart::KELPart(QGraphicsItem *parent) : QGraphicsWidget(parent), d(new KELPartPrivate)
+{
+    setAcceptedMouseButtons(Qt::LeftButton);
+}
+
+KELPart::~KELPart()
+{
+    delete d;
+}
+
+KELPartStyle *KELPart::partStyle() const
+{
+    return &d->style;
+}
+
+void KELPart::styleChanged()
+{
+    updateGeometry();
+    update();
+}
+
+bool KELPart::isPressed() const
+{
+    return d->isPressed;
+}
+
+bool KELPart::pressEvent(const QPointF & /*pos*/)
+{
+    return true;
+}
+
+void KELPart::dragEvent(const QPointF & /*pos*/, bool /*isDrag*/) { }
+
+void KELPart::releaseEvent(const QPointF & /*pos*/, bool /*isTap*/) { }
+
+void KELPart::pressLostEvent() { }
+
+bool KELPart::isFocusShown() const
+{
+    return d->isFocusShown && hasFocus();
+}
+
+bool KELPart::isPlainKey(const QKeyEvent *event)
+{
+    return (event->modifiers() & ~Qt::KeypadModifier) == 0;
+}
+
+// The press ends before the hook is called: a slot may delete the part.
+bool KELPart::sceneEvent(QEvent *event)
+{
+    if (event->type() != QEvent::UngrabMouse || !d->isPressed)
+        return QGraphicsWidget::sceneEvent(event);
+    const QPointer<KELPart> self(this);
+    d->isPressed = false;
+    update();
+    pressLostEvent();
+    return !self || QGraphicsWidget::sceneEvent(event);
+}
+
+// Qt takes the grab away on its own when an item is hidden, disabled or removed, and says so with
+// UngrabMouse; but not for a press whose grab an ancestor's filter holds.
+QVariant KELPart::itemChange(GraphicsItemChange change, const QVariant &value)
+{
+    const bool isGone = (change == ItemVisibleHasChanged && !isVisible())
+        || (change == ItemEnabledHasChanged && !isEnabled())
+        || (change == ItemSceneHasChanged && d->isPressed);
+    if (isGone && d->isPressed) {
+        const QPointer<KELPart> self(this);
+        d->isPressed = false;
+        pressLostEvent();
+        if (!self)
+            return value;
+    }
+    return QGraphicsWidget::itemChange(change, value);
+}
+
+void KELPart::mousePressEvent(QGraphicsSceneMouseEvent *event)
+{
+    const QPointer<KELPart> self(this);
+    const bool isTaken = event->button() == Qt::LeftButton && pressEvent(event->pos());
+    event->setAccepted(isTaken);
+    if (!self || !isTaken)
+        return;
+    d->pressPos = event->pos();
+    d->isPressed = true;
+    d->isDrag = false;
+    d->isFocusShown = false;
+    update();
+}
+
+void KELPart::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
+{
+    if (!d->isPressed)
+        return;
+    d->isDrag = d->isDrag || (event->pos() - d->pressPos).manhattanLength() > slopPx;
+    dragEvent(event->pos(), d->isDrag);
+}
+
+void KELPart::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
+{
+    if (!d->isPressed || event->button() != Qt::LeftButton)
+        return;
+    const bool isDrag = d->isDrag || (event->pos() - d->pressPos).manhattanLength() > slopPx;
+    d->isPressed = false;
+    update();
+    releaseEvent(event->pos(), !isDrag);
+}
+
+// A second tap is a tap.
+void KELPart::mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event)
+{
+    mousePressEvent(event);
+}
+
+void KELPart::keyPressEvent(QKeyEvent *event)
+{
+    d->isFocusShown = true;
+    update();
+    QGraphicsWidget::keyPressEvent(event);
+}
+
+void KELPart::focusInEvent(QFocusEvent *event)
+{
+    d->isFocusShown = isByKey(event->reason());
+    update();
+    QGraphicsWidget::focusInEvent(event);
+}
+
+void KELPart::focusOutEvent(QFocusEvent *event)
+{
+    update();
+    QGraphicsWidget::focusOutEvent(event);
+}
+
+void KELPart::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LayoutDirectionChange || event->type() == QEvent::LocaleChange) {
+        updateGeometry();
+        update();
+    }
+    QGraphicsWidget::changeEvent(event);
+}
