@@ -1,0 +1,415 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "hand.h"
+#include "keltest.h"
+#include "rows.h"
+#include "signallog.h"
+
+#include <kelmotion.h>
+#include <kelscreen.h>
+
+#include <QtGui/QPainter>
+#include <QtWidgets/QGraphicsRectItem>
+
+#include <utility>
+
+namespace {
+
+constexpr int slideEndMs = 2000;
+
+// Every second pixel is black, in both directions, so that any scaling shows.
+class PixelItem : public QGraphicsItem
+{
+public:
+    using QGraphicsItem::QGraphicsItem;
+
+    static void draw(QPainter *painter, const QSize &size)
+    {
+        for (int y = 0; y < size.height(); ++y) {
+            for (int x = y % 2; x < size.width(); x += 2)
+                painter->fillRect(x, y, 1, 1, Qt::black);
+        }
+    }
+    QRectF boundingRect() const override { return {0, 0, 120, 90}; }
+    void paint(QPainter *painter, const QStyleOptionGraphicsItem * /*option*/,
+               QWidget * /*widget*/) override
+    {
+        draw(painter, QSize(120, 90));
+    }
+};
+
+class StayingPage : public KELPage
+{
+public:
+    int asked = 0;
+
+protected:
+    bool backEvent() override { return ++asked == 1; }
+};
+
+struct PageStage
+{
+    PageStage()
+    {
+        screen.resize(400, 300);
+        log.listenTo(&screen, u"screen"_s);
+        for (KELPage *page : {first.data(), second.data()})
+            log.listenTo(page, page == first ? u"first"_s : u"second"_s);
+    }
+    ~PageStage()
+    {
+        log.stop();
+        for (KELPage *page : {first.data(), second.data()}) {
+            if (page && !page->screen())
+                delete page;
+        }
+    }
+    void pushBoth()
+    {
+        screen.push(first);
+        screen.push(second);
+        log.take();
+    }
+    bool show()
+    {
+        screen.show();
+        return QTest::qWaitForWindowExposed(&screen);
+    }
+
+    KELScreen screen;
+    const QPointer<KELPage> first = new KELPage;
+    const QPointer<KELPage> second = new KELPage;
+    SignalLog log;
+};
+
+} // namespace
+
+class tst_KELScreen : public KelTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aNewScreenIsPlainAndOpaque()
+    {
+        const KELScreen screen;
+        QCOMPARE(screen.size(), QSize(800, 480));
+        QCOMPARE(screen.pageCount(), 0);
+        QVERIFY(!screen.currentPage());
+        QVERIFY(!screen.isSlideEnabled());
+        QCOMPARE(screen.scene()->itemIndexMethod(), QGraphicsScene::NoIndex);
+        QCOMPARE(screen.scene()->backgroundBrush(), QBrush(QColor(0xf3f5f8)));
+        QVERIFY(screen.windowFlags() & Qt::FramelessWindowHint);
+        QVERIFY(screen.viewport()->testAttribute(Qt::WA_OpaquePaintEvent));
+    }
+
+    void oneItemPixelIsOneWidgetPixel_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("as large as the item") << QSize(120, 90);
+        QTest::newRow("odd") << QSize(401, 299);
+        QTest::newRow("tall") << QSize(240, 400);
+        QTest::newRow("smaller than the item") << QSize(50, 40);
+    }
+
+    void oneItemPixelIsOneWidgetPixel()
+    {
+        QFETCH(const QSize, size);
+        KELScreen screen;
+        auto *const page = new KELPage;
+        new PixelItem(page);
+        // Far outside: the view does not follow it.
+        new QGraphicsRectItem(QRectF(-5000, -5000, 10, 10), page);
+        screen.push(page);
+        screen.resize(size);
+        screen.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&screen));
+        QImage expected(size, QImage::Format_RGB32);
+        expected.fill(QColor(0xf3f5f8));
+        QPainter painter(&expected);
+        PixelItem::draw(&painter, QSize(120, 90));
+        painter.end();
+        const QImage actual = screen.grab().toImage().convertToFormat(QImage::Format_RGB32);
+        QCOMPARE(KelImage::difference(actual, expected), QString());
+    }
+
+    void aTranslucentBackgroundLiesOnBlack()
+    {
+        KELScreen screen;
+        screen.resize(50, 40);
+        screen.scene()->setBackgroundBrush(QColor(200, 100, 50, 128));
+        screen.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&screen));
+        QImage expected(50, 40, QImage::Format_RGB32);
+        expected.fill(Qt::black);
+        QPainter(&expected).fillRect(expected.rect(), QColor(200, 100, 50, 128));
+        QCOMPARE(screen.grab().toImage().convertToFormat(QImage::Format_RGB32), expected);
+    }
+
+    void signalsComeInOrder()
+    {
+        PageStage stage;
+        QVERIFY(stage.screen.push(stage.first));
+        QCOMPARE(stage.log.take(), u"first.entered screen.currentPageChanged"_s);
+        QVERIFY(stage.screen.push(stage.second));
+        QCOMPARE(stage.log.take(), u"first.left second.entered screen.currentPageChanged"_s);
+        QCOMPARE(stage.screen.currentPage(), stage.second.data());
+        QVERIFY(stage.screen.pop());
+        QCOMPARE(stage.log.take(), u"second.left first.entered screen.currentPageChanged"_s);
+        QVERIFY(!stage.screen.pop());
+        QCOMPARE(stage.screen.pageCount(), 1);
+        QTRY_VERIFY(!stage.second);
+        QCOMPARE(stage.log.take(), QString());
+    }
+
+    void onlyTheCurrentPageIsVisible()
+    {
+        PageStage stage;
+        QVERIFY(stage.show());
+        stage.pushBoth();
+        QVERIFY(!stage.first->isVisible());
+        QVERIFY(stage.second->isVisible());
+        stage.screen.pop();
+        QVERIFY(stage.first->isVisible());
+        QVERIFY(!stage.second->isVisible());
+    }
+
+    void badPagesAreRefused()
+    {
+        PageStage stage;
+        stage.pushBoth();
+        QVERIFY(!stage.screen.push(nullptr));
+        QVERIFY(!stage.screen.push(stage.first));
+        QVERIFY(!stage.screen.push(stage.second));
+        QCOMPARE(stage.log.take(), QString());
+    }
+
+    void aPageMovesFromScreenToScreen()
+    {
+        PageStage stage;
+        stage.pushBoth();
+        KELScreen other;
+        QVERIFY(other.push(stage.second));
+        QCOMPARE(stage.second->screen(), &other);
+        QCOMPARE(stage.screen.currentPage(), stage.first.data());
+        QCOMPARE(stage.log.take(), u"first.entered screen.currentPageChanged second.entered"_s);
+    }
+
+    void aPageMayBeTakenAway_data()
+    {
+        addRows({{"way", {{"other scene", 0}, {"parent item", 1}, {"deleted", 2}}}});
+    }
+
+    void aPageMayBeTakenAway()
+    {
+        PageStage stage;
+        QGraphicsScene scene;
+        stage.pushBoth();
+        const auto way = fetch<int>("way");
+        QGraphicsRectItem parent;
+        if (way == 0)
+            scene.addItem(stage.second);
+        else if (way == 1)
+            stage.second->setParentItem(&parent);
+        else
+            delete stage.second;
+        QCOMPARE(stage.screen.currentPage(), stage.first.data());
+        QVERIFY(stage.first->isVisible());
+        QCOMPARE(stage.log.take(), u"first.entered screen.currentPageChanged"_s);
+        QVERIFY(!stage.second || !stage.second->screen());
+        delete stage.second;
+    }
+
+    void pagesFollowTheSize()
+    {
+        PageStage stage;
+        stage.pushBoth();
+        QVERIFY(stage.show());
+        for (const QSize &size : {QSize(480, 272), QSize(272, 480)}) {
+            stage.screen.resize(size);
+            QCOMPARE(stage.first->geometry(), QRectF(QPointF(), size));
+            QCOMPARE(stage.second->geometry(), QRectF(QPointF(), size));
+            QCOMPARE(stage.screen.sceneRect(), QRectF(QPointF(), size));
+        }
+    }
+
+    void pagesFollowTheDirection()
+    {
+        PageStage stage;
+        stage.pushBoth();
+        stage.screen.setLayoutDirection(Qt::RightToLeft);
+        QCOMPARE(stage.first->layoutDirection(), Qt::RightToLeft);
+        QCOMPARE(stage.second->layoutDirection(), Qt::RightToLeft);
+    }
+
+    void aPageComesBackWithItsFocus()
+    {
+        PageStage stage;
+        QVERIFY(stage.show());
+        stage.screen.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&stage.screen));
+        auto *const item = new QGraphicsWidget(stage.first);
+        item->setFocusPolicy(Qt::StrongFocus);
+        stage.screen.push(stage.first);
+        item->setFocus();
+        QVERIFY(item->hasFocus());
+        stage.screen.push(stage.second);
+        QVERIFY(!item->hasFocus());
+        stage.screen.pop();
+        QCOMPARE(stage.screen.scene()->focusItem(), item);
+    }
+
+    void keysGoBack_data()
+    {
+        addRows({{"key", {{"back", Qt::Key_Back}, {"escape", Qt::Key_Escape}}}});
+    }
+
+    void keysGoBack()
+    {
+        PageStage stage;
+        stage.pushBoth();
+        QVERIFY(stage.show());
+        QTest::keyClick(&stage.screen, fetch<Qt::Key>("key"));
+        QCOMPARE(stage.screen.currentPage(), stage.first.data());
+        QKeyEvent again(QEvent::KeyPress, fetch<Qt::Key>("key"), Qt::NoModifier);
+        QCoreApplication::sendEvent(&stage.screen, &again);
+        QVERIFY(!again.isAccepted());
+        QCOMPARE(stage.screen.pageCount(), 1);
+    }
+
+    void aPageMayRefuseToGoBack()
+    {
+        KELScreen screen;
+        auto *const page = new StayingPage;
+        screen.push(new KELPage);
+        screen.push(page);
+        screen.back();
+        QCOMPARE(screen.currentPage(), page);
+        screen.back();
+        QCOMPARE(screen.pageCount(), 1);
+    }
+
+    void pagesSlideIfToldTo_data()
+    {
+        addRows({{"direction", {{"left to right", 0}, {"right to left", 1}}},
+                 {"forward", {{"forward", 1}, {"back", 0}}}});
+    }
+
+    void pagesSlideIfToldTo()
+    {
+        PageStage stage;
+        stage.screen.setLayoutDirection(Qt::LayoutDirection(fetch<int>("direction")));
+        stage.screen.push(stage.first);
+        const bool isForward = fetch<bool>("forward");
+        if (!isForward)
+            stage.screen.push(stage.second);
+        QVERIFY(stage.show());
+        stage.screen.setSlideEnabled(true);
+        if (isForward)
+            stage.screen.push(stage.second);
+        else
+            stage.screen.pop();
+        const QPointer<KELPage> coming = isForward ? stage.second : stage.first;
+        const QPointer<KELPage> going = isForward ? stage.first : stage.second;
+        const bool isFromRight = isForward != bool(fetch<int>("direction"));
+        QVERIFY(going->isVisible());
+        QVERIFY(isFromRight ? coming->x() > 0 : coming->x() < 0);
+        QCOMPARE(coming->x() - going->x(), isFromRight ? 400.0 : -400.0);
+        QTRY_COMPARE_WITH_TIMEOUT(coming->x(), 0.0, slideEndMs);
+        QVERIFY(!going || !going->isVisible());
+    }
+
+    void aSlideEnds_data()
+    {
+        addRows({{"by", {{"a press", 0}, {"a key", 1}, {"a new size", 2}, {"hiding", 3}}}});
+    }
+
+    void aSlideEnds()
+    {
+        PageStage stage;
+        stage.screen.push(stage.first);
+        QVERIFY(stage.show());
+        stage.screen.setSlideEnabled(true);
+        stage.screen.push(stage.second);
+        QVERIFY(stage.second->x() > 0);
+        switch (fetch<int>("by")) {
+        case 0:
+            Hand(stage.screen.viewport()).press(QPoint(10, 10));
+            break;
+        case 1:
+            QTest::keyPress(&stage.screen, Qt::Key_A);
+            break;
+        case 2:
+            stage.screen.resize(300, 300);
+            break;
+        default:
+            stage.screen.hide();
+        }
+        QCOMPARE(stage.second->x(), 0.0);
+        QVERIFY(!stage.first->isVisibleTo(nullptr));
+    }
+
+    void withoutMotionNothingSlides()
+    {
+        KELMotion::setEnabled(false);
+        PageStage stage;
+        stage.screen.push(stage.first);
+        QVERIFY(stage.show());
+        stage.screen.setSlideEnabled(true);
+        stage.screen.push(stage.second);
+        KELMotion::setEnabled(true);
+        QCOMPARE(stage.second->x(), 0.0);
+        QVERIFY(!stage.first->isVisible());
+    }
+
+    void slotsMayDeletePages_data()
+    {
+        addRows({{"signal",
+                  {{"first.left", 0}, {"second.entered", 1}, {"screen.currentPageChanged", 2}}},
+                 {"victim", {{"the first page", 0}, {"the second page", 1}, {"both", 2}}},
+                 {"slide", {{"sliding", 1}, {"at once", 0}}}});
+    }
+
+    void slotsMayDeletePages()
+    {
+        static const QStringList entries = {u"first.left"_s, u"second.entered"_s,
+                                            u"screen.currentPageChanged"_s};
+        PageStage stage;
+        stage.screen.push(stage.first);
+        QVERIFY(stage.show());
+        stage.screen.setSlideEnabled(fetch<bool>("slide"));
+        const int victim = fetch<int>("victim");
+        bool isDone = false; // a page that dies makes signals, too
+        stage.log.on(entries.at(fetch<int>("signal")), [&stage, &isDone, victim] {
+            if (std::exchange(isDone, true))
+                return;
+            if (victim != 1)
+                delete stage.first;
+            if (victim != 0)
+                delete stage.second;
+        });
+        stage.screen.push(stage.second);
+        QCOMPARE(stage.screen.pageCount(), victim == 2 ? 0 : 1);
+        QCOMPARE(stage.screen.currentPage(),
+                 victim == 2       ? nullptr
+                     : victim == 1 ? stage.first.data()
+                                   : stage.second.data());
+        QTRY_VERIFY(!stage.screen.currentPage() || stage.screen.currentPage()->x() == 0);
+    }
+
+    void aDyingPageMayDeleteTheScreen()
+    {
+        auto *const screen = new KELScreen;
+        const QPointer<KELScreen> guard(screen);
+        auto *const first = new KELPage;
+        auto *const second = new KELPage;
+        screen->push(first);
+        screen->push(second);
+        connect(first, &KELPage::entered, screen, [screen] { delete screen; });
+        delete second;
+        QVERIFY(!guard);
+    }
+};
+
+KEL_TEST_MAIN(tst_KELScreen)
+#include "tst_kelscreen.moc"
