@@ -1,0 +1,406 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "kelrowpainter_p.h"
+
+#include "keltouch.h"
+
+#include <QtGui/QFontMetricsF>
+#include <QtGui/QPainter>
+
+#include <keliconfont.h>
+
+#include <cmath>
+
+namespace {
+
+constexpr qreal switchWidthPx = 56;
+constexpr qreal switchHeightPx = 32;
+constexpr qreal knobInsetPx = 4;
+constexpr qreal radioPx = 24;
+constexpr qreal dotInsetPx = 6;
+constexpr qreal arrowWidthPx = 8;
+constexpr qreal arrowHeightPx = 12;
+constexpr qreal strokePx = 2;
+
+// 0 for what is not a length.
+qreal length(qreal number)
+{
+    return std::isfinite(number) && number > 0 ? number : 0;
+}
+
+// Between a glyph, the text, the value and the mark.
+qreal gap(const KELPartStyle &style)
+{
+    return 2 * length(style.spacing);
+}
+
+QSizeF markSize(KELRow::End end)
+{
+    if (end == KELRow::Switch)
+        return {switchWidthPx, switchHeightPx};
+    if (end == KELRow::Radio)
+        return {radioPx, radioPx};
+    return end == KELRow::Arrow ? QSizeF(arrowWidthPx, arrowHeightPx) : QSizeF(0, 0);
+}
+
+bool hasIcon(const KELPartStyle &style, const KELRowContent &content)
+{
+    return style.iconSize > 0 && (!content.picture.isNull() || !content.glyph.isEmpty());
+}
+
+qreal textHeight(const KELPartStyle &style, bool hasDetail)
+{
+    return QFontMetricsF(style.font).height()
+        + (hasDetail ? QFontMetricsF(style.secondaryFont).height() : 0);
+}
+
+// One paint of one row.
+class Painting
+{
+public:
+    void run();
+
+    QPainter *const painter;
+    const QRectF &rect;
+    const KELPartStyle &style;
+    const KELRowContent &content;
+    const KELRowState &state;
+    KELRowCache *const cache;
+
+    QRectF room = {}; // what is left for text
+    QRectF iconBox = {};
+    QRectF markBox = {};
+    QRectF valueBox = {};
+    bool isMirrored = false;
+    bool isSelected = false;
+    bool hasCaption = false;
+    bool hasDetail = false;
+    bool hasValue = false;
+
+private:
+    const QBrush &tint(const QBrush &usual) const;
+    QRectF take(bool isFromEnd, const QSizeF &size);
+    void layOut();
+    void layOutTexts();
+    bool needsClip() const;
+
+    void drawGround() const;
+    void drawContent() const;
+    void drawIcon() const;
+    void drawPicture() const;
+    void drawTexts() const;
+    void drawText(const KELRowText &text, const QRectF &box, qreal top, const QBrush &brush) const;
+    void drawMark() const;
+    void drawSwitch() const;
+    void drawRadio() const;
+    void drawArrow() const;
+    void drawFocus() const;
+};
+
+const QBrush &Painting::tint(const QBrush &usual) const
+{
+    if (!content.isEnabled)
+        return style.disabledBrush;
+    return isSelected ? style.selectedForegroundBrush : usual;
+}
+
+// Empty if there is no room for it.
+QRectF Painting::take(bool isFromEnd, const QSizeF &size)
+{
+    if (size.isEmpty() || size.width() > room.width())
+        return QRectF();
+    const bool isLeft = isFromEnd == isMirrored;
+    const qreal top = std::floor(rect.y() + (rect.height() - size.height()) / 2);
+    const QRectF taken(QPointF(isLeft ? room.left() : room.right() - size.width(), top), size);
+    const qreal cut = qMin(size.width() + gap(style), room.width());
+    room.adjust(isLeft ? cut : 0, 0, isLeft ? 0 : -cut, 0);
+    return taken;
+}
+
+void Painting::layOut()
+{
+    const qreal left = length(style.margins.left());
+    const qreal right = length(style.margins.right());
+    isMirrored = state.direction == Qt::RightToLeft;
+    isSelected = state.isSelected && content.isEnabled && !state.isPressed;
+    room = rect.adjusted(isMirrored ? right : left, 0, isMirrored ? -left : -right, 0);
+    if (hasIcon(style, content))
+        iconBox = take(false, QSizeF(style.iconSize, style.iconSize));
+    markBox = take(true, markSize(content.end));
+    layOutTexts();
+}
+
+void Painting::layOutTexts()
+{
+    if (!content.value.isEmpty()) {
+        const qreal taken = cache->caption.naturalWidth(content.caption, style.font) + gap(style);
+        const qreal limit = qMax(room.width() / 2, room.width() - taken);
+        hasValue = cache->value.layOut(content.value, style.font, limit);
+        if (hasValue)
+            valueBox = take(true, cache->value.size());
+    }
+    hasCaption = cache->caption.layOut(content.caption, style.font, room.width());
+    hasDetail = cache->detail.layOut(content.detail, style.secondaryFont, room.width());
+}
+
+// Glyphs may stand out of the box of their text, by a quarter of their height.
+bool Painting::needsClip() const
+{
+    qreal highest = qMax<qreal>(style.iconSize, switchHeightPx);
+    qreal height = 0;
+    if (hasCaption)
+        height += cache->caption.size().height();
+    if (hasDetail)
+        height += cache->detail.size().height();
+    if (hasValue)
+        highest = qMax(highest, cache->value.size().height());
+    highest = qMax(highest, height);
+    const qreal overhang = highest / 4;
+    return highest + 2 * overhang > rect.height()
+        || qMin(length(style.margins.left()), length(style.margins.right())) < overhang;
+}
+
+void Painting::run()
+{
+    layOut();
+    drawGround();
+    if (needsClip()) {
+        painter->save();
+        painter->setClipRect(rect, Qt::IntersectClip);
+        drawContent();
+        painter->restore();
+    } else {
+        drawContent();
+    }
+    if (state.isFocusShown)
+        drawFocus();
+}
+
+void Painting::drawGround() const
+{
+    painter->fillRect(rect,
+                      state.isPressed  ? style.pressedBrush
+                          : isSelected ? style.selectedBrush
+                                       : style.backgroundBrush);
+    if (!state.hasSeparator || !(style.borderWidth > 0))
+        return;
+    const qreal height = qMin(style.borderWidth, rect.height());
+    painter->fillRect(QRectF(rect.x(), rect.bottom() - height, rect.width(), height),
+                      style.borderBrush);
+}
+
+void Painting::drawContent() const
+{
+    drawTexts();
+    if (!iconBox.isEmpty())
+        drawIcon();
+    if (!markBox.isEmpty())
+        drawMark();
+}
+
+void Painting::drawIcon() const
+{
+    if (!content.picture.isNull()) {
+        drawPicture();
+        return;
+    }
+    if (!cache->glyph.layOutGlyph(content.glyph, style.iconSize))
+        return;
+    const QSizeF size = cache->glyph.size();
+    const QPointF middle = iconBox.center() - QPointF(size.width() / 2, size.height() / 2);
+    cache->glyph.draw(painter, middle, tint(style.accentBrush));
+}
+
+void Painting::drawPicture() const
+{
+    const QPixmap &picture = content.picture;
+    QSizeF size = QSizeF(picture.size()) / picture.devicePixelRatioF();
+    if (size.width() > iconBox.width() || size.height() > iconBox.height()) {
+        size.scale(iconBox.size(), Qt::KeepAspectRatio);
+        painter->setRenderHint(QPainter::SmoothPixmapTransform);
+    }
+    QRectF target(QPointF(), size);
+    target.moveCenter(iconBox.center());
+    target.moveTopLeft(target.topLeft().toPoint());
+    const qreal opacity = painter->opacity();
+    if (!content.isEnabled)
+        painter->setOpacity(opacity / 2);
+    painter->drawPixmap(target, picture, picture.rect());
+    painter->setOpacity(opacity);
+}
+
+void Painting::drawTexts() const
+{
+    const qreal captionHeight = hasCaption ? cache->caption.size().height() : 0;
+    const qreal detailHeight = hasDetail ? cache->detail.size().height() : 0;
+    const qreal top = rect.y() + (rect.height() - captionHeight - detailHeight) / 2;
+    if (hasCaption)
+        drawText(cache->caption, room, top, tint(style.foregroundBrush));
+    if (hasDetail)
+        drawText(cache->detail, room, top + captionHeight, tint(style.mutedBrush));
+    if (hasValue)
+        drawText(cache->value, valueBox, valueBox.top(), tint(style.mutedBrush));
+}
+
+void Painting::drawText(const KELRowText &text, const QRectF &box, qreal top,
+                        const QBrush &brush) const
+{
+    const qreal left = isMirrored ? box.right() - text.size().width() : box.left();
+    text.draw(painter, QPointF(left, top), brush);
+}
+
+void Painting::drawMark() const
+{
+    const bool isSmooth = painter->testRenderHint(QPainter::Antialiasing);
+    painter->setRenderHint(QPainter::Antialiasing);
+    if (content.end == KELRow::Switch)
+        drawSwitch();
+    else if (content.end == KELRow::Radio)
+        drawRadio();
+    else
+        drawArrow();
+    painter->setRenderHint(QPainter::Antialiasing, isSmooth);
+}
+
+void Painting::drawSwitch() const
+{
+    const qreal radius = switchHeightPx / 2;
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(content.isOn ? tint(style.accentBrush) : style.trackBrush);
+    painter->drawRoundedRect(markBox, radius, radius);
+
+    const qreal way = switchWidthPx - switchHeightPx;
+    const qreal knob = isMirrored ? 1 - state.knob : state.knob;
+    const QBrush &onAccent = isSelected ? style.selectedBrush : style.accentForegroundBrush;
+    const QBrush &off = content.isEnabled ? style.knobBrush : style.disabledBrush;
+    painter->setBrush(content.isOn ? onAccent : off);
+    painter->drawEllipse(
+        QRectF(markBox.x() + way * knob, markBox.y(), switchHeightPx, switchHeightPx)
+            .adjusted(knobInsetPx, knobInsetPx, -knobInsetPx, -knobInsetPx));
+}
+
+void Painting::drawRadio() const
+{
+    const qreal half = strokePx / 2;
+    const QBrush &brush = tint(content.isOn ? style.accentBrush : style.mutedBrush);
+    painter->setPen(QPen(brush, strokePx));
+    painter->setBrush(Qt::NoBrush);
+    painter->drawEllipse(markBox.adjusted(half, half, -half, -half));
+    if (!content.isOn)
+        return;
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(brush);
+    painter->drawEllipse(markBox.adjusted(dotInsetPx, dotInsetPx, -dotInsetPx, -dotInsetPx));
+}
+
+void Painting::drawArrow() const
+{
+    const qreal half = strokePx / 2;
+    const QRectF box = markBox.adjusted(half, half, -half, -half);
+    const qreal tip = isMirrored ? box.left() : box.right();
+    const qreal tail = isMirrored ? box.right() : box.left();
+    const QPointF points[] = {QPointF(tail, box.top()), QPointF(tip, box.center().y()),
+                              QPointF(tail, box.bottom())};
+    painter->setPen(
+        QPen(tint(style.mutedBrush), strokePx, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter->drawPolyline(points, 3);
+}
+
+void Painting::drawFocus() const
+{
+    const QBrush &brush = isSelected ? style.selectedForegroundBrush : style.accentBrush;
+    const qreal width = qMin(rect.width(), strokePx);
+    const qreal height = qMin(rect.height(), strokePx);
+    painter->fillRect(QRectF(rect.left(), rect.top(), rect.width(), height), brush);
+    painter->fillRect(QRectF(rect.left(), rect.bottom() - height, rect.width(), height), brush);
+    painter->fillRect(QRectF(rect.left(), rect.top(), width, rect.height()), brush);
+    painter->fillRect(QRectF(rect.right() - width, rect.top(), width, rect.height()), brush);
+}
+
+} // namespace
+
+qreal KELRowText::naturalWidth(const QString &text, const QFont &font)
+{
+    if (m_text == text && m_font == font)
+        return m_naturalWidth;
+    m_text = text;
+    m_font = font;
+    m_naturalWidth = QFontMetricsF(font).horizontalAdvance(text.simplified());
+    m_limit = -1;
+    return m_naturalWidth;
+}
+
+// An ellipsis wider than the limit is left out.
+bool KELRowText::layOut(const QString &text, const QFont &font, qreal limit)
+{
+    const qreal width = naturalWidth(text, font);
+    if (text.isEmpty())
+        return false;
+    if (m_limit == limit)
+        return !m_drawn.text().isEmpty();
+    m_limit = limit;
+    QString line = text.simplified();
+    if (width > limit)
+        line = QFontMetricsF(font).elidedText(line, Qt::ElideRight, limit);
+    m_drawn.setTextFormat(Qt::PlainText);
+    m_drawn.setText(line);
+    m_drawn.prepare(QTransform(), font);
+    if (width > limit && m_drawn.size().width() > limit)
+        m_drawn.setText(QString());
+    return !m_drawn.text().isEmpty();
+}
+
+bool KELRowText::layOutGlyph(const QString &text, int pixelSize)
+{
+    const QString family = KELIconFont::fontFamily();
+    if (m_text == text && m_limit == pixelSize && m_font.family() == family)
+        return true;
+    m_text = text;
+    m_limit = pixelSize;
+    m_font = KELIconFont::iconFont();
+    m_font.setPixelSize(pixelSize);
+    m_drawn.setTextFormat(Qt::PlainText);
+    m_drawn.setText(text);
+    m_drawn.prepare(QTransform(), m_font);
+    return true;
+}
+
+void KELRowText::draw(QPainter *painter, const QPointF &topLeft, const QBrush &brush) const
+{
+    painter->setFont(m_font);
+    painter->setPen(QPen(brush, 1));
+    painter->drawStaticText(topLeft.toPoint(), m_drawn);
+}
+
+qreal KELRowPainter::height(const KELPartStyle &style, bool hasDetail)
+{
+    const qreal content = textHeight(style, hasDetail) + length(style.margins.top())
+        + length(style.margins.bottom());
+    return std::ceil(qMax(content, qMax(length(style.rowHeight), KELTouch::leastSize())));
+}
+
+QSizeF KELRowPainter::hint(const KELPartStyle &style, const KELRowContent &content)
+{
+    KELRowText text;
+    const qreal caption = text.naturalWidth(content.caption, style.font);
+    const qreal detail = text.naturalWidth(content.detail, style.secondaryFont);
+    qreal width = qMax(caption, detail) + length(style.margins.left())
+        + length(style.margins.right());
+    if (hasIcon(style, content))
+        width += style.iconSize + gap(style);
+    if (!content.value.isEmpty())
+        width += text.naturalWidth(content.value, style.font) + gap(style);
+    if (markSize(content.end).width() > 0)
+        width += markSize(content.end).width() + gap(style);
+    return {std::ceil(width), height(style, !content.detail.isEmpty())};
+}
+
+void KELRowPainter::paint(QPainter *painter, const QRectF &rect, const KELPartStyle &style,
+                          const KELRowContent &content, const KELRowState &state,
+                          KELRowCache *cache)
+{
+    if (!(rect.width() > 0 && rect.height() > 0))
+        return;
+    Painting{painter, rect, style, content, state, cache}.run();
+}
