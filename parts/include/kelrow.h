@@ -65,8 +65,8 @@ class KELRowPrivate;
  * switch that is on, a checked radio mark and the focus ring of 2 px. trackBrush, knobBrush and
  * accentForegroundBrush draw the switch. A disabled row draws text, glyph and mark with
  * disabledBrush, and a picture half transparent. font is that of the caption and the value,
- * secondaryFont that of the detail. Twice \c spacing is between caption, value and mark. The row
- * has square corners, and no outline besides the separator.
+ * secondaryFont that of the detail. Twice \c spacing is between glyph, caption, value and mark,
+ * half of it between the lines. The row has square corners, and no outline besides the separator.
  *
  * The row asks for \c rowHeight, at least KELTouch::leastSize(), and more if the lines and the
  * margins need it. A switch is 56 x 32 px, a radio mark 24 px across.

@@ -35,6 +35,12 @@ qreal gap(const KELPartStyle &style)
     return 2 * length(style.spacing);
 }
 
+// Between the caption and the detail.
+qreal lineGap(const KELPartStyle &style)
+{
+    return length(style.spacing) / 2;
+}
+
 QSizeF markSize(KELRow::End end)
 {
     if (end == KELRow::Switch)
@@ -47,12 +53,6 @@ QSizeF markSize(KELRow::End end)
 bool hasIcon(const KELPartStyle &style, const KELRowContent &content)
 {
     return style.iconSize > 0 && (!content.picture.isNull() || !content.glyph.isEmpty());
-}
-
-qreal textHeight(const KELPartStyle &style, bool hasDetail)
-{
-    return QFontMetricsF(style.font).height()
-        + (hasDetail ? QFontMetricsF(style.secondaryFont).height() : 0);
 }
 
 // One paint of one row.
@@ -83,6 +83,7 @@ private:
     QRectF take(bool isFromEnd, const QSizeF &size);
     void layOut();
     void layOutTexts();
+    qreal linesHeight() const;
     bool needsClip() const;
 
     void drawGround() const;
@@ -144,18 +145,20 @@ void Painting::layOutTexts()
     hasDetail = cache->detail.layOut(content.detail, style.secondaryFont, room.width());
 }
 
+qreal Painting::linesHeight() const
+{
+    qreal height = hasCaption ? cache->caption.size().height() : 0;
+    if (hasDetail)
+        height += cache->detail.size().height() + (hasCaption ? lineGap(style) : 0);
+    return height;
+}
+
 // Glyphs may stand out of the box of their text, by a quarter of their height.
 bool Painting::needsClip() const
 {
-    qreal highest = qMax<qreal>(style.iconSize, switchHeightPx);
-    qreal height = 0;
-    if (hasCaption)
-        height += cache->caption.size().height();
-    if (hasDetail)
-        height += cache->detail.size().height();
+    qreal highest = qMax(qMax<qreal>(style.iconSize, switchHeightPx), linesHeight());
     if (hasValue)
         highest = qMax(highest, cache->value.size().height());
-    highest = qMax(highest, height);
     const qreal overhang = highest / 4;
     return highest + 2 * overhang > rect.height()
         || qMin(length(style.margins.left()), length(style.margins.right())) < overhang;
@@ -232,13 +235,13 @@ void Painting::drawPicture() const
 
 void Painting::drawTexts() const
 {
-    const qreal captionHeight = hasCaption ? cache->caption.size().height() : 0;
-    const qreal detailHeight = hasDetail ? cache->detail.size().height() : 0;
-    const qreal top = rect.y() + (rect.height() - captionHeight - detailHeight) / 2;
+    const qreal height = linesHeight();
+    const qreal top = std::floor(rect.y() + (rect.height() - height) / 2);
     if (hasCaption)
         drawText(cache->caption, room, top, tint(style.foregroundBrush));
     if (hasDetail)
-        drawText(cache->detail, room, top + captionHeight, tint(style.mutedBrush));
+        drawText(cache->detail, room, top + height - cache->detail.size().height(),
+                 tint(style.mutedBrush));
     if (hasValue)
         drawText(cache->value, valueBox, valueBox.top(), tint(style.mutedBrush));
 }
@@ -375,8 +378,10 @@ void KELRowText::draw(QPainter *painter, const QPointF &topLeft, const QBrush &b
 
 qreal KELRowPainter::height(const KELPartStyle &style, bool hasDetail)
 {
-    const qreal content = textHeight(style, hasDetail) + length(style.margins.top())
+    qreal content = QFontMetricsF(style.font).height() + length(style.margins.top())
         + length(style.margins.bottom());
+    if (hasDetail)
+        content += QFontMetricsF(style.secondaryFont).height() + lineGap(style);
     return std::ceil(qMax(content, qMax(length(style.rowHeight), KELTouch::leastSize())));
 }
 
