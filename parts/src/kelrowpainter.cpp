@@ -93,9 +93,12 @@ private:
     void drawTexts() const;
     void drawText(const KELRowText &text, const QRectF &box, qreal top, const QBrush &brush) const;
     void drawMark() const;
-    void drawSwitch() const;
-    void drawRadio() const;
-    void drawArrow() const;
+    const QBrush &groundOfMark() const;
+    const QBrush &signOfMark() const;
+    void drawMarkWith(QPainter *with, const QBrush &ground, const QBrush &sign) const;
+    void drawSwitch(QPainter *with, const QBrush &ground, const QBrush &sign) const;
+    void drawRadio(QPainter *with, const QBrush &brush) const;
+    void drawArrow(QPainter *with, const QBrush &brush) const;
     void drawFocus() const;
 };
 
@@ -253,51 +256,92 @@ void Painting::drawText(const KELRowText &text, const QRectF &box, qreal top,
     text.draw(painter, QPointF(left, top), brush);
 }
 
+// The shapes of a mark take longer than all else in a row, and are the same in most paints.
 void Painting::drawMark() const
 {
-    const bool isSmooth = painter->testRenderHint(QPainter::Antialiasing);
-    painter->setRenderHint(QPainter::Antialiasing);
-    if (content.end == KELRow::Switch)
-        drawSwitch();
-    else if (content.end == KELRow::Radio)
-        drawRadio();
-    else
-        drawArrow();
-    painter->setRenderHint(QPainter::Antialiasing, isSmooth);
+    const QBrush &ground = groundOfMark();
+    const QBrush &sign = signOfMark();
+    const QPointF device = painter->deviceTransform().map(markBox.topLeft());
+    const bool isStill = state.knob == 0 || state.knob == 1;
+    const bool isWhole = painter->deviceTransform().type() <= QTransform::TxTranslate
+        && device == QPointF(device.toPoint());
+    if (!isStill || !isWhole || ground.style() != Qt::SolidPattern
+        || sign.style() != Qt::SolidPattern) {
+        const bool isSmooth = painter->testRenderHint(QPainter::Antialiasing);
+        drawMarkWith(painter, ground, sign);
+        painter->setRenderHint(QPainter::Antialiasing, isSmooth);
+        return;
+    }
+    KELRowMark &mark = cache->mark;
+    const int kind = content.end + 8 * content.isOn + 16 * isMirrored + 32 * (state.knob > 0);
+    if (mark.kind != kind || mark.ground != ground || mark.sign != sign) {
+        mark = {QImage(markBox.size().toSize(), QImage::Format_ARGB32_Premultiplied), ground, sign,
+                kind};
+        mark.image.fill(Qt::transparent);
+        QPainter imagePainter(&mark.image);
+        imagePainter.translate(-markBox.topLeft());
+        drawMarkWith(&imagePainter, ground, sign);
+    }
+    painter->drawImage(markBox.topLeft(), mark.image);
 }
 
-void Painting::drawSwitch() const
+const QBrush &Painting::groundOfMark() const
+{
+    if (content.end == KELRow::Arrow || (content.end == KELRow::Radio && !content.isOn))
+        return tint(style.mutedBrush);
+    return content.end == KELRow::Radio || content.isOn ? tint(style.accentBrush)
+                                                        : style.trackBrush;
+}
+
+// What is on the ground.
+const QBrush &Painting::signOfMark() const
+{
+    if (content.end != KELRow::Switch)
+        return groundOfMark();
+    if (content.isOn)
+        return isSelected ? style.selectedBrush : style.accentForegroundBrush;
+    return content.isEnabled ? style.knobBrush : style.disabledBrush;
+}
+
+void Painting::drawMarkWith(QPainter *with, const QBrush &ground, const QBrush &sign) const
+{
+    with->setRenderHint(QPainter::Antialiasing);
+    if (content.end == KELRow::Switch)
+        drawSwitch(with, ground, sign);
+    else if (content.end == KELRow::Radio)
+        drawRadio(with, ground);
+    else
+        drawArrow(with, ground);
+}
+
+void Painting::drawSwitch(QPainter *with, const QBrush &ground, const QBrush &sign) const
 {
     const qreal radius = switchHeightPx / 2;
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(content.isOn ? tint(style.accentBrush) : style.trackBrush);
-    painter->drawRoundedRect(markBox, radius, radius);
+    with->setPen(Qt::NoPen);
+    with->setBrush(ground);
+    with->drawRoundedRect(markBox, radius, radius);
 
     const qreal way = switchWidthPx - switchHeightPx;
     const qreal knob = isMirrored ? 1 - state.knob : state.knob;
-    const QBrush &onAccent = isSelected ? style.selectedBrush : style.accentForegroundBrush;
-    const QBrush &off = content.isEnabled ? style.knobBrush : style.disabledBrush;
-    painter->setBrush(content.isOn ? onAccent : off);
-    painter->drawEllipse(
-        QRectF(markBox.x() + way * knob, markBox.y(), switchHeightPx, switchHeightPx)
-            .adjusted(knobInsetPx, knobInsetPx, -knobInsetPx, -knobInsetPx));
+    const QRectF end(markBox.x() + way * knob, markBox.y(), switchHeightPx, switchHeightPx);
+    with->setBrush(sign);
+    with->drawEllipse(end.adjusted(knobInsetPx, knobInsetPx, -knobInsetPx, -knobInsetPx));
 }
 
-void Painting::drawRadio() const
+void Painting::drawRadio(QPainter *with, const QBrush &brush) const
 {
     const qreal half = strokePx / 2;
-    const QBrush &brush = tint(content.isOn ? style.accentBrush : style.mutedBrush);
-    painter->setPen(QPen(brush, strokePx));
-    painter->setBrush(Qt::NoBrush);
-    painter->drawEllipse(markBox.adjusted(half, half, -half, -half));
+    with->setPen(QPen(brush, strokePx));
+    with->setBrush(Qt::NoBrush);
+    with->drawEllipse(markBox.adjusted(half, half, -half, -half));
     if (!content.isOn)
         return;
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(brush);
-    painter->drawEllipse(markBox.adjusted(dotInsetPx, dotInsetPx, -dotInsetPx, -dotInsetPx));
+    with->setPen(Qt::NoPen);
+    with->setBrush(brush);
+    with->drawEllipse(markBox.adjusted(dotInsetPx, dotInsetPx, -dotInsetPx, -dotInsetPx));
 }
 
-void Painting::drawArrow() const
+void Painting::drawArrow(QPainter *with, const QBrush &brush) const
 {
     const qreal half = strokePx / 2;
     const QRectF box = markBox.adjusted(half, half, -half, -half);
@@ -305,9 +349,8 @@ void Painting::drawArrow() const
     const qreal tail = isMirrored ? box.right() : box.left();
     const QPointF points[] = {QPointF(tail, box.top()), QPointF(tip, box.center().y()),
                               QPointF(tail, box.bottom())};
-    painter->setPen(
-        QPen(tint(style.mutedBrush), strokePx, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter->drawPolyline(points, 3);
+    with->setPen(QPen(brush, strokePx, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    with->drawPolyline(points, 3);
 }
 
 void Painting::drawFocus() const

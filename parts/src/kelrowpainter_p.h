@@ -6,6 +6,8 @@
 
 #include "kelrow.h"
 
+#include <QtGui/QBrush>
+#include <QtGui/QImage>
 #include <QtGui/QPixmap>
 #include <QtGui/QStaticText>
 
@@ -56,6 +58,15 @@ private:
     qreal m_limit = -1;
 };
 
+// The picture of a mark and what it depends on.
+struct KELRowMark
+{
+    QImage image;
+    QBrush ground;
+    QBrush sign;
+    int kind = -1;
+};
+
 // What a row keeps from one paint to the next; the owner of a row has one for it. Its content may
 // change to that of any row.
 struct KELRowCache
@@ -64,6 +75,7 @@ struct KELRowCache
     KELRowText detail;
     KELRowText value;
     KELRowText glyph;
+    KELRowMark mark;
 };
 
 /*
