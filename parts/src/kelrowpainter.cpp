@@ -222,13 +222,12 @@ void Painting::drawPicture() const
 {
     const QPixmap &picture = content.picture;
     QSizeF size = QSizeF(picture.size()) / picture.devicePixelRatioF();
-    if (size.width() > iconBox.width() || size.height() > iconBox.height()) {
+    if (size.width() > iconBox.width() || size.height() > iconBox.height())
         size.scale(iconBox.size(), Qt::KeepAspectRatio);
-        painter->setRenderHint(QPainter::SmoothPixmapTransform);
-    }
     QRectF target(QPointF(), size);
     target.moveCenter(iconBox.center());
     target.moveTopLeft(target.topLeft().toPoint());
+    painter->setRenderHint(QPainter::SmoothPixmapTransform);
     const qreal opacity = painter->opacity();
     if (!content.isEnabled)
         painter->setOpacity(opacity / 2);
