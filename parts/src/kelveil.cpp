@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 KELGdiControl contributors
+// SPDX-License-Identifier: MIT
+
+#include "kelveil_p.h"
+
+#include <QtCore/QEvent>
+#include <QtWidgets/QGraphicsScene>
+#include <QtWidgets/QGraphicsView>
+
+namespace {
+
+constexpr qreal topZValue = 1e9;
+int coverCount = 0; // the later one lies above
+
+} // namespace
+
+// What is changed here tells of it: a slot may delete the item, and this with it.
+void KELVeil::cover(QGraphicsWidget *item)
+{
+    uncover();
+    const QPointer<QGraphicsWidget> alive(item);
+    QGraphicsScene *scene = item->scene();
+    item->setFlags(item->flags() | QGraphicsItem::ItemIsPanel
+                   | QGraphicsItem::ItemStopsFocusHandling);
+    item->setAcceptedMouseButtons(Qt::AllButtons);
+    item->setAcceptHoverEvents(true);
+    if (QGraphicsItem *grabber = scene->mouseGrabberItem())
+        grabber->ungrabMouse();
+    if (alive)
+        item->setZValue(topZValue + ++coverCount);
+    if (!alive)
+        return;
+    m_item = item;
+    const QList<QGraphicsView *> views = scene->views();
+    if (views.isEmpty()) {
+        item->setGeometry(scene->sceneRect());
+        return;
+    }
+    m_viewport = views.first()->viewport();
+    m_viewport->installEventFilter(this);
+    follow();
+}
+
+void KELVeil::uncover()
+{
+    m_item = nullptr;
+    if (m_viewport)
+        m_viewport->removeEventFilter(this);
+    m_viewport.clear();
+}
+
+void KELVeil::follow()
+{
+    const auto *view = qobject_cast<QGraphicsView *>(m_viewport->parentWidget());
+    if (!view || view->scene() != m_item->scene())
+        return;
+    const QRectF shown = view->mapToScene(m_viewport->rect()).boundingRect();
+    if (shown != m_item->geometry())
+        m_item->setGeometry(shown);
+}
+
+// A view changes its scale and its scroll bars after it was resized: look when it is about to draw.
+bool KELVeil::eventFilter(QObject * /*watched*/, QEvent *event)
+{
+    if (event->type() == QEvent::Paint && m_item)
+        follow();
+    return false;
+}
