@@ -137,7 +137,8 @@ protected:
     //! The press was released at \a pos. \a isTap is false after a drag. isPressed() is false
     //! again.
     virtual void releaseEvent(const QPointF &pos, bool isTap);
-    //! The press was lost. isPressed() is false again.
+    //! The press was lost. isPressed() has been false since. Called from the event loop, or before
+    //! the next press.
     virtual void pressLostEvent();
 
     //! Returns whether paint() shows the focus ring.
@@ -158,6 +159,7 @@ protected:
 
 private:
     Q_DISABLE_COPY(KELPart)
+    friend class KELPartPrivate;
     KELPartPrivate *const d;
 };
 

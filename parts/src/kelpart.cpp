@@ -34,11 +34,15 @@ bool isByKey(Qt::FocusReason reason)
 class KELPartPrivate
 {
 public:
+    void losePress(KELPart *part);
+    void tellLoss(KELPart *part);
+
     KELPartStyle style;
     QPointF pressPos;
     bool isPressed = false;
     bool isDrag = false;
     bool isFocusShown = false;
+    bool isLossUntold = false;
 };
 
 KELPartStyle::KELPartStyle() :
@@ -111,39 +115,49 @@ bool KELPart::isPlainKey(const QKeyEvent *event)
     return (event->modifiers() & ~Qt::KeypadModifier) == 0;
 }
 
-// The press ends before the hook is called: a slot may delete the part.
+// The hook is called from the event loop: Qt is in the middle of its own work, with the children of
+// an item that is hidden for one, which a slot must not delete.
+void KELPartPrivate::losePress(KELPart *part)
+{
+    if (!isPressed)
+        return;
+    isPressed = false;
+    isLossUntold = true;
+    part->update();
+    QMetaObject::invokeMethod(
+        part, [this, part] { tellLoss(part); }, Qt::QueuedConnection);
+}
+
+void KELPartPrivate::tellLoss(KELPart *part)
+{
+    if (isLossUntold) {
+        isLossUntold = false;
+        part->pressLostEvent();
+    }
+}
+
 bool KELPart::sceneEvent(QEvent *event)
 {
-    if (event->type() != QEvent::UngrabMouse || !d->isPressed)
-        return QGraphicsWidget::sceneEvent(event);
-    const QPointer<KELPart> self(this);
-    d->isPressed = false;
-    update();
-    pressLostEvent();
-    return !self || QGraphicsWidget::sceneEvent(event);
+    if (event->type() == QEvent::UngrabMouse)
+        d->losePress(this);
+    return QGraphicsWidget::sceneEvent(event);
 }
 
 // Qt takes the grab away on its own when an item is hidden, disabled or removed, and says so with
 // UngrabMouse; but not for a press whose grab an ancestor's filter holds.
 QVariant KELPart::itemChange(GraphicsItemChange change, const QVariant &value)
 {
-    const bool isGone = (change == ItemVisibleHasChanged && !isVisible())
-        || (change == ItemEnabledHasChanged && !isEnabled())
-        || (change == ItemSceneHasChanged && d->isPressed);
-    if (isGone && d->isPressed) {
-        const QPointer<KELPart> self(this);
-        d->isPressed = false;
-        pressLostEvent();
-        if (!self)
-            return value;
-    }
+    if ((change == ItemVisibleHasChanged && !isVisible())
+        || (change == ItemEnabledHasChanged && !isEnabled()) || change == ItemSceneHasChanged)
+        d->losePress(this);
     return QGraphicsWidget::itemChange(change, value);
 }
 
 void KELPart::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
     const QPointer<KELPart> self(this);
-    const bool isTaken = event->button() == Qt::LeftButton && pressEvent(event->pos());
+    d->tellLoss(this); // of the press before
+    const bool isTaken = self && event->button() == Qt::LeftButton && pressEvent(event->pos());
     event->setAccepted(isTaken);
     if (!self || !isTaken)
         return;
