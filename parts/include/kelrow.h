@@ -160,7 +160,6 @@ Q_SIGNALS:
 protected:
     void releaseEvent(const QPointF &pos, bool isTap) override;
     void keyPressEvent(QKeyEvent *event) override;
-    QVariant itemChange(GraphicsItemChange change, const QVariant &value) override;
     QSizeF sizeHint(Qt::SizeHint which, const QSizeF &constraint = QSizeF()) const override;
 
 private:

@@ -23,6 +23,8 @@ public:
     void setText(QString *text, const QString &newText);
     KELRow *otherCheckedRadio() const;
     void showChecked(bool checked);
+    bool isSeen() const { return row->isVisible() && row->scene(); }
+    void knobMoved();
     void activate();
 
     KELRow *const row;
@@ -66,11 +68,18 @@ KELRow *KELRowPrivate::otherCheckedRadio() const
 void KELRowPrivate::showChecked(bool checked)
 {
     content.isOn = checked;
-    if (content.end == KELRow::Switch && row->isVisible() && row->scene())
+    if (content.end == KELRow::Switch && isSeen())
         knob.glideTo(checked, KELMotion::switchMs);
     else
         knob.setValue(checked);
     row->update();
+}
+
+void KELRowPrivate::knobMoved()
+{
+    row->update();
+    if (!isSeen())
+        knob.finish();
 }
 
 void KELRowPrivate::activate()
@@ -88,7 +97,7 @@ KELRow::KELRow(QGraphicsItem *parent) : KELPart(parent), d(new KELRowPrivate(thi
 {
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    connect(&d->knob, &KELGlide::moved, this, [this] { update(); });
+    connect(&d->knob, &KELGlide::moved, this, [this] { d->knobMoved(); });
 }
 
 KELRow::~KELRow()
@@ -134,7 +143,8 @@ KELIconFont KELRow::glyph() const
 
 void KELRow::setGlyph(const KELIconFont &glyph)
 {
-    d->setText(&d->content.glyph, glyph.isNull() ? QString() : QString(glyph.getIcon()));
+    const QChar icon = glyph.getIcon();
+    d->setText(&d->content.glyph, icon.isNull() ? QString() : QString(icon));
 }
 
 QPixmap KELRow::picture() const
@@ -224,14 +234,6 @@ void KELRow::keyPressEvent(QKeyEvent *event)
     event->accept();
     if (!event->isAutoRepeat())
         d->activate();
-}
-
-QVariant KELRow::itemChange(GraphicsItemChange change, const QVariant &value)
-{
-    const bool isHidden = change == ItemVisibleHasChanged && !isVisible();
-    if (isHidden || change == ItemSceneHasChanged)
-        d->knob.finish();
-    return KELPart::itemChange(change, value);
 }
 
 QSizeF KELRow::sizeHint(Qt::SizeHint which, const QSizeF &constraint) const

@@ -95,6 +95,7 @@ private:
     void drawMark() const;
     const QBrush &groundOfMark() const;
     const QBrush &signOfMark() const;
+    bool canKeepMark(const QBrush &ground, const QBrush &sign) const;
     void drawMarkWith(QPainter *with, const QBrush &ground, const QBrush &sign) const;
     void drawSwitch(QPainter *with, const QBrush &ground, const QBrush &sign) const;
     void drawRadio(QPainter *with, const QBrush &brush) const;
@@ -222,8 +223,7 @@ void Painting::drawPicture() const
 {
     const QPixmap &picture = content.picture;
     QSizeF size = QSizeF(picture.size()) / picture.devicePixelRatioF();
-    if (size.width() > iconBox.width() || size.height() > iconBox.height())
-        size.scale(iconBox.size(), Qt::KeepAspectRatio);
+    size *= qMin<qreal>(1, style.iconSize / qMax(size.width(), size.height()));
     QRectF target(QPointF(), size);
     target.moveCenter(iconBox.center());
     target.moveTopLeft(target.topLeft().toPoint());
@@ -231,7 +231,7 @@ void Painting::drawPicture() const
     const qreal opacity = painter->opacity();
     if (!content.isEnabled)
         painter->setOpacity(opacity / 2);
-    painter->drawPixmap(target, picture, picture.rect());
+    painter->drawPixmap(target, picture, QRectF(QPointF(), picture.size()));
     painter->setOpacity(opacity);
 }
 
@@ -255,33 +255,37 @@ void Painting::drawText(const KELRowText &text, const QRectF &box, qreal top,
     text.draw(painter, QPointF(left, top), brush);
 }
 
+// Whether a picture of the mark looks as the mark does.
+bool Painting::canKeepMark(const QBrush &ground, const QBrush &sign) const
+{
+    const QTransform &view = painter->deviceTransform();
+    const QPointF device = markBox.topLeft() + QPointF(view.dx(), view.dy());
+    const bool isStill = state.knob == 0 || state.knob == 1;
+    const bool isOneToOne = view.m11() == 1 && view.m22() == 1 && view.m12() == 0 && view.m21() == 0
+        && device == QPointF(device.toPoint());
+    return isStill && isOneToOne && ground.style() == Qt::SolidPattern
+        && sign.style() == Qt::SolidPattern;
+}
+
 // The shapes of a mark take longer than all else in a row, and are the same in most paints.
 void Painting::drawMark() const
 {
     const QBrush &ground = groundOfMark();
     const QBrush &sign = signOfMark();
-    const QPointF device = painter->deviceTransform().map(markBox.topLeft());
-    const bool isStill = state.knob == 0 || state.knob == 1;
-    const bool isWhole = painter->deviceTransform().type() <= QTransform::TxTranslate
-        && device == QPointF(device.toPoint());
-    if (!isStill || !isWhole || ground.style() != Qt::SolidPattern
-        || sign.style() != Qt::SolidPattern) {
-        const bool isSmooth = painter->testRenderHint(QPainter::Antialiasing);
+    if (!canKeepMark(ground, sign)) {
         drawMarkWith(painter, ground, sign);
-        painter->setRenderHint(QPainter::Antialiasing, isSmooth);
         return;
     }
     KELRowMark &mark = cache->mark;
     const int kind = content.end + 8 * content.isOn + 16 * isMirrored + 32 * (state.knob > 0);
     if (mark.kind != kind || mark.ground != ground || mark.sign != sign) {
-        mark = {QImage(markBox.size().toSize(), QImage::Format_ARGB32_Premultiplied), ground, sign,
-                kind};
-        mark.image.fill(Qt::transparent);
-        QPainter imagePainter(&mark.image);
-        imagePainter.translate(-markBox.topLeft());
-        drawMarkWith(&imagePainter, ground, sign);
+        mark = {QPixmap(markBox.size().toSize()), ground, sign, kind};
+        mark.picture.fill(Qt::transparent);
+        QPainter picturePainter(&mark.picture);
+        picturePainter.translate(-markBox.topLeft());
+        drawMarkWith(&picturePainter, ground, sign);
     }
-    painter->drawImage(markBox.topLeft(), mark.image);
+    painter->drawPixmap(markBox, mark.picture, QRectF(QPointF(), markBox.size()));
 }
 
 const QBrush &Painting::groundOfMark() const

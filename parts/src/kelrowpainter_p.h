@@ -7,7 +7,6 @@
 #include "kelrow.h"
 
 #include <QtGui/QBrush>
-#include <QtGui/QImage>
 #include <QtGui/QPixmap>
 #include <QtGui/QStaticText>
 
@@ -61,7 +60,7 @@ private:
 // The picture of a mark and what it depends on.
 struct KELRowMark
 {
-    QImage image;
+    QPixmap picture;
     QBrush ground;
     QBrush sign;
     int kind = -1;
