@@ -6,6 +6,7 @@
 
 #include "kelpart.h"
 
+#include <QtCore/QList>
 #include <QtCore/QString>
 
 QT_BEGIN_NAMESPACE
@@ -27,6 +28,7 @@ class KELRowPrivate;
  * row->setEnd(KELRow::Switch);
  * QObject::connect(row, &KELRow::checkedChanged, model, &Model::setDark);
  * layout->addItem(row);
+ * KELRow::formCard({brightness, row, textSize}); // with an outline and round corners
  * \endcode
  *
  * From its start to its end a row shows the picture or the glyph, the caption with the detail below
@@ -37,8 +39,8 @@ class KELRowPrivate;
  * A text is plain and takes one line. White space, line breaks too, is drawn as single blanks. A
  * text that does not fit is elided; one of which not even the ellipsis fits is not drawn, and
  * neither is a glyph or a mark that is wider than the room left. The value takes up to half of the
- * room for text, and more if the caption leaves it. Each text begins at the side that its own
- * script asks for.
+ * room for text, and more if the caption leaves it. A text is at the start of its room, and reads
+ * in the direction of its first letter.
  *
  * \section rowtap A tap
  * A tap anywhere on the row, and the keys Space, Enter, Return and Select, emit
@@ -66,7 +68,9 @@ class KELRowPrivate;
  * accentForegroundBrush draw the switch. A disabled row draws text, glyph and mark with
  * disabledBrush, and a picture half transparent. font is that of the caption and the value,
  * secondaryFont that of the detail. Twice \c spacing is between glyph, caption, value and mark,
- * half of it between the lines. The row has square corners, and no outline besides the separator.
+ * half of it between the lines. borderBrush and \c borderWidth draw the separator, and in a card
+ * the outline, whose corners have the radius \c radius. Without a card the row has square corners
+ * and no outline.
  *
  * The row asks for \c rowHeight, at least KELTouch::leastSize(), and more if the lines and the
  * margins need it. A switch is 56 x 32 px, a radio mark 24 px across.
@@ -86,6 +90,8 @@ class KELGDIPARTS_EXPORT KELRow : public KELPart
     Q_PROPERTY(bool checked READ isChecked WRITE setChecked NOTIFY checkedChanged)
     //! Whether a line is drawn at the bottom. The default is true.
     Q_PROPERTY(bool separator READ hasSeparator WRITE setSeparator)
+    //! Which part of a card the row is. The default is NoCard.
+    Q_PROPERTY(Card card READ card WRITE setCard)
 
 public:
     //! What is at the end of a row.
@@ -97,6 +103,17 @@ public:
         Arrow //!< An arrow: the row leads to another page.
     };
     Q_ENUM(End)
+
+    //! Which part of a card a row is: a ground with an outline and round corners for one row or
+    //! several below each other.
+    enum Card : int {
+        NoCard, //!< None: the row has square corners and no outline.
+        CardTop, //!< The first row of a card.
+        CardMiddle, //!< A row between others.
+        CardBottom, //!< The last row.
+        WholeCard //!< The only row.
+    };
+    Q_ENUM(Card)
 
     //! Creates an empty row as a child item of \a parent, or without a parent if it is null.
     explicit KELRow(QGraphicsItem *parent = nullptr);
@@ -146,6 +163,15 @@ public:
     //! Draws a line of \c borderWidth px and \c borderBrush at the bottom, inside the row, if \a
     //! separator is true.
     void setSeparator(bool separator);
+
+    //! Returns which part of a card the row is.
+    Card card() const;
+    //! Lets the row be the part \a card of a card. A value that is not one of Card counts as
+    //! NoCard. The last row of a card has no separator.
+    void setCard(Card card);
+    //! Lets \a rows, from the first to the last, be one card: calls setCard() of each. A null
+    //! pointer is left out. Place them below each other without space between them.
+    static void formCard(const QList<KELRow *> &rows);
 
     //! Paints the row with \a painter; \a option and \a widget are not used.
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option,

@@ -31,6 +31,7 @@ public:
     KELRowContent content;
     KELRowCache cache;
     KELGlide knob{nullptr};
+    KELRow::Card card = KELRow::NoCard;
     bool hasSeparator = true;
 };
 
@@ -204,6 +205,28 @@ void KELRow::setSeparator(bool separator)
     update();
 }
 
+KELRow::Card KELRow::card() const
+{
+    return d->card;
+}
+
+void KELRow::setCard(Card card)
+{
+    d->card = card >= NoCard && card <= WholeCard ? card : NoCard;
+    update();
+}
+
+void KELRow::formCard(const QList<KELRow *> &rows)
+{
+    for (KELRow *row : rows) {
+        const bool isFirst = row == rows.first();
+        const bool isLast = row == rows.last();
+        if (row)
+            row->setCard(isFirst ? (isLast ? WholeCard : CardTop)
+                                 : (isLast ? CardBottom : CardMiddle));
+    }
+}
+
 void KELRow::paint(QPainter *painter, const QStyleOptionGraphicsItem * /*option*/,
                    QWidget * /*widget*/)
 {
@@ -212,6 +235,7 @@ void KELRow::paint(QPainter *painter, const QStyleOptionGraphicsItem * /*option*
     state.isPressed = isPressed();
     state.isFocusShown = isFocusShown();
     state.hasSeparator = d->hasSeparator;
+    state.card = d->card;
     state.knob = d->knob.value();
     state.direction = layoutDirection();
     KELRowPainter::paint(painter, rect(), *partStyle(), d->content, state, &d->cache);

@@ -87,6 +87,8 @@ private:
     bool needsClip() const;
 
     void drawGround() const;
+    void drawLine(const QRectF &line) const;
+    void drawCard(const QBrush &ground, qreal border, bool isFirst, bool isLast) const;
     void drawContent() const;
     void drawIcon() const;
     void drawPicture() const;
@@ -186,15 +188,43 @@ void Painting::run()
 
 void Painting::drawGround() const
 {
-    painter->fillRect(rect,
-                      state.isPressed  ? style.pressedBrush
-                          : isSelected ? style.selectedBrush
-                                       : style.backgroundBrush);
-    if (!state.hasSeparator || !(style.borderWidth > 0))
-        return;
-    const qreal height = qMin(style.borderWidth, rect.height());
-    painter->fillRect(QRectF(rect.x(), rect.bottom() - height, rect.width(), height),
-                      style.borderBrush);
+    const QBrush &released = isSelected ? style.selectedBrush : style.backgroundBrush;
+    const QBrush &ground = state.isPressed ? style.pressedBrush : released;
+    const qreal border = qMin(length(style.borderWidth), rect.height());
+    const bool isFirst = state.card == KELRow::CardTop || state.card == KELRow::WholeCard;
+    const bool isLast = state.card == KELRow::CardBottom || state.card == KELRow::WholeCard;
+    if (isFirst || isLast)
+        drawCard(ground, border, isFirst, isLast);
+    else
+        painter->fillRect(rect, ground);
+    if (state.card == KELRow::CardMiddle) {
+        drawLine(QRectF(rect.x(), rect.y(), border, rect.height()));
+        drawLine(QRectF(rect.right() - border, rect.y(), border, rect.height()));
+    }
+    if (state.hasSeparator && !isLast)
+        drawLine(QRectF(rect.x(), rect.bottom() - border, rect.width(), border));
+}
+
+void Painting::drawLine(const QRectF &line) const
+{
+    painter->fillRect(line, style.borderBrush);
+}
+
+// The part of a card that lies in the rectangle; where it goes on, its outline is outside.
+void Painting::drawCard(const QBrush &ground, qreal border, bool isFirst, bool isLast) const
+{
+    const qreal half = border / 2;
+    const qreal radius = length(style.radius);
+    const qreal outside = radius + border;
+    painter->save();
+    painter->setClipRect(rect, Qt::IntersectClip);
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(border > 0 ? QPen(style.borderBrush, border) : QPen(Qt::NoPen));
+    painter->setBrush(ground);
+    painter->drawRoundedRect(
+        rect.adjusted(half, isFirst ? half : -outside, -half, isLast ? -half : outside), radius,
+        radius);
+    painter->restore();
 }
 
 void Painting::drawContent() const
@@ -358,13 +388,15 @@ void Painting::drawArrow(QPainter *with, const QBrush &brush) const
 
 void Painting::drawFocus() const
 {
-    const QBrush &brush = isSelected ? style.selectedForegroundBrush : style.accentBrush;
-    const qreal width = qMin(rect.width(), strokePx);
-    const qreal height = qMin(rect.height(), strokePx);
-    painter->fillRect(QRectF(rect.left(), rect.top(), rect.width(), height), brush);
-    painter->fillRect(QRectF(rect.left(), rect.bottom() - height, rect.width(), height), brush);
-    painter->fillRect(QRectF(rect.left(), rect.top(), width, rect.height()), brush);
-    painter->fillRect(QRectF(rect.right() - width, rect.top(), width, rect.height()), brush);
+    if (qMin(rect.width(), rect.height()) < 2 * strokePx)
+        return;
+    const qreal half = strokePx / 2;
+    const qreal radius = state.card == KELRow::NoCard ? 0 : length(style.radius);
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(QPen(isSelected ? style.selectedForegroundBrush : style.accentBrush, strokePx,
+                         Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter->setBrush(Qt::NoBrush);
+    painter->drawRoundedRect(rect.adjusted(half, half, -half, -half), radius, radius);
 }
 
 } // namespace

@@ -30,6 +30,7 @@ struct KELRowState
     bool isSelected = false;
     bool isFocusShown = false;
     bool hasSeparator = true;
+    KELRow::Card card = KELRow::NoCard;
     qreal knob = 0;
     Qt::LayoutDirection direction = Qt::LeftToRight;
 };

@@ -33,13 +33,17 @@ public:
     bool isSelected = false;
     bool isFocusShown = false;
     bool hasSeparator = true;
+    KELRow::Card card = KELRow::NoCard;
     bool isMirrored = false;
     qreal knob = -1; // as isOn says
 
     void draw(QPainter *painter) const
     {
-        painter->fillRect(QRectF(QPointF(), size), ground());
-        if (hasSeparator)
+        if (card == KELRow::NoCard)
+            painter->fillRect(QRectF(QPointF(), size), ground());
+        else
+            drawCard(painter);
+        if (hasSeparator && card != KELRow::CardBottom && card != KELRow::WholeCard)
             painter->fillRect(QRectF(0, size.height() - 1, size.width(), 1), style.borderBrush);
         drawContent(painter);
         if (!isFocusShown)
@@ -47,8 +51,12 @@ public:
         const QBrush ring = looksSelected() ? style.selectedForegroundBrush : style.accentBrush;
         painter->setPen(QPen(ring, 2, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
         painter->setBrush(Qt::NoBrush);
-        painter->setRenderHint(QPainter::Antialiasing, false);
-        painter->drawRect(QRectF(1, 1, size.width() - 2, size.height() - 2));
+        painter->setRenderHint(QPainter::Antialiasing, card != KELRow::NoCard);
+        const QRectF inside(1, 1, size.width() - 2, size.height() - 2);
+        if (card == KELRow::NoCard)
+            painter->drawRect(inside);
+        else
+            painter->drawRoundedRect(inside, 12, 12);
     }
 
 private:
@@ -59,6 +67,25 @@ private:
         if (isPressed)
             return style.pressedBrush;
         return looksSelected() ? style.selectedBrush : style.backgroundBrush;
+    }
+
+    // The card is drawn as a whole, and the row shows what lies in it.
+    void drawCard(QPainter *painter) const
+    {
+        qreal top = -100;
+        qreal bottom = size.height() + 100;
+        if (card == KELRow::CardTop || card == KELRow::WholeCard)
+            top = 0;
+        if (card == KELRow::CardBottom || card == KELRow::WholeCard)
+            bottom = size.height();
+        painter->save();
+        painter->setClipRect(QRectF(QPointF(), size));
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(QPen(style.borderBrush, 1));
+        painter->setBrush(ground());
+        painter->drawRoundedRect(QRectF(0.5, top + 0.5, size.width() - 1, bottom - top - 1), 12,
+                                 12);
+        painter->restore();
     }
 
     QBrush ink(const QBrush &usual) const
@@ -242,6 +269,7 @@ inline KELRow *newRow(const HandRow &like)
     row->setChecked(like.isOn);
     row->setEnabled(like.isEnabled);
     row->setSeparator(like.hasSeparator);
+    row->setCard(like.card);
     row->setLayoutDirection(like.isMirrored ? Qt::RightToLeft : Qt::LeftToRight);
     row->setMinimumSize(0, 0);
     row->resize(like.size);

@@ -405,6 +405,21 @@ private Q_SLOTS:
         QCOMPARE(row->geometry(), QRectF(0, 0, 480, 80));
     }
 
+    void rowsFormACard()
+    {
+        KELRow rows[3];
+        KELRow::formCard({&rows[0], &rows[1], nullptr, &rows[2]});
+        QCOMPARE(rows[0].card(), KELRow::CardTop);
+        QCOMPARE(rows[1].card(), KELRow::CardMiddle);
+        QCOMPARE(rows[2].card(), KELRow::CardBottom);
+        KELRow::formCard({&rows[1]});
+        QCOMPARE(rows[1].card(), KELRow::WholeCard);
+        rows[1].setCard(KELRow::Card(9));
+        QCOMPARE(rows[1].card(), KELRow::NoCard);
+        KELRow::formCard({});
+        KELRow::formCard({nullptr});
+    }
+
     void keepsWhatItIsGiven()
     {
         KELRow row;

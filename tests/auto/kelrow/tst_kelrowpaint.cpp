@@ -19,6 +19,12 @@ const std::vector<Named> ends = {{"no end", KELRow::NoEnd},
 const std::vector<Named> directions = {{"left to right", false}, {"right to left", true}};
 const std::vector<Named> onOrOff = {{"off", false}, {"on", true}};
 
+const std::vector<Named> cards = {{"no card", KELRow::NoCard},
+                                  {"first", KELRow::CardTop},
+                                  {"between", KELRow::CardMiddle},
+                                  {"last", KELRow::CardBottom},
+                                  {"alone", KELRow::WholeCard}};
+
 const std::vector<Named> widths = {{"0 px", 0},   {"1 px", 1},     {"30 px", 30},
                                    {"90 px", 90}, {"200 px", 200}, {"800 px", 800}};
 
@@ -206,9 +212,26 @@ private Q_SLOTS:
         QCOMPARE(differenceOf(hand, row), QString());
     }
 
+    void isAPartOfACard_data() { addRows({{"card", cards}, {"mirrored", directions}}); }
+
+    void isAPartOfACard()
+    {
+        HandRow hand = usualRow(KELRow::Arrow);
+        hand.card = fetch<KELRow::Card>("card");
+        hand.isMirrored = fetch<bool>("mirrored");
+        const std::unique_ptr<KELRow> row(newRow(hand));
+        QCOMPARE(differenceOf(hand, row.get()), QString());
+        QCOMPARE(KelImage::pixelsOutside(row.get()), QString());
+        row->setSeparator(hand.hasSeparator = false);
+        QCOMPARE(differenceOf(hand, row.get()), QString());
+    }
+
+    void theRingShowsTheFocusOfKeys_data() { addRows({{"card", cards}}); }
+
     void theRingShowsTheFocusOfKeys()
     {
         HandRow hand = usualRow(KELRow::Radio);
+        hand.card = fetch<KELRow::Card>("card");
         KelTestView view;
         KELRow *row = newRow(hand);
         view.ownScene.addItem(row);
@@ -303,6 +326,8 @@ private Q_SLOTS:
         row->styleChanged();
         QCOMPARE(KelImage::pixelsOutside(row.get()), QString());
         QVERIFY(row->effectiveSizeHint(Qt::PreferredSize).width() < 1000);
+        row->setCard(KELRow::WholeCard);
+        QCOMPARE(KelImage::pixelsOutside(row.get()), QString());
         QCOMPARE(KelImage::inkOf(KelImage::paint(row.get(), QSize(500, 64))), QRect(0, 0, 400, 64));
     }
 };
