@@ -8,7 +8,7 @@
 
 #include <kelrange.h>
 
-#include <QtWidgets/QGraphicsSceneWheelEvent>
+#include <QtGui/QWheelEvent>
 
 namespace {
 
@@ -46,10 +46,12 @@ public:
 
     void turnWheel(int delta, Qt::Orientation orientation = Qt::Vertical)
     {
-        QGraphicsSceneWheelEvent event(QEvent::GraphicsSceneWheel);
-        event.setDelta(delta);
-        event.setOrientation(orientation);
-        view.ownScene.sendEvent(range, &event);
+        view.showOnce();
+        const QPoint pos = at(50);
+        const QPoint angle = orientation == Qt::Vertical ? QPoint(0, delta) : QPoint(delta, 0);
+        QWheelEvent event(pos, view.viewport()->mapToGlobal(pos), QPoint(), angle, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(view.viewport(), &event);
     }
 
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
