@@ -201,7 +201,9 @@ void KELPart::keyPressEvent(QKeyEvent *event)
 
 void KELPart::focusInEvent(QFocusEvent *event)
 {
-    d->isFocusShown = isByKey(event->reason());
+    // The focus that returns to where it was shows as it did.
+    if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason)
+        d->isFocusShown = isByKey(event->reason());
     update();
     QGraphicsWidget::focusInEvent(event);
 }
