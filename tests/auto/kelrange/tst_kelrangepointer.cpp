@@ -124,6 +124,16 @@ private Q_SLOTS:
         QCOMPARE(stage.log.take(), u"pressed released"_s);
     }
 
+    void aFingerThatStaysChangesNothing()
+    {
+        RangeStage stage;
+        stage.range->setValue(0.1); // which the place of the finger gives back a little less
+        stage.log.take();
+        stage.hand.tap(stage.at(0.1) - QPoint(13, 0));
+        QCOMPARE(stage.log.take(), u"pressed released"_s);
+        QVERIFY(stage.range->value() == 0.1);
+    }
+
     void onlyMovesAlongTheTrackCount()
     {
         RangeStage stage;
@@ -140,12 +150,15 @@ private Q_SLOTS:
     void theEndsAreReachedExactly()
     {
         RangeStage stage;
-        stage.range->setRange(0.1, 0.3);
+        stage.range->setRange(0.2, 0.9); // 0.2 + (0.9 - 0.2) is less than 0.9
         stage.hand.press(stage.at(50));
+        stage.hand.move(stage.at(100));
+        QVERIFY(stage.range->value() == 0.9);
+        stage.hand.move(stage.at(40));
         stage.hand.move(QPoint(390, 130));
-        QVERIFY(stage.range->value() == 0.3);
+        QVERIFY(stage.range->value() == 0.9);
         stage.hand.move(QPoint(2, 130));
-        QVERIFY(stage.range->value() == 0.1);
+        QVERIFY(stage.range->value() == 0.2);
         stage.hand.release();
     }
 

@@ -326,6 +326,17 @@ private Q_SLOTS:
         QCOMPARE(warm.value(), 25.0);
     }
 
+    void whatIsShownIsNotWrittenAgain()
+    {
+        ChattyModel model;
+        KELSlideControl slide;
+        KELValues::show(&model, "level", &slide, "value");
+        SignalLog log;
+        log.listenTo(&slide);
+        model.setOn(false); // tells of all properties
+        QCOMPARE(log.take(), QString());
+    }
+
     void aSlotOfTheControlMayChangeTheModel()
     {
         ChattyModel model;
