@@ -176,12 +176,16 @@ Q_SIGNALS:
     void released();
 
 protected:
+    //! Takes hold of the knob; see \ref rangepress.
     void mousePressEvent(QGraphicsSceneMouseEvent *event) override;
     void dragEvent(const QPointF &pos, bool isDrag) override;
     void releaseEvent(const QPointF &pos, bool isTap) override;
     void pressLostEvent() override;
+    //! Moves by a step for each notch; see \ref rangekeys.
     void wheelEvent(QGraphicsSceneWheelEvent *event) override;
+    //! Handles the keys of \ref rangekeys and leaves others to the items around.
     void keyPressEvent(QKeyEvent *event) override;
+    //! Returns the size hints of \ref rangelook. \a constraint is not used.
     QSizeF sizeHint(Qt::SizeHint which, const QSizeF &constraint = QSizeF()) const override;
 
 private:

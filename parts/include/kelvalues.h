@@ -100,9 +100,9 @@ public:
      *
      * If \a controlProperty is of type QString, it becomes \a format with each <tt>%1</tt> replaced
      * by the value; an empty \a format is the value alone. Numbers are written as in the default
-     * QLocale: those of type double and float with \a decimals, or if that is negative, with as
-     * many as they need. An invalid value and a number that is NaN or infinite are a dash (U+2013).
-     * Other values are converted as by QVariant::toString().
+     * QLocale: those of type double and float with \a decimals, at most 15, or if that is
+     * negative, with as many as they need. An invalid value and a number that is NaN or infinite
+     * are a dash (U+2013). Other values are converted as by QVariant::toString().
      *
      * A property of another type gets the value itself, as with QMetaProperty::write(); \a format
      * and \a decimals are not used. Nothing is written while the control has the value already.

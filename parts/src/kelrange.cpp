@@ -95,15 +95,15 @@ qreal KELRangePrivate::along(const QPointF &pos) const
 QRectF KELRangePrivate::placed(qreal from, qreal to, qreal near, qreal far) const
 {
     if (isVertical)
-        return QRectF(isMirrored() ? breadth() - far : near, length() - to, far - near, to - from);
-    return QRectF(isMirrored() ? length() - to : from, near, to - from, far - near);
+        return {isMirrored() ? breadth() - far : near, length() - to, far - near, to - from};
+    return {isMirrored() ? length() - to : from, near, to - from, far - near};
 }
 
 QSizeF KELRangePrivate::bubbleSize(const QString &text) const
 {
     const QFontMetricsF metrics(q->partStyle()->font);
-    return QSizeF(std::ceil(metrics.horizontalAdvance(text)) + 2 * bubblePaddingXPx,
-                  std::ceil(metrics.height()) + 2 * bubblePaddingYPx);
+    return {std::ceil(metrics.horizontalAdvance(text)) + 2 * bubblePaddingXPx,
+            std::ceil(metrics.height()) + 2 * bubblePaddingYPx};
 }
 
 // The same for all values, lest the track move.
@@ -327,7 +327,7 @@ void KELRange::setRange(double minimum, double maximum)
     if (!std::isfinite(minimum) || !std::isfinite(maximum))
         return;
     d->minimum = qBound(-greatestBound, minimum, greatestBound);
-    d->maximum = qBound(d->minimum, maximum, greatestBound);
+    d->maximum = qMax(d->minimum, qMin(maximum, greatestBound));
     updateGeometry();
     update();
     setValue(d->value);

@@ -3,20 +3,18 @@
 
 #include "kelvalues.h"
 
+#include "kelvaluelink_p.h"
+
 #include <QtCore/QByteArray>
-#include <QtCore/QLocale>
 #include <QtCore/QMetaMethod>
-#include <QtCore/QMetaProperty>
-#include <QtCore/QPointer>
-#include <QtCore/QVariant>
 #include <kelcombobox.h>
 #include <kelprocessbar.h>
 #include <kelradiobox.h>
 
-namespace {
+#include <algorithm>
+#include <array>
 
-constexpr int mostRounds = 8;
-constexpr ushort dash = 0x2013;
+namespace {
 
 // A property of KELValues, the class that it is for, and what that class calls its notify signal.
 struct Offer
@@ -26,189 +24,57 @@ struct Offer
     const char *signal;
 };
 
-const Offer offers[] = {
-    {"text", &KELRoundRectControl::staticMetaObject, nullptr},
-    {"enabled", &KELRoundRectControl::staticMetaObject, "enabledChanged()"},
-    {"visible", &KELRoundRectControl::staticMetaObject, "visibleChanged()"},
-    {"check", &KELRoundRectControl::staticMetaObject, "checkChanged()"},
-    {"percent", &KELProcessBar::staticMetaObject, "valueChanged()"},
-    {"selectIndex", &KELComboBox::staticMetaObject, "selectItemChanged()"},
-    {"currentId", &KELRadioBoxGroup::staticMetaObject, "idChanged()"},
-};
+const std::array<Offer, 7> &offers()
+{
+    static const std::array<Offer, 7> all = {{
+        {"text", &KELRoundRectControl::staticMetaObject, nullptr},
+        {"enabled", &KELRoundRectControl::staticMetaObject, "enabledChanged()"},
+        {"visible", &KELRoundRectControl::staticMetaObject, "visibleChanged()"},
+        {"check", &KELRoundRectControl::staticMetaObject, "checkChanged()"},
+        {"percent", &KELProcessBar::staticMetaObject, "valueChanged()"},
+        {"selectIndex", &KELComboBox::staticMetaObject, "selectItemChanged()"},
+        {"currentId", &KELRadioBoxGroup::staticMetaObject, "idChanged()"},
+    }};
+    return all;
+}
 
 bool isOffered(const QObject *object, const QByteArray &name)
 {
-    for (const Offer &offer : offers) {
-        if (name == offer.property && object->metaObject()->inherits(offer.owner))
-            return true;
-    }
-    return false;
+    return std::any_of(offers().begin(), offers().end(), [&](const Offer &offer) {
+        return name == offer.property && object->metaObject()->inherits(offer.owner);
+    });
 }
 
-QMetaProperty propertyOf(const QObject *object, const char *name)
+// Finds a property of the object or, where it has none of the name, of its values.
+bool find(KELValueSide *side, const char *what, QObject *object, const QByteArray &name)
 {
-    const QMetaObject *meta = object->metaObject();
-    return meta->property(meta->indexOfProperty(name));
-}
-
-} // namespace
-
-// One property of an object that may be destroyed at any time.
-struct KELValueSide
-{
-    bool find(const char *what, QObject *wanted, const QByteArray &name);
-    bool can(bool is, const char *what) const;
-    QVariant read() const { return object ? property.read(object) : QVariant(); }
-
-    QPointer<QObject> object;
-    QMetaProperty property;
-};
-
-// Copies between two properties. Each call of a getter or setter may destroy it.
-class KELValueLink final : public QObject
-{
-    Q_OBJECT
-
-public:
-    KELValueLink(QObject *control, const QString &newFormat, int newDecimals) :
-        QObject(control), format(newFormat), decimals(newDecimals)
-    { }
-
-    bool listen(const KELValueSide &side, const char *slot);
-
-    KELValueSide model;
-    KELValueSide shown;
-
-public Q_SLOTS:
-    void onModelChanged();
-    void onControlChanged();
-
-private:
-    QVariant forControl(const QVariant &value) const;
-    void showOnce();
-
-    const QString format;
-    const int decimals;
-    bool isCopying = false;
-    bool isStale = false; // the model has changed in the meantime
-};
-
-bool KELValueSide::can(bool is, const char *what) const
-{
-    if (!is) {
-        qWarning("KELValues: property \"%s\" of %s %s", property.name(),
-                 object->metaObject()->className(), what);
-    }
-    return is;
-}
-
-bool KELValueSide::find(const char *what, QObject *wanted, const QByteArray &name)
-{
-    if (!wanted) {
+    if (!object) {
         qWarning("KELValues: no %s", what);
         return false;
     }
-    object = wanted;
-    property = propertyOf(wanted, name.constData());
-    if (!property.isValid() && isOffered(wanted, name)) {
-        object = KELValues::of(wanted);
-        property = propertyOf(object, name.constData());
-    }
-    if (!property.isValid()) {
-        qWarning("KELValues: %s has no property \"%s\"", wanted->metaObject()->className(),
+    const bool isFound = side->find(object, name.constData())
+        || (isOffered(object, name) && side->find(KELValues::of(object), name.constData()));
+    if (!isFound) {
+        qWarning("KELValues: %s has no property \"%s\"", object->metaObject()->className(),
                  name.constData());
     }
-    return property.isValid();
+    return isFound;
 }
 
-// False when the link is gone: connectNotify() of an object may do anything.
-bool KELValueLink::listen(const KELValueSide &side, const char *slot)
-{
-    const QPointer<KELValueLink> self(this);
-    if (side.can(side.property.hasNotifySignal(), "does not notify")) {
-        const QMetaMethod method = staticMetaObject.method(staticMetaObject.indexOfSlot(slot));
-        connect(side.object, side.property.notifySignal(), this, method);
-    }
-    return self;
-}
-
-QVariant KELValueLink::forControl(const QVariant &value) const
-{
-    if (shown.property.userType() != QMetaType::QString)
-        return value;
-    const QLocale locale;
-    QString text = QChar(dash);
-    if (value.userType() == QMetaType::Double || value.userType() == QMetaType::Float) {
-        const double number = value.toDouble();
-        const int digits = decimals < 0 ? int(QLocale::FloatingPointShortest) : decimals;
-        if (qIsFinite(number))
-            text = locale.toString(number, 'f', digits);
-    } else if (value.userType() == QMetaType::Int || value.userType() == QMetaType::UInt
-               || value.userType() == QMetaType::LongLong) {
-        text = locale.toString(value.toLongLong());
-    } else if (value.isValid()) {
-        text = value.toString();
-    }
-    return format.isEmpty() ? text : QString(format).replace(QLatin1String("%1"), text);
-}
-
-// Again for a model that a slot of the control has changed; not for ever, if each slot changes it.
-void KELValueLink::showOnce()
-{
-    const QPointer<KELValueLink> self(this);
-    isCopying = true;
-    int round = 0;
-    do {
-        isStale = false;
-        const QVariant value = model.read();
-        if (!self || !model.object)
-            break;
-        const QVariant wanted = forControl(value);
-        const bool isShown = shown.read() == wanted;
-        if (!self)
-            return;
-        if (!isShown && shown.object)
-            shown.property.write(shown.object, wanted);
-    } while (self && isStale && ++round < mostRounds);
-    if (self)
-        isCopying = false;
-}
-
-void KELValueLink::onModelChanged()
-{
-    isStale = true;
-    if (!isCopying)
-        showOnce();
-}
-
-void KELValueLink::onControlChanged()
-{
-    if (isCopying)
-        return;
-    const QPointer<KELValueLink> self(this);
-    isCopying = true;
-    const QVariant value = shown.read();
-    if (self && shown.object && model.object)
-        model.property.write(model.object, value);
-    if (self)
-        showOnce();
-}
-
-static QObject *newLink(QObject *model, const char *property, QObject *control,
-                        const char *controlProperty, bool isEdit, const QString &format,
-                        int decimals)
+QObject *newLink(QObject *model, const char *property, QObject *control,
+                 const char *controlProperty, bool isEdit, const QString &format, int decimals)
 {
     KELValueSide source;
     KELValueSide shown;
-    if (!source.find("model", model, property) || !shown.find("control", control, controlProperty)
+    if (!find(&source, "model", model, property)
+        || !find(&shown, "control", control, controlProperty)
         || !shown.can(shown.property.isWritable(), "cannot be written")
         || (isEdit && !source.can(source.property.isWritable(), "cannot be written")))
         return nullptr;
     const QPointer<KELValueLink> made(new KELValueLink(control, format, decimals));
     made->model = source;
     made->shown = shown;
-    if (!made->listen(source, "onModelChanged()")
-        || (isEdit && !made->listen(shown, "onControlChanged()")))
+    if (!made->listenToModel() || (isEdit && !made->listenToControl()))
         return nullptr;
     if (source.object)
         QObject::connect(source.object, SIGNAL(destroyed()), made, SLOT(deleteLater()));
@@ -217,14 +83,18 @@ static QObject *newLink(QObject *model, const char *property, QObject *control,
     return made;
 }
 
+} // namespace
+
 KELValues::KELValues(QObject *object) : QObject(object)
 {
-    for (const Offer &offer : offers) {
-        const int signal = offer.signal ? object->metaObject()->indexOfSignal(offer.signal) : -1;
-        if (signal >= 0 && object->metaObject()->inherits(offer.owner)) {
-            connect(object, object->metaObject()->method(signal), this,
-                    propertyOf(this, offer.property).notifySignal());
-        }
+    const QMetaObject *meta = object->metaObject();
+    for (const Offer &offer : offers()) {
+        const int signal = offer.signal ? meta->indexOfSignal(offer.signal) : -1;
+        if (signal < 0 || !meta->inherits(offer.owner))
+            continue;
+        const int index = staticMetaObject.indexOfProperty(offer.property);
+        connect(object, meta->method(signal), this,
+                staticMetaObject.property(index).notifySignal());
     }
 }
 
@@ -262,7 +132,9 @@ QString KELValues::text() const
 void KELValues::setText(const QString &text)
 {
     auto *control = qobject_cast<KELRoundRectControl *>(parent());
-    if (!control || control->text() == text)
+    if (!control)
+        return;
+    if (control->text() == text)
         return;
     control->setText(text);
     Q_EMIT textChanged();
@@ -271,7 +143,7 @@ void KELValues::setText(const QString &text)
 bool KELValues::isEnabled() const
 {
     const auto *control = qobject_cast<KELRoundRectControl *>(parent());
-    return control && control->isEnabled();
+    return control != nullptr && control->isEnabled();
 }
 
 void KELValues::setEnabled(bool enabled)
@@ -283,7 +155,7 @@ void KELValues::setEnabled(bool enabled)
 bool KELValues::isVisible() const
 {
     const auto *control = qobject_cast<KELRoundRectControl *>(parent());
-    return control && control->isVisible();
+    return control != nullptr && control->isVisible();
 }
 
 void KELValues::setVisible(bool visible)
@@ -295,7 +167,7 @@ void KELValues::setVisible(bool visible)
 bool KELValues::isCheck() const
 {
     const auto *control = qobject_cast<KELRoundRectControl *>(parent());
-    return control && control->isCheck();
+    return control != nullptr && control->isCheck();
 }
 
 // A control that tells of its state has its signal connected.
@@ -346,5 +218,3 @@ void KELValues::setCurrentId(int id)
     if (auto *group = qobject_cast<KELRadioBoxGroup *>(parent()))
         group->setId(id);
 }
-
-#include "kelvalues.moc"
