@@ -131,7 +131,8 @@ TEXT
         -DCMAKE_INSTALL_DATAROOTDIR:PATH=share -DLIB_SUFFIX= -DCMAKE_INSTALL_SO_NO_EXE=0 \
         -DCMAKE_TOOLCHAIN_FILE="$directory/toolchain.cmake" -DCMAKE_NO_SYSTEM_FROM_IMPORTED=1 \
         -DCMAKE_EXPORT_NO_PACKAGE_REGISTRY=ON -DFETCHCONTENT_FULLY_DISCONNECTED=ON \
-        $qt $(recipe_value EXTRA_OECMAKE) $(package_config gallery "$2") $(package_config tests "$2") -Wno-dev
+        $qt $(recipe_value EXTRA_OECMAKE) $(package_config parts ON) $(package_config gallery "$2") \
+        $(package_config tests "$2") -Wno-dev
 }
 
 yocto() {
@@ -167,7 +168,8 @@ yocto() {
 buildroot_configure() { # BUILD y|n
     local build=$1 host=$directory/host options
     options=$(PATH=/usr/bin:/bin make -s -f - PACKAGE="$package/kelgdicontrol.mk" \
-        BR2_PACKAGE_KELGDICONTROL_GALLERY="$2" BR2_PACKAGE_KELGDICONTROL_TESTS="$2" print <<'TEXT'
+        BR2_PACKAGE_KELGDICONTROL_PARTS=y BR2_PACKAGE_KELGDICONTROL_GALLERY="$2" \
+        BR2_PACKAGE_KELGDICONTROL_TESTS="$2" print <<'TEXT'
 qstrip = $(strip $(subst ",,$(1)))
 cmake-package = # nothing: the variables are what counts
 include $(PACKAGE)
@@ -241,11 +243,17 @@ TEXT
     rm -r "target$(sed -n 's/^\trm -rf \$(TARGET_DIR)//p' "$package/kelgdicontrol.mk")"
     [ -z "$(find target -name '*.prf')" ] || fail "the file for qmake stays on the target"
     # Built for size, as the release preset does.
-    $triplet-strip -o stripped.so "target/usr/lib/libKELGdiControl.so.$version"
-    local size limit=$((300 * 1024))
-    size=$(stat -c %s stripped.so)
-    echo "buildroot: $size bytes when stripped, at most $limit"
-    [ "$size" -le "$limit" ] || fail "the library is too large"
+    is_small libKELGdiControl $((300 * 1024))
+    is_small libKELGdiParts $((200 * 1024))
+}
+
+# is_small LIBRARY LIMIT: it has at most so many bytes when it is stripped.
+is_small() {
+    local size
+    $triplet-strip -o "$1.stripped" "target/usr/lib/$1.so.$version"
+    size=$(stat -c %s "$1.stripped")
+    echo "buildroot: $1 has $size bytes when stripped, at most $2"
+    [ "$size" -le "$2" ] || fail "$1 is too large"
 }
 
 # --- what must hold in both -----------------------------------------------------------------------------------------
@@ -274,18 +282,24 @@ would_install() {
 # installed FOLDER: everything is there, for aarch64, and knows neither this folder nor the one it
 # was built in.
 installed() {
-    local file usr=$1/usr
+    local library file usr=$1/usr
     PATH=/usr/bin:/bin
-    for file in lib/libKELGdiControl.so lib/libKELGdiControl.so.1 "lib/libKELGdiControl.so.$version" \
-        lib/cmake/KELGdiControl/KELGdiControlConfig.cmake lib/pkgconfig/KELGdiControl.pc \
-        lib/qt5/mkspecs/features/kelgdicontrol.prf include/KELGdiControl/KELPushButton; do
+    for library in KELGdiControl KELGdiParts; do
+        for file in lib/lib$library.so lib/lib$library.so.1 "lib/lib$library.so.$version" \
+            lib/cmake/KELGdiControl/${library}Targets.cmake lib/pkgconfig/$library.pc \
+            "lib/qt5/mkspecs/features/${library,,}.prf"; do
+            [ -e "$usr/$file" ] || fail "$file is not installed in $1"
+        done
+        readelf -h "$usr/lib/lib$library.so.$version" | grep -q 'Machine: *AArch64' || fail "not for aarch64"
+        if readelf -d "$usr/lib/lib$library.so.$version" | grep -E 'RPATH|RUNPATH'; then
+            fail "$library has a run path"
+        fi
+    done
+    for file in lib/cmake/KELGdiControl/KELGdiControlConfig.cmake include/KELGdiControl/KELPushButton \
+        include/KELGdiParts/KELPart; do
         [ -e "$usr/$file" ] || fail "$file is not installed in $1"
     done
     [ "$(ls "$1")" = usr ] || fail "something is installed outside /usr: $(ls "$1")"
-    readelf -h "$usr/lib/libKELGdiControl.so.$version" | grep -q 'Machine: *AArch64' || fail "not for aarch64"
-    if readelf -d "$usr/lib/libKELGdiControl.so.$version" | grep -E 'RPATH|RUNPATH'; then
-        fail "the library has a run path"
-    fi
     if grep -rlF "$directory" "$1"; then
         fail "these files in $1 name the folder of the build"
     fi

@@ -17,16 +17,19 @@ inherit cmake_qt5
 
 EXTRA_OECMAKE = "-DKEL_BUILD_EXAMPLES=OFF"
 
-PACKAGECONFIG ??= ""
+PACKAGECONFIG ??= "parts"
+PACKAGECONFIG[parts] = "-DKEL_BUILD_PARTS=ON,-DKEL_BUILD_PARTS=OFF"
 PACKAGECONFIG[gallery] = "-DKEL_BUILD_GALLERY=ON,-DKEL_BUILD_GALLERY=OFF"
 PACKAGECONFIG[tests] = "-DKEL_BUILD_TESTS=ON -DKEL_INSTALL_TESTS=ON,-DKEL_BUILD_TESTS=OFF"
 PACKAGECONFIG[docs] = ",,doxygen-native"
 
 OECMAKE_TARGET_COMPILE:append = "${@bb.utils.contains('PACKAGECONFIG', 'docs', ' docs', '', d)}"
 
-PACKAGES =+ "${PN}-gallery ${PN}-tests"
+PACKAGES =+ "${PN}-gallery ${PN}-parts ${PN}-tests"
 FILES:${PN}-gallery = "${bindir}/kelgdi-gallery ${datadir}/applications"
 RRECOMMENDS:${PN}-gallery = "liberation-fonts"
+SUMMARY:${PN}-parts = "What touch screens made with KELGdiControl are put together from"
+FILES:${PN}-parts = "${libdir}/libKELGdiParts.so.*"
 FILES:${PN}-tests = "${bindir}/kelgdi-selftest ${libdir}/kelgdicontrol"
 FILES:${PN}-dev += "${libdir}/qt5/mkspecs"
 FILES:${PN}-doc += "${datadir}/qt5/doc"
