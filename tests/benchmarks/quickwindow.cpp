@@ -55,6 +55,23 @@ void QuickWindow::paint()
 {
     m_parts->control.grab();
 }
+
+void QuickWindow::paintChanged()
+{
+    m_parts->control.polishItems();
+    m_parts->control.sync();
+    paint();
+}
+
+void QuickWindow::set(const char *property, const QVariant &value)
+{
+    m_parts->root->setProperty(property, value);
+}
+
+void QuickWindow::call(const char *function)
+{
+    QMetaObject::invokeMethod(m_parts->root.get(), function);
+}
 #else
 class QuickWindow::Parts
 {
@@ -74,4 +91,10 @@ bool QuickWindow::isReady() const
 }
 
 void QuickWindow::paint() { }
+
+void QuickWindow::paintChanged() { }
+
+void QuickWindow::set(const char * /*property*/, const QVariant & /*value*/) { }
+
+void QuickWindow::call(const char * /*function*/) { }
 #endif

@@ -6,11 +6,12 @@
 
 #include <QtCore/QByteArray>
 #include <QtCore/QSize>
+#include <QtCore/QVariant>
 
 #include <memory>
 
-// A window of Qt Quick, never shown, with one item of Qt Quick Controls 2 that fills it, and the
-// software renderer. Without Qt Quick it is never ready.
+// A window of Qt Quick, never shown, with one item that fills it, such as one of Qt Quick Controls
+// 2, and the software renderer. Without Qt Quick it is never ready.
 class QuickWindow
 {
 public:
@@ -25,6 +26,12 @@ public:
 
     // Paints the whole window into a new picture.
     void paint();
+    // The same, after a change of the item.
+    void paintChanged();
+
+    // Sets a property of the item, and calls a function of it.
+    void set(const char *property, const QVariant &value);
+    void call(const char *function);
 
 private:
     Q_DISABLE_COPY(QuickWindow)
