@@ -48,13 +48,15 @@ class KELPinDialogPrivate;
  *
  * \section pinkeys Keys
  * A digit counts when its key goes down, so that two thumbs may type as fast as they can: the order
- * of the digits is the order of the presses, and a key that is held or left counts too. The cross,
+ * of the digits is the order of the presses, and a key that is held or left counts too. Only a
+ * second finger on a key that is still down does not count. The cross,
  * at the bottom where a line begins, cancels on a tap; the key on the other side removes the last
  * digit. All keys are KELPushButton items; see \ref fingers for what further fingers do.
  *
  * From a keyboard it takes 0 to 9, Backspace and Delete; Escape, Back and Cancel, which cancel; and
- * Return, Enter and Select, which shake the dialog while digits are missing. It grabs the keyboard
- * (QGraphicsItem::grabKeyboard()): the focus stays where it is.
+ * Return, Enter and Select, which shake the dialog while digits are missing. Other keys of that
+ * view, and shortcuts, have no effect. An item that has lost the focus to a press gets it back when
+ * the dialog closes.
  *
  * \section pinsecrecy Secrecy
  * The digits are shown as dots. They are overwritten when they are removed, rejected or accepted
@@ -62,8 +64,9 @@ class KELPinDialogPrivate;
  * unless a slot has kept a copy. No function returns them, and nothing prints them.
  *
  * \section pinlook Look
- * If the view is wider than high, the caption and the dots stand beside the keypad, otherwise above
- * it. The dialog shakes for 400 ms and up to 12 px to both sides, without KELMotion not at all.
+ * If the view is wider than high, the caption and the dots stand beside the keypad, which is as
+ * wide as they are or, where there is less room, takes 55 % of it; otherwise they stand above it.
+ * The dialog shakes for 400 ms and up to 12 px to both sides, without KELMotion not at all.
  *
  * The keys are as large as fits, up to one and a half KELTouch::leastSize(). They are smaller than
  * that size only in a view without room for it: 480 x 272 px suffice for 48 px. With the default

@@ -50,18 +50,18 @@ QPainterPath cross(qreal reach)
     return path;
 }
 
-// A tag that points to where the digit goes, with a cross in it.
+// A tag that points to the digit which goes, with a cross in it.
 QPainterPath removal(qreal reach, bool isMirrored)
 {
     const qreal tip = isMirrored ? 2 * reach : -2 * reach;
-    const qreal back = tip / -1.5;
+    const qreal height = 1.5 * reach;
     QPainterPath path(QPointF(tip, 0));
-    path.lineTo(tip / 3, 1.5 * reach);
-    path.lineTo(back, 1.5 * reach);
-    path.lineTo(back, -1.5 * reach);
-    path.lineTo(tip / 3, -1.5 * reach);
+    path.lineTo(tip / 4, height);
+    path.lineTo(-tip, height);
+    path.lineTo(-tip, -height);
+    path.lineTo(tip / 4, -height);
     path.closeSubpath();
-    path.addPath(cross(reach / 2).translated(back / 3, 0));
+    path.addPath(cross(reach / 2).translated(tip / -3, 0));
     return path;
 }
 
@@ -226,9 +226,9 @@ void KELPinDialogPrivate::wasClosed()
 {
     isOpen = false;
     wipe();
-    veil.uncover();
     shake.finish();
     QMetaObject::invokeMethod(q, "closed", Qt::QueuedConnection);
+    veil.uncover();
 }
 
 qreal KELPinDialogPrivate::captionHeight(qreal width, qreal most) const
@@ -452,8 +452,6 @@ void KELPinDialog::open(QGraphicsScene *scene)
     d->veil.cover(this);
     if (self && d->isOpen)
         show();
-    if (self && d->isOpen)
-        grabKeyboard();
 }
 
 void KELPinDialog::styleChanged()
@@ -543,7 +541,8 @@ void KELPinDialog::changeEvent(QEvent *event)
 QVariant KELPinDialog::itemChange(GraphicsItemChange change, const QVariant &value)
 {
     const bool isHidden = change == ItemVisibleHasChanged && !isVisible();
+    const QPointer<KELPinDialog> self(this);
     if (d->isOpen && (isHidden || change == ItemSceneHasChanged))
         d->wasClosed();
-    return KELPart::itemChange(change, value);
+    return self ? KELPart::itemChange(change, value) : value;
 }

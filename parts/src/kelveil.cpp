@@ -20,8 +20,8 @@ void KELVeil::cover(QGraphicsWidget *item)
     uncover();
     const QPointer<QGraphicsWidget> alive(item);
     QGraphicsScene *scene = item->scene();
-    item->setFlags(item->flags() | QGraphicsItem::ItemIsPanel
-                   | QGraphicsItem::ItemStopsFocusHandling);
+    m_focused = scene->focusItem() ? scene->focusItem()->toGraphicsObject() : nullptr;
+    item->setFlag(QGraphicsItem::ItemIsPanel);
     item->setAcceptedMouseButtons(Qt::AllButtons);
     item->setAcceptHoverEvents(true);
     if (QGraphicsItem *grabber = scene->mouseGrabberItem())
@@ -38,15 +38,22 @@ void KELVeil::cover(QGraphicsWidget *item)
     }
     m_viewport = views.first()->viewport();
     m_viewport->installEventFilter(this);
+    views.first()->installEventFilter(this);
     follow();
 }
 
 void KELVeil::uncover()
 {
-    m_item = nullptr;
-    if (m_viewport)
+    m_item.clear();
+    if (m_viewport) {
         m_viewport->removeEventFilter(this);
+        m_viewport->parent()->removeEventFilter(this);
+    }
     m_viewport.clear();
+    const QPointer<QGraphicsObject> focused(m_focused);
+    m_focused.clear();
+    if (focused && focused->scene() && !focused->scene()->focusItem())
+        focused->setFocus(Qt::PopupFocusReason);
 }
 
 void KELVeil::follow()
@@ -59,10 +66,31 @@ void KELVeil::follow()
         m_item->setGeometry(shown);
 }
 
+// A slot may delete the item, and this with it. A key that the item does not take is for nobody.
+bool KELVeil::handleKey(QEvent *event)
+{
+    event->accept();
+    QGraphicsScene *scene = m_item->scene();
+    if (scene && event->type() != QEvent::ShortcutOverride)
+        scene->sendEvent(m_item, event);
+    event->accept();
+    return true;
+}
+
 // A view changes its scale and its scroll bars after it was resized: look when it is about to draw.
 bool KELVeil::eventFilter(QObject * /*watched*/, QEvent *event)
 {
-    if (event->type() == QEvent::Paint && m_item)
+    if (!m_item)
+        return false;
+    switch (event->type()) {
+    case QEvent::Paint:
         follow();
-    return false;
+        return false;
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::ShortcutOverride:
+        return handleKey(event);
+    default:
+        return false;
+    }
 }

@@ -12,15 +12,16 @@
  * Lays an item over everything else in the first view of its scene, for as long as it covers.
  *
  * The item is a panel, so that no press, wheel or touch reaches the items below, and takes all
- * buttons. Presses leave the keyboard focus where it is. Before each frame the item is given the
- * rectangle that the view shows, whatever has changed that: the view's size, scale or scroll bars.
+ * buttons. A press takes the focus away from what is below; it is given back afterwards. The keys
+ * of the view go to the item alone. Before each frame the item is given the rectangle that the view
+ * shows, whatever has changed that: the view's size, scale or scroll bars.
  */
 class KELVeil : public QObject
 {
 public:
-    // Takes the mouse away from what is pressed. The item, which has a scene, outlives this or the
-    // call of uncover().
+    // Takes the mouse away from what is pressed. The item has a scene.
     void cover(QGraphicsWidget *item);
+    // Does not use this any more when the focus goes back, which application code may see.
     void uncover();
 
 protected:
@@ -28,8 +29,10 @@ protected:
 
 private:
     void follow();
+    bool handleKey(QEvent *event);
 
-    QGraphicsWidget *m_item = nullptr;
+    QPointer<QGraphicsWidget> m_item;
+    QPointer<QGraphicsObject> m_focused;
     QPointer<QWidget> m_viewport;
 };
 
