@@ -7,14 +7,13 @@
 set -euo pipefail
 export LC_ALL=C.UTF-8
 debian=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/debian
-symbols=$debian/libkelgdicontrol1.symbols
 
 usage() {
     cat <<'TEXT'
 Usage: packaging/check-symbols.sh [--update] LIBRARY
 
-Fails if LIBRARY (a libKELGdiControl.so.1 for amd64 or arm64) lacks a symbol that is listed in
-packaging/debian/libkelgdicontrol1.symbols, or exports one that is not.
+Fails if LIBRARY (a libKELGdiControl.so.1 or libKELGdiParts.so.1 for amd64 or arm64) lacks a symbol that
+is listed in the symbols file of its package in packaging/debian, or exports one that is not.
 
   --update   add the new symbols to the file, with the version of packaging/debian/changelog. A missing
              symbol breaks applications: delete its line by hand, and only if it was never released.
@@ -46,6 +45,14 @@ case $(readelf -h "$1") in
     ;;
 esac
 library=$(readlink -f "$1")
+soname=$(readelf -d "$library" | sed -n 's/.*(SONAME).*\[\(.*\)\]/\1/p')
+package=${soname,,}
+package=${package/.so./}
+symbols=$debian/$package.symbols
+if [ ! -f "$symbols" ]; then
+    echo "check-symbols.sh: $1: its soname is '$soname', and there is no $symbols" >&2
+    exit 1
+fi
 new=$(mktemp)
 trap 'rm -f "$new"' EXIT
 cd "$debian/.."
@@ -54,7 +61,7 @@ version=$(dpkg-parsechangelog -S Version)
 # one.
 $update || version+=+check
 status=0
-report=$(dpkg-gensymbols -t -c4 -a"$architecture" -plibkelgdicontrol1 -v"$version" -I"$symbols" \
+report=$(dpkg-gensymbols -t -c4 -a"$architecture" -p"$package" -v"$version" -I"$symbols" \
     -e"$library" -O"$new" 2>&1) || status=$?
 if $update && [ -s "$new" ]; then
     # The offset in the name of a thunk is two pointers.

@@ -12,10 +12,9 @@ usage() {
     cat <<'TEXT'
 Usage: scripts/abi.sh --check | --update
 
-  --check    list the differences from tests/abi/interface.txt and from the symbols file of the
-             package, and fail if there are any
-  --update   make the current headers the baseline: write tests/abi/interface.txt,
-             docs/guide/layout.md and the symbols file
+  --check    list the differences from tests/abi/interface.txt and parts.txt and from the symbols
+             files of the packages, and fail if there are any
+  --update   make the current headers the baseline: write these files and docs/guide/layout.md
 
 docs/guide/abi.md says what may change. ./check makes the same comparisons for amd64 and arm64.
 TEXT
@@ -34,10 +33,14 @@ case ${1-} in
 esac
 
 need "${build_packages[@]}" dpkg-dev python3
-build_or_exit abi dev --target KELGdiControl kel_interface
+build_or_exit abi dev --target KELGdiControl KELGdiParts kel_interface kel_parts_interface
 status=0
-tests/abi/abi "${1#--}" build/dev/tests/abi/CMakeFiles/kel_interface.dir/interface.cpp.o || status=1
+objects=build/dev/tests/abi/CMakeFiles
+tests/abi/abi "${1#--}" interface $objects/kel_interface.dir/interface.cpp.o || status=1
+tests/abi/abi "${1#--}" parts $objects/kel_parts_interface.dir/parts.cpp.o || status=1
 option=()
 [ "$1" = --check ] || option=(--update)
-packaging/check-symbols.sh "${option[@]}" build/dev/src/libKELGdiControl.so || status=1
+for library in src/libKELGdiControl.so parts/libKELGdiParts.so; do
+    packaging/check-symbols.sh "${option[@]}" build/dev/$library || status=1
+done
 exit $status

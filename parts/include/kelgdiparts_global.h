@@ -4,6 +4,8 @@
 #ifndef KELGDIPARTS_GLOBAL_H
 #define KELGDIPARTS_GLOBAL_H
 
+#include <kelgdicontrol_version.h>
+
 #include <QtCore/qglobal.h>
 
 /*!

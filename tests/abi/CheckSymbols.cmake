@@ -1,15 +1,17 @@
 # SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 # SPDX-License-Identifier: MIT
 
-# cmake -DNM=... -DREADELF=... -DLIBRARY=... -DCLASSES=<class>,... -DALIASES=... -P CheckSymbols.cmake
+# cmake -DNM=... -DREADELF=... -DLIBRARY=... -DSONAME=... -DCLASSES=<class>,...
+#     [-DALIASES=...] -P CheckSymbols.cmake
 #
 # The library has its soname and exports its public classes and nothing else: no helper of its own,
 # and no template of another library that the compiler put into it. Every second name is that of a
 # const function, less the const, and leads to it.
 
 execute_process(COMMAND ${READELF} -d ${LIBRARY} OUTPUT_VARIABLE dynamic COMMAND_ERROR_IS_FATAL ANY)
-if(NOT dynamic MATCHES "\\(SONAME\\)[^\n]*\\[libKELGdiControl\\.so\\.1\\]")
-    message(FATAL_ERROR "the soname is not libKELGdiControl.so.1:\n${dynamic}")
+string(REPLACE "." "\\." soname "${SONAME}")
+if(NOT dynamic MATCHES "\\(SONAME\\)[^\n]*\\[${soname}\\]")
+    message(FATAL_ERROR "the soname is not ${SONAME}:\n${dynamic}")
 endif()
 
 execute_process(COMMAND ${NM} -DC --defined-only ${LIBRARY} OUTPUT_VARIABLE symbols
@@ -44,6 +46,9 @@ function(address_of result function)
     set(${result} "${address}" PARENT_SCOPE)
 endfunction()
 
+if(NOT ALIASES)
+    return()
+endif()
 file(READ ${ALIASES} aliases)
 string(REGEX MATCHALL "_ZN[A-Za-z0-9_]+[ \n]*=[ \n]*[A-Za-z0-9_]+" aliases "${aliases}")
 if(NOT aliases)
