@@ -23,7 +23,6 @@ public:
     void setText(QString *text, const QString &newText);
     KELRow *otherCheckedRadio() const;
     void showChecked(bool checked);
-    bool isSeen() const { return row->isVisible() && row->scene(); }
     void knobMoved();
     void activate();
 
@@ -69,17 +68,18 @@ KELRow *KELRowPrivate::otherCheckedRadio() const
 void KELRowPrivate::showChecked(bool checked)
 {
     content.isOn = checked;
-    if (content.end == KELRow::Switch && isSeen())
+    if (content.end == KELRow::Switch)
         knob.glideTo(checked, KELMotion::switchMs);
     else
         knob.setValue(checked);
     row->update();
 }
 
+// Also called when the knob starts.
 void KELRowPrivate::knobMoved()
 {
     row->update();
-    if (!isSeen())
+    if (!row->isVisible() || !row->scene())
         knob.finish();
 }
 
@@ -167,7 +167,6 @@ KELRow::End KELRow::end() const
 void KELRow::setEnd(End end)
 {
     d->content.end = end >= NoEnd && end <= Arrow ? end : NoEnd;
-    d->knob.setValue(d->content.isOn);
     d->contentChanged();
 }
 

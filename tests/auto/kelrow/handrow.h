@@ -129,8 +129,8 @@ private:
     {
         qreal start = 16;
         if (!picture.isNull() || !glyph.isEmpty()) {
-            drawIcon(painter, placed(start, QSizeF(24, 24)));
-            start += 24 + 16;
+            drawIcon(painter, placed(start, QSizeF(style.iconSize, style.iconSize)));
+            start += style.iconSize + 16;
         }
         qreal finish = size.width() - 16;
         const QSizeF mark = sizeOfMark();
@@ -182,7 +182,7 @@ private:
             return;
         }
         QFont font(KELIconFont::fontFamily(), -1, -1, false);
-        font.setPixelSize(24);
+        font.setPixelSize(style.iconSize);
         painter->setFont(font);
         painter->setPen(QPen(ink(style.accentBrush), 1));
         const qreal x = box.center().x() - widthOf(glyph, font) / 2;

@@ -134,7 +134,8 @@ private Q_SLOTS:
         QCOMPARE(differenceOf(hand, row.get()), QString());
         row->setChecked(hand.isOn = true);
         QCOMPARE(differenceOf(hand, row.get()), QString());
-        row->setCaption(hand.caption = u"Another"_s);
+        row->setCaption(hand.caption = u"Another one"_s);
+        QCOMPARE(differenceOf(hand, row.get()), QString());
         row->setDetail(hand.detail = QString());
         row->setValue(hand.value = u"2"_s);
         QCOMPARE(differenceOf(hand, row.get()), QString());
@@ -158,6 +159,11 @@ private Q_SLOTS:
         hand.isEnabled = fetch<bool>("enabled");
         const std::unique_ptr<KELRow> row(newRow(hand));
         KelImage::paint(row.get(), hand.size.toSize());
+        row->partStyle()->trackBrush = hand.style.trackBrush = QColor(0, 90, 200);
+        QCOMPARE(differenceOf(hand, row.get()), QString());
+        row->partStyle()->knobBrush = hand.style.knobBrush = QColor(200, 0, 0);
+        row->partStyle()->iconSize = hand.style.iconSize = 32;
+        QCOMPARE(differenceOf(hand, row.get()), QString());
         hand.style.backgroundBrush = QColor(1, 2, 3);
         hand.style.foregroundBrush = QColor(255, 0, 0);
         hand.style.mutedBrush = QColor(0, 255, 0);
@@ -179,6 +185,41 @@ private Q_SLOTS:
         HandRow hand = usualRow(KELRow::Switch);
         hand.style.trackBrush = HandDrawing::gradient();
         QCOMPARE(differenceOf(hand), QString());
+        hand.style.trackBrush = Qt::gray;
+        hand.style.knobBrush = HandDrawing::gradient();
+        QCOMPARE(differenceOf(hand), QString());
+        hand.style.trackBrush = Qt::NoBrush;
+        QCOMPARE(differenceOf(hand), QString());
+    }
+
+    // A mark between two pixels is not moved to a whole one.
+    void isInPlaceBetweenPixels_data() { addRows({{"end", ends}}); }
+
+    void isInPlaceBetweenPixels()
+    {
+        HandRow hand;
+        hand.end = fetch<KELRow::End>("end");
+        const std::unique_ptr<KELRow> row(newRow(hand));
+        const auto drawn = [&](const KelImage::Drawing &draw) {
+            return KelImage::draw(hand.size.toSize(), 1, [&](QPainter *painter) {
+                painter->translate(0.5, 0.25);
+                draw(painter);
+            });
+        };
+        const QImage actual = drawn([&](QPainter *p) { row->paint(p, nullptr); });
+        QCOMPARE(KelImage::difference(actual, drawn([&](QPainter *p) { hand.draw(p); })),
+                 QString());
+    }
+
+    void anotherIconFontIsSeen()
+    {
+        HandRow hand = usualRow(KELRow::NoEnd);
+        const std::unique_ptr<KELRow> row(newRow(hand));
+        QCOMPARE(differenceOf(hand, row.get()), QString());
+        const QString family = std::exchange(KELIconFont::g_fontFamily, QFont().family());
+        const QString difference = differenceOf(hand, row.get());
+        KELIconFont::g_fontFamily = family;
+        QCOMPARE(difference, QString());
     }
 
     void isElidedAtEveryWidth_data()
@@ -241,6 +282,21 @@ private Q_SLOTS:
         QTest::keyClick(view.viewport(), Qt::Key_F1);
         hand.isFocusShown = true;
         QCOMPARE(differenceOf(hand, row), QString());
+    }
+
+    void aNarrowRowHasNoRing_data() { addRows({{"card", cards}}); }
+
+    void aNarrowRowHasNoRing()
+    {
+        HandRow hand;
+        hand.size.setWidth(1);
+        hand.card = fetch<KELRow::Card>("card");
+        KelTestView view;
+        KELRow *row = newRow(hand);
+        view.ownScene.addItem(row);
+        QVERIFY(view.showAndWait());
+        row->setFocus(Qt::TabFocusReason);
+        QCOMPARE(KelImage::pixelsOutside(row), QString());
     }
 
     void aPictureIsDrawnInsteadOfTheGlyph_data()
