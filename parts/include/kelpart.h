@@ -90,7 +90,8 @@ struct KELGDIPARTS_EXPORT KELPartStyle
  * A part takes the left mouse button and the first finger. A press becomes a drag when it leaves
  * the place where it began by more than \c slopPx item px (Manhattan distance), and a tap when it
  * is released without having been one. The press is lost without a tap when the grab is taken away,
- * or when the part is hidden, disabled or removed from the scene.
+ * when the window system cancels the touch, or when the part is hidden, disabled or removed from
+ * the scene.
  *
  * \section partfocus Focus
  * A part that takes keys has Qt::StrongFocus. Its focus is drawn as a ring only while it came, or
@@ -146,6 +147,7 @@ protected:
     //! Returns whether \a event is a key without a modifier, the one of a keypad apart.
     static bool isPlainKey(const QKeyEvent *event);
 
+    bool eventFilter(QObject *watched, QEvent *event) override;
     bool sceneEvent(QEvent *event) override;
     QVariant itemChange(GraphicsItemChange change, const QVariant &value) override;
     void mousePressEvent(QGraphicsSceneMouseEvent *event) override;

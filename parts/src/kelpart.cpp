@@ -6,6 +6,7 @@
 #include <QtCore/QEvent>
 #include <QtCore/QPointer>
 #include <QtGui/QKeyEvent>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QGraphicsScene>
 #include <QtWidgets/QGraphicsSceneMouseEvent>
 
@@ -122,6 +123,7 @@ void KELPartPrivate::losePress(KELPart *part)
     if (!isPressed)
         return;
     isPressed = false;
+    qApp->removeEventFilter(part);
     isLossUntold = true;
     part->update();
     QMetaObject::invokeMethod(
@@ -134,6 +136,14 @@ void KELPartPrivate::tellLoss(KELPart *part)
         isLossUntold = false;
         part->pressLostEvent();
     }
+}
+
+// Qt turns a touch that the window system cancels into a release of the mouse, which follows.
+bool KELPart::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::TouchCancel)
+        d->losePress(this);
+    return QGraphicsWidget::eventFilter(watched, event);
 }
 
 bool KELPart::sceneEvent(QEvent *event)
@@ -163,6 +173,7 @@ void KELPart::mousePressEvent(QGraphicsSceneMouseEvent *event)
         return;
     d->pressPos = event->pos();
     d->isPressed = true;
+    qApp->installEventFilter(this);
     d->isDrag = false;
     d->isFocusShown = false;
     update();
@@ -182,6 +193,7 @@ void KELPart::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
         return;
     const bool isDrag = d->isDrag || (event->pos() - d->pressPos).manhattanLength() > slopPx;
     d->isPressed = false;
+    qApp->removeEventFilter(this);
     update();
     releaseEvent(event->pos(), !isDrag);
 }

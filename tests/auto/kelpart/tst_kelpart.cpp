@@ -86,6 +86,22 @@ private Q_SLOTS:
         letEventsRun();
         QCOMPARE(part->take(), u"lost"_s);
     }
+
+    void aCancelledTouchIsNoTap()
+    {
+        KelTestView view;
+        auto *part = new LoggingPart;
+        part->setGeometry(50, 50, 200, 100);
+        view.ownScene.addItem(part);
+        Hand hand(&view, Input::Touch);
+        hand.press(QPoint(100, 100));
+        hand.cancel();
+        QVERIFY(!part->isPressed());
+        letEventsRun();
+        QCOMPARE(part->take(), u"press lost"_s);
+        hand.tap(QPoint(100, 100));
+        QCOMPARE(part->take(), u"press tap"_s);
+    }
 };
 
 KEL_TEST_MAIN(tst_KELPart)
