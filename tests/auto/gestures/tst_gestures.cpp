@@ -15,6 +15,7 @@
 
 #include <QtCore/QStringListModel>
 
+#include <cstdio>
 #include <random>
 
 /*
@@ -22,14 +23,14 @@
  * misread. A tap never scrolls, and a flick never taps.
  *
  * KEL_GESTURES=<count> makes so many, KEL_SEED=<number> others. A failure names the gesture, and
- * the same two values repeat it.
+ * the same two values repeat it; KEL_TELL=1 prints each one.
  */
 namespace {
 
-constexpr QSize screenSize(480, 800);
-constexpr QRectF listPlace(0, 80, 360, 480);
-constexpr QRectF rangePlace(20, 600, 440, 64);
-constexpr QRectF rowPlace(0, 700, 480, 64);
+constexpr QSize screenSize(480, 560);
+constexpr QRectF listPlace(0, 0, 360, 400);
+constexpr QRectF rangePlace(20, 410, 440, 64);
+constexpr QRectF rowPlace(0, 490, 480, 64);
 constexpr int rowCount = 10000;
 constexpr int usualGestures = 1000;
 constexpr int tremblePx = 4;
@@ -53,7 +54,7 @@ public:
         list->setGeometry(listPlace);
         for (int i = 0; i < 4; ++i) {
             buttons[i] = new KELPushButton(page);
-            buttons[i]->setboundRect(370, 90 + 110 * i, 100, 100);
+            buttons[i]->setboundRect(370, 100 * i, 100, 90);
             log.listenTo(buttons[i], QString::number(i));
         }
         range = new KELRange(page);
@@ -114,6 +115,9 @@ class tst_Gestures : public KelTest
     Q_OBJECT
 
 private Q_SLOTS:
+    // Half of them each. A screen has one or the other: Qt remembers where the first finger is.
+    void noneIsMisread_data() { addRows({{"input", inputs}}); }
+
     void noneIsMisread()
     {
         bool isSet = false;
@@ -121,13 +125,14 @@ private Q_SLOTS:
         const int count = isSet ? wanted : usualGestures;
         const auto seed = unsigned(qEnvironmentVariableIntValue("KEL_SEED"));
         m_random.seed(seed);
+        const auto input = fetch<Input>("input");
+        const Kind last = input == Input::Touch ? Kind::Cancel : Kind::Stop;
         Screen screen;
+        screen.hand.use(input);
         QVERIFY(QTest::qWaitForWindowExposed(&screen.screen));
-        for (int i = 0; i < count; ++i) {
-            const auto kind = Kind(number(0, kinds - 1));
+        for (int i = 0; i < count / 2; ++i) {
+            const auto kind = Kind(number(0, int(last)));
             const QString wrong = play(&screen, kind);
-            if (qEnvironmentVariableIsSet("KEL_TELL"))
-                qInfo("%d: %s", i, kindNames[int(kind)]);
             QVERIFY2(wrong.isEmpty(),
                      qPrintable(u"gesture %1 of seed %2, %3: %4"_s.arg(i).arg(seed).arg(
                          QString::fromLatin1(kindNames[int(kind)]), wrong)));
@@ -149,7 +154,8 @@ private:
 
     QString play(Screen *screen, Kind kind)
     {
-        screen->hand.use(number(0, 1) ? Input::Touch : Input::Mouse);
+        if (m_isTelling)
+            std::fprintf(stderr, "%s\n", kindNames[int(kind)]);
         screen->list->setPosition(number(0, 10) == 0 ? 0 : number(500, 500000));
         screen->takeLog();
         switch (kind) {
@@ -176,7 +182,7 @@ private:
     {
         const int target = number(0, 2);
         const int button = number(0, 3);
-        const QPoint pos = target == 0 ? screen->placeOnList(number(10, 470))
+        const QPoint pos = target == 0 ? screen->placeOnList(number(10, 390))
             : target == 1              ? rowPlace.center().toPoint()
                                        : screen->centreOf(button);
         const int row = screen->rowAt(pos);
@@ -205,7 +211,7 @@ private:
     QString drag(Screen *screen, bool isSideways)
     {
         const int before = screen->list->position();
-        const QPoint start = screen->placeOnList(number(200, 280));
+        const QPoint start = screen->placeOnList(number(160, 240));
         const int sign = number(0, 1) ? 1 : -1;
         const QPoint first = isSideways ? QPoint(sign * number(12, 40), number(-8, 8))
                                         : QPoint(number(-8, 8), sign * number(12, 40));
@@ -232,7 +238,7 @@ private:
     {
         const int sign = number(0, 1) ? 1 : -1;
         const int before = screen->list->position();
-        const QPoint start = screen->placeOnList(240);
+        const QPoint start = screen->placeOnList(200);
         screen->hand.drag(start, start + QPoint(number(-5, 5), sign * number(60, 200)),
                           number(2, 6));
         const int released = screen->list->position();
@@ -242,7 +248,7 @@ private:
         QCoreApplication::processEvents();
         const bool isMoving = screen->list->isMoving();
         if (isStopped) {
-            const QPoint pos = screen->placeOnList(number(10, 470));
+            const QPoint pos = screen->placeOnList(number(10, 390));
             screen->hand.press(pos);
             const int stopped = screen->list->position();
             screen->hand.release();
@@ -263,7 +269,6 @@ private:
     // The first on a button, the second on another one or on the list.
     QString useTwoThumbs(Screen *screen)
     {
-        screen->hand.use(Input::Touch);
         const int before = screen->list->position();
         const bool isOnList = number(0, 1);
         const int first = number(0, 1);
@@ -295,9 +300,8 @@ private:
     // The window system takes the touch away.
     QString cancel(Screen *screen)
     {
-        screen->hand.use(Input::Touch);
         const int before = screen->list->position();
-        const QPoint pos = screen->placeOnList(number(10, 470));
+        const QPoint pos = screen->placeOnList(number(10, 390));
         screen->hand.press(pos);
         const bool isDrag = number(0, 1);
         if (isDrag)
@@ -312,6 +316,7 @@ private:
     }
 
     std::mt19937 m_random;
+    const bool m_isTelling = qEnvironmentVariableIsSet("KEL_TELL");
 };
 
 KEL_TEST_MAIN(tst_Gestures)
