@@ -55,8 +55,8 @@ class KELPinDialogPrivate;
  *
  * From a keyboard it takes 0 to 9, Backspace and Delete; Escape, Back and Cancel, which cancel; and
  * Return, Enter and Select, which shake the dialog while digits are missing. Other keys of that
- * view, and shortcuts, have no effect. An item that has lost the focus to a press gets it back when
- * the dialog closes.
+ * view, and shortcuts, have no effect. An item that has lost the focus to a press gets it back
+ * before accepted() and cancelled().
  *
  * \section pinsecrecy Secrecy
  * The digits are shown as dots. They are overwritten when they are removed, rejected or accepted

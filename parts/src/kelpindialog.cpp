@@ -218,6 +218,8 @@ bool KELPinDialogPrivate::close()
         return false;
     const QPointer<KELPinDialog> self(q);
     q->hide();
+    if (self)
+        veil.returnFocus();
     return !self.isNull();
 }
 

@@ -50,7 +50,11 @@ void KELVeil::uncover()
         m_viewport->parent()->removeEventFilter(this);
     }
     m_viewport.clear();
-    const QPointer<QGraphicsObject> focused(m_focused);
+}
+
+void KELVeil::returnFocus()
+{
+    QGraphicsObject *focused = m_focused;
     m_focused.clear();
     if (focused && focused->scene() && !focused->scene()->focusItem())
         focused->setFocus(Qt::PopupFocusReason);

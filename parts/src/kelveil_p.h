@@ -12,7 +12,7 @@
  * Lays an item over everything else in the first view of its scene, for as long as it covers.
  *
  * The item is a panel, so that no press, wheel or touch reaches the items below, and takes all
- * buttons. A press takes the focus away from what is below; it is given back afterwards. The keys
+ * buttons. A press takes the focus away from what is below; returnFocus() gives it back. The keys
  * of the view go to the item alone. Before each frame the item is given the rectangle that the view
  * shows, whatever has changed that: the view's size, scale or scroll bars.
  */
@@ -21,8 +21,10 @@ class KELVeil : public QObject
 public:
     // Takes the mouse away from what is pressed. The item has a scene.
     void cover(QGraphicsWidget *item);
-    // Does not use this any more when the focus goes back, which application code may see.
     void uncover();
+    // Afterwards, unless Qt is in the middle of its own work: application code may see it, which
+    // may delete this.
+    void returnFocus();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
