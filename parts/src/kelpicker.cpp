@@ -88,14 +88,17 @@ void KELPickerPrivate::makeList()
 {
     list = new KELList(cover);
     list->setFocusPolicy(Qt::NoFocus); // its keys come by the cover
+    list->setMinimumSize(0, 0); // where there is less room than it asks for
     list->setSelectable(true);
     list->setLayoutDirection(q->layoutDirection());
     *list->partStyle() = *q->partStyle();
     list->styleChanged();
     list->setModel(model);
-    list->setGeometry(placeOfList(list->rowRect(0).height() * model->rowCount()));
+    const qreal rowHeight = list->rowRect(0).height();
+    list->setGeometry(placeOfList(rowHeight * count()));
     list->setCurrentRow(row);
-    list->setPosition(int(list->rowRect(row).center().y() - list->size().height() / 2));
+    const qreal above = (list->size().height() / rowHeight - 1) / 2;
+    list->setPosition(int(rowHeight) * qRound(row - above));
     QObject::connect(list, &KELList::clicked, q, &KELPicker::choose);
 }
 

@@ -7,6 +7,7 @@
 
 #include <kelcheckbox.h>
 #include <kelmotion.h>
+#include <kelpicker.h>
 #include <kelpindialog.h>
 #include <kelpushbutton.h>
 #include <kelrange.h>
@@ -88,6 +89,23 @@ void buildPinDialog(PartStage *stage)
         stage->addSpot(QPoint(250, y));
 }
 
+void buildPicker(PartStage *stage)
+{
+    auto *const picker = stage->add(new KELPicker(stage->page));
+    picker->setItems({QStringLiteral("One"), QStringLiteral("Two"), QStringLiteral("Three")});
+    picker->setCurrentIndex(0);
+    picker->setGeometry(QRectF(QPointF(), rowSize));
+    stage->add(picker->model());
+    stage->addSpot(QPoint(160, 30));
+}
+
+void buildOpenPicker(PartStage *stage)
+{
+    buildPicker(stage);
+    stage->find<KELPicker>()->open();
+    stage->addSpot(QPoint(160, 170));
+}
+
 void tap(PartStage *stage, const QPoint &pos)
 {
     Hand(stage->screen->viewport()).tap(pos);
@@ -137,6 +155,8 @@ void setValues(PartStage *stage, const QPoint & /*pos*/)
 {
     if (auto *const row = stage->find<KELRow>(1))
         row->setChecked(true);
+    if (auto *const picker = stage->find<KELPicker>())
+        picker->setCurrentIndex(2);
     if (auto *const range = stage->find<KELRange>())
         range->setValue(30);
     if (auto *const box = stage->find<KELCheckBox>())
@@ -209,8 +229,13 @@ void PartStage::walk()
 const std::vector<PartStageKind> &partStages()
 {
     static const std::vector<PartStageKind> all = {
-        {"rows", buildRows},   {"range", buildRange},          {"values", buildValues},
-        {"pages", buildPages}, {"PIN dialog", buildPinDialog},
+        {"rows", buildRows},
+        {"range", buildRange},
+        {"values", buildValues},
+        {"pages", buildPages},
+        {"PIN dialog", buildPinDialog},
+        {"picker", buildPicker},
+        {"open picker", buildOpenPicker},
     };
     return all;
 }
