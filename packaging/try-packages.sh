@@ -130,7 +130,7 @@ cp -r tests/install "$folder/try"
 inside root useradd --create-home tester
 inside root apt-get update -q >>"$log" 2>&1
 
-try "the self-test is installed" installs libkelgdicontrol1 kelgdi-gallery libkelgdicontrol-tests
+try "the self-test is installed" installs libkelgdicontrol1 libkelgdiparts1 kelgdi-gallery libkelgdicontrol-tests
 try "the self-test passes" selftest
 if [ "$architecture" = "$(dpkg --print-architecture)" ]; then
     try "Xvfb and xdotool are installed" installs xvfb xdotool
@@ -138,10 +138,18 @@ if [ "$architecture" = "$(dpkg --print-architecture)" ]; then
 fi
 try "the development files are installed" installs libkelgdicontrol-dev libkelgdicontrol-doc \
     g++ cmake make ninja-build pkgconf
-for tool in cmake pkgconfig qmake; do
-    try "an application builds with $tool" inside tester /try/consume.sh "$tool" /usr "lib/$triplet" \
-        "/home/tester/$tool" g++
-done
+# builds LIBRARY WHAT: it is all that is installed.
+builds() {
+    local tool
+    for tool in cmake pkgconfig qmake; do
+        try "$2 builds with $tool" inside tester /try/consume.sh "$tool" /usr "lib/$triplet" \
+            "/home/tester/$1-$tool" g++ "$1"
+    done
+}
+
+builds KELGdiControl "an application"
+try "the development files of the parts are installed" installs libkelgdiparts-dev
+builds KELGdiParts "an application with parts"
 try "nothing remains when the packages are purged" nothing_remains
 
 echo "$passed passed, $failed failed"
