@@ -412,7 +412,7 @@ qreal KELRowText::naturalWidth(const QString &text, const QFont &font)
     return m_naturalWidth;
 }
 
-// An ellipsis wider than the limit is left out.
+// Qt elides to nothing where not even the ellipsis fits.
 bool KELRowText::layOut(const QString &text, const QFont &font, qreal limit)
 {
     const qreal width = naturalWidth(text, font);
@@ -427,8 +427,6 @@ bool KELRowText::layOut(const QString &text, const QFont &font, qreal limit)
     m_drawn.setTextFormat(Qt::PlainText);
     m_drawn.setText(line);
     m_drawn.prepare(QTransform(), font);
-    if (width > limit && m_drawn.size().width() > limit)
-        m_drawn.setText(QString());
     return !m_drawn.text().isEmpty();
 }
 

@@ -128,13 +128,14 @@ private:
     void drawContent(QPainter *painter) const
     {
         qreal start = 16;
-        if (!picture.isNull() || !glyph.isEmpty()) {
+        const bool hasIcon = !picture.isNull() || !glyph.isEmpty();
+        if (hasIcon && style.iconSize <= size.width() - 32) {
             drawIcon(painter, placed(start, QSizeF(style.iconSize, style.iconSize)));
             start += style.iconSize + 16;
         }
         qreal finish = size.width() - 16;
         const QSizeF mark = sizeOfMark();
-        if (!mark.isEmpty()) {
+        if (!mark.isEmpty() && mark.width() <= finish - start) {
             drawMark(painter, placed(finish - mark.width(), mark));
             finish -= mark.width() + 16;
         }
@@ -150,6 +151,8 @@ private:
         const qreal most = qMax(room / 2, room - 16 - widthOf(caption, style.font));
         const QString shown = QFontMetricsF(style.font).elidedText(value, Qt::ElideRight, most);
         const qreal width = widthOf(shown, style.font);
+        if (shown.isEmpty())
+            return finish;
         const qreal top = std::floor((size.height() - heightOf(style.font)) / 2);
         drawLine(painter, shown, style.font, ink(style.mutedBrush), finish - width, finish + 0.01,
                  top);

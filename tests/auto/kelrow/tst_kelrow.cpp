@@ -272,15 +272,14 @@ private Q_SLOTS:
         addRows({{"signal",
                   {{"the former row's checkedChanged", 0}, {"checkedChanged", 1}, {"clicked", 2}}},
                  {"way", ways},
-                 {"row", {{"the former row", 0}, {"the tapped row", 1}, {"another row", 2}}},
-                 {"input", inputs}});
+                 {"row", {{"the former row", 0}, {"the tapped row", 1}, {"another row", 2}}}});
     }
 
     void aSlotMayDeleteRows()
     {
         const QStringList signalsInOrder{u"0.checkedChanged"_s, u"1.checkedChanged"_s,
                                          u"1.clicked"_s};
-        RowStage stage(KELRow::Radio, fetch<Input>("input"));
+        RowStage stage(KELRow::Radio);
         stage.rows[0]->setChecked(true);
         stage.log.take();
         stage.log.on(signalsInOrder[fetch<int>("signal")],

@@ -188,8 +188,17 @@ private Q_SLOTS:
         hand.style.trackBrush = Qt::gray;
         hand.style.knobBrush = HandDrawing::gradient();
         QCOMPARE(differenceOf(hand), QString());
-        hand.style.trackBrush = Qt::NoBrush;
-        QCOMPARE(differenceOf(hand), QString());
+        const std::unique_ptr<KELRow> row(newRow(hand));
+        QCOMPARE(differenceOf(hand, row.get()), QString());
+        hand.size.setWidth(370);
+        row->resize(hand.size);
+        QCOMPARE(differenceOf(hand, row.get()), QString());
+        std::swap(hand.style.trackBrush, hand.style.knobBrush);
+        *row->partStyle() = hand.style;
+        QCOMPARE(differenceOf(hand, row.get()), QString());
+        hand.size.setWidth(400);
+        row->resize(hand.size);
+        QCOMPARE(differenceOf(hand, row.get()), QString());
     }
 
     // A mark between two pixels is not moved to a whole one.
@@ -224,7 +233,13 @@ private Q_SLOTS:
 
     void isElidedAtEveryWidth_data()
     {
-        addRows({{"width", {{"240 px", 240}, {"320 px", 320}, {"480 px", 480}, {"800 px", 800}}},
+        addRows({{"width",
+                  {{"40 px", 40},
+                   {"62 px", 62},
+                   {"94 px", 94},
+                   {"120 px", 120},
+                   {"240 px", 240},
+                   {"480 px", 480}}},
                  {"end", ends}});
     }
 
@@ -355,8 +370,7 @@ private Q_SLOTS:
         hand.style.iconSize = fetch<int>("fonts");
         hand.isMirrored = fetch<bool>("mirrored");
         const std::unique_ptr<KELRow> row(newRow(hand));
-        for (const qreal scale : {1.0, 2.0})
-            QCOMPARE(KelImage::pixelsOutside(row.get(), scale), QString());
+        QCOMPARE(KelImage::pixelsOutside(row.get()), QString());
         row->partStyle()->margins = QMarginsF();
         QCOMPARE(KelImage::pixelsOutside(row.get()), QString());
     }
