@@ -106,9 +106,11 @@ void KELPart::releaseEvent(const QPointF & /*pos*/, bool /*isTap*/) { }
 
 void KELPart::pressLostEvent() { }
 
+// A control is a panel, and the first one in a scene the active one: hasFocus() is then false for
+// whatever is outside of it, which has the keys all the same.
 bool KELPart::isFocusShown() const
 {
-    return d->isFocusShown && hasFocus();
+    return d->isFocusShown && scene() && scene()->focusItem() == this;
 }
 
 bool KELPart::isPlainKey(const QKeyEvent *event)

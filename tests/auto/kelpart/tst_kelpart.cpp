@@ -6,6 +6,7 @@
 #include "stage.h"
 
 #include <kelpart.h>
+#include <kelpushbutton.h>
 
 namespace {
 
@@ -13,6 +14,7 @@ namespace {
 class LoggingPart : public KELPart
 {
 public:
+    using KELPart::isFocusShown;
     using KELPart::KELPart;
 
     QString take()
@@ -85,6 +87,32 @@ private Q_SLOTS:
         hand.release();
         letEventsRun();
         QCOMPARE(part->take(), u"lost"_s);
+    }
+
+    void theFocusIsShownBesideControls_data()
+    {
+        addRows({{"reason",
+                  {{"tab", Qt::TabFocusReason},
+                   {"pointer", Qt::MouseFocusReason},
+                   {"other", Qt::OtherFocusReason}}}});
+    }
+
+    void theFocusIsShownBesideControls()
+    {
+        KelTestView view;
+        view.ownScene.addItem(new KELPushButton);
+        auto *part = new LoggingPart;
+        part->setFocusPolicy(Qt::StrongFocus);
+        part->setGeometry(50, 50, 200, 100);
+        view.ownScene.addItem(part);
+        view.showOnce();
+        const auto reason = fetch<Qt::FocusReason>("reason");
+        part->setFocus(reason);
+        QCOMPARE(part->isFocusShown(), reason == Qt::TabFocusReason);
+        view.ownScene.setFocusItem(nullptr);
+        QVERIFY(!part->isFocusShown());
+        part->setFocus(Qt::PopupFocusReason); // comes back as it was
+        QCOMPARE(part->isFocusShown(), reason == Qt::TabFocusReason);
     }
 
     void aCancelledTouchIsNoTap()
