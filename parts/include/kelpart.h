@@ -90,8 +90,8 @@ struct KELGDIPARTS_EXPORT KELPartStyle
  * A part takes the left mouse button and the first finger. A press becomes a drag when it leaves
  * the place where it began by more than \c slopPx item px (Manhattan distance), and a tap when it
  * is released without having been one. The press is lost without a tap when the grab is taken away,
- * when the window system cancels the touch, or when the part is hidden, disabled or removed from
- * the scene.
+ * when the window system cancels the touch, when the part or its view is hidden or disabled, when
+ * the part is removed from the scene, or when a popup or a modal dialog opens over the view.
  *
  * \section partfocus Focus
  * A part that takes keys has Qt::StrongFocus. Its focus is drawn as a ring only while it came, or

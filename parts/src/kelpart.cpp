@@ -9,6 +9,7 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QGraphicsScene>
 #include <QtWidgets/QGraphicsSceneMouseEvent>
+#include <QtWidgets/QGraphicsView>
 
 namespace {
 
@@ -35,11 +36,20 @@ bool isByKey(Qt::FocusReason reason)
 class KELPartPrivate
 {
 public:
+    void watch(KELPart *part, QWidget *where);
+    void unwatch(KELPart *part);
+    bool isPointerElsewhere(const KELPart *part) const;
     void losePress(KELPart *part);
+    void queueLoss(KELPart *part);
     void tellLoss(KELPart *part);
 
     KELPartStyle style;
     QPointF pressPos;
+    // From before pressEvent() to the release or the loss.
+    bool isWatching = false;
+    QPointer<QWidget> viewport;
+    const QWidget *popup = nullptr; // when the press came, only compared
+    const QWidget *modal = nullptr;
     bool isPressed = false;
     bool isDrag = false;
     bool isFocusShown = false;
@@ -118,14 +128,55 @@ bool KELPart::isPlainKey(const QKeyEvent *event)
     return (event->modifiers() & ~Qt::KeypadModifier) == 0;
 }
 
-// The hook is called from the event loop: Qt is in the middle of its own work, with the children of
-// an item that is hidden for one, which a slot must not delete.
+void KELPartPrivate::watch(KELPart *part, QWidget *where)
+{
+    isWatching = true;
+    viewport = where;
+    popup = QApplication::activePopupWidget();
+    modal = QApplication::activeModalWidget();
+    qApp->installEventFilter(part);
+}
+
+void KELPartPrivate::unwatch(KELPart *part)
+{
+    isWatching = false;
+    qApp->removeEventFilter(part);
+}
+
+// Of popups, dialogs and what is done to the view, Qt tells an item nothing. The release goes
+// elsewhere, and the grab would send the part the next press, wherever that is.
+bool KELPartPrivate::isPointerElsewhere(const KELPart *part) const
+{
+    if (!(part->acceptedMouseButtons() & Qt::LeftButton))
+        return true;
+    const QWidget *const covers[] = {QApplication::activePopupWidget(),
+                                     QApplication::activeModalWidget()};
+    for (const QWidget *cover : covers) {
+        if (cover && cover != popup && cover != modal && !cover->isAncestorOf(viewport))
+            return true;
+    }
+    if (!viewport)
+        return false;
+    const auto *const view = qobject_cast<QGraphicsView *>(viewport->parentWidget());
+    return view
+        && (!view->isVisible() || !view->isEnabled() || !view->isInteractive()
+            || view->scene() != part->scene());
+}
+
 void KELPartPrivate::losePress(KELPart *part)
 {
-    if (!isPressed)
+    if (!isWatching)
         return;
+    unwatch(part);
+    if (isPressed)
+        queueLoss(part);
+}
+
+// The hook is called from the event loop: Qt is in the middle of its own work, with the children of
+// an item that is hidden for one, which a slot must not delete.
+void KELPartPrivate::queueLoss(KELPart *part)
+{
     isPressed = false;
-    qApp->removeEventFilter(part);
     isLossUntold = true;
     part->update();
     QMetaObject::invokeMethod(
@@ -143,8 +194,11 @@ void KELPartPrivate::tellLoss(KELPart *part)
 // Qt turns a touch that the window system cancels into a release of the mouse, which follows.
 bool KELPart::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::TouchCancel)
+    if (d->isWatching && (event->type() == QEvent::TouchCancel || d->isPointerElsewhere(this))) {
         d->losePress(this);
+        if (scene() && scene()->mouseGrabberItem() == this)
+            ungrabMouse();
+    }
     return QGraphicsWidget::eventFilter(watched, event);
 }
 
@@ -167,17 +221,29 @@ QVariant KELPart::itemChange(GraphicsItemChange change, const QVariant &value)
 
 void KELPart::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
-    const QPointer<KELPart> self(this);
-    d->tellLoss(this); // of the press before
-    const bool isTaken = self && event->button() == Qt::LeftButton && pressEvent(event->pos());
-    event->setAccepted(isTaken);
-    if (!self || !isTaken)
+    event->setAccepted(event->button() == Qt::LeftButton);
+    if (!event->isAccepted())
         return;
+    const QPointer<KELPart> self(this);
+    d->losePress(this);
+    d->tellLoss(this); // of the press before
+    if (!self)
+        return;
+    d->watch(this, event->widget());
+    const bool isTaken = pressEvent(event->pos());
+    if (!self)
+        return;
+    // The scene takes back the grab of a press that is ignored, and warns if it is gone.
+    const bool isLost = !d->isWatching;
+    event->setAccepted(isTaken || isLost);
     d->pressPos = event->pos();
-    d->isPressed = true;
-    qApp->installEventFilter(this);
+    d->isPressed = isTaken;
     d->isDrag = false;
-    d->isFocusShown = false;
+    d->isFocusShown = d->isFocusShown && !isTaken;
+    if (isTaken && isLost)
+        d->queueLoss(this);
+    else if (!isTaken)
+        d->losePress(this);
     update();
 }
 
@@ -195,7 +261,7 @@ void KELPart::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
         return;
     const bool isDrag = d->isDrag || (event->pos() - d->pressPos).manhattanLength() > slopPx;
     d->isPressed = false;
-    qApp->removeEventFilter(this);
+    d->unwatch(this);
     update();
     releaseEvent(event->pos(), !isDrag);
 }

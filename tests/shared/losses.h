@@ -6,16 +6,16 @@
 
 #include "stage.h"
 
-// A way of taking the pointer from the control of a stage while it is pressed, and what makes the
-// control usable again.
+// A way of taking the pointer from the item of a stage while it is pressed, and what makes the item
+// usable again.
 struct Loss
 {
     const char *name;
-    std::function<void(ControlStage &)> lose;
-    std::function<void(ControlStage &)> restore;
+    std::function<void(ItemStage &)> lose;
+    std::function<void(ItemStage &)> restore;
 };
 
-// Those that touch the control alone, and so need no grab to be lost.
+// Those that touch the item alone, and so need no grab to be lost.
 const std::vector<Loss> &itemLosses();
 // These and all others: addRows({{"loss", lossNames()}}), losses().at(fetch<size_t>("loss")).
 const std::vector<Loss> &losses();

@@ -6,21 +6,47 @@
 #include <QtCore/QAbstractEventDispatcher>
 #include <QtCore/QTimer>
 
+namespace {
+
+KELPushButton *newNeighbour()
+{
+    auto *button = new KELPushButton;
+    button->setboundRect(280, 220, 100, 50);
+    return button;
+}
+
+} // namespace
+
 const std::vector<Named> deletionWays = {{"delete", int(Way::Delete)},
                                          {"deleteLater", int(Way::DeleteLater)},
                                          {"scene cleared", int(Way::ClearScene)},
                                          {"parent deleted", int(Way::DeleteParent)}};
 
-ControlStage::ControlStage(KELRoundRectControl *newControl) :
-    parent(new PlainItem), control(newControl), other(new KELPushButton), hand(&view)
+ItemStage::ItemStage(QGraphicsObject *newItem, QGraphicsObject *newNeighbour) :
+    parent(new PlainItem), item(newItem), neighbour(newNeighbour), hand(&view)
 {
     window.setWindowFlags(Qt::FramelessWindowHint);
     window.resize(view.size());
     view.setParent(&window);
-    control->setParentItem(parent);
+    item->setParentItem(parent);
     view.ownScene.addItem(parent);
-    other->setboundRect(280, 220, 100, 50);
-    view.ownScene.addItem(other);
+    view.ownScene.addItem(neighbour);
+}
+
+ItemStage::~ItemStage()
+{
+    if (item && item->scene() != &view.ownScene)
+        delete item;
+    if (parent && parent->scene() != &view.ownScene)
+        delete parent;
+    view.ownScene.clear();
+}
+
+ControlStage::ControlStage(KELRoundRectControl *newControl) :
+    ItemStage(newControl, newNeighbour()),
+    control(newControl),
+    other(static_cast<KELPushButton *>(neighbour.data()))
+{
     log.listenTo(control);
     log.listenTo(other, QStringLiteral("other"));
 }
@@ -29,11 +55,6 @@ ControlStage::ControlStage(KELRoundRectControl *newControl) :
 ControlStage::~ControlStage()
 {
     log.stop();
-    if (control && control->scene() != &view.ownScene)
-        delete control;
-    if (parent && parent->scene() != &view.ownScene)
-        delete parent;
-    view.ownScene.clear();
 }
 
 void ControlStage::destroy(Way way)

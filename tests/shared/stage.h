@@ -32,12 +32,36 @@ enum class Way { Delete, DeleteLater, ClearScene, DeleteParent };
 extern const std::vector<Named> deletionWays;
 
 /*
+ * An item in a view, with a parent item, beside another one.
+ *
+ * The hand shows the view at its first event; until then the item can be changed.
+ */
+class ItemStage
+{
+public:
+    // Takes the items, which have their rectangles, into the scene.
+    ItemStage(QGraphicsObject *newItem, QGraphicsObject *newNeighbour);
+    ~ItemStage();
+
+    QWidget window; // around the view
+    KelTestView view;
+    QGraphicsScene otherScene; // which no view shows
+    const QPointer<PlainItem> parent;
+    const QPointer<QGraphicsObject> item;
+    const QPointer<QGraphicsObject> neighbour;
+    std::unique_ptr<QWidget> cover; // over the window
+    Hand hand;
+
+private:
+    Q_DISABLE_COPY(ItemStage)
+};
+
+/*
  * A control in a view, with a parent item, beside another control.
  *
- * The hand shows the view at its first event; until then the control can be changed. The log has
- * the signals of the control, and with "other." those of its neighbour.
+ * The log has the signals of the control, and with "other." those of its neighbour.
  */
-class ControlStage
+class ControlStage : public ItemStage
 {
 public:
     // Takes the control, which has its rectangle, into the scene.
@@ -54,16 +78,10 @@ public:
     // gets a whole tap.
     bool nextControlIsClicked();
 
-    QWidget window; // around the view
-    KelTestView view;
-    QGraphicsScene otherScene; // which no view shows
-    const QPointer<PlainItem> parent;
     const QPointer<KELRoundRectControl> control;
     const QPointer<KELPushButton> other;
-    std::unique_ptr<QWidget> cover; // over the window
     int destroyCalls = 0;
     SignalLog log;
-    Hand hand;
 
 private:
     Q_DISABLE_COPY(ControlStage)
