@@ -78,7 +78,7 @@ qreal lineHeight(const QFont &font)
 
 qreal textWidth(const QFont &font, const QString &text)
 {
-    return QFontMetricsF(font).size(0, text).width();
+    return roundedUp(QFontMetricsF(font).size(0, text).width());
 }
 
 class Layer;
@@ -206,7 +206,8 @@ void setLineBounds(KELLineItem *line, const QRectF &bounds, bool isUpright)
 {
     if (line->style()->boundRect == bounds)
         return;
-    const qreal end = usable(qreal(line->style()->borderWidth)) * 0.5;
+    const qreal length = isUpright ? bounds.height() : bounds.width();
+    const qreal end = qMin(usable(qreal(line->style()->borderWidth)), length) * 0.5;
     QPointF first = bounds.center();
     QPointF last = first;
     if (isUpright) {
@@ -315,16 +316,18 @@ void place(KELRoundRectControl *control, const QRectF &geometry, bool isUpright)
         placeTabs(table);
 }
 
+// In whole px: controls elide to a whole width.
 QSizeF captionSize(const KELRoundRectControlStyle &style, qreal width)
 {
-    const QFontMetricsF metrics(style.font);
     if (style.text.isEmpty())
         return {0, 0};
+    const QFontMetricsF metrics(style.font);
+    QSizeF size = metrics.size(style.textFlags & ~Qt::TextWordWrap, style.text);
     if (width > 0 && (style.textFlags & Qt::TextWordWrap) != 0 && !style.trimText) {
         const QRectF room(0, 0, width, unlimitedPx);
-        return metrics.boundingRect(room, style.textFlags, style.text).size();
+        size = metrics.boundingRect(room, style.textFlags, style.text).size();
     }
-    return metrics.size(style.textFlags & ~Qt::TextWordWrap, style.text);
+    return {roundedUp(size.width()), roundedUp(size.height())};
 }
 
 QSizeF glyphSize(const KELRoundRectControlStyle &style)
@@ -503,7 +506,7 @@ QSizeF Adapter::sizeHint(Qt::SizeHint which, const QSizeF &constraint) const
     QSizeF size;
     if (qobject_cast<const KELLineItem *>(control)) {
         const qreal width = qMax(1.0, usable(qreal(control->style()->borderWidth)));
-        size = m_isUpright ? QSizeF(width, 0) : QSizeF(0, width);
+        size = QSizeF(width, width);
     } else {
         size = sizeOf(control, which, constraint.width());
     }
@@ -561,13 +564,17 @@ void KELLayout::add(QGraphicsLinearLayout *layout, KELRoundRectControl *control,
     QGraphicsLayoutItem *adapter = item(control);
     layout->addItem(adapter);
     layout->setStretchFactor(adapter, qMax(0, stretch));
+    layout->setAlignment(adapter, Qt::AlignVCenter);
 }
 
 void KELLayout::add(QGraphicsGridLayout *layout, KELRoundRectControl *control, int row, int column,
                     int rowSpan, int columnSpan)
 {
-    if (layout && control && qMin(row, column) >= 0 && qMin(rowSpan, columnSpan) >= 1)
-        layout->addItem(item(control), row, column, rowSpan, columnSpan);
+    if (!layout || !control || qMin(row, column) < 0 || qMin(rowSpan, columnSpan) < 1)
+        return;
+    QGraphicsLayoutItem *adapter = item(control);
+    layout->addItem(adapter, row, column, rowSpan, columnSpan);
+    layout->setAlignment(adapter, Qt::AlignVCenter);
 }
 
 void KELLayout::addCell(QGraphicsGridLayout *layout, KELRoundRectControl *control, int columns)
@@ -581,7 +588,9 @@ void KELLayout::addCell(QGraphicsGridLayout *layout, KELRoundRectControl *contro
         column = (column + 1) % columns;
         row += column == 0 ? 1 : 0;
     }
-    layout->addItem(item(control), row, column);
+    add(layout, control, row, column);
+    // Qt gives columns of the same stretch factor the same width only if they prefer the same.
+    item(control)->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     layout->setRowStretchFactor(row, 1);
     for (int i = 0; i < columns; ++i)
         layout->setColumnStretchFactor(i, 1);
