@@ -104,8 +104,8 @@ const std::vector<Loss> &lossesOfTheGrab()
 {
     static const std::vector<Loss> all = {
         {"ungrabbed", [](ItemStage &s) { s.item->ungrabMouse(); }, nothing},
-        {"another item grabs", [](ItemStage &s) { s.neighbour->grabMouse(); },
-         [](ItemStage &s) { s.neighbour->ungrabMouse(); }},
+        {"another item grabs", [](ItemStage &s) { s.companion->grabMouse(); },
+         [](ItemStage &s) { s.companion->ungrabMouse(); }},
         {"taken out of the scene", [](ItemStage &s) { s.view.ownScene.removeItem(s.item); },
          [](ItemStage &s) { s.item->setParentItem(s.parent); }},
         {"parent taken out of the scene",

@@ -23,14 +23,14 @@ const std::vector<Named> deletionWays = {{"delete", int(Way::Delete)},
                                          {"parent deleted", int(Way::DeleteParent)}};
 
 ItemStage::ItemStage(QGraphicsObject *newItem, QGraphicsObject *newNeighbour) :
-    parent(new PlainItem), item(newItem), neighbour(newNeighbour), hand(&view)
+    parent(new PlainItem), item(newItem), companion(newNeighbour), hand(&view)
 {
     window.setWindowFlags(Qt::FramelessWindowHint);
     window.resize(view.size());
     view.setParent(&window);
     item->setParentItem(parent);
     view.ownScene.addItem(parent);
-    view.ownScene.addItem(neighbour);
+    view.ownScene.addItem(companion);
 }
 
 ItemStage::~ItemStage()
@@ -45,7 +45,7 @@ ItemStage::~ItemStage()
 ControlStage::ControlStage(KELRoundRectControl *newControl) :
     ItemStage(newControl, newNeighbour()),
     control(newControl),
-    other(static_cast<KELPushButton *>(neighbour.data()))
+    other(static_cast<KELPushButton *>(companion.data()))
 {
     log.listenTo(control);
     log.listenTo(other, QStringLiteral("other"));

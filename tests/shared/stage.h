@@ -48,7 +48,7 @@ public:
     QGraphicsScene otherScene; // which no view shows
     const QPointer<PlainItem> parent;
     const QPointer<QGraphicsObject> item;
-    const QPointer<QGraphicsObject> neighbour;
+    const QPointer<QGraphicsObject> companion;
     std::unique_ptr<QWidget> cover; // over the window
     Hand hand;
 
@@ -59,7 +59,7 @@ private:
 /*
  * A control in a view, with a parent item, beside another control.
  *
- * The log has the signals of the control, and with "other." those of its neighbour.
+ * The log has the signals of the control, and with "other." those of its companion.
  */
 class ControlStage : public ItemStage
 {

@@ -18,7 +18,7 @@ public:
     { }
 
     LoggingPart *operator->() const { return static_cast<LoggingPart *>(item.data()); }
-    LoggingPart *other() const { return static_cast<LoggingPart *>(neighbour.data()); }
+    LoggingPart *other() const { return static_cast<LoggingPart *>(companion.data()); }
     QPoint centre() const { return QPoint(150, 125); }
     QPoint otherCentre() const { return QPoint(330, 245); }
     // Whether a tap on either of them reaches it, and is a tap.
