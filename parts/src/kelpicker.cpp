@@ -16,15 +16,6 @@ namespace {
 
 constexpr QRgb dimColour = qRgba(0, 0, 0, 77);
 
-// Of which each may make the current entry another one, or give it another text or row.
-const char *const modelSignals[] = {SIGNAL(rowsInserted(QModelIndex, int, int)),
-                                    SIGNAL(rowsRemoved(QModelIndex, int, int)),
-                                    SIGNAL(rowsMoved(QModelIndex, int, int, QModelIndex, int)),
-                                    SIGNAL(layoutChanged()),
-                                    SIGNAL(dataChanged(QModelIndex, QModelIndex)),
-                                    SIGNAL(modelReset()),
-                                    SIGNAL(destroyed())};
-
 } // namespace
 
 class KELPickerPrivate
@@ -34,12 +25,13 @@ public:
 
     int count() const { return model ? model->rowCount() : 0; }
     void showText() { q->setValue(row < 0 ? placeholder : text); }
+    void connectModel() const;
     void makeCover();
     void makeList();
     QRectF placeOfList(qreal wantedHeight) const;
     void drop();
     int nextEnabled(int from, int direction) const;
-    void handleKeyOfList(QKeyEvent *event);
+    void handleKeyOfList(QKeyEvent *event) const;
 
     KELPicker *const q;
     QPointer<QAbstractItemModel> model;
@@ -51,6 +43,16 @@ public:
     QPointer<KELList> list;
     KELVeil veil;
 };
+
+// Each may make the current entry another one, or give it another text or row.
+void KELPickerPrivate::connectModel() const
+{
+    for (const char *signal :
+         {SIGNAL(rowsInserted(QModelIndex, int, int)), SIGNAL(rowsRemoved(QModelIndex, int, int)),
+          SIGNAL(rowsMoved(QModelIndex, int, int, QModelIndex, int)), SIGNAL(layoutChanged()),
+          SIGNAL(dataChanged(QModelIndex, QModelIndex)), SIGNAL(modelReset()), SIGNAL(destroyed())})
+        QObject::connect(model, signal, q, SLOT(followModel()));
+}
 
 void KELPickerPrivate::makeCover()
 {
@@ -81,7 +83,7 @@ QRectF KELPickerPrivate::placeOfList(qreal wantedHeight) const
     const QSizeF size(qMin(field.width(), view.width()), qMin(wantedHeight, room));
     const qreal left = qBound(0.0, field.left(), view.width() - size.width());
     const qreal edge = isBelow ? view.height() - room : room - size.height();
-    return QRectF(QPointF(left, isCramped ? 0 : edge), size);
+    return {QPointF(left, isCramped ? 0 : edge), size};
 }
 
 void KELPickerPrivate::makeList()
@@ -127,7 +129,7 @@ int KELPickerPrivate::nextEnabled(int from, int direction) const
     return next < rows ? next : -1;
 }
 
-void KELPickerPrivate::handleKeyOfList(QKeyEvent *event)
+void KELPickerPrivate::handleKeyOfList(QKeyEvent *event) const
 {
     const int key = event->key();
     const bool isPress = event->type() == QEvent::KeyPress;
@@ -170,10 +172,8 @@ void KELPicker::setModel(QAbstractItemModel *model)
     }
     d->model = next;
     d->current = QModelIndex();
-    for (const char *signal : modelSignals) {
-        if (next)
-            connect(next, signal, this, SLOT(followModel()));
-    }
+    if (next)
+        d->connectModel();
     followModel();
 }
 
@@ -219,7 +219,8 @@ bool KELPicker::isOpen() const
 
 void KELPicker::open()
 {
-    if (isOpen() || !scene() || scene()->views().isEmpty() || !isVisible() || !isEnabled())
+    if (isOpen() || scene() == nullptr || scene()->views().isEmpty() || !isVisible()
+        || !isEnabled())
         return;
     if (d->count() == 0)
         return;
@@ -241,7 +242,7 @@ void KELPicker::close()
     d->veil.returnFocus();
 }
 
-// Both values are new before the first signal.
+// Both values are new before the first signal. A slot may choose another entry.
 void KELPicker::followModel()
 {
     const QPointer<KELPicker> self(this);
@@ -258,7 +259,7 @@ void KELPicker::followModel()
     d->showText();
     if (isOtherRow)
         Q_EMIT currentIndexChanged(row);
-    if (self && isOtherText)
+    if (self && isOtherText && text == d->text)
         Q_EMIT currentTextChanged(text);
 }
 
@@ -275,19 +276,19 @@ void KELPicker::choose(const QModelIndex &index)
 
 void KELPicker::keyPressEvent(QKeyEvent *event)
 {
+    const QPointer<KELPicker> self(this);
     const int key = event->key();
-    const bool isAlone = isPlainKey(event);
     if (key == Qt::Key_Down && event->modifiers() == Qt::AltModifier) {
         open();
-    } else if (isAlone && (key == Qt::Key_Down || key == Qt::Key_Up)) {
-        KELPart::keyPressEvent(event);
-        event->accept();
-        const int next = d->nextEnabled(d->row, key == Qt::Key_Down ? 1 : -1);
-        if (next >= 0)
-            choose(d->model->index(next, 0));
-    } else {
-        KELRow::keyPressEvent(event);
+        return;
     }
+    KELRow::keyPressEvent(event);
+    if (!self || !isPlainKey(event) || (key != Qt::Key_Down && key != Qt::Key_Up))
+        return;
+    event->accept();
+    const int next = d->nextEnabled(d->row, key == Qt::Key_Down ? 1 : -1);
+    if (next >= 0)
+        choose(d->model->index(next, 0));
 }
 
 void KELPicker::resizeEvent(QGraphicsSceneResizeEvent *event)

@@ -18,6 +18,7 @@
 
 #include <kelpushbutton.h>
 
+#include <array>
 #include <cmath>
 
 namespace {
@@ -73,7 +74,9 @@ QPixmap picture(const QSize &size, const QPainterPath &path, const QBrush &brush
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(size.width() / 2, size.height() / 2);
+    const int x = size.width() / 2;
+    const int y = size.height() / 2;
+    painter.translate(x, y);
     painter.strokePath(path, QPen(brush, strokePx, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     return pixmap;
 }
@@ -101,7 +104,7 @@ public:
     void removeLast();
     void wipe();
     void shakeNow();
-    void moveCard();
+    void moveCard() const;
     bool close();
     void wasClosed();
 
@@ -120,7 +123,7 @@ public:
     void paintDots(QPainter *painter) const;
 
     KELPinDialog *const q;
-    KELPushButton *keys[keyCount];
+    std::array<KELPushButton *, keyCount> keys = {};
     QGraphicsWidget *keypad = nullptr;
     KELVeil veil;
     KELGlide shake{nullptr};
@@ -131,7 +134,7 @@ public:
     qreal gap = 0;
     int length = 4;
     int count = 0;
-    char digits[KELPinDialog::mostDigits];
+    std::array<char, KELPinDialog::mostDigits> digits = {};
     bool isOpen = false;
     bool isEntered = false;
 };
@@ -144,6 +147,7 @@ void KELPinDialogPrivate::makeKey(int index)
         key->setText(QString(QLatin1Char(char('0' + index))));
     key->setIsMouseDownTemplate(
         [this](KELPushButtonStyle &look) { look.backgroundBrush = q->partStyle()->pressedBrush; });
+    key->setProperty("ownStates", true); // for a theme
     // With a foreground a picture would make room for a caption.
     key->setIsDisableTemplate([this](KELPushButtonStyle &look) {
         if (look.pixmap.isNull())
@@ -172,7 +176,7 @@ void KELPinDialogPrivate::add(int digit)
     if (count < length)
         return;
     isEntered = true;
-    QString pin = QString::fromLatin1(digits, count);
+    QString pin = QString::fromLatin1(digits.data(), count);
     Q_EMIT q->entered(pin);
     pin.fill(QLatin1Char('0'));
 }
@@ -188,7 +192,7 @@ void KELPinDialogPrivate::removeLast()
 // Compilers leave out what is written into memory that nobody reads again.
 void KELPinDialogPrivate::wipe()
 {
-    volatile char *digit = digits;
+    volatile char *digit = digits.data();
     for (int i = 0; i < KELPinDialog::mostDigits; ++i)
         digit[i] = 0;
     count = 0;
@@ -201,7 +205,7 @@ void KELPinDialogPrivate::shakeNow()
     shake.glideTo(0, shakeMs);
 }
 
-void KELPinDialogPrivate::moveCard()
+void KELPinDialogPrivate::moveCard() const
 {
     constexpr qreal fullTurn = 2 * 3.14159265358979;
     const qreal left = shake.value();
@@ -263,8 +267,9 @@ void KELPinDialogPrivate::layOutKeys(const QPointF &topLeft, const QSizeF &size)
             place = 10;
         else if (i >= Cancel)
             place = (i == Cancel) != isMirrored() ? 9 : 11;
+        const int line = place / columns;
         const QPointF pos(topLeft.x() + place % columns * (size.width() + gap),
-                          topLeft.y() + place / columns * (size.height() + gap));
+                          topLeft.y() + line * (size.height() + gap));
         // A control does not tell the scene of a new rectangle; a move does.
         keys[i]->setPos(pos + QPointF(1, 0));
         keys[i]->setboundRect(QRectF(QPointF(), size));
@@ -275,8 +280,7 @@ void KELPinDialogPrivate::layOutKeys(const QPointF &topLeft, const QSizeF &size)
 
 QSizeF KELPinDialogPrivate::keypadSize(const QSizeF &key) const
 {
-    return QSizeF(columns * key.width() + (columns - 1) * gap,
-                  rows * key.height() + (rows - 1) * gap);
+    return {columns * key.width() + (columns - 1) * gap, rows * key.height() + (rows - 1) * gap};
 }
 
 // Places the dialog around its content, and returns the rectangle of that.

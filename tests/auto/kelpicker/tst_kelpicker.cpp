@@ -69,6 +69,18 @@ private Q_SLOTS:
         QCOMPARE(stage.log.take(), QString());
     }
 
+    void aSlotMayChooseAnotherEntry()
+    {
+        PickerStage stage;
+        QStringList texts;
+        connect(stage.picker, &KELPicker::currentTextChanged, this,
+                [&texts](const QString &text) { texts.append(text); });
+        stage.log.on(u"currentIndexChanged"_s, [&stage] { stage.picker->setCurrentIndex(0); });
+        stage.picker->setCurrentIndex(2);
+        QCOMPARE(stage.picker->currentText(), u"fruit 0"_s);
+        QCOMPARE(texts, QStringList{u"fruit 0"_s});
+    }
+
     void aPlaceholderStandsForNoEntry()
     {
         PickerStage stage;

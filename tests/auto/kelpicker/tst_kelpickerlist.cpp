@@ -384,8 +384,6 @@ private Q_SLOTS:
         painter.end();
         const QImage actual = stage.view.grab().toImage();
         QCOMPARE(KelImage::difference(actual, expected), QString());
-        if (qEnvironmentVariableIsSet("KEL_PICTURES"))
-            actual.save(QString::fromUtf8(QTest::currentDataTag()).replace(u' ', u'_') + u".png"_s);
     }
 };
 

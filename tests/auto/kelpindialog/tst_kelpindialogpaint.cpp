@@ -5,6 +5,8 @@
 #include "pinstage.h"
 #include "stage.h"
 
+#include <keltheme.h>
+
 #include <QtGui/QPainterPath>
 
 #include <cmath>
@@ -250,6 +252,41 @@ private Q_SLOTS:
                                  KelImage::draw(place.view, scale,
                                                 [&](QPainter *painter) { sketch.draw(painter); })),
             QString());
+    }
+
+    void aThemeDressesTheKeysToo_data()
+    {
+        addRows({{"scheme",
+                  {{"light", KELTheme::Light},
+                   {"dark", KELTheme::Dark},
+                   {"high contrast", KELTheme::HighContrast}}},
+                 {"state", {{"pressed", Pressed}, {"disabled", Disabled}}}});
+    }
+
+    void aThemeDressesTheKeysToo()
+    {
+        const Place &place = places.front();
+        const auto state = fetch<State>("state");
+        PinStage stage(true, place.view);
+        KELTheme theme;
+        theme.applyTo(stage.dialog);
+        theme.setScheme(fetch<KELTheme::Scheme>("scheme"));
+        enter(state, &stage);
+        if (state == Pressed) {
+            stage.hand.fingers().press(0, stage.centreOf(stage.removeKey()));
+            stage.hand.fingers().press(1, stage.centreOf(stage.key(u'5')));
+        }
+        const Sketch sketch(stage, place, state);
+        QCOMPARE(
+            KelImage::difference(
+                KelImage::draw(
+                    place.view, 1,
+                    [&](QPainter *painter) { KelImage::paintTree(painter, stage.dialog); }),
+                KelImage::draw(place.view, 1, [&](QPainter *painter) { sketch.draw(painter); })),
+            QString());
+        KelImage::draw(place.view, 1, [&](QPainter *painter) {
+            KelImage::paintTree(painter, stage.dialog);
+        }).save(QString::fromUtf8(QTest::currentDataTag()) + u".png"_s);
     }
 
     void paintsNothingOutside_data() { addRows({{"place", namesOf(places)}, {"scale", scales}}); }
