@@ -443,8 +443,10 @@ Adapter::Adapter(KELRoundRectControl *control) : QGraphicsItem(control)
     setOwnedByLayout(true);
     setPolicy(control);
     if (qobject_cast<KELComboBox *>(control)) {
-        m_zChanged = QObject::connect(control, &QGraphicsObject::zChanged, control,
-                                      [this] { setGeometry(geometry()); });
+        m_zChanged = QObject::connect(control, &QGraphicsObject::zChanged, control, [this] {
+            if (parentLayoutItem())
+                setGeometry(geometry());
+        });
     }
 }
 
@@ -547,6 +549,22 @@ bool Layer::event(QEvent *event)
     return QGraphicsWidget::event(event);
 }
 
+void forgetHints(QGraphicsItem *item)
+{
+    if (Adapter *adapter = Adapter::of(item))
+        adapter->updateGeometry();
+    if (item->isWidget()) {
+        auto *widget = static_cast<QGraphicsWidget *>(item);
+        if (QGraphicsLayout *layout = widget->layout())
+            layout->invalidate();
+        else
+            static_cast<QGraphicsLayoutItem *>(widget)->updateGeometry();
+    }
+    const QList<QGraphicsItem *> children = item->childItems();
+    for (QGraphicsItem *child : children)
+        forgetHints(child);
+}
+
 } // namespace
 
 QGraphicsLayoutItem *KELLayout::item(KELRoundRectControl *control)
@@ -626,16 +644,10 @@ void KELLayout::updateHints(QGraphicsItem *item)
 {
     if (!item)
         return;
-    if (Adapter *adapter = Adapter::of(item))
-        adapter->updateGeometry();
-    if (item->isWidget()) {
-        auto *widget = static_cast<QGraphicsWidget *>(item);
-        if (QGraphicsLayout *layout = widget->layout())
-            layout->invalidate();
-        else
-            static_cast<QGraphicsLayoutItem *>(widget)->updateGeometry();
+    forgetHints(item);
+    // By themselves the layouts around would hear of it one by one, with paints in between.
+    for (QGraphicsItem *around = item->parentItem(); around; around = around->parentItem()) {
+        if (auto *layer = dynamic_cast<Layer *>(around))
+            layer->updateGeometry();
     }
-    const QList<QGraphicsItem *> children = item->childItems();
-    for (QGraphicsItem *child : children)
-        updateHints(child);
 }

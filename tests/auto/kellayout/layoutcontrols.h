@@ -52,9 +52,11 @@ inline KELRoundRectControl *newComboBox()
     return comboBox;
 }
 
-inline KELRoundRectControl *newTable()
+// Pages are placed when they are added.
+inline KELRoundRectControl *newTable(const QRectF &rect = QRectF(0, 0, 440, 310))
 {
     auto *table = new KELNavigationTable;
+    table->setboundRect(rect);
     for (const QString &name : {u"One"_s, u"Two"_s}) {
         auto *page = new KELNavigationTableItem;
         page->setText(name);

@@ -623,6 +623,22 @@ private Q_SLOTS:
         QVERIFY(!adapter->parentLayoutItem());
     }
 
+    void aComboBoxWithoutALayoutIsLeftAlone()
+    {
+        auto *comboBox = static_cast<KELComboBox *>(newComboBox());
+        comboBox->setboundRect(20, 30, 200, 40);
+        auto *layout = new QGraphicsLinearLayout;
+        QGraphicsLayoutItem *adapter = KELLayout::item(comboBox);
+        comboBox->setZValue(1); // as it opens
+        QCOMPARE(sceneBounds(comboBox), QRectF(20, 30, 200, 40));
+        KELLayout::add(layout, comboBox);
+        const Screen screen(layout);
+        layout->removeItem(adapter);
+        comboBox->setboundRect(5, 6, 200, 40);
+        comboBox->setZValue(0);
+        QCOMPARE(sceneBounds(comboBox), QRectF(5, 6, 200, 40));
+    }
+
     void aScreenDiesWithItsControls()
     {
         QPointer<KELRoundRectControl> control(newControl(Kind::Combo));
