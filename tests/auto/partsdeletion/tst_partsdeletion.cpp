@@ -16,7 +16,8 @@
  * Every signal of a part, page or screen that fires while something is done to a stage, with a slot
  * that deletes one of its objects: at once or, as the view and its scene ask for, later.
  *
- * A rehearsal finds out what fires. KEL_CELLS=1 prints each cell before it is played.
+ * A rehearsal finds out what fires. KEL_CELLS=1 prints each cell before it is played;
+ * with KEL_MATRIX_CELLS every fifth one is.
  */
 namespace {
 
@@ -138,12 +139,16 @@ private Q_SLOTS:
     {
         const auto kind = fetch<size_t>("stage");
         const PartAction &action = partActions().at(fetch<size_t>("action"));
-        for (const Cell &cell : rehearse(kind, action))
-            run(cell, kind, action);
+        const std::vector<Cell> cells = rehearse(kind, action);
+        for (size_t i = m_played % m_step; i < cells.size(); i += m_step)
+            run(cells.at(i), kind, action);
         takeWarnings(); // of KELValues about what has died
     }
 
-    void enoughHasBeenPlayed() { QVERIFY2(m_played >= 500, QByteArray::number(m_played)); }
+    void enoughHasBeenPlayed()
+    {
+        QVERIFY2(m_played >= 2000 / m_step, QByteArray::number(qulonglong(m_played)));
+    }
 
 private:
     void run(const Cell &cell, size_t kind, const PartAction &action)
@@ -166,7 +171,8 @@ private:
     }
 
     const bool m_isTelling = qEnvironmentVariableIsSet("KEL_CELLS");
-    int m_played = 0;
+    const size_t m_step = qEnvironmentVariableIsSet("KEL_MATRIX_CELLS") ? 5 : 1;
+    size_t m_played = 0;
 };
 
 KEL_TEST_MAIN(tst_PartsDeletion)
