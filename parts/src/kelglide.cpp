@@ -7,6 +7,12 @@
 
 #include <QtCore/QPointer>
 
+KELGlide::KELGlide(QObject *parent) : QAbstractAnimation(parent)
+{
+    // The last thing that Qt does, so that a slot may delete the glide.
+    connect(this, &QAbstractAnimation::finished, this, &KELGlide::arrived);
+}
+
 void KELGlide::setValue(qreal value)
 {
     stop();
@@ -23,7 +29,7 @@ void KELGlide::glideTo(qreal target, int ms)
         start();
         return;
     }
-    updateCurrentTime(ms);
+    arrive();
 }
 
 void KELGlide::finish()
@@ -31,7 +37,15 @@ void KELGlide::finish()
     if (state() == Stopped)
         return;
     stop();
+    arrive();
+}
+
+void KELGlide::arrive()
+{
+    const QPointer<KELGlide> self(this);
     updateCurrentTime(m_ms);
+    if (self && state() == Stopped)
+        Q_EMIT arrived();
 }
 
 void KELGlide::updateCurrentTime(int currentMs)
@@ -39,8 +53,5 @@ void KELGlide::updateCurrentTime(int currentMs)
     const bool isThere = currentMs >= m_ms;
     const qreal left = isThere ? 0 : 1 - qreal(currentMs) / m_ms;
     m_value = m_to - (m_to - m_from) * left * left * left;
-    const QPointer<KELGlide> self(this);
     Q_EMIT moved();
-    if (self && isThere && m_value == m_to)
-        Q_EMIT arrived();
 }

@@ -10,14 +10,15 @@
  * A number that glides to another one, slower towards the end: a page, a knob.
  *
  * It moves only while KELMotion allows; otherwise it arrives at once, inside glideTo(). Whoever
- * hides what moves calls finish(). The signals are the last thing that each function does.
+ * hides what moves calls finish(). arrived() is the last thing that each function does: a slot may
+ * delete the glide. One that is connected to moved() must not.
  */
 class KELGlide : public QAbstractAnimation
 {
     Q_OBJECT
 
 public:
-    explicit KELGlide(QObject *parent) : QAbstractAnimation(parent) { }
+    explicit KELGlide(QObject *parent);
 
     qreal value() const { return m_value; }
     qreal target() const { return m_to; }
@@ -34,6 +35,8 @@ protected:
     void updateCurrentTime(int currentMs) override;
 
 private:
+    void arrive();
+
     qreal m_from = 0;
     qreal m_to = 0;
     qreal m_value = 0;
