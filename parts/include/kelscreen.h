@@ -18,7 +18,9 @@ class KELScreenPrivate;
  * parts and layouts.
  *
  * A page paints nothing itself: the background of the screen shows through. Controls on it need no
- * offset, because its rectangle starts at (0, 0).
+ * offset, because its rectangle starts at (0, 0). A page whose layout needs more room is larger
+ * than the screen, to the right and below. A page has the layout direction of the screen, unless it
+ * was given its own.
  *
  * A slot connected to a signal of a page may delete any page. Delete the screen with
  * QObject::deleteLater().
@@ -44,7 +46,8 @@ Q_SIGNALS:
     //! The page has become the current one. It is visible and has the size of the screen; it may
     //! still be sliding.
     void entered();
-    //! The page is no longer the current one. Not emitted by a page that is being destroyed.
+    //! The page is no longer the current one: another one is, or it was taken off the screen. Not
+    //! emitted by a page that is being destroyed.
     void left();
 
 protected:
@@ -82,7 +85,8 @@ private:
  * The scene has no index (QGraphicsScene::NoIndex), and its rectangle is that of the view. As a
  * window it has no frame; show it with QWidget::showFullScreen(): on linuxfb and eglfs the first
  * window fills the frame buffer. When the view is resized, or the screen rotated, all pages get its
- * size.
+ * size. Pages stay in the scene that the screen was created with: QGraphicsView::setScene() shows
+ * another one, without pages.
  *
  * Items that belong to no page, such as a status bar, may be added to scene(). Pages have Z value
  * 0.
@@ -94,14 +98,18 @@ private:
  * push() ---> left() of the old page, entered() of the new one, currentPageChanged()
  * pop() ----> left() of the old page, entered() of the one below, currentPageChanged()
  * \endcode
- * The stack is as it will be before the first signal.
+ * The stack is as it will be before the first signal. If a slot pushes or pops a page, the signals
+ * of that change follow, and what was left of the first ones is not emitted: each entered() is of
+ * the current page.
  *
- * The keys Back and Escape go back if no item accepts them. On the last page they are ignored: the
- * parent widget gets them.
+ * The keys Back and Escape go back if no item accepts them, a held key once. If there is no page to
+ * go back to, and the last one does not take it (KELPage::backEvent()), the parent widget gets the
+ * key.
  *
  * \section screenslide Slide
  * With setSlideEnabled() pages slide for KELMotion::slideMs: a new one from the right, one that
- * goes back to the right; in a right-to-left layout from and to the left. A press, a key, another
+ * goes back to the right; in a right-to-left layout from and to the left. The old page is hidden
+ * and shown again for the slide, so that what is pressed on it is lost. A press, a key, another
  * page, a new size and hiding the view end the slide at once; the press and the key reach the
  * current page.
  *
@@ -125,13 +133,13 @@ public:
      * Puts \a page on top of the stack and shows it. The screen takes ownership. Returns true.
      *
      * A page that is on another screen leaves it. Returns false and does nothing if \a page is null
-     * or already on this stack.
+     * or already on this stack, or if scene() was deleted.
      */
     bool push(KELPage *page);
 
     //! Takes the current page off the stack, shows the one below, and schedules the page for
-    //! deletion (QObject::deleteLater()). Returns true. Does nothing and returns false if there is
-    //! no page below.
+    //! deletion (QObject::deleteLater()), if it slides, at the end of that, unless a slot has
+    //! pushed it again. Returns true. Does nothing and returns false if there is no page below.
     bool pop();
 
     //! Returns the page on top of the stack, or null if there is none.

@@ -30,71 +30,116 @@ public:
     explicit KELScreenPrivate(KELScreen *screen) : q(screen), slide(nullptr) { }
 
     KELPage *current() const { return pages.isEmpty() ? nullptr : pages.last(); }
-    void change(KELPage *from, bool isForward);
-    void tell(KELPage *from, KELPage *to) const;
+    void change(KELPage *from, bool forward);
+    void leave(KELPage *page) const;
+    void enter(KELPage *page, int number) const;
+    void tell(KELPage *to, int number);
     void remove(KELPage *page);
+    bool goBack() const;
     void placeSliding() const;
-    void endSlide();
+    bool endSlide();
     void fit() const;
 
     KELScreen *const q;
+    QPointer<QGraphicsScene> scene; // the application may set another one, or delete it
     QVector<KELPage *> pages;
     KELGlide slide; // 0 to 1
     QPointer<KELPage> leaving; // while it slides out
+    QPointer<KELPage> told; // has entered, and not left
+    int changes = 0; // a slot may make another one, which then counts instead
     bool isForward = false;
     bool isSlideEnabled = false;
 };
 
 // Shows the current page instead of another one.
-void KELScreenPrivate::change(KELPage *from, bool forward)
-{
-    KELPage *const to = current();
-    isForward = forward;
-    if (to) {
-        fit();
-        to->show();
-    }
-    if (from) {
-        QGraphicsItem *const focus = from->focusItem();
-        from->d->focus = focus ? focus->toGraphicsObject() : nullptr;
-    }
-    if (from && to && isSlideEnabled && q->isVisible() && KELMotion::isEnabled()) {
-        leaving = from;
-        slide.setValue(0);
-        placeSliding();
-        slide.glideTo(1, KELMotion::slideMs);
-    } else if (from) {
-        from->hide();
-    }
-    if (to && to->d->focus)
-        to->d->focus->setFocus();
-}
-
-void KELScreenPrivate::tell(KELPage *from, KELPage *to) const
+void KELScreenPrivate::change(KELPage *page, bool forward)
 {
     const QPointer<KELScreen> screen(q);
-    const QPointer<KELPage> next(to);
+    const QPointer<KELPage> from(page);
+    const int number = ++changes;
+    const bool isSliding = page && page->isVisible() && isSlideEnabled && q->isVisible()
+        && KELMotion::isEnabled();
     if (from)
+        leave(from);
+    if (screen && number == changes)
+        enter(current(), number);
+    if (screen && number == changes && isSliding && from) {
+        isForward = forward;
+        leaving = from;
+        from->show();
+        if (screen && number == changes) {
+            slide.setValue(0);
+            slide.glideTo(1, KELMotion::slideMs);
+        }
+    }
+    if (screen && number == changes)
+        tell(current(), number);
+}
+
+// Hidden even if it slides out: what is pressed on it is lost. Its focus is cleared first, or Qt
+// hands it on to whatever is next.
+void KELScreenPrivate::leave(KELPage *page) const
+{
+    const QPointer<KELScreen> screen(q);
+    const QPointer<KELPage> alive(page);
+    QGraphicsItem *const focus = page->focusItem();
+    page->d->focus = focus ? focus->toGraphicsObject() : nullptr;
+    if (focus)
+        focus->clearFocus();
+    if (screen && alive && page != current())
+        page->hide();
+}
+
+void KELScreenPrivate::enter(KELPage *page, int number) const
+{
+    const QPointer<KELScreen> screen(q);
+    fit();
+    if (screen && number == changes && page)
+        page->show();
+    if (screen && number == changes && page && page->d->focus)
+        page->d->focus->setFocus(Qt::ActiveWindowFocusReason); // shows as it did
+}
+
+void KELScreenPrivate::tell(KELPage *to, int number)
+{
+    const QPointer<KELScreen> screen(q);
+    if (to && told == to)
+        return;
+    if (KELPage *const from = told) {
+        told.clear();
         Q_EMIT from->left();
-    if (next)
-        Q_EMIT next->entered();
-    if (screen)
+    }
+    if (!screen || number != changes)
+        return;
+    told = to;
+    if (to)
+        Q_EMIT to->entered();
+    if (screen && number == changes)
         Q_EMIT screen->currentPageChanged();
 }
 
-// The page is gone to another scene, or dies.
+// The page is gone to another scene, or dies: then it has no screen any more.
 void KELScreenPrivate::remove(KELPage *page)
 {
+    if (told == page && !page->d->screen)
+        told.clear();
     if (leaving == page)
-        endSlide();
+        leaving.clear();
     const bool wasCurrent = page == current();
     pages.removeOne(page);
     page->d->screen.clear();
-    if (!wasCurrent)
-        return;
-    endSlide();
-    change(nullptr, false);
-    tell(nullptr, current());
+    if (wasCurrent && endSlide())
+        change(nullptr, false);
+}
+
+// Whether the page or the stack has done something.
+bool KELScreenPrivate::goBack() const
+{
+    const QPointer<KELScreen> screen(q);
+    const QPointer<KELPage> page(current());
+    if (!page)
+        return false;
+    return page->backEvent() || !screen || !page || page != current() || screen->pop();
 }
 
 void KELScreenPrivate::placeSliding() const
@@ -102,32 +147,50 @@ void KELScreenPrivate::placeSliding() const
     const bool isFromRight = isForward == (q->layoutDirection() == Qt::LeftToRight);
     const qreal width = isFromRight ? q->viewport()->width() : -q->viewport()->width();
     const qreal gone = qRound(slide.value() * width);
+    const QPointer<KELPage> out(leaving);
     if (KELPage *page = current())
         page->setPos(width - gone, 0);
-    if (leaving)
-        leaving->setPos(-gone, 0);
+    if (out)
+        out->setPos(-gone, 0);
 }
 
-void KELScreenPrivate::endSlide()
+// Returns false if the screen is deleted meanwhile. At rest, a page is where the application puts
+// it.
+bool KELScreenPrivate::endSlide()
 {
-    slide.setValue(1);
-    if (KELPage *page = current())
-        page->setPos(0, 0);
-    if (!leaving)
-        return;
-    KELPage *const page = leaving;
+    if (!leaving && slide.state() == QAbstractAnimation::Stopped)
+        return true;
+    const QPointer<KELScreen> screen(q);
+    const QPointer<KELPage> out(leaving);
     leaving.clear();
-    page->hide();
-    page->setPos(0, 0);
+    slide.setValue(1);
+    if (out)
+        out->hide();
+    if (out)
+        out->setPos(0, 0);
+    if (out && !out->d->screen)
+        out->deleteLater();
+    if (screen && current())
+        current()->setPos(0, 0);
+    return screen;
 }
 
+// Whatever a page does about its new geometry, none is left out.
 void KELScreenPrivate::fit() const
 {
-    const QRectF area(QPointF(), q->viewport()->size());
-    q->scene()->setSceneRect(area);
-    for (KELPage *page : pages) {
-        page->setLayoutDirection(q->layoutDirection());
-        page->setGeometry(area);
+    const QPointer<KELScreen> screen(q);
+    const QRectF area(QPointF(), q->maximumViewportSize()); // the viewport's before it is shown
+    if (scene)
+        scene->setSceneRect(area);
+    for (int i = screen ? pages.size() : 0; screen && i-- > 0;) {
+        const QPointer<KELPage> page(i < pages.size() ? pages.at(i) : nullptr);
+        if (page && !page->testAttribute(Qt::WA_SetLayoutDirection)) {
+            page->setLayoutDirection(q->layoutDirection());
+            if (page)
+                page->setAttribute(Qt::WA_SetLayoutDirection, false); // it follows
+        }
+        if (page)
+            page->setGeometry(area);
     }
 }
 
@@ -136,11 +199,12 @@ KELPage::KELPage(QGraphicsItem *parent) : QGraphicsWidget(parent), d(new KELPage
 // Off the screen while it still is a page, and off the scene before a slot may delete it.
 KELPage::~KELPage()
 {
-    if (KELScreen *const screen = d->screen) {
-        d->screen.clear();
+    const QPointer<KELScreen> screen(d->screen);
+    d->screen.clear();
+    if (screen)
         scene()->removeItem(this);
+    if (screen)
         screen->d->remove(this);
-    }
     delete d;
 }
 
@@ -157,7 +221,7 @@ bool KELPage::backEvent()
 QVariant KELPage::itemChange(GraphicsItemChange change, const QVariant &value)
 {
     const bool isElsewhere = d->screen
-        && ((change == ItemSceneHasChanged && scene() != d->screen->scene())
+        && ((change == ItemSceneHasChanged && scene() != d->screen->d->scene)
             || (change == ItemParentHasChanged && parentItem()));
     const QPointer<KELPage> self(this);
     if (isElsewhere)
@@ -175,10 +239,10 @@ KELScreen::KELScreen(QWidget *parent) : QGraphicsView(parent), d(new KELScreenPr
     setAlignment(Qt::AlignLeft | Qt::AlignTop);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
 
-    auto *const newScene = new QGraphicsScene(this);
-    newScene->setItemIndexMethod(QGraphicsScene::NoIndex);
-    newScene->setBackgroundBrush(QColor(usualBackground));
-    setScene(newScene);
+    d->scene = new QGraphicsScene(this);
+    d->scene->setItemIndexMethod(QGraphicsScene::NoIndex);
+    d->scene->setBackgroundBrush(QColor(usualBackground));
+    setScene(d->scene);
     connect(&d->slide, &KELGlide::moved, this, [this] { d->placeSliding(); });
     connect(&d->slide, &KELGlide::arrived, this, [this] { d->endSlide(); });
     resize(usualSize);
@@ -188,7 +252,10 @@ KELScreen::~KELScreen()
 {
     for (KELPage *page : qAsConst(d->pages))
         page->d->screen.clear();
-    delete scene();
+    d->pages.clear();
+    QGraphicsScene *const scene = d->scene;
+    d->scene.clear(); // nothing is pushed any more
+    delete scene;
     delete d;
 }
 
@@ -198,32 +265,32 @@ bool KELScreen::push(KELPage *page)
         return false;
     const QPointer<KELScreen> self(this);
     const QPointer<KELPage> pushed(page);
+    if (d->leaving == page)
+        d->leaving.clear();
     if (page->d->screen)
         page->d->screen->d->remove(page);
-    if (!self || !pushed)
+    if (!self || !d->endSlide() || !pushed || page->d->screen || !d->scene)
         return false;
-    d->endSlide();
-    KELPage *const from = d->current();
     page->setParentItem(nullptr);
-    if (page->scene() != scene())
-        scene()->addItem(page);
+    if (page->scene() != d->scene)
+        d->scene->addItem(page);
+    KELPage *const from = d->current();
     page->d->screen = this;
     d->pages.append(page);
     d->change(from, true);
-    d->tell(from, page);
     return true;
 }
 
 bool KELScreen::pop()
 {
-    if (d->pages.size() < 2)
+    if (!d->endSlide() || d->pages.size() < 2)
         return false;
-    d->endSlide();
-    KELPage *const from = d->pages.takeLast();
+    const QPointer<KELScreen> self(this);
+    const QPointer<KELPage> from(d->pages.takeLast());
     from->d->screen.clear();
-    from->deleteLater();
     d->change(from, false);
-    d->tell(from, d->current());
+    if (self && from && !from->d->screen && d->leaving != from)
+        from->deleteLater();
     return true;
 }
 
@@ -249,57 +316,49 @@ void KELScreen::setSlideEnabled(bool enabled)
 
 void KELScreen::back()
 {
-    const QPointer<KELScreen> self(this);
-    const QPointer<KELPage> page(d->current());
-    if (page && !page->backEvent() && self && page && page == d->current())
-        pop();
+    d->goBack();
 }
 
 // What comes while a page slides is meant for the page that the user sees coming.
 bool KELScreen::viewportEvent(QEvent *event)
 {
-    if (d->leaving
-        && (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::TouchBegin
-            || event->type() == QEvent::Wheel))
-        d->endSlide();
-    return QGraphicsView::viewportEvent(event);
+    const QEvent::Type type = event->type();
+    const bool isPress = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick
+        || type == QEvent::Wheel || type == QEvent::TouchBegin
+        || (type == QEvent::TouchUpdate
+            && static_cast<QTouchEvent *>(event)->touchPointStates() & Qt::TouchPointPressed);
+    return (isPress && !d->endSlide()) || QGraphicsView::viewportEvent(event);
 }
 
 void KELScreen::changeEvent(QEvent *event)
 {
     QGraphicsView::changeEvent(event);
-    if (event->type() == QEvent::LayoutDirectionChange) {
-        d->endSlide();
+    if (event->type() == QEvent::LayoutDirectionChange && d->endSlide())
         d->fit();
-    }
 }
 
 void KELScreen::resizeEvent(QResizeEvent *event)
 {
     QGraphicsView::resizeEvent(event);
-    d->endSlide();
-    d->fit();
+    if (d->endSlide())
+        d->fit();
 }
 
 void KELScreen::hideEvent(QHideEvent *event)
 {
-    d->endSlide();
-    QGraphicsView::hideEvent(event);
+    if (d->endSlide())
+        QGraphicsView::hideEvent(event);
 }
 
 void KELScreen::keyPressEvent(QKeyEvent *event)
 {
-    d->endSlide();
     const QPointer<KELScreen> self(this);
+    if (!d->endSlide())
+        return;
     QGraphicsView::keyPressEvent(event);
     const bool isBack = event->key() == Qt::Key_Back || event->key() == Qt::Key_Escape;
-    if (!self || event->isAccepted() || !isBack)
-        return;
-    const int count = pageCount();
-    event->setAccepted(true);
-    back();
-    if (self && count < 2 && pageCount() == count)
-        event->ignore();
+    if (self && !event->isAccepted() && isBack)
+        event->setAccepted(event->isAutoRepeat() || d->goBack()); // a held key goes back once
 }
 
 void KELScreen::drawBackground(QPainter *painter, const QRectF &rect)

@@ -7,6 +7,7 @@
 #include "signallog.h"
 
 #include <kelmotion.h>
+#include <kelpushbutton.h>
 #include <kelscreen.h>
 
 #include <QtGui/QPainter>
@@ -192,7 +193,8 @@ private Q_SLOTS:
         QVERIFY(other.push(stage.second));
         QCOMPARE(stage.second->screen(), &other);
         QCOMPARE(stage.screen.currentPage(), stage.first.data());
-        QCOMPARE(stage.log.take(), u"first.entered screen.currentPageChanged second.entered"_s);
+        QCOMPARE(stage.log.take(),
+                 u"second.left first.entered screen.currentPageChanged second.entered"_s);
     }
 
     void aPageMayBeTakenAway_data()
@@ -215,7 +217,8 @@ private Q_SLOTS:
             delete stage.second;
         QCOMPARE(stage.screen.currentPage(), stage.first.data());
         QVERIFY(stage.first->isVisible());
-        QCOMPARE(stage.log.take(), u"first.entered screen.currentPageChanged"_s);
+        const auto left = way == 2 ? QString() : u"second.left "_s;
+        QCOMPARE(stage.log.take(), left + u"first.entered screen.currentPageChanged"_s);
         QVERIFY(!stage.second || !stage.second->screen());
         delete stage.second;
     }
@@ -408,6 +411,329 @@ private Q_SLOTS:
         connect(first, &KELPage::entered, screen, [screen] { delete screen; });
         delete second;
         QVERIFY(!guard);
+    }
+
+    void aSlotMayGoBackAtOnce()
+    {
+        PageStage stage;
+        stage.screen.push(stage.first);
+        stage.log.take();
+        stage.log.on(u"first.left"_s, [&stage] { stage.screen.pop(); });
+        stage.screen.push(stage.second);
+        QCOMPARE(stage.screen.currentPage(), stage.first.data());
+        QCOMPARE(stage.log.take(), u"first.left first.entered screen.currentPageChanged"_s);
+    }
+
+    void aSlotMayGoOnAtOnce()
+    {
+        PageStage stage;
+        stage.screen.push(stage.first);
+        stage.log.take();
+        auto *const third = new KELPage;
+        stage.log.listenTo(third, u"third"_s);
+        bool isDone = false;
+        stage.log.on(u"first.left"_s, [&stage, &isDone, third] {
+            if (!std::exchange(isDone, true))
+                stage.screen.push(third);
+        });
+        stage.screen.push(stage.second);
+        QCOMPARE(stage.screen.currentPage(), third);
+        QCOMPARE(stage.log.take(), u"first.left third.entered screen.currentPageChanged"_s);
+        stage.screen.pop();
+        QCOMPARE(stage.log.take(), u"third.left second.entered screen.currentPageChanged"_s);
+    }
+
+    void aPageThatIsTakenAwayHasLeft()
+    {
+        PageStage stage;
+        stage.pushBoth();
+        stage.screen.scene()->removeItem(stage.second);
+        QCOMPARE(stage.log.take(), u"second.left first.entered screen.currentPageChanged"_s);
+        stage.screen.scene()->removeItem(stage.first);
+        QCOMPARE(stage.log.take(), u"first.left screen.currentPageChanged"_s);
+        QVERIFY(!stage.screen.currentPage());
+    }
+
+    void aPageHasItsSizeBeforeTheScreenIsShown()
+    {
+        PageStage stage;
+        stage.screen.push(stage.first);
+        QCOMPARE(stage.first->size(), QSizeF(400, 300));
+        stage.screen.resize(300, 400);
+        stage.screen.push(stage.second);
+        QCOMPARE(stage.second->size(), QSizeF(300, 400));
+    }
+
+    void aPageKeepsADirectionOfItsOwn()
+    {
+        PageStage stage;
+        stage.first->setLayoutDirection(Qt::RightToLeft);
+        stage.pushBoth();
+        QCOMPARE(stage.first->layoutDirection(), Qt::RightToLeft);
+        stage.screen.setLayoutDirection(Qt::RightToLeft);
+        stage.screen.setLayoutDirection(Qt::LeftToRight);
+        QCOMPARE(stage.first->layoutDirection(), Qt::RightToLeft);
+        QCOMPARE(stage.second->layoutDirection(), Qt::LeftToRight);
+    }
+
+    void focusStaysOffAPageThatHadNone()
+    {
+        PageStage stage;
+        QVERIFY(stage.show());
+        stage.screen.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&stage.screen));
+        for (KELPage *page : {stage.first.data(), stage.second.data()})
+            (new QGraphicsWidget(page))->setFocusPolicy(Qt::StrongFocus);
+        stage.screen.push(stage.first);
+        stage.first->childItems().constFirst()->setFocus();
+        stage.screen.push(stage.second);
+        QCOMPARE(stage.screen.scene()->focusItem(), nullptr);
+        stage.screen.pop();
+        QCOMPARE(stage.screen.scene()->focusItem(), stage.first->childItems().constFirst());
+    }
+
+    void aHeldKeyGoesBackOnce()
+    {
+        PageStage stage;
+        stage.screen.push(new KELPage);
+        stage.pushBoth();
+        QVERIFY(stage.show());
+        QTest::keyPress(&stage.screen, Qt::Key_Escape);
+        QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier, QString(), true);
+        QCoreApplication::sendEvent(&stage.screen, &repeated);
+        QVERIFY(repeated.isAccepted());
+        QCOMPARE(stage.screen.currentPage(), stage.first.data());
+    }
+
+    void aKeyThatTheLastPageTakesIsTaken()
+    {
+        KELScreen screen;
+        screen.push(new StayingPage);
+        screen.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&screen));
+        QKeyEvent taken(QEvent::KeyPress, Qt::Key_Back, Qt::NoModifier);
+        QCoreApplication::sendEvent(&screen, &taken);
+        QVERIFY(taken.isAccepted());
+        QKeyEvent ignored(QEvent::KeyPress, Qt::Key_Back, Qt::NoModifier);
+        QCoreApplication::sendEvent(&screen, &ignored);
+        QVERIFY(!ignored.isAccepted());
+    }
+
+    void aPoppedPageIsSeenUntilItIsOut()
+    {
+        PageStage stage;
+        stage.pushBoth();
+        QVERIFY(stage.show());
+        stage.screen.setSlideEnabled(true);
+        stage.screen.pop();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(stage.second && stage.second->isVisible());
+        QTRY_VERIFY_WITH_TIMEOUT(!stage.second, slideEndMs);
+        QCOMPARE(stage.first->x(), 0.0);
+    }
+
+    void aSlotMayKeepAPoppedPage_data() { addRows({{"slide", {{"sliding", 1}, {"at once", 0}}}}); }
+
+    void aSlotMayKeepAPoppedPage()
+    {
+        PageStage stage;
+        stage.pushBoth();
+        QVERIFY(stage.show());
+        stage.screen.setSlideEnabled(fetch<bool>("slide"));
+        bool isDone = false;
+        stage.log.on(u"second.left"_s, [&stage, &isDone] {
+            if (!std::exchange(isDone, true))
+                stage.screen.push(stage.second);
+        });
+        stage.screen.pop();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(stage.screen.currentPage(), stage.second.data());
+        QVERIFY(stage.second && stage.second->isVisible());
+        QTRY_COMPARE_WITH_TIMEOUT(stage.second->x(), 0.0, slideEndMs);
+    }
+
+    void atRestAPageStaysWhereItIsPut()
+    {
+        PageStage stage;
+        stage.pushBoth();
+        QVERIFY(stage.show());
+        stage.second->setPos(0, -120); // above a keyboard
+        QTest::keyPress(&stage.screen, Qt::Key_A);
+        Hand(stage.screen.viewport()).tap(QPoint(10, 10));
+        QCOMPARE(stage.second->pos(), QPointF(0, -120));
+    }
+
+    void aPressIsLostWhenItsPageSlidesAway_data() { addRows({{"input", inputs}}); }
+
+    void aPressIsLostWhenItsPageSlidesAway()
+    {
+        PageStage stage;
+        auto *const button = new KELPushButton(stage.first);
+        button->setboundRect(0, 0, 100, 100);
+        stage.screen.push(stage.first);
+        QVERIFY(stage.show());
+        stage.screen.setSlideEnabled(true);
+        SignalLog log;
+        log.listenTo(button);
+        Hand hand(stage.screen.viewport(), fetch<Input>("input"));
+        hand.press(QPoint(50, 50));
+        stage.screen.push(stage.second);
+        hand.release();
+        QCOMPARE(log.count(u"clicked"_s), 0);
+        QCOMPARE(stage.screen.pageCount(), 2);
+    }
+
+    void aFurtherFingersPressIsLostWhenItsPageSlidesAway()
+    {
+        PageStage stage;
+        auto *const button = new KELPushButton(stage.first);
+        auto *const other = new KELPushButton(stage.first);
+        button->setboundRect(0, 0, 100, 100);
+        other->setboundRect(200, 0, 100, 100);
+        stage.screen.push(stage.first);
+        QVERIFY(stage.show());
+        stage.screen.setSlideEnabled(true);
+        SignalLog log;
+        log.listenTo(other);
+        connect(button, &KELPushButton::mouseClicked, this,
+                [&stage] { stage.screen.push(stage.second); });
+        Fingers fingers(stage.screen.viewport());
+        fingers.press(0, QPoint(50, 50));
+        fingers.press(1, QPoint(250, 50));
+        QCOMPARE(log.count(u"press"_s), 1);
+        fingers.releaseAt(0, QPoint(50, 50));
+        QVERIFY(stage.second->x() > 0);
+        fingers.releaseAt(1, QPoint(250, 50));
+        QCOMPARE(log.count(u"clicked"_s), 0);
+    }
+
+    void aSecondTapHitsTheNewPage_data() { addRows({{"input", inputs}}); }
+
+    void aSecondTapHitsTheNewPage()
+    {
+        PageStage stage;
+        auto *const button = new KELPushButton(stage.first);
+        button->setboundRect(0, 0, 400, 300);
+        stage.screen.push(stage.first);
+        QVERIFY(stage.show());
+        stage.screen.setSlideEnabled(true);
+        int clicks = 0;
+        connect(button, &KELPushButton::mouseClicked, this, [&stage, &clicks] {
+            ++clicks;
+            stage.screen.push(stage.second);
+        });
+        Hand(stage.screen.viewport(), fetch<Input>("input")).doubleTap(QPoint(50, 50));
+        QCOMPARE(clicks, 1);
+        QCOMPARE(stage.second->x(), 0.0);
+    }
+
+    void nothingOfAParentShowsThrough()
+    {
+        QWidget parent;
+        parent.setPalette(Qt::red);
+        parent.resize(100, 80);
+        auto *const screen = new KELScreen(&parent);
+        screen->resize(100, 80);
+        screen->scene()->setBackgroundBrush(QColor(0, 0, 0, 0));
+        screen->push(new KELPage);
+        parent.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&parent));
+        QCOMPARE(KelImage::inkOf(parent.grab().toImage(), Qt::black), QRect());
+    }
+
+    void aPageMayDieOfItsNewSize()
+    {
+        PageStage stage;
+        auto *const third = new KELPage;
+        stage.screen.push(third);
+        stage.pushBoth();
+        connect(stage.second, &KELPage::geometryChanged, &stage.screen, [&stage, third] {
+            delete third;
+            delete stage.first;
+            delete stage.second;
+        });
+        stage.screen.resize(200, 200);
+        QVERIFY(stage.show());
+        QCOMPARE(stage.screen.pageCount(), 0);
+    }
+
+    void aPageMayDieWhenItHides_data() { addRows({{"slide", {{"sliding", 1}, {"at once", 0}}}}); }
+
+    void aPageMayDieWhenItHides()
+    {
+        PageStage stage;
+        stage.screen.push(stage.first);
+        QVERIFY(stage.show());
+        stage.screen.setSlideEnabled(fetch<bool>("slide"));
+        connect(stage.first, &KELPage::visibleChanged, &stage.screen, [&stage] {
+            if (!stage.first->isVisible())
+                delete stage.first;
+        });
+        stage.screen.push(stage.second);
+        stage.screen.resize(200, 200);
+        QVERIFY(!stage.first);
+        QCOMPARE(stage.screen.pageCount(), 1);
+        QCOMPARE(stage.second->x(), 0.0);
+    }
+
+    void aNewPageMayDieWhenItIsShown()
+    {
+        PageStage stage;
+        stage.second->hide();
+        stage.screen.push(stage.first);
+        stage.log.take();
+        connect(stage.second, &KELPage::visibleChanged, &stage.screen,
+                [&stage] { delete stage.second; });
+        stage.screen.push(stage.second);
+        QVERIFY(!stage.second);
+        QCOMPARE(stage.screen.currentPage(), stage.first.data());
+        QVERIFY(stage.first->isVisible());
+    }
+
+    void aDyingScreenHasNoPages()
+    {
+        auto *const screen = new KELScreen;
+        auto *const page = new KELPage;
+        screen->push(page);
+        screen->push(new KELPage);
+        KELPage late;
+        bool isAsked = false;
+        connect(page, &QObject::destroyed, screen, [&] {
+            isAsked = true;
+            QCOMPARE(screen->pageCount(), 0);
+            QCOMPARE(screen->currentPage(), nullptr);
+            QVERIFY(!screen->push(&late));
+            screen->back();
+        });
+        delete screen;
+        QVERIFY(isAsked);
+    }
+
+    void withoutItsSceneAScreenTakesNoPages_data()
+    {
+        addRows({{"way", {{"cleared", 0}, {"deleted", 1}, {"another", 2}, {"none", 3}}}});
+    }
+
+    void withoutItsSceneAScreenTakesNoPages()
+    {
+        QGraphicsScene another;
+        PageStage stage;
+        stage.pushBoth();
+        QVERIFY(stage.show());
+        const auto way = fetch<int>("way");
+        if (way == 0)
+            stage.screen.scene()->clear();
+        else if (way == 1)
+            delete stage.screen.scene();
+        else
+            stage.screen.setScene(way == 2 ? &another : nullptr);
+        stage.screen.resize(200, 200);
+        auto *const page = new KELPage;
+        const bool isTaken = stage.screen.push(page);
+        QCOMPARE(isTaken, way != 1);
+        QCOMPARE(stage.screen.pageCount(), way == 0 ? 1 : way == 1 ? 0 : 3);
+        if (!isTaken)
+            delete page;
     }
 };
 
