@@ -166,8 +166,6 @@ bool KELScreenPrivate::endSlide()
     slide.setValue(1);
     if (out)
         out->hide();
-    if (out)
-        out->setPos(0, 0);
     if (out && !out->d->screen)
         out->deleteLater();
     if (screen && current())

@@ -324,7 +324,13 @@ private Q_SLOTS:
 
     void aSlideEnds_data()
     {
-        addRows({{"by", {{"a press", 0}, {"a key", 1}, {"a new size", 2}, {"hiding", 3}}}});
+        addRows({{"by",
+                  {{"a press", 0},
+                   {"a key", 1},
+                   {"a new size", 2},
+                   {"hiding", 3},
+                   {"a wheel", 4},
+                   {"a further finger", 5}}}});
     }
 
     void aSlideEnds()
@@ -332,6 +338,8 @@ private Q_SLOTS:
         PageStage stage;
         stage.screen.push(stage.first);
         QVERIFY(stage.show());
+        Fingers fingers(stage.screen.viewport());
+        fingers.press(0, QPoint(10, 10));
         stage.screen.setSlideEnabled(true);
         stage.screen.push(stage.second);
         QVERIFY(stage.second->x() > 0);
@@ -344,6 +352,15 @@ private Q_SLOTS:
             break;
         case 2:
             stage.screen.resize(300, 300);
+            break;
+        case 4: {
+            QWheelEvent event(QPointF(10, 10), QPointF(10, 10), QPoint(), QPoint(0, 120),
+                              Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+            QCoreApplication::sendEvent(stage.screen.viewport(), &event);
+            break;
+        }
+        case 5:
+            fingers.press(1, QPoint(20, 20));
             break;
         default:
             stage.screen.hide();
@@ -363,6 +380,48 @@ private Q_SLOTS:
         KELMotion::setEnabled(true);
         QCOMPARE(stage.second->x(), 0.0);
         QVERIFY(!stage.first->isVisible());
+    }
+
+    void nothingSlidesOnAHiddenScreen()
+    {
+        PageStage stage;
+        stage.screen.setSlideEnabled(true);
+        stage.pushBoth();
+        QCOMPARE(stage.second->x(), 0.0);
+        QVERIFY(!stage.first->isVisible());
+    }
+
+    void aPageThatSlidesOutMayBeTakenAway()
+    {
+        PageStage stage;
+        stage.screen.push(stage.first);
+        QVERIFY(stage.show());
+        stage.screen.setSlideEnabled(true);
+        stage.screen.push(stage.second);
+        stage.screen.scene()->removeItem(stage.first);
+        QTRY_COMPARE_WITH_TIMEOUT(stage.second->x(), 0.0, slideEndMs);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(stage.first && stage.first->isVisible());
+        QCOMPARE(stage.screen.pageCount(), 1);
+    }
+
+    void aSlotOnLostFocusMayGoBack()
+    {
+        PageStage stage;
+        QVERIFY(stage.show());
+        stage.screen.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&stage.screen));
+        auto *const item = new QGraphicsWidget(stage.first);
+        item->setFocusPolicy(Qt::StrongFocus);
+        stage.screen.push(stage.first);
+        item->setFocus();
+        stage.log.take();
+        connect(stage.screen.scene(), &QGraphicsScene::focusItemChanged, &stage.screen,
+                [&stage] { stage.screen.pop(); });
+        stage.screen.push(stage.second);
+        QCOMPARE(stage.screen.currentPage(), stage.first.data());
+        QVERIFY(stage.first->isVisible());
+        QCOMPARE(stage.log.take(), QString());
     }
 
     void slotsMayDeletePages_data()
