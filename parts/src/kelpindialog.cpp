@@ -270,10 +270,8 @@ void KELPinDialogPrivate::layOutKeys(const QPointF &topLeft, const QSizeF &size)
         const int line = place / columns;
         const QPointF pos(topLeft.x() + place % columns * (size.width() + gap),
                           topLeft.y() + line * (size.height() + gap));
-        // A control does not tell the scene of a new rectangle; a move does.
-        keys[i]->setPos(pos + QPointF(1, 0));
-        keys[i]->setboundRect(QRectF(QPointF(), size));
         keys[i]->setPos(pos);
+        keys[i]->setboundRect(QRectF(QPointF(), size));
         dress(i);
     }
 }

@@ -25,7 +25,7 @@ public:
         KELTouch::setPixelsPerMillimetre(48 / 9.0);
         view.ownScene.setItemIndexMethod(QGraphicsScene::NoIndex);
         other->setboundRect(400, 20, 60, 60);
-        other->setAcceptHoverEvents(true);
+        other->setAcceptedMouseButtons(Qt::AllButtons);
         view.ownScene.addItem(other);
         for (int i = 0; i < rows; ++i)
             fruits.append(QStringLiteral("fruit %1").arg(i));

@@ -133,6 +133,18 @@ private Q_SLOTS:
         QCOMPARE(stage.logOther.takeWithHover(), QString());
     }
 
+    void theListIsNotTheActivePanel()
+    {
+        KelTestView view;
+        auto *picker = new KELPicker;
+        picker->setItems({u"nut"_s});
+        view.ownScene.addItem(picker);
+        view.showOnce();
+        picker->open();
+        QVERIFY(picker->isOpen());
+        QCOMPARE(view.ownScene.activePanel(), nullptr);
+    }
+
     void aKeyOpensTheList_data() { addRows({{"key", keysThatOpen}}); }
 
     void aKeyOpensTheList()

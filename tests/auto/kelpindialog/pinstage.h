@@ -20,7 +20,7 @@ public:
     {
         KELTouch::setPixelsPerMillimetre(48 / 9.0);
         behind->setboundRect(2, 2, 30, size.height() - 4);
-        behind->setAcceptHoverEvents(true);
+        behind->setAcceptedMouseButtons(Qt::AllButtons);
         view.ownScene.addItem(behind);
         view.showOnce();
         log.listenTo(dialog);

@@ -8,6 +8,7 @@
 #include "stage.h"
 
 #include <kelmotion.h>
+#include <kelrange.h>
 
 #include <QtWidgets/QGraphicsProxyWidget>
 #include <QtWidgets/QLineEdit>
@@ -265,6 +266,38 @@ private Q_SLOTS:
         stage.hand.fingers().press(0, stage.centreOf(stage.key(u'5')));
         stage.hand.fingers().tap(1, stage.centreOf(stage.behind));
         QCOMPARE(stage.logBehind.take(), QString());
+    }
+
+    void theWheelReachesNothingBehind()
+    {
+        PinStage stage;
+        auto *range = new KELRange;
+        range->setGeometry(0, 0, 480, 272);
+        stage.view.ownScene.addItem(range);
+        const QPointF pos(5, 100);
+        const auto turn = [&] {
+            QWheelEvent event(pos, stage.view.viewport()->mapToGlobal(pos.toPoint()), QPoint(),
+                              QPoint(0, 120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                              false);
+            QCoreApplication::sendEvent(stage.view.viewport(), &event);
+        };
+        turn();
+        QCOMPARE(range->value(), 0.0);
+        stage.dialog->cancel();
+        turn();
+        QVERIFY(range->value() > 0);
+    }
+
+    void isNotTheActivePanel()
+    {
+        KelTestView view(QSize(480, 272));
+        view.showOnce();
+        auto *dialog = new KELPinDialog;
+        dialog->open(&view.ownScene);
+        QCOMPARE(view.ownScene.activePanel(), nullptr);
+        dialog->cancel();
+        dialog->open(&view.ownScene);
+        QCOMPARE(view.ownScene.activePanel(), nullptr);
     }
 
     void aPressThatIsGoingOnBehindIsLost()

@@ -284,9 +284,6 @@ private Q_SLOTS:
                     [&](QPainter *painter) { KelImage::paintTree(painter, stage.dialog); }),
                 KelImage::draw(place.view, 1, [&](QPainter *painter) { sketch.draw(painter); })),
             QString());
-        KelImage::draw(place.view, 1, [&](QPainter *painter) {
-            KelImage::paintTree(painter, stage.dialog);
-        }).save(QString::fromUtf8(QTest::currentDataTag()) + u".png"_s);
     }
 
     void paintsNothingOutside_data() { addRows({{"place", namesOf(places)}, {"scale", scales}}); }
