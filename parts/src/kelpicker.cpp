@@ -61,7 +61,6 @@ void KELPickerPrivate::makeCover()
     palette.setColor(QPalette::Window, QColor::fromRgba(dimColour));
     cover->setPalette(palette);
     cover->setAutoFillBackground(true);
-    cover->setActive(false); // a panel would become the active one
     q->scene()->addItem(cover);
     cover->installSceneEventFilter(q);
 }

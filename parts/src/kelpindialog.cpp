@@ -143,6 +143,7 @@ void KELPinDialogPrivate::makeKey(int index)
 {
     auto *key = new KELPushButton(keypad);
     keys[index] = key;
+    key->setActive(false); // or the first panel in a scene becomes the active one
     if (index < Cancel)
         key->setText(QString(QLatin1Char(char('0' + index))));
     key->setIsMouseDownTemplate(
@@ -208,7 +209,7 @@ void KELPinDialogPrivate::shakeNow()
 void KELPinDialogPrivate::moveCard() const
 {
     constexpr qreal fullTurn = 2 * 3.14159265358979;
-    const qreal left = shake.value();
+    const qreal left = std::cbrt(shake.value()); // of the time: to and fro at one pace
     const qreal x = std::round(shakePx * left * std::sin(left * shakeSwings * fullTurn));
     const QRectF before = card.translated(keypad->pos());
     keypad->setX(x);
@@ -404,7 +405,7 @@ KELPinDialog::KELPinDialog() : d(new KELPinDialogPrivate(this))
     d->keypad = new QGraphicsWidget(this);
     for (int i = 0; i < keyCount; ++i)
         d->makeKey(i);
-    setActive(false); // a panel would become the active one
+    setActive(false);
     hide();
     connect(&d->shake, &KELGlide::moved, this, [this] { d->moveCard(); });
 }

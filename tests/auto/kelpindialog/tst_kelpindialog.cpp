@@ -3,6 +3,7 @@
 
 #include "hand.h"
 #include "keltest.h"
+#include "livingobjects.h"
 #include "pinstage.h"
 #include "signallog.h"
 #include "stage.h"
@@ -220,9 +221,13 @@ private Q_SLOTS:
         else
             stage.press(Qt::Key(key));
         KELMotion::setEnabled(true);
+        auto *const shake = findLiving<QAbstractAnimation>();
+        QCOMPARE(shake->state() == QAbstractAnimation::Running, moves);
         if (moves) {
-            QTRY_VERIFY(stage.centreOf(stage.key(u'5')).x() > rest.x() + 3
-                        || stage.centreOf(stage.key(u'5')).x() < rest.x() - 3);
+            shake->setCurrentTime(33);
+            QVERIFY(stage.centreOf(stage.key(u'5')).x() < rest.x() - 8);
+            shake->setCurrentTime(100);
+            QVERIFY(stage.centreOf(stage.key(u'5')).x() > rest.x() + 8);
         }
         QTRY_COMPARE(stage.centreOf(stage.key(u'5')), rest);
         QCOMPARE(stage.dialog->pos(), QPointF());
@@ -290,14 +295,19 @@ private Q_SLOTS:
 
     void isNotTheActivePanel()
     {
-        KelTestView view(QSize(480, 272));
-        view.showOnce();
+        KelTestView first(QSize(480, 272));
+        KelTestView second(QSize(480, 272));
+        first.showOnce();
         auto *dialog = new KELPinDialog;
-        dialog->open(&view.ownScene);
-        QCOMPARE(view.ownScene.activePanel(), nullptr);
+        dialog->open(&first.ownScene);
+        QCOMPARE(first.ownScene.activePanel(), nullptr);
         dialog->cancel();
-        dialog->open(&view.ownScene);
-        QCOMPARE(view.ownScene.activePanel(), nullptr);
+        second.showOnce();
+        dialog->open(&second.ownScene);
+        QCOMPARE(second.ownScene.activePanel(), nullptr);
+        dialog->cancel();
+        dialog->open(&second.ownScene);
+        QCOMPARE(second.ownScene.activePanel(), nullptr);
     }
 
     void aPressThatIsGoingOnBehindIsLost()
