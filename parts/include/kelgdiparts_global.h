@@ -23,4 +23,10 @@
 #  define KELGDIPARTS_EXPORT Q_DECL_IMPORT
 #endif
 
+/*!
+ * \def KELGDIPARTS_HIDDEN
+ * \brief Keeps a member of an exported final class inside the library: nobody outside can call it.
+ */
+#define KELGDIPARTS_HIDDEN Q_DECL_HIDDEN
+
 #endif

@@ -117,7 +117,7 @@ Q_DECLARE_OPERATORS_FOR_FLAGS(KELListDelegate::States)
  *
  * GUI thread only.
  */
-class KELGDIPARTS_EXPORT KELList : public KELPart
+class KELGDIPARTS_EXPORT KELList final : public KELPart
 {
     Q_OBJECT
     //! How far the list is scrolled down, in item px. The default is 0.
@@ -207,17 +207,19 @@ Q_SIGNALS:
     void clicked(const QModelIndex &index);
 
 protected:
-    bool pressEvent(const QPointF &pos) override;
-    void dragEvent(const QPointF &pos, bool isDrag) override;
-    void releaseEvent(const QPointF &pos, bool isTap) override;
-    void pressLostEvent() override;
-    void wheelEvent(QGraphicsSceneWheelEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
-    void timerEvent(QTimerEvent *event) override;
-    void resizeEvent(QGraphicsSceneResizeEvent *event) override;
-    void changeEvent(QEvent *event) override;
-    QVariant itemChange(GraphicsItemChange change, const QVariant &value) override;
-    QSizeF sizeHint(Qt::SizeHint which, const QSizeF &constraint = QSizeF()) const override;
+    KELGDIPARTS_HIDDEN bool pressEvent(const QPointF &pos) override;
+    KELGDIPARTS_HIDDEN void dragEvent(const QPointF &pos, bool isDrag) override;
+    KELGDIPARTS_HIDDEN void releaseEvent(const QPointF &pos, bool isTap) override;
+    KELGDIPARTS_HIDDEN void pressLostEvent() override;
+    KELGDIPARTS_HIDDEN void wheelEvent(QGraphicsSceneWheelEvent *event) override;
+    KELGDIPARTS_HIDDEN void keyPressEvent(QKeyEvent *event) override;
+    KELGDIPARTS_HIDDEN void timerEvent(QTimerEvent *event) override;
+    KELGDIPARTS_HIDDEN void resizeEvent(QGraphicsSceneResizeEvent *event) override;
+    KELGDIPARTS_HIDDEN void changeEvent(QEvent *event) override;
+    KELGDIPARTS_HIDDEN QVariant itemChange(GraphicsItemChange change,
+                                           const QVariant &value) override;
+    KELGDIPARTS_HIDDEN QSizeF sizeHint(Qt::SizeHint which,
+                                       const QSizeF &constraint = QSizeF()) const override;
 
 private:
     Q_DISABLE_COPY(KELList)

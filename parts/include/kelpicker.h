@@ -77,7 +77,7 @@ class KELPickerPrivate;
  * A key that chooses another entry emits the same as a tap. Other keys go to the KELList while it
  * is open.
  */
-class KELGDIPARTS_EXPORT KELPicker : public KELRow
+class KELGDIPARTS_EXPORT KELPicker final : public KELRow
 {
     Q_OBJECT
     //! The row of the current entry, or -1 for none. The default is -1.
@@ -135,14 +135,15 @@ Q_SIGNALS:
     void activated(int index);
 
 protected:
-    void keyPressEvent(QKeyEvent *event) override;
-    void resizeEvent(QGraphicsSceneResizeEvent *event) override;
-    bool sceneEventFilter(QGraphicsItem *watched, QEvent *event) override;
-    QVariant itemChange(GraphicsItemChange change, const QVariant &value) override;
+    KELGDIPARTS_HIDDEN void keyPressEvent(QKeyEvent *event) override;
+    KELGDIPARTS_HIDDEN void resizeEvent(QGraphicsSceneResizeEvent *event) override;
+    KELGDIPARTS_HIDDEN bool sceneEventFilter(QGraphicsItem *watched, QEvent *event) override;
+    KELGDIPARTS_HIDDEN QVariant itemChange(GraphicsItemChange change,
+                                           const QVariant &value) override;
 
 private Q_SLOTS:
-    void followModel();
-    void choose(const QModelIndex &index);
+    KELGDIPARTS_HIDDEN void followModel();
+    KELGDIPARTS_HIDDEN void choose(const QModelIndex &index);
 
 private:
     Q_DISABLE_COPY(KELPicker)

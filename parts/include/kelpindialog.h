@@ -82,7 +82,7 @@ class KELPinDialogPrivate;
  * digits; \c mutedBrush for the rings of those to come; \c disabledBrush; \c spacing, up to 24 px,
  * for all distances.
  */
-class KELGDIPARTS_EXPORT KELPinDialog : public KELPart
+class KELGDIPARTS_EXPORT KELPinDialog final : public KELPart
 {
     Q_OBJECT
     //! The text above or beside the keypad. The default is empty.
@@ -147,11 +147,12 @@ Q_SIGNALS:
     void closed();
 
 protected:
-    void keyPressEvent(QKeyEvent *event) override;
-    void contextMenuEvent(QGraphicsSceneContextMenuEvent *event) override;
-    void resizeEvent(QGraphicsSceneResizeEvent *event) override;
-    void changeEvent(QEvent *event) override;
-    QVariant itemChange(GraphicsItemChange change, const QVariant &value) override;
+    KELGDIPARTS_HIDDEN void keyPressEvent(QKeyEvent *event) override;
+    KELGDIPARTS_HIDDEN void contextMenuEvent(QGraphicsSceneContextMenuEvent *event) override;
+    KELGDIPARTS_HIDDEN void resizeEvent(QGraphicsSceneResizeEvent *event) override;
+    KELGDIPARTS_HIDDEN void changeEvent(QEvent *event) override;
+    KELGDIPARTS_HIDDEN QVariant itemChange(GraphicsItemChange change,
+                                           const QVariant &value) override;
 
 private:
     Q_DISABLE_COPY(KELPinDialog)
