@@ -133,7 +133,8 @@ public:
      * Puts \a page on top of the stack and shows it. The screen takes ownership. Returns true.
      *
      * A page that is on another screen leaves it. Returns false and does nothing if \a page is null
-     * or already on this stack, or if scene() was deleted.
+     * or already on this stack, or if scene() was deleted; and false if a slot, told of that, has
+     * deleted the page or put it on a screen itself.
      */
     bool push(KELPage *page);
 

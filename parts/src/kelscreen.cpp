@@ -61,7 +61,7 @@ void KELScreenPrivate::change(KELPage *page, bool forward)
         && KELMotion::isEnabled();
     if (from)
         leave(from);
-    if (screen && number == changes)
+    if (screen)
         enter(current(), number);
     if (screen && number == changes && isSliding && from) {
         isForward = forward;
@@ -72,7 +72,7 @@ void KELScreenPrivate::change(KELPage *page, bool forward)
             slide.glideTo(1, KELMotion::slideMs);
         }
     }
-    if (screen && number == changes)
+    if (screen)
         tell(current(), number);
 }
 
