@@ -148,6 +148,7 @@ Q_SIGNALS:
 
 protected:
     KELGDIPARTS_HIDDEN void keyPressEvent(QKeyEvent *event) override;
+    KELGDIPARTS_HIDDEN void timerEvent(QTimerEvent *event) override;
     KELGDIPARTS_HIDDEN void contextMenuEvent(QGraphicsSceneContextMenuEvent *event) override;
     KELGDIPARTS_HIDDEN void resizeEvent(QGraphicsSceneResizeEvent *event) override;
     KELGDIPARTS_HIDDEN void changeEvent(QEvent *event) override;

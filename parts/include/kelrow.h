@@ -186,6 +186,7 @@ Q_SIGNALS:
 protected:
     void releaseEvent(const QPointF &pos, bool isTap) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void timerEvent(QTimerEvent *event) override;
     QSizeF sizeHint(Qt::SizeHint which, const QSizeF &constraint = QSizeF()) const override;
 
 private:

@@ -163,6 +163,7 @@ Q_SIGNALS:
 
 protected:
     bool viewportEvent(QEvent *event) override;
+    void timerEvent(QTimerEvent *event) override;
     void changeEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void hideEvent(QHideEvent *event) override;

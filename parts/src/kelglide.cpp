@@ -5,53 +5,53 @@
 
 #include "kelmotion.h"
 
-#include <QtCore/QPointer>
+namespace {
 
-KELGlide::KELGlide(QObject *parent) : QAbstractAnimation(parent)
-{
-    // The last thing that Qt does, so that a slot may delete the glide.
-    connect(this, &QAbstractAnimation::finished, this, &KELGlide::arrived);
-}
+constexpr int frameMs = 16;
+
+} // namespace
 
 void KELGlide::setValue(qreal value)
 {
-    stop();
-    m_from = m_to = m_value = value;
+    m_timer.stop();
+    m_to = m_value = value;
+    m_left = 0;
 }
 
-void KELGlide::glideTo(qreal target, int ms)
+void KELGlide::glideTo(qreal target, int ms, QObject *owner)
 {
-    stop();
     m_from = m_value;
     m_to = target;
+    m_left = 1;
     m_ms = ms;
-    if (KELMotion::isEnabled() && ms > 0) {
-        start();
+    if (!KELMotion::isEnabled() || ms <= 0) {
+        setValue(target);
         return;
     }
-    arrive();
+    m_clock.start();
+    m_timer.start(frameMs, owner);
 }
 
 void KELGlide::finish()
 {
-    if (state() == Stopped)
+    if (isMoving())
+        setValue(m_to);
+}
+
+bool KELGlide::tick(int timerId)
+{
+    if (timerId != m_timer.timerId())
+        return false;
+    showAt(m_clock.elapsed());
+    return true;
+}
+
+void KELGlide::showAt(qint64 elapsedMs)
+{
+    if (elapsedMs >= m_ms) {
+        setValue(m_to);
         return;
-    stop();
-    arrive();
-}
-
-void KELGlide::arrive()
-{
-    const QPointer<KELGlide> self(this);
-    updateCurrentTime(m_ms);
-    if (self && state() == Stopped)
-        Q_EMIT arrived();
-}
-
-void KELGlide::updateCurrentTime(int currentMs)
-{
-    const bool isThere = currentMs >= m_ms;
-    const qreal left = isThere ? 0 : 1 - qreal(currentMs) / m_ms;
-    m_value = m_to - (m_to - m_from) * left * left * left;
-    Q_EMIT moved();
+    }
+    m_left = 1 - qreal(elapsedMs) / m_ms;
+    m_value = m_to - (m_to - m_from) * m_left * m_left * m_left;
 }

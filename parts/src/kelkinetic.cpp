@@ -43,11 +43,6 @@ KELKinetic::KELKinetic(Client *client) : m_client(client)
     properties.setScrollMetric(QScrollerProperties::HorizontalOvershootPolicy,
                                QScrollerProperties::OvershootAlwaysOff);
     scroller->setScrollerProperties(properties);
-    connect(&m_back, &KELGlide::moved, this, [this] {
-        if (m_client)
-            m_client->moveTo(m_end + qRound(m_back.value()));
-    });
-    connect(&m_back, &KELGlide::arrived, this, [this] { tellRest(); });
 }
 
 void KELKinetic::dispose()
@@ -61,7 +56,7 @@ void KELKinetic::dispose()
 
 bool KELKinetic::isGliding() const
 {
-    return m_back.state() != QAbstractAnimation::Stopped
+    return m_back.isMoving()
         || QScroller::scroller(const_cast<KELKinetic *>(this))->state() != QScroller::Inactive;
 }
 
@@ -142,7 +137,26 @@ void KELKinetic::glideBack()
 {
     m_end = int(bounded(m_client->position(), m_client->greatestPosition()));
     m_back.setValue(m_client->position() - m_end);
-    m_back.glideTo(0, backMs); // without motion it arrives in here
+    m_back.glideTo(0, backMs, this);
+    moveBack();
+}
+
+void KELKinetic::moveBack()
+{
+    const bool wasInEvent = m_isInEvent;
+    m_isInEvent = true;
+    m_client->moveTo(m_end + qRound(m_back.value()));
+    if (!m_back.isMoving())
+        tellRest();
+    m_isInEvent = wasInEvent;
+}
+
+void KELKinetic::timerEvent(QTimerEvent *event)
+{
+    if (!m_back.tick(event->timerId()))
+        QObject::timerEvent(event);
+    else if (m_client)
+        moveBack();
 }
 
 void KELKinetic::shift(int by)

@@ -48,6 +48,7 @@ public:
 
 protected:
     bool event(QEvent *event) override;
+    void timerEvent(QTimerEvent *event) override;
 
 private:
     struct Sample
@@ -58,10 +59,11 @@ private:
 
     qreal speed() const; // of the finger, in px for each ms
     void glideBack();
+    void moveBack();
     void tellRest();
 
     Client *m_client;
-    KELGlide m_back{nullptr}; // how far it is beyond its end
+    KELGlide m_back; // how far it is beyond its end
     QElapsedTimer m_clock;
     Sample m_samples[4] = {};
     int m_sampleCount = 0;

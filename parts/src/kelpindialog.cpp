@@ -126,7 +126,7 @@ public:
     std::array<KELPushButton *, keyCount> keys = {};
     QGraphicsWidget *keypad = nullptr;
     KELVeil veil;
-    KELGlide shake{nullptr};
+    KELGlide shake;
     QString caption;
     QRectF card;
     QRectF captionBox;
@@ -202,14 +202,14 @@ void KELPinDialogPrivate::wipe()
 
 void KELPinDialogPrivate::shakeNow()
 {
-    shake.setValue(1);
-    shake.glideTo(0, shakeMs);
+    shake.glideTo(0, shakeMs, q);
+    moveCard();
 }
 
 void KELPinDialogPrivate::moveCard() const
 {
     constexpr qreal fullTurn = 2 * 3.14159265358979;
-    const qreal left = std::cbrt(shake.value()); // of the time: to and fro at one pace
+    const qreal left = shake.timeLeft();
     const qreal x = std::round(shakePx * left * std::sin(left * shakeSwings * fullTurn));
     const QRectF before = card.translated(keypad->pos());
     keypad->setX(x);
@@ -234,6 +234,7 @@ void KELPinDialogPrivate::wasClosed()
     isOpen = false;
     wipe();
     shake.finish();
+    moveCard();
     QMetaObject::invokeMethod(q, "closed", Qt::QueuedConnection);
     veil.uncover();
 }
@@ -407,7 +408,6 @@ KELPinDialog::KELPinDialog() : d(new KELPinDialogPrivate(this))
         d->makeKey(i);
     setActive(false);
     hide();
-    connect(&d->shake, &KELGlide::moved, this, [this] { d->moveCard(); });
 }
 
 KELPinDialog::~KELPinDialog()
@@ -496,6 +496,14 @@ void KELPinDialog::cancel()
 {
     if (d->close())
         Q_EMIT cancelled();
+}
+
+void KELPinDialog::timerEvent(QTimerEvent *event)
+{
+    if (d->shake.tick(event->timerId()))
+        d->moveCard();
+    else
+        KELPart::timerEvent(event);
 }
 
 // All keys are taken: none is for what is behind.

@@ -29,7 +29,7 @@ public:
     KELRow *const row;
     KELRowContent content;
     KELRowCache cache;
-    KELGlide knob{nullptr};
+    KELGlide knob;
     KELRow::Card card = KELRow::NoCard;
     bool hasSeparator = true;
 };
@@ -69,13 +69,12 @@ void KELRowPrivate::showChecked(bool checked)
 {
     content.isOn = checked;
     if (content.end == KELRow::Switch)
-        knob.glideTo(checked, KELMotion::switchMs);
+        knob.glideTo(checked, KELMotion::switchMs, row);
     else
         knob.setValue(checked);
-    row->update();
+    knobMoved();
 }
 
-// Also called when the knob starts.
 void KELRowPrivate::knobMoved()
 {
     row->update();
@@ -98,7 +97,6 @@ KELRow::KELRow(QGraphicsItem *parent) : KELPart(parent), d(new KELRowPrivate(thi
 {
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    connect(&d->knob, &KELGlide::moved, this, [this] { d->knobMoved(); });
 }
 
 KELRow::~KELRow()
@@ -257,6 +255,14 @@ void KELRow::keyPressEvent(QKeyEvent *event)
     event->accept();
     if (!event->isAutoRepeat())
         d->activate();
+}
+
+void KELRow::timerEvent(QTimerEvent *event)
+{
+    if (d->knob.tick(event->timerId()))
+        d->knobMoved();
+    else
+        KELPart::timerEvent(event);
 }
 
 QSizeF KELRow::sizeHint(Qt::SizeHint which, const QSizeF &constraint) const

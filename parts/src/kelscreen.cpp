@@ -27,7 +27,7 @@ public:
 class KELScreenPrivate
 {
 public:
-    explicit KELScreenPrivate(KELScreen *screen) : q(screen), slide(nullptr) { }
+    explicit KELScreenPrivate(KELScreen *screen) : q(screen) { }
 
     KELPage *current() const { return pages.isEmpty() ? nullptr : pages.last(); }
     void change(KELPage *from, bool forward);
@@ -69,7 +69,8 @@ void KELScreenPrivate::change(KELPage *page, bool forward)
         from->show();
         if (screen && number == changes) {
             slide.setValue(0);
-            slide.glideTo(1, KELMotion::slideMs);
+            slide.glideTo(1, KELMotion::slideMs, q);
+            placeSliding();
         }
     }
     if (screen)
@@ -158,7 +159,7 @@ void KELScreenPrivate::placeSliding() const
 // it.
 bool KELScreenPrivate::endSlide()
 {
-    if (!leaving && slide.state() == QAbstractAnimation::Stopped)
+    if (!leaving && !slide.isMoving())
         return true;
     const QPointer<KELScreen> screen(q);
     const QPointer<KELPage> out(leaving);
@@ -241,8 +242,6 @@ KELScreen::KELScreen(QWidget *parent) : QGraphicsView(parent), d(new KELScreenPr
     d->scene->setItemIndexMethod(QGraphicsScene::NoIndex);
     d->scene->setBackgroundBrush(QColor(usualBackground));
     setScene(d->scene);
-    connect(&d->slide, &KELGlide::moved, this, [this] { d->placeSliding(); });
-    connect(&d->slide, &KELGlide::arrived, this, [this] { d->endSlide(); });
     resize(usualSize);
 }
 
@@ -326,6 +325,18 @@ bool KELScreen::viewportEvent(QEvent *event)
         || (type == QEvent::TouchUpdate
             && static_cast<QTouchEvent *>(event)->touchPointStates() & Qt::TouchPointPressed);
     return (isPress && !d->endSlide()) || QGraphicsView::viewportEvent(event);
+}
+
+void KELScreen::timerEvent(QTimerEvent *event)
+{
+    if (!d->slide.tick(event->timerId())) {
+        QGraphicsView::timerEvent(event);
+        return;
+    }
+    const QPointer<KELScreen> self(this);
+    d->placeSliding();
+    if (self && !d->slide.isMoving())
+        d->endSlide();
 }
 
 void KELScreen::changeEvent(QEvent *event)

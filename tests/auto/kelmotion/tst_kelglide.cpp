@@ -7,55 +7,38 @@
 #include <kelglide_p.h>
 #include <kelmotion.h>
 
-#include <QtTest/QSignalSpy>
+#include <QtCore/QTimerEvent>
 
-#include <memory>
+#include <algorithm>
+#include <cmath>
+#include <limits>
 
 namespace {
 
 constexpr int longMs = 60000; // as good as for ever
-constexpr int shortMs = 30;
+constexpr int shortMs = 60;
 
-// Writes down where a glide is when it says something, and acts on it.
-struct Glide
+// Gives a glide its time, as its owner does, and writes down where it was.
+class Owner : public QObject
 {
-    Glide()
+public:
+    ~Owner() override { KELMotion::setEnabled(true); }
+
+    void glideTo(qreal target, int ms) { glide.glideTo(target, ms, this); }
+
+    KELGlide glide;
+    QVector<double> places;
+    int otherTimers = 0;
+
+protected:
+    void timerEvent(QTimerEvent *event) override
     {
-        QObject::connect(glide.get(), &KELGlide::moved, [this] { hear(u"moved"_s); });
-        QObject::connect(glide.get(), &KELGlide::arrived, [this] { hear(u"arrived"_s); });
+        if (glide.tick(event->timerId()))
+            places.append(glide.value());
+        else
+            ++otherTimers;
     }
-
-    KELGlide *operator->() const { return glide.get(); }
-
-    void hear(const QString &what)
-    {
-        log.append(u"%1 %2"_s.arg(what).arg(glide->value()));
-        if (what == actsOn) {
-            const std::function<void()> acting = action;
-            acting();
-        }
-    }
-
-    std::unique_ptr<KELGlide> glide = std::make_unique<KELGlide>(nullptr);
-    QStringList log;
-    QString actsOn;
-    std::function<void()> action;
 };
-
-enum class End { ByTime, Finished, WithoutMotion };
-const std::vector<Named> ends = {{"by time", int(End::ByTime)},
-                                 {"finished", int(End::Finished)},
-                                 {"without motion", int(End::WithoutMotion)}};
-
-// The rest is for the caller to wait for.
-void begin(KELGlide *glide, End end)
-{
-    KELMotion::setEnabled(end != End::WithoutMotion);
-    glide->glideTo(10, end == End::Finished ? longMs : shortMs);
-    KELMotion::setEnabled(true);
-    if (end == End::Finished)
-        glide->finish();
-}
 
 } // namespace
 
@@ -66,116 +49,112 @@ class tst_KELGlide : public KelTest
 private Q_SLOTS:
     void itSlowsDown()
     {
-        Glide glide;
-        glide->setValue(100);
-        glide->glideTo(200, 1000);
-        QCOMPARE(glide->state(), QAbstractAnimation::Running);
-        QCOMPARE(glide->target(), 200.0);
+        Owner owner;
+        owner.glide.setValue(100);
+        owner.glideTo(200, 1000);
+        QVERIFY(owner.glide.isMoving());
         const std::vector<std::pair<int, double>> places = {
             {0, 100}, {250, 157.8125}, {500, 187.5}, {750, 198.4375}};
         for (const auto &[ms, value] : places) {
-            glide->setCurrentTime(ms);
-            QCOMPARE(glide->value(), value);
+            owner.glide.showAt(ms);
+            QCOMPARE(owner.glide.value(), value);
+            QCOMPARE(owner.glide.timeLeft(), 1 - ms / 1000.0);
         }
-        QCOMPARE(glide.log.count(u"arrived 200"_s), 0);
+        owner.glide.showAt(1000);
+        QCOMPARE(owner.glide.value(), 200.0);
+        QCOMPARE(owner.glide.timeLeft(), 0.0);
+        QVERIFY(!owner.glide.isMoving());
     }
 
-    void itArrivesOnce_data() { addRows({{"end", ends}}); }
-
-    void itArrivesOnce()
+    void itArrivesByItself()
     {
-        const auto end = fetch<End>("end");
-        Glide glide;
-        begin(glide.glide.get(), end);
-        if (end != End::ByTime)
-            QCOMPARE(glide->value(), 10.0);
-        QTRY_COMPARE(glide.log.count(u"arrived 10"_s), 1);
-        QCOMPARE(glide.log.mid(glide.log.size() - 2),
-                 QStringList({u"moved 10"_s, u"arrived 10"_s}));
-        QCOMPARE(glide->state(), QAbstractAnimation::Stopped);
-        QCOMPARE(glide->value(), 10.0);
-        glide->finish();
-        QCOMPARE(glide.log.count(u"arrived 10"_s), 1);
+        Owner owner;
+        owner.glideTo(10, shortMs);
+        QCOMPARE(owner.glide.value(), 0.0);
+        QTRY_VERIFY(!owner.glide.isMoving());
+        QCOMPARE(owner.places.count(10.0), 1);
+        QCOMPARE(owner.places.last(), 10.0);
+        QVERIFY(std::is_sorted(owner.places.cbegin(), owner.places.cend()));
     }
 
-    void noTimeIsNoMotion_data() { addRows({{"ms", {{"none", 0}, {"negative", -5}}}}); }
+    void itArrivesWhenItIsFinished()
+    {
+        Owner owner;
+        owner.glideTo(10, longMs);
+        owner.glide.finish();
+        QCOMPARE(owner.glide.value(), 10.0);
+        QVERIFY(!owner.glide.isMoving());
+        owner.glide.setValue(3);
+        owner.glide.finish();
+        QCOMPARE(owner.glide.value(), 3.0);
+    }
+
+    void itStopsWhereItIs()
+    {
+        Owner owner;
+        owner.glideTo(100, 1000);
+        owner.glide.showAt(500);
+        owner.glide.stop();
+        QCOMPARE(owner.glide.value(), 87.5);
+        QVERIFY(!owner.glide.isMoving());
+    }
+
+    void noTimeIsNoMotion_data()
+    {
+        addRows({{"ms", {{"none", 0}, {"negative", -5}, {"switched off", longMs}}}});
+    }
 
     void noTimeIsNoMotion()
     {
-        Glide glide;
-        glide->glideTo(3, fetch<int>("ms"));
-        QCOMPARE(glide.log, QStringList({u"moved 3"_s, u"arrived 3"_s}));
+        const int ms = fetch<int>("ms");
+        Owner owner;
+        KELMotion::setEnabled(ms != longMs);
+        owner.glideTo(3, ms);
+        QCOMPARE(owner.glide.value(), 3.0);
+        QVERIFY(!owner.glide.isMoving());
     }
 
     // The switch is for the next movement.
     void aMovementEndsAsItBegan()
     {
-        Glide glide;
-        glide->glideTo(10, longMs);
+        Owner owner;
+        owner.glideTo(10, longMs);
         KELMotion::setEnabled(false);
-        QCOMPARE(glide->state(), QAbstractAnimation::Running);
-        QCOMPARE(glide.log.count(u"arrived 10"_s), 0);
-        glide->glideTo(20, longMs);
-        KELMotion::setEnabled(true);
-        QCOMPARE(glide->state(), QAbstractAnimation::Stopped);
-        QCOMPARE(glide.log.last(), u"arrived 20"_s);
+        QVERIFY(owner.glide.isMoving());
+        owner.glideTo(20, longMs);
+        QVERIFY(!owner.glide.isMoving());
+        QCOMPARE(owner.glide.value(), 20.0);
     }
 
     void aNewTargetStartsFromWhereItIs()
     {
-        Glide glide;
-        glide->glideTo(100, 1000);
-        glide->setCurrentTime(500);
-        QCOMPARE(glide->value(), 87.5);
-        glide->glideTo(0, 1000);
-        QCOMPARE(glide->value(), 87.5);
-        QCOMPARE(glide->target(), 0.0);
-        glide->setCurrentTime(500);
-        QCOMPARE(glide->value(), 87.5 / 8);
-        glide->setValue(7);
-        QCOMPARE(glide->state(), QAbstractAnimation::Stopped);
-        QCOMPARE(glide->value(), 7.0);
-        QCOMPARE(glide->target(), 7.0);
-        QVERIFY(glide.log.filter(u"arrived"_s).isEmpty());
+        Owner owner;
+        owner.glideTo(100, 1000);
+        owner.glide.showAt(500);
+        owner.glideTo(0, 1000);
+        QCOMPARE(owner.glide.value(), 87.5);
+        owner.glide.showAt(500);
+        QCOMPARE(owner.glide.value(), 87.5 / 8);
+        owner.glide.setValue(7);
+        QVERIFY(!owner.glide.isMoving());
+        QCOMPARE(owner.glide.value(), 7.0);
     }
 
-    void aSlotMayGoOn_data() { addRows({{"end", ends}}); }
-
-    void aSlotMayGoOn()
+    void otherTimersAreNotItsOwn()
     {
-        const auto end = fetch<End>("end");
-        Glide glide;
-        glide.actsOn = u"arrived"_s;
-        glide.action = [&glide] {
-            glide.actsOn.clear();
-            glide->glideTo(20, shortMs);
-        };
-        begin(glide.glide.get(), end);
-        QTRY_COMPARE(glide.log.count(u"arrived 20"_s), 1);
-        QCOMPARE(glide.log.count(u"arrived 10"_s), 1);
-        QCOMPARE(glide->state(), QAbstractAnimation::Stopped);
-    }
-
-    // Whoever moves is deleted with the glide in it.
-    void aSlotMayDeleteIt_data() { addRows({{"end", ends}}); }
-
-    void aSlotMayDeleteIt()
-    {
-        const auto end = fetch<End>("end");
-        Glide glide;
-        glide.actsOn = u"arrived"_s;
-        glide.action = [&glide] { glide.glide.reset(); };
-        begin(glide.glide.get(), end);
-        QTRY_VERIFY(!glide.glide);
-        QCoreApplication::processEvents();
+        Owner owner;
+        owner.startTimer(1);
+        owner.glideTo(10, shortMs);
+        QTRY_VERIFY(!owner.glide.isMoving() && owner.otherTimers > 0);
+        QCOMPARE(owner.glide.value(), 10.0);
     }
 
     void aTargetThatIsNoNumberIsReached()
     {
-        Glide glide;
-        glide->glideTo(std::numeric_limits<double>::quiet_NaN(), shortMs);
-        QTRY_COMPARE(glide.log.filter(u"arrived"_s).size(), 1);
-        QCOMPARE(glide->state(), QAbstractAnimation::Stopped);
+        Owner owner;
+        owner.glideTo(std::numeric_limits<double>::quiet_NaN(), shortMs);
+        QTRY_VERIFY(!owner.glide.isMoving());
+        QVERIFY(std::isnan(owner.glide.value()));
     }
 };
 
