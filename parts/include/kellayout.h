@@ -85,26 +85,17 @@ class KELRoundRectControl;
  * is its picture above its caption with their margins, plus two borders. A number in the record
  * that is negative or not finite counts as 0.
  *
- * | control             | minimum                          | preferred                       |
- * grows      |
- * |---------------------|----------------------------------|---------------------------------|------------|
- * | KELPushButton       | touch x (touch, or the content   | content; with a caption alone   | both
- * ways  | |                     | without pixmap, if higher)       | plus a line across, 1/2 down
- * |            | | KELCheckBox         | as preferred                     | (80 + border) x (30 +
- * border),  | no         | |                     |                                  | at least
- * touch                  |            | | KELRadioBox         | as preferred                     |
- * 25 + border, at least touch     | no         | | KELSlideControl     | 2 s x s, where s is touch,
- * at    | 4 s x s                         | across     | |                     | least 32 | | | |
- * KELProcessBar       | "100%" in the application's font | 4 touch, at least the minimum,  | across
- * | |                     | + 30 x 30                        | x 30                            | |
- * | KELComboBox         | (80, at least touch) x preferred | longest entry + a line + 33 x   |
- * across     | |                     |                                  | (line + 3, at least
- * touch)      |            | | KELLineItem         | 0 x border, at least 1           | as minimum
- * | lengthwise | | KELNavigationTable  | touch for each page x (bars +    | layouts on the pages,
- * at least  | both ways  | |                     | touch), and layouts on the pages | the minimum
- * |            | | KELLabel and others | 2 lines, at most the content, x  | content, of a label at
- * least    | both ways  | |                     | content without pixmap           | one line high
- * |            |
+ * | control | minimum | preferred | grows |
+ * |---|---|---|---|
+ * | KELPushButton | touch x (touch, or the content without pixmap, if higher) | content; with a caption alone plus a line across, 1/2 down | both ways |
+ * | KELCheckBox | as preferred | (80 + border) x (30 + border), at least touch | no |
+ * | KELRadioBox | as preferred | 25 + border, at least touch | no |
+ * | KELSlideControl | 2 s x s, where s is touch, at least 32 | 4 s x s | across |
+ * | KELProcessBar | "100%" in the application's font + 30 x 30 | 4 touch, at least the minimum, x 30 | across |
+ * | KELComboBox | (80, at least touch) x preferred | longest entry + a line + 33 x (line + 3, at least touch) | across |
+ * | KELLineItem | 0 x border, at least 1 | as minimum | lengthwise |
+ * | KELNavigationTable | touch for each page x (bars + touch), and layouts on the pages | layouts on the pages, at least the minimum | both ways |
+ * | KELLabel and others | 2 lines, at most the content, x content without pixmap | content, of a label at least one line high | both ways |
  *
  * A control with the flag ItemIsSelectable is meant to be tapped: its minimum is at least touch x
  * touch, whatever its class. A control with a layout on it is at least as large as that layout

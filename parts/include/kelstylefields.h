@@ -27,18 +27,18 @@
  * library or a class derived from it, and of KELPartStyle for a part.
  *
  * \section stylefieldstext Texts
- * | type of the field | text                                                                   |
- * | ----------------- | ---------------------------------------------------------------------- |
- * | brush             | "#RRGGBB" or "#AARRGGBB", "none" for Qt::NoBrush; "other" for a gradient, a
- * pattern or a texture, which cannot be set | | number            | as in C, for example "0.5"; not
- * NaN, not infinite                      | | whole number      | decimal; \c iconSize of a control
- * is at least 1                        | | bool              | "true" or "false" | | margins |
- * left, top, right, bottom: "5,1,5,1"                                    | | rectangle         | x,
- * y, width, height: "0,0,100,30"                                      | | font              |
- * QFont::toString()                                                      | | glyph             |
- * the code in hexadecimal, "f011"; "none" without one                    | | text              |
- * itself                                                                 | | picture, menu     |
- * "other", or "none" if it is null; cannot be set                        |
+ * | type of the field | text |
+ * |---|---|
+ * | brush | "#RRGGBB" or "#AARRGGBB", "none" for Qt::NoBrush; "other" for a gradient, a pattern or a texture, which cannot be set |
+ * | number | as in C, for example "0.5"; not NaN, not infinite |
+ * | whole number | decimal; \c iconSize of a control is at least 1 |
+ * | bool | "true" or "false" |
+ * | margins | left, top, right, bottom: "5,1,5,1" |
+ * | rectangle | x, y, width, height: "0,0,100,30" |
+ * | font | QFont::toString() |
+ * | glyph | the code in hexadecimal, "f011"; "none" without one |
+ * | text | itself |
+ * | picture, menu | "other", or "none" if it is null; cannot be set |
  *
  * The states \c isMouseDown and \c isCheck can be read only.
  *

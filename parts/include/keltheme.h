@@ -129,8 +129,8 @@ public Q_SLOTS:
 Q_SIGNALS:
     //! Everything is dressed in another look.
     void changed();
-    //! The file cannot be used: \a text, a sentence in English, is wrong in \a line, from 1, or 0 if
-    //! it cannot be read.
+    //! The file cannot be used: \a text, a sentence in English, is wrong in \a line, from 1, or 0
+    //! if it cannot be read.
     void failed(int line, const QString &text);
 
 private:
