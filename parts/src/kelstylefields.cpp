@@ -107,7 +107,6 @@ QGraphicsObject *makeOne()
     return new Object;
 }
 
-// Derived classes before their bases.
 struct Kind
 {
     const QMetaObject *meta;
@@ -219,9 +218,12 @@ int KELStyleRecord::kinds()
 
 int KELStyleRecord::kindOf(const QGraphicsObject *object)
 {
-    for (int kind = 0; object && kind < kindCount; ++kind) {
-        if (object->metaObject()->inherits(allKinds[kind].meta))
-            return kind;
+    const QMetaObject *meta = object ? object->metaObject() : nullptr;
+    for (; meta; meta = meta->superClass()) {
+        for (int kind = 0; kind < kindCount; ++kind) {
+            if (meta == allKinds[kind].meta)
+                return kind;
+        }
     }
     return -1;
 }

@@ -138,18 +138,29 @@ int lineOf(const QByteArray &text, int offset)
 
 } // namespace
 
+struct KELThemeSample
+{
+    QGraphicsObject *object = nullptr;
+    char *record = nullptr;
+};
+
 // What a look makes of a kind of object: one that is new, one in the look before, one in this look.
 struct KELThemeKind
 {
-    QGraphicsObject *fresh = nullptr;
-    QGraphicsObject *last = nullptr;
-    QGraphicsObject *next = nullptr;
+    KELThemeSample fresh;
+    KELThemeSample last;
+    KELThemeSample next;
     QVector<const KELStyleField *> fields; // that differ among the three
+    bool isPart = false;
+    bool isButton = false;
+    bool isComboBox = false;
 };
 
 class KELThemePrivate
 {
 public:
+    enum class Items { New, Known };
+
     explicit KELThemePrivate(KELTheme *theme);
     ~KELThemePrivate();
 
@@ -157,10 +168,10 @@ public:
     void makeLook();
     void findFields();
     void keepLook();
-    void dressAll();
-    void dressTree(QGraphicsItem *item);
-    void dressScene(QGraphicsScene *scene);
-    void dress(QGraphicsObject *object);
+    void dressAll(Items items);
+    void dressTree(QGraphicsItem *item, Items items);
+    void dressScene(QGraphicsScene *scene, Items items);
+    const KELThemeKind *dress(QGraphicsObject *object);
     void tellParts();
     void dressCombo(QGraphicsObject *combo);
     void setStates(KELPushButton *button) const;
@@ -190,9 +201,14 @@ KELThemePrivate::KELThemePrivate(KELTheme *theme) : q(theme)
 {
     kinds.resize(KELStyleRecord::kinds());
     for (int i = 0; i < kinds.size(); ++i) {
-        kinds[i].fresh = KELStyleRecord::make(i);
-        kinds[i].last = KELStyleRecord::make(i);
-        kinds[i].next = KELStyleRecord::make(i);
+        KELThemeKind &kind = kinds[i];
+        for (KELThemeSample *sample : {&kind.fresh, &kind.last, &kind.next}) {
+            sample->object = KELStyleRecord::make(i);
+            sample->record = KELStyleRecord::of(sample->object);
+        }
+        kind.isPart = qobject_cast<KELPart *>(kind.fresh.object);
+        kind.isButton = qobject_cast<KELPushButton *>(kind.fresh.object);
+        kind.isComboBox = qobject_cast<KELComboBox *>(kind.fresh.object);
     }
     setRoles(schemes[KELTheme::Light]);
     makeLook();
@@ -202,9 +218,9 @@ KELThemePrivate::KELThemePrivate(KELTheme *theme) : q(theme)
 KELThemePrivate::~KELThemePrivate()
 {
     for (const KELThemeKind &kind : qAsConst(kinds)) {
-        delete kind.fresh;
-        delete kind.last;
-        delete kind.next;
+        delete kind.fresh.object;
+        delete kind.last.object;
+        delete kind.next.object;
     }
 }
 
@@ -225,13 +241,13 @@ void KELThemePrivate::keepLook()
 void KELThemePrivate::makeLook()
 {
     for (const KELThemeKind &kind : qAsConst(kinds)) {
-        for (int i = 0; const KELStyleField *field = KELStyleRecord::field(kind.next, i); ++i)
-            KELStyleRecord::copy(*field, KELStyleRecord::of(kind.next),
-                                 KELStyleRecord::of(kind.fresh));
-        if (auto *control = qobject_cast<KELRoundRectControl *>(kind.next))
-            dressControl(control);
+        QGraphicsObject *const next = kind.next.object;
+        for (int i = 0; const KELStyleField *field = KELStyleRecord::field(next, i); ++i)
+            KELStyleRecord::copy(*field, kind.next.record, kind.fresh.record);
+        if (kind.isPart)
+            dressPart(static_cast<KELPart *>(next)->partStyle());
         else
-            dressPart(static_cast<KELPart *>(kind.next)->partStyle());
+            dressControl(static_cast<KELRoundRectControl *>(next));
     }
 }
 
@@ -239,10 +255,10 @@ void KELThemePrivate::findFields()
 {
     for (KELThemeKind &kind : kinds) {
         kind.fields.clear();
-        const char *const fresh = KELStyleRecord::of(kind.fresh);
-        for (int i = 0; const KELStyleField *field = KELStyleRecord::field(kind.next, i); ++i) {
-            if (!KELStyleRecord::isEqual(*field, fresh, KELStyleRecord::of(kind.next))
-                || !KELStyleRecord::isEqual(*field, fresh, KELStyleRecord::of(kind.last)))
+        QGraphicsObject *const next = kind.next.object;
+        for (int i = 0; const KELStyleField *field = KELStyleRecord::field(next, i); ++i) {
+            if (!KELStyleRecord::isEqual(*field, kind.fresh.record, kind.next.record)
+                || !KELStyleRecord::isEqual(*field, kind.fresh.record, kind.last.record))
                 kind.fields.append(field);
         }
     }
@@ -310,7 +326,8 @@ void KELThemePrivate::dressControl(KELRoundRectControl *control) const
 
 void KELThemePrivate::setStates(KELPushButton *button) const
 {
-    if (button->property("ownStates").toBool())
+    // The search for the property alone would take longer than all the rest.
+    if (!button->dynamicPropertyNames().isEmpty() && button->property("ownStates").toBool())
         return;
     const QRgb pressed = pressedGround;
     const QRgb checked = roles[KELTheme::Accent];
@@ -343,33 +360,30 @@ void KELThemePrivate::dressCombo(QGraphicsObject *combo)
     }
 }
 
-void KELThemePrivate::dress(QGraphicsObject *object)
+// Returns the kind, or null if it has no style record.
+const KELThemeKind *KELThemePrivate::dress(QGraphicsObject *object)
 {
     const int number = KELStyleRecord::kindOf(object);
     if (number < 0)
-        return;
+        return nullptr;
     const KELThemeKind &kind = kinds.at(number);
     char *const record = KELStyleRecord::of(object);
-    const char *const fresh = KELStyleRecord::of(kind.fresh);
-    const char *const last = KELStyleRecord::of(kind.last);
-    const char *const next = KELStyleRecord::of(kind.next);
     bool isChanged = false;
     for (const KELStyleField *field : kind.fields) {
-        if (KELStyleRecord::isEqual(*field, record, next)
-            || !(KELStyleRecord::isEqual(*field, record, last)
-                 || KELStyleRecord::isEqual(*field, record, fresh)))
+        if (KELStyleRecord::isEqual(*field, record, kind.next.record)
+            || !(KELStyleRecord::isEqual(*field, record, kind.last.record)
+                 || KELStyleRecord::isEqual(*field, record, kind.fresh.record)))
             continue;
-        KELStyleRecord::copy(*field, record, next);
+        KELStyleRecord::copy(*field, record, kind.next.record);
         isChanged = true;
     }
-    if (auto *button = qobject_cast<KELPushButton *>(object))
-        setStates(button);
-    if (!isChanged)
-        return;
-    if (qobject_cast<KELPart *>(object))
+    if (kind.isButton)
+        setStates(static_cast<KELPushButton *>(object));
+    if (isChanged && kind.isPart)
         changedParts.append(object);
-    else
+    else if (isChanged)
         object->update();
+    return &kind;
 }
 
 // Parts are told when no tree is being walked any more: what they do may be seen by slots.
@@ -383,29 +397,31 @@ void KELThemePrivate::tellParts()
     }
 }
 
-void KELThemePrivate::dressTree(QGraphicsItem *item)
+// Of an item that is new, what is added to it is noticed from now on.
+void KELThemePrivate::dressTree(QGraphicsItem *item, Items items)
 {
     if (QGraphicsObject *object = item->toGraphicsObject()) {
-        QObject::connect(object, &QGraphicsObject::childrenChanged, q, &KELTheme::lookAgain,
-                         Qt::UniqueConnection);
-        dress(object);
-        if (qobject_cast<KELComboBox *>(object)) {
+        if (items == Items::New)
+            QObject::connect(object, &QGraphicsObject::childrenChanged, q, &KELTheme::lookAgain,
+                             Qt::UniqueConnection);
+        const KELThemeKind *const kind = dress(object);
+        if (kind && kind->isComboBox) {
             dressCombo(object);
             return;
         }
     }
     const QList<QGraphicsItem *> children = item->childItems();
     for (QGraphicsItem *child : children)
-        dressTree(child);
+        dressTree(child, items);
 }
 
-void KELThemePrivate::dressScene(QGraphicsScene *scene)
+void KELThemePrivate::dressScene(QGraphicsScene *scene, Items items)
 {
     scene->setBackgroundBrush(QColor(roles[KELTheme::Background]));
-    const QList<QGraphicsItem *> items = scene->items();
-    for (QGraphicsItem *item : items) {
+    const QList<QGraphicsItem *> all = scene->items();
+    for (QGraphicsItem *item : all) {
         if (!item->parentItem())
-            dressTree(item);
+            dressTree(item, items);
     }
     const QList<QGraphicsView *> views = scene->views();
     for (QGraphicsView *view : views) {
@@ -415,15 +431,15 @@ void KELThemePrivate::dressScene(QGraphicsScene *scene)
     }
 }
 
-void KELThemePrivate::dressAll()
+void KELThemePrivate::dressAll(Items items)
 {
     for (int i = roots.size() - 1; i >= 0; --i) {
         if (!roots.at(i))
             roots.remove(i);
         else if (auto *scene = qobject_cast<QGraphicsScene *>(roots.at(i).data()))
-            dressScene(scene);
+            dressScene(scene, items);
         else
-            dressTree(static_cast<QGraphicsObject *>(roots.at(i).data()));
+            dressTree(static_cast<QGraphicsObject *>(roots.at(i).data()), items);
     }
     tellParts();
 }
@@ -443,11 +459,11 @@ bool KELThemePrivate::useClass(const QByteArray &text, const QString &name,
         if (!KELStyleRecord::inherits(i, name))
             continue;
         isKnown = true;
-        QGraphicsObject *const next = kinds.at(i).next;
+        const KELThemeSample &next = kinds.at(i).next;
         for (auto it = fields.begin(); it != fields.end(); ++it) {
-            const KELStyleField *const field = KELStyleRecord::field(next, it.key());
+            const KELStyleField *const field = KELStyleRecord::field(next.object, it.key());
             const QString value = it.value().toVariant().toString();
-            if (field && KELStyleRecord::fromText(*field, KELStyleRecord::of(next), value))
+            if (field && KELStyleRecord::fromText(*field, next.record, value))
                 continue;
             const int offset = text.indexOf('"' + it.key().toUtf8() + '"', section);
             return fail(lineOf(text, offset),
@@ -523,7 +539,7 @@ bool KELThemePrivate::read()
         return false;
     }
     findFields();
-    dressAll();
+    dressAll(Items::Known);
     if (self)
         Q_EMIT self->changed();
     return true;
@@ -578,7 +594,7 @@ void KELTheme::applyTo(QGraphicsScene *scene)
         return;
     if (!d->roots.contains(scene))
         d->roots.append(scene);
-    d->dressScene(scene);
+    d->dressScene(scene, KELThemePrivate::Items::New);
     d->tellParts();
 }
 
@@ -588,7 +604,7 @@ void KELTheme::applyTo(QGraphicsObject *root)
         return;
     if (!d->roots.contains(root))
         d->roots.append(root);
-    d->dressTree(root);
+    d->dressTree(root, KELThemePrivate::Items::New);
     d->tellParts();
 }
 
@@ -609,7 +625,7 @@ void KELTheme::setScheme(Scheme scheme)
     d->makeLook();
     d->findFields();
     const QPointer<KELTheme> self(this);
-    d->dressAll();
+    d->dressAll(KELThemePrivate::Items::Known);
     if (self)
         Q_EMIT changed();
 }
@@ -626,5 +642,5 @@ void KELTheme::lookAgain()
 void KELTheme::dressAgain()
 {
     d->isLookingAgain = false;
-    d->dressAll();
+    d->dressAll(KELThemePrivate::Items::New);
 }
