@@ -3,11 +3,11 @@
 
 #include "benchmark.h"
 #include "quickwindow.h"
+#include "shownpicture.h"
 
 #include <KELList>
 #include <KELScreen>
 #include <QtCore/QStringListModel>
-#include <QtGui/QImage>
 #include <QtGui/QPainter>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QListView>
@@ -26,6 +26,7 @@ constexpr int rowCount = 10000;
 constexpr int rowHeightPx = 64;
 constexpr int stepPx = 13;
 constexpr int usualFrames = 3000;
+constexpr int countedFrames = 100;
 constexpr QSize screenSize(800, 480);
 const QByteArray scenario = "list of 10,000 rows, a frame of a fling";
 
@@ -44,14 +45,28 @@ void paintPending()
     QCoreApplication::sendPostedEvents();
 }
 
+int lastPosition = 0;
+
 // Calls frame(position).
 template <typename Frame>
 void measureFrames(const char *contender, Benchmark::Role role, Frame frame)
 {
     Benchmark::measure(scenario, contender, role, usualFrames, [&](int first, int last) {
         for (int i = first; i < last; ++i)
-            frame(i * stepPx);
+            frame(lastPosition = i * stepPx);
     });
+}
+
+void checkRows(const char *contender, const QImage &picture)
+{
+    const int top = -(lastPosition % rowHeightPx);
+    Benchmark::printValue(scenario, contender, "all rows shown",
+                          showsRows(picture, picture.rect(), top, rowHeightPx));
+}
+
+void printRowPaints(const char *contender, int most)
+{
+    Benchmark::printValue(scenario, contender, "most rows painted", QByteArray::number(most));
 }
 
 std::size_t heapInUse()
@@ -69,11 +84,8 @@ void runFloor()
 {
     const QStringList texts = captions();
     QImage image(screenSize, QImage::Format_RGB32);
-    QFont font;
-    font.setPixelSize(16);
     measureFrames("QPainter", Benchmark::Role::Floor, [&](int position) {
         QPainter painter(&image);
-        painter.setFont(font);
         const int first = position / rowHeightPx;
         for (int row = first; row * rowHeightPx < position + screenSize.height(); ++row) {
             const QRect area(0, row * rowHeightPx - position, screenSize.width(), rowHeightPx);
@@ -82,6 +94,35 @@ void runFloor()
             painter.fillRect(QRect(area.left(), area.bottom(), area.width(), 1), Qt::lightGray);
         }
     });
+}
+
+class CountingDelegate : public KELListDelegate
+{
+public:
+    void paint(QPainter *painter, const QRectF &rect, const QModelIndex & /*index*/,
+               const KELPartStyle &style, States /*states*/) override
+    {
+        painter->fillRect(rect, style.backgroundBrush);
+        ++paints;
+    }
+
+    int paints = 0;
+};
+
+void countRowPaints(const char *contender, KELList *list)
+{
+    CountingDelegate delegate;
+    list->setDelegate(&delegate);
+    paintPending();
+    int most = 0;
+    for (int i = 1; i <= countedFrames; ++i) {
+        delegate.paints = 0;
+        list->setPosition(lastPosition + i * stepPx);
+        paintPending();
+        most = std::max(most, delegate.paints);
+    }
+    printRowPaints(contender, most);
+    list->setDelegate(nullptr);
 }
 
 void runParts()
@@ -103,6 +144,8 @@ void runParts()
         paintPending();
     });
     printMemory(contender, before);
+    checkRows(contender, shownBy(screen));
+    countRowPaints(contender, list);
 }
 
 class TallRows : public QStyledItemDelegate
@@ -113,6 +156,14 @@ public:
     {
         return {screenSize.width(), rowHeightPx};
     }
+    void paint(QPainter *painter, const QStyleOptionViewItem &option,
+               const QModelIndex &index) const override
+    {
+        ++paints;
+        QStyledItemDelegate::paint(painter, option, index);
+    }
+
+    mutable int paints = 0;
 };
 
 // Qt moves the pixels that stay in sight; where something lies above the list, it paints all.
@@ -130,13 +181,18 @@ void runWidgets(const char *contender, bool isCovered)
     list.resize(screenSize);
     list.show();
     QCoreApplication::processEvents();
+    int most = 0;
     measureFrames(contender, Benchmark::Role::Other, [&](int position) {
+        delegate.paints = 0;
         list.verticalScrollBar()->setValue(position);
         if (isCovered)
             list.viewport()->update();
         paintPending();
+        most = std::max(most, delegate.paints);
     });
     printMemory(contender, before);
+    checkRows(contender, shownBy(list));
+    printRowPaints(contender, most);
 }
 
 void runQuick()
@@ -156,6 +212,7 @@ void runQuick()
         window.paintChanged();
     });
     printMemory(contender, before);
+    checkRows(contender, window.picture());
 }
 
 } // namespace
@@ -164,6 +221,7 @@ int main(int argc, char *argv[])
 {
     QuickWindow::chooseSoftware();
     const QApplication app(argc, argv);
+    chooseFont();
     runFloor();
     runParts();
     runWidgets("Qt Widgets", false);

@@ -3,6 +3,7 @@
 
 #include "benchmark.h"
 #include "quickwindow.h"
+#include "shownpicture.h"
 
 #include <KELPicker>
 #include <KELScreen>
@@ -10,6 +11,7 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QListView>
+#include <QtWidgets/QStyledItemDelegate>
 
 /*
  * A choice of 1,000 entries is opened and painted: for the first time, and again.
@@ -18,6 +20,10 @@ namespace {
 
 constexpr int entryCount = 1000;
 constexpr QSize screenSize(800, 480);
+constexpr QRect fieldPlace(20, 20, 300, 64);
+constexpr int rowHeightPx = 64;
+constexpr int shownRows = 6; // as many as have room below the field
+constexpr QRect listPlace(20, 84, 300, shownRows *rowHeightPx);
 const QByteArray firstScenario = "picker of 1,000 entries, opened first";
 const QByteArray againScenario = "picker of 1,000 entries, opened again";
 
@@ -29,10 +35,22 @@ QStringList entries()
     return texts;
 }
 
-template <typename Open, typename Close>
-void measureOpening(const char *contender, Benchmark::Role role, Open open, Close close)
+// Until what is open is on the screen.
+void paintOpened()
+{
+    QCoreApplication::processEvents();
+}
+
+// Calls open(), picture(), which is what is on the screen where the list is, and close().
+template <typename Open, typename Picture, typename Close>
+void measureOpening(const char *contender, Benchmark::Role role, Open open, Picture picture,
+                    Close close)
 {
     Benchmark::measureOnce(firstScenario, contender, role, 1, open);
+    const QImage shown = picture();
+    const QRect whole(QPoint(), listPlace.size());
+    Benchmark::printValue(firstScenario, contender, "all rows shown",
+                          showsRows(shown, whole, 0, rowHeightPx));
     close();
     open();
     close();
@@ -45,11 +63,6 @@ void measureOpening(const char *contender, Benchmark::Role role, Open open, Clos
     meter.report(againScenario, contender, role, repetitions);
 }
 
-void paintPending()
-{
-    QCoreApplication::sendPostedEvents();
-}
-
 void runParts()
 {
     KELScreen screen;
@@ -58,7 +71,8 @@ void runParts()
     auto *picker = new KELPicker(page);
     QStringListModel model(entries());
     picker->setModel(&model);
-    picker->setGeometry(20, 20, 300, 64);
+    picker->setCurrentIndex(0);
+    picker->setGeometry(fieldPlace);
     screen.push(page);
     screen.show();
     QCoreApplication::processEvents();
@@ -66,28 +80,49 @@ void runParts()
         "KELPicker", Benchmark::Role::Library,
         [&] {
             picker->open();
-            paintPending();
+            paintOpened();
         },
+        [&] { return shownBy(screen).copy(listPlace); },
         [&] {
             picker->close();
             QCoreApplication::processEvents();
         });
 }
 
+class TallRows : public QStyledItemDelegate
+{
+public:
+    QSize sizeHint(const QStyleOptionViewItem & /*option*/,
+                   const QModelIndex & /*index*/) const override
+    {
+        return {listPlace.width(), rowHeightPx};
+    }
+};
+
+// With rows of one height, which Qt does not measure one by one.
 void runWidgets()
 {
+    TallRows delegate;
     QWidget window;
     window.resize(screenSize);
     QComboBox box(&window);
-    box.setGeometry(20, 20, 300, 64);
+    box.setGeometry(fieldPlace);
     box.addItems(entries());
+    box.setMaxVisibleItems(shownRows);
+    box.setItemDelegate(&delegate);
+    qobject_cast<QListView *>(box.view())->setUniformItemSizes(true);
     window.show();
     QCoreApplication::processEvents();
     measureOpening(
         "Qt Widgets", Benchmark::Role::Reference,
         [&] {
             box.showPopup();
-            paintPending();
+            paintOpened();
+        },
+        [&] {
+            const QWidget &popup = *box.view()->window();
+            return shownBy(popup).copy(
+                QRect(box.view()->mapTo(&popup, QPoint()), listPlace.size()));
         },
         [&] {
             box.hidePopup();
@@ -98,10 +133,15 @@ void runWidgets()
 void runQuick()
 {
     const char *const contender = "Qt Quick Controls 2";
-    QuickWindow window(screenSize,
-                       "Item { function open() { box.popup.open() } function close() { "
-                       "box.popup.close() } ComboBox { id: box; x: 20; y: 20; width: 300; height: "
-                       "64; model: 1000; popup.enter: null; popup.exit: null } }");
+    QuickWindow window(
+        screenSize,
+        "Item { function open() { box.popup.open() } function close() { box.popup.close() } "
+        "ComboBox { id: box; x: 20; y: 20; width: 300; height: 64; popup.y: 64; popup.height: 384; "
+        "popup.padding: 0; popup.enter: null; popup.exit: null; "
+        "model: { var texts = []; for (var i = 0; i < 1000; ++i) texts.push('Entry ' + i); return "
+        "texts } "
+        "delegate: ItemDelegate { width: 300; height: 64; text: modelData; "
+        "highlighted: box.highlightedIndex === index } } }");
     if (!window.isReady()) {
         Benchmark::leaveOut(firstScenario, contender, window.reason());
         return;
@@ -113,6 +153,7 @@ void runQuick()
             window.call("open");
             window.paintChanged();
         },
+        [&] { return window.picture().copy(listPlace); },
         [&] {
             window.call("close");
             QCoreApplication::processEvents();
@@ -125,6 +166,8 @@ int main(int argc, char *argv[])
 {
     QuickWindow::chooseSoftware();
     const QApplication app(argc, argv);
+    chooseFont();
+    QApplication::setEffectEnabled(Qt::UI_AnimateCombo, false);
     runParts();
     runWidgets();
     runQuick();

@@ -4,7 +4,6 @@
 #include "quickwindow.h"
 
 #ifdef KEL_HAVE_QUICK
-#  include <QtGui/QImage>
 #  include <QtQml/QQmlComponent>
 #  include <QtQml/QQmlEngine>
 #  include <QtQuick/QQuickItem>
@@ -53,7 +52,7 @@ bool QuickWindow::isReady() const
 
 void QuickWindow::paint()
 {
-    m_parts->control.grab();
+    m_picture = m_parts->control.grab();
 }
 
 void QuickWindow::paintChanged()

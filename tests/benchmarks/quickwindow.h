@@ -7,6 +7,7 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QSize>
 #include <QtCore/QVariant>
+#include <QtGui/QImage>
 
 #include <memory>
 
@@ -24,8 +25,9 @@ public:
     bool isReady() const;
     QByteArray reason() const { return m_reason; } // why it is not ready
 
-    // Paints the whole window into a new picture.
+    // Paints the whole window into a new picture, which is kept as a screen keeps it.
     void paint();
+    QImage picture() const { return m_picture; }
     // The same, after a change of the item.
     void paintChanged();
 
@@ -39,6 +41,7 @@ private:
     class Parts;
     std::unique_ptr<Parts> m_parts;
     QByteArray m_reason;
+    QImage m_picture;
 };
 
 #endif
