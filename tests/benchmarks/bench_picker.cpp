@@ -63,6 +63,15 @@ void measureOpening(const char *contender, Benchmark::Role role, Open open, Pict
     meter.report(againScenario, contender, role, repetitions);
 }
 
+// Whether what is behind the list is darker than light.
+void checkDimmed(const char *contender, const QImage &picture, bool isDimmed)
+{
+    constexpr int light = 230;
+    const bool isDark = qGray(picture.pixel(listPlace.topRight() + QPoint(100, 100))) < light;
+    Benchmark::printValue(firstScenario, contender, "dimmed or not as said",
+                          isDark == isDimmed ? "yes" : "no");
+}
+
 void runParts()
 {
     KELScreen screen;
@@ -76,13 +85,18 @@ void runParts()
     screen.push(page);
     screen.show();
     QCoreApplication::processEvents();
+    const char *const contender = "KELPicker";
     measureOpening(
-        "KELPicker", Benchmark::Role::Library,
+        contender, Benchmark::Role::Library,
         [&] {
             picker->open();
             paintOpened();
         },
-        [&] { return shownBy(screen).copy(listPlace); },
+        [&] {
+            const QImage shown = shownBy(screen);
+            checkDimmed(contender, shown, true);
+            return shown.copy(listPlace);
+        },
         [&] {
             picker->close();
             QCoreApplication::processEvents();
@@ -130,18 +144,22 @@ void runWidgets()
         });
 }
 
-void runQuick()
+// KELPicker darkens what is behind its list.
+void runQuick(const char *contender, bool isDimmed)
 {
-    const char *const contender = "Qt Quick Controls 2";
+    const QByteArray list = "popup: Popup { y: 64; width: 300; height: 384; padding: 0; enter: "
+                            "null; exit: null; modal: "
+        + QByteArray(isDimmed ? "true" : "false")
+        + "; contentItem: ListView { clip: true; model: box.delegateModel; currentIndex: "
+          "box.highlightedIndex } } ";
     QuickWindow window(
         screenSize,
         "Item { function open() { box.popup.open() } function close() { box.popup.close() } "
-        "ComboBox { id: box; x: 20; y: 20; width: 300; height: 64; popup.y: 64; popup.height: 384; "
-        "popup.padding: 0; popup.enter: null; popup.exit: null; "
-        "model: { var texts = []; for (var i = 0; i < 1000; ++i) texts.push('Entry ' + i); return "
-        "texts } "
-        "delegate: ItemDelegate { width: 300; height: 64; text: modelData; "
-        "highlighted: box.highlightedIndex === index } } }");
+        "ComboBox { id: box; x: 20; y: 20; width: 300; height: 64; "
+            + list
+            + "model: { var texts = []; for (var i = 0; i < 1000; ++i) texts.push('Entry ' + i); "
+              "return texts } delegate: ItemDelegate { width: 300; height: 64; text: modelData; "
+              "highlighted: box.highlightedIndex === index } } }");
     if (!window.isReady()) {
         Benchmark::leaveOut(firstScenario, contender, window.reason());
         return;
@@ -153,7 +171,10 @@ void runQuick()
             window.call("open");
             window.paintChanged();
         },
-        [&] { return window.picture().copy(listPlace); },
+        [&] {
+            checkDimmed(contender, window.picture(), isDimmed);
+            return window.picture().copy(listPlace);
+        },
         [&] {
             window.call("close");
             QCoreApplication::processEvents();
@@ -170,6 +191,7 @@ int main(int argc, char *argv[])
     QApplication::setEffectEnabled(Qt::UI_AnimateCombo, false);
     runParts();
     runWidgets();
-    runQuick();
+    runQuick("Qt Quick Controls 2", true);
+    runQuick("Qt Quick Controls 2, nothing dimmed", false);
     return 0;
 }
