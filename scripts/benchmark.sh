@@ -19,8 +19,8 @@ Usage: scripts/benchmark.sh [--clock-only | --quick | --record]
                  tests/benchmarks/recorded.json
   --record       like --quick, but write recorded.json
 
-The Qt Quick rows need qtdeclarative5-dev, qml-module-qtquick2 and qml-module-qtquick-controls2; without these
-packages the rows stay empty.
+The Qt Quick rows need qtdeclarative5-dev, qml-module-qtquick2, qml-module-qtquick-window2 and
+qml-module-qtquick-controls2; without these packages the rows stay empty.
 TEXT
 }
 

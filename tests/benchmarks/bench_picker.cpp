@@ -166,7 +166,7 @@ void runQuick(const char *contender, bool isDimmed)
     }
     window.paintChanged();
     measureOpening(
-        contender, Benchmark::Role::Other,
+        contender, isDimmed ? Benchmark::Role::Reference : Benchmark::Role::Other,
         [&] {
             window.call("open");
             window.paintChanged();

@@ -39,7 +39,8 @@
  */
 namespace Benchmark {
 
-// What the other contenders of a scenario are compared with, the library, and the others.
+// What the other contenders of a scenario are compared with (the best of several references), the
+// library, and the others.
 enum class Role { Floor, Reference, Library, Other };
 
 inline const char *nameOf(Role role)
