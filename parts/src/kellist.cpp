@@ -590,7 +590,8 @@ void KELList::paint(QPainter *painter, const QStyleOptionGraphicsItem * /*option
         && transform.dy() == std::floor(transform.dy())
         && painter->device()->devicePixelRatioF() == 1
         && size().width() == std::floor(size().width());
-    const bool isKept = isExact && d->delegate && d->restTimer.isActive() && style.backgroundBrush.isOpaque();
+    const bool isKept = isExact && d->delegate && d->restTimer.isActive()
+        && style.backgroundBrush.isOpaque();
 
     painter->save();
     painter->setClipRect(rect(), Qt::IntersectClip);
