@@ -53,25 +53,26 @@ class KELRoundRectControl;
  * what it draws is not.
  *
  * \section layoutplace Where a control is placed
- * The geometry of an adapter is the one that the layout gives, with edges at whole item px. All
- * that a control draws, and all that reacts to a press, lies within it, whatever the control's
- * parents are:
+ * An adapter has the geometry that the layout gives it, with its edges at whole item px. All that a
+ * control draws, and all that reacts to a press, lies within it, whatever the parents of the
+ * control are:
  * - The rectangle of a control begins at (0, 0), and pos() is the corner of the geometry.
- * - A combo box keeps its scenePos() at (0, 0): that is where its list expects it. Its rectangle is
- *   moved instead. It is placed anew each time its list opens or closes, so that the widget with
- *   the layout may be moved in between. Its entries become as wide as the box. Its list is no
- *   matter of the layout.
- * - A slider and a check box are narrower than the geometry by half of their outline on both sides,
- *   which is where the outline goes. The knob of the slider is at the value, whatever the bounds
- *   are; a value outside the bounds shows it at the end. No value changes, and no valueChanged() is
- *   emitted.
- * - A line goes through the middle of the geometry, from end to end: across, or down if its
- *   rectangle was higher than wide when its adapter was made.
- * - The pages of a KELNavigationTable and its tabs follow its size. A page that is wrapped in
+ * - A combo box has its scenePos() at (0, 0), where its list needs it; its rectangle is where the
+ *   geometry is. It is placed anew whenever its list opens or closes, so the widget with the layout
+ *   may be moved in between. Its entries become as wide as the box. The layout does not place the
+ *   list itself, which opens below the geometry.
+ * - A slider is narrower than the geometry by 1 px on both sides, a check box by half of its
+ *   outline: that is where their outlines are drawn. The knob of a slider is at its value, whatever
+ *   the bounds are; a value beyond a bound shows it at that end. A layout changes no value and
+ *   emits no valueChanged().
+ * - A line goes through the middle of the geometry from end to end: across, or down if its
+ *   rectangle was higher than wide when it got its adapter.
+ * - The pages and the tabs of a KELNavigationTable follow its size. A page that is wrapped in
  *   another item does not.
  *
- * This holds while the parents neither rotate nor scale the control. A control whose size is below
- * the minimum in \ref layoutsizes draws outside; see \ref outside.
+ * This holds unless the geometry is smaller than the minimum in \ref layoutsizes; see
+ * \ref outside. An outline thinner than 1 px is drawn 1 px wide and may go beyond the geometry by
+ * half of that. The parents of a combo box must neither rotate nor scale it.
  *
  * \section layouton Layouts on controls
  * setLayout() puts a layout on a control: a card, a panel, a page of a KELNavigationTable. Radio
@@ -79,70 +80,78 @@ class KELRoundRectControl;
  * control begins.
  *
  * \section layoutsizes Sizes
- * In item px, rounded up to whole numbers. \e touch is KELTouch::leastSize(), \e line the height of
- * a line of the control's font, \e border its \c borderWidth. \e Content is the larger of caption
- * (in full), glyph (\c iconSize) and pixmap, plus the margins and two borders; of a push button, it
- * is its picture above its caption with their margins, plus two borders. A number in the record
- * that is negative or not finite counts as 0.
+ * In item px, rounded up to whole numbers. \e t is KELTouch::leastSize(), \e l the height of a line
+ * in the control's font, \e b its \c borderWidth. \e Content is the largest of the caption (in
+ * full), the glyph (\c iconSize) and the pixmap, plus the margins and two borders. The content of a
+ * push button is its picture above its caption, with the margins of both, plus two borders; with a
+ * caption alone, it is a line wider and half a line higher than the caption. Policies are those of
+ * QSizePolicy: Preferred, Expanding, Fixed. A measure in the record that is negative or not a
+ * number counts as 0.
  *
- * | control | minimum | preferred | grows |
- * |---|---|---|---|
- * | KELPushButton | touch x (touch, or the content without pixmap, if higher) | content; with a caption alone plus a line across, 1/2 down | both ways |
- * | KELCheckBox | as preferred | (80 + border) x (30 + border), at least touch | no |
- * | KELRadioBox | as preferred | 25 + border, at least touch | no |
- * | KELSlideControl | 2 s x s, where s is touch, at least 32 | 4 s x s | across |
- * | KELProcessBar | "100%" in the application's font + 30 x 30 | 4 touch, at least the minimum, x 30 | across |
- * | KELComboBox | (80, at least touch) x preferred | longest entry + a line + 33 x (line + 3, at least touch) | across |
- * | KELLineItem | 0 x border, at least 1 | as minimum | lengthwise |
- * | KELNavigationTable | touch for each page x (bars + touch), and layouts on the pages | layouts on the pages, at least the minimum | both ways |
- * | KELLabel and others | 2 lines, at most the content, x content without pixmap | content, of a label at least one line high | both ways |
+ * | control            | minimum                      | preferred               | policy        |
+ * |--------------------|------------------------------|-------------------------|---------------|
+ * | KELPushButton      | t x height without pixmap    | content                 | Pref. x Pref. |
+ * | KELCheckBox        | as preferred                 | 80 + b x 30 + b         | Fixed x Fixed |
+ * | KELRadioBox        | as preferred                 | 25 + b x 25 + b         | Fixed x Fixed |
+ * | KELSlideControl    | 2 s x s, s = t, at least 32  | 4 s x s                 | Exp. x Fixed  |
+ * | KELProcessBar      | "100%" + 30 x 30             | 4 t x 30                | Exp. x Fixed  |
+ * | KELComboBox        | 80 x as preferred            | entry + l + 33 x l + 3  | Pref. x Fixed |
+ * | KELLineItem        | as preferred                 | b x b, at least 1       | Exp. x Fixed  |
+ * | KELNavigationTable | t for each page x t + bars   | layouts on pages + bars | Exp. x Exp.   |
+ * | KELLabel, others   | at most 2 l x without pixmap | content                 | Pref. x Pref. |
  *
- * A control with the flag ItemIsSelectable is meant to be tapped: its minimum is at least touch x
- * touch, whatever its class. A control with a layout on it is at least as large as that layout
- * asks. The maximum is that of Qt (QWIDGETSIZE_MAX) where the control grows, else the preferred
- * size. Sizes and policies that the application sets on the adapter win, as on any layout item. A
- * caption that wraps (Qt::TextWordWrap) and is not elided has a height for its width: set a policy
- * with QSizePolicy::setHeightForWidth(true) on its adapter.
+ * Of a combo box, the longest entry counts. "100%" is measured in the application's font. A line
+ * that goes down has the policy Fixed x Expanding. A table is at least as large as the layouts on
+ * its pages need. A label is at least one line high.
  *
- * A control does not notify anyone when its caption, font or style changes. Call updateHints()
- * afterwards.
+ * The preferred size is at least the minimum, and the maximum is that of Qt. Push buttons, check
+ * boxes, radio boxes, sliders, combo boxes and all controls with the flag ItemIsSelectable are
+ * meant to be tapped: they are at least t wide and t high. A control with a layout on it is at
+ * least as large as that layout asks for. Sizes and policies that the application sets on an
+ * adapter win, as on any layout item. A caption that wraps and is not elided has a height for its
+ * width once the policy of the adapter says so (QSizePolicy::setHeightForWidth()).
+ *
+ * A control does not tell its layout when its caption, font or style changes: call updateHints().
  *
  * \section layoutlife Lifetime
- * A control has one adapter, whatever asks for it. Adding it to another layout takes it out of the
- * first. A control that dies takes its adapter along and so leaves its layout. A layout that dies
- * deletes the adapters in it, not the controls: they stay where they are, child items of the
- * widget. An adapter that was taken out of its layout stays with the control.
+ * A control has at most one adapter, which item() returns. Adding it to another layout takes it out
+ * of the first. A control that dies takes its adapter along and so leaves its layout.
+ * A layout that dies deletes the adapters in it, but not the controls: they stay where they are, as
+ * child items of the widget. An adapter that was taken out of its layout stays with the control.
  *
  * Layouts, controls and widgets may be deleted in any slot of the library, and a layout may be
- * activated there, also while a control in it is pressed or a list is open. A layout moves
- * controls, for which Qt emits xChanged(), yChanged() and geometryChanged(): slots of these delete
- * with QObject::deleteLater().
+ * activated there, also while a control in it is pressed or its list is open. When a layout moves
+ * things, Qt emits xChanged(), yChanged(), geometryChanged() and childrenChanged(): slots connected
+ * to these delete with QObject::deleteLater().
  *
- * The scene is told before a rectangle changes, and repainted, with any index and any cache mode.
+ * The scene is told before a rectangle changes, so it may have any index, and is repainted, in any
+ * cache mode.
  *
  * GUI thread only.
  */
 class KELGDIPARTS_EXPORT KELLayout
 {
 public:
-    //! Returns the adapter of \a control, which is made if it has none yet; null for null. It is
-    //! deleted with the control or with the layout that it is in, whichever comes first. A geometry
-    //! with a number that is not finite is ignored.
+    //! Returns the adapter of \a control, which is made if there is none yet; null for null. It is
+    //! deleted with the control or with the layout that it is in, whichever comes first. It ignores
+    //! a geometry with a number that is not finite.
     static QGraphicsLayoutItem *item(KELRoundRectControl *control);
 
     //! Appends \a control to \a layout. \a stretch is its stretch factor; a negative one counts as
-    //! 0. Does nothing if either is null.
+    //! 0. In a row the control is centred vertically if it does not grow. Does nothing if either is
+    //! null.
     static void add(QGraphicsLinearLayout *layout, KELRoundRectControl *control, int stretch = 0);
 
     //! Adds \a control to \a layout at \a row and \a column. It covers \a rowSpan rows and
-    //! \a columnSpan columns. Does nothing if either is null, if a place is negative or a span is
-    //! below 1.
+    //! \a columnSpan columns, and is centred vertically if it does not grow. Does nothing if either
+    //! is null, if a place is negative or a span is below 1.
     static void add(QGraphicsGridLayout *layout, KELRoundRectControl *control, int row, int column,
                     int rowSpan = 1, int columnSpan = 1);
 
-    //! Adds \a control to the first free cell among the first \a columns columns of \a layout, row
-    //! by row, and gives the row and all these columns the stretch factor 1: the cells of a keypad
-    //! have the same size. Does nothing if either is null or \a columns is below 1.
+    //! Adds \a control to the first free cell in the first \a columns columns of \a layout, row by
+    //! row. The row and these columns get the stretch factor 1, and the adapter the policy
+    //! QSizePolicy::Ignored both ways, so that cells have the same size, whatever their captions
+    //! are. Does nothing if either is null or \a columns is below 1.
     static void addCell(QGraphicsGridLayout *layout, KELRoundRectControl *control, int columns);
 
     //! Adds a row to \a layout: a new label with \a caption, aligned to the left, in column 0, and
@@ -155,8 +164,8 @@ public:
     /*!
      * Puts \a layout on \a control and returns the widget that has it: a child item of \a control
      * that covers the boundingRect(), draws nothing and lets presses through. A second call returns
-     * the same widget, and Qt deletes the previous layout. \a layout may be null. Returns null if
-     * \a control is null; then \a layout is left alone.
+     * the same widget, and Qt deletes the previous layout. \a layout may be null. If \a control is
+     * null, nothing happens and null is returned.
      *
      * The widget follows the rectangle when the control is laid out or shown, and when
      * updateHints() is called. It has the layout direction of the next QGraphicsWidget around the
@@ -165,10 +174,10 @@ public:
      */
     static QGraphicsWidget *setLayout(KELRoundRectControl *control, QGraphicsLayout *layout);
 
-    //! Reads the sizes of \a item and of all items below it anew, and has their layouts arranged by
-    //! the next iteration of the event loop. Call it after a caption, a font, a style, the bounds
-    //! of a slider or KELTouch::leastSize() has changed, and after a control with a layout on it
-    //! was given another rectangle. Null is ignored.
+    //! Has the sizes of \a item and of all items below it read anew, and their layouts arranged in
+    //! the next iteration of the event loop. Call it after a change of a caption, a font, a style,
+    //! the bounds of a slider or KELTouch::leastSize(), and when a control with a layout on it,
+    //! which is not itself in a layout, was given another rectangle. Null is ignored.
     static void updateHints(QGraphicsItem *item);
 
     KELLayout() = delete;
