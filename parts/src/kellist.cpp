@@ -37,7 +37,7 @@ struct ShownRow
     int row = -1;
     KELRowContent content;
     KELRowCache cache;
-    QPixmap picture; // while the list moves
+    QPixmap picture; // of a delegate, while the list moves
 };
 
 enum class Drag { None, Undecided, Vertical, Sideways };
@@ -390,7 +390,8 @@ void KELListPrivate::paintRow(QPainter *painter, const QRectF &rect, ShownRow *e
     KELRowPainter::paint(painter, rect, *q->partStyle(), entry->content, state, &entry->cache);
 }
 
-// While the list moves, a row is painted once, and then copied.
+// While the list moves, a delegate paints a row once, and then it is copied: nobody knows how long
+// the delegate takes. A row of the list's own kind takes little more than a copy of it.
 void KELListPrivate::paintKept(QPainter *painter, const QRectF &rect, ShownRow *entry)
 {
     if (entry->picture.isNull()) {

@@ -135,15 +135,20 @@ private Q_SLOTS:
         QCOMPARE(KelImage::differenceFrom(draw, stage.list, pictureSize), QString());
     }
 
-    // While it moves, rows are copied; at rest they are painted.
+    // While it moves, the rows of a delegate are copied; at rest they are painted.
     void aMovingListLooksTheSame()
     {
         ListStage stage;
+        ColourDelegate delegate;
+        stage.list->setDelegate(&delegate);
         stage.list->setPosition(3 * rowPx + 20);
         const QImage kept = KelImage::paint(stage.list, pictureSize);
+        delegate.paints = 0;
         const QImage again = KelImage::paint(stage.list, pictureSize);
+        QCOMPARE(delegate.paints, 0);
         QCOMPARE(KelImage::difference(again, kept), QString());
         KELList direct; // at a place where nothing can be copied
+        direct.setDelegate(&delegate);
         direct.setModel(stage.model.get());
         direct.setGeometry(0, 0, 200, 256);
         direct.setPosition(stage.list->position());
@@ -151,7 +156,9 @@ private Q_SLOTS:
             painter->rotate(360); // no longer a translation for certain
             direct.paint(painter, nullptr);
         });
+        QVERIFY(delegate.paints > 0);
         QCOMPARE(KelImage::difference(kept, painted), QString());
+        stage.list->setDelegate(nullptr);
     }
 
     void aFramePaintsNewRowsOnly()
