@@ -388,15 +388,16 @@ void Painting::drawArrow(QPainter *with, const QBrush &brush) const
 
 void Painting::drawFocus() const
 {
-    if (qMin(rect.width(), rect.height()) < 2 * strokePx)
+    if (qMin(rect.width(), rect.height()) < 4 * strokePx)
         return;
-    const qreal half = strokePx / 2;
+    // At the edge of a selected row, on a list of the same colour, the ring would not be seen.
+    const qreal inset = strokePx / 2 + (isSelected ? strokePx : 0);
     const qreal radius = state.card == KELRow::NoCard ? 0 : length(style.radius);
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(QPen(isSelected ? style.selectedForegroundBrush : style.accentBrush, strokePx,
                          Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     painter->setBrush(Qt::NoBrush);
-    painter->drawRoundedRect(rect.adjusted(half, half, -half, -half), radius, radius);
+    painter->drawRoundedRect(rect.adjusted(inset, inset, -inset, -inset), radius, radius);
 }
 
 } // namespace

@@ -120,6 +120,27 @@ private Q_SLOTS:
         stage.list->setDelegate(nullptr);
     }
 
+    // On a list of its own colour, a ring at the edge of the row would not be seen.
+    void theFocusRingOfASelectedRowIsWithinIt()
+    {
+        ListStage stage;
+        stage.model->item(0)->setText(QString());
+        stage.list->setSelectable(true);
+        stage.list->setCurrentRow(0);
+        QVERIFY(stage.view.showAndWait());
+        stage.list->setFocus(Qt::TabFocusReason);
+        const QImage painted = KelImage::paint(stage.list, pictureSize);
+        QImage expected(200, rowPx, painted.format());
+        expected.fill(QColor(0x0b62d6));
+        QPainter painter(&expected);
+        painter.setPen(QPen(Qt::white, 2, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+        painter.drawRect(QRect(3, 3, 194, rowPx - 6));
+        painter.setPen(Qt::NoPen);
+        painter.fillRect(0, rowPx - 1, 200, 1, QColor(0xd5dce5));
+        painter.end();
+        QCOMPARE(KelImage::difference(painted.copy(0, 0, 200, rowPx), expected), QString());
+    }
+
     void anEmptyListSaysSo()
     {
         const ListStage stage(0);
