@@ -40,15 +40,15 @@ public:
     };
     Q_DECLARE_FLAGS(States, State)
 
-    //! Does nothing. KELList::setDelegate() to null, or to another one, before this is called.
+    //! Does nothing. Before it is called, give each list of this delegate another one, or null.
     virtual ~KELListDelegate();
 
     /*!
-     * Paints the row of \a index with \a painter into \a rect (item px) in the style of the list,
-     * \a style. Fill all of \a rect, paint nothing outside it, and leave clip, transformation and
-     * opacity of the painter as they were. The picture of a row is kept while the list moves; call
-     * KELPart::styleChanged() on the list if the row looks different for other reasons than its
-     * data. It must not change or delete the list or the model.
+     * Paints the row of \a index with \a painter into \a rect (item px). \a style is the style of
+     * the list. Fill all of \a rect, paint nothing outside it, and leave the clip, transformation
+     * and opacity of the painter as they were. The list keeps the pictures of its rows while it
+     * moves; call KELPart::styleChanged() of the list if a row looks different for another reason
+     * than its data. The delegate must not change or delete the list or the model.
      */
     virtual void paint(QPainter *painter, const QRectF &rect, const QModelIndex &index,
                        const KELPartStyle &style, States states)
@@ -67,9 +67,10 @@ Q_DECLARE_OPERATORS_FOR_FLAGS(KELListDelegate::States)
  * layout->addItem(list);
  * \endcode
  *
- * The list shows column 0 of the top-level rows of a QAbstractItemModel. All rows are equally high:
- * KELPartStyle::rowHeight, at least KELTouch::leastSize(). Nothing is kept for a row that is not in
- * sight, so 100,000 rows cost no more than 10, except for setSectionsShown().
+ * The list shows column 0 of the top-level rows of a QAbstractItemModel. All rows have the same
+ * height: KELPartStyle::rowHeight, at least KELTouch::leastSize(), and more if the font and the
+ * margins need it. Nothing is kept for a row that is not in sight, so 100,000 rows cost no more
+ * than 10, except with setSectionsShown().
  *
  * \section listrows Rows
  * Without a delegate a row looks like a KELRow:
@@ -79,7 +80,7 @@ Q_DECLARE_OPERATORS_FOR_FLAGS(KELListDelegate::States)
  * | DetailRole         | the second line                                                      |
  * | ValueRole          | the value at the end                                                 |
  * | Qt::DecorationRole | a QPixmap, or a string with a glyph of the icon font                 |
- * | Qt::CheckStateRole | if valid, a switch, which is on for Qt::Checked                      |
+ * | Qt::CheckStateRole | if valid, a switch, which is on for Qt::Checked; a tap sets it if the row has Qt::ItemIsUserCheckable |
  * | SectionRole        | the heading, above the first row of several that have the same        |
  *
  * A row without Qt::ItemIsEnabled looks disabled and takes no tap. QAbstractItemModel::data() must
@@ -88,14 +89,14 @@ Q_DECLARE_OPERATORS_FOR_FLAGS(KELListDelegate::States)
  * \section listtouch Fingers, wheel and keys
  * A press that moves by more than KELPart::slopPx up or down follows the finger exactly. When it is
  * released while it moves, the list goes on, slows down, and springs back at its ends (QScroller).
- * A press that moves sideways first does nothing. A tap while the list moves stops it and is no
+ * A press that first moves sideways does nothing. A press while the list moves stops it and is no
  * tap. A tap on a row emits
  * \code
  * (setData() of a switch), currentRowChanged (if the list is selectable), clicked
  * \endcode
- * The wheel scrolls by half a row for each notch of it. The keys Up, Down, Home, End, Page up and
- * Page down move the current row of a selectable list, and scroll any other one; Space, Return,
- * Enter and Select tap the current row.
+ * A notch of the wheel scrolls by half a row. The keys Up, Down, Home, End, Page up and Page down
+ * move the current row of a selectable list and scroll any other list. Space, Return, Enter and
+ * Select tap the current row of a selectable list.
  *
  * Without motion (KELMotion) the list stops where the finger leaves it. It also stops when it is
  * hidden.
@@ -106,14 +107,14 @@ Q_DECLARE_OPERATORS_FOR_FLAGS(KELListDelegate::States)
  * current row moves with its row; if that row is removed, there is no current row.
  *
  * \section liststyle Style
- * backgroundBrush is the ground, pressedBrush that of a pressed row, selectedBrush and
- * selectedForegroundBrush that of the current one. A heading is drawn with mutedBrush and
- * secondaryFont, and \c rowHeight / 2 high, at least its font needs. The scroll mark, 4 px wide, is
- * drawn with mutedBrush at the end of the rows while the list moves. The rows draw what \ref
- * rowstyle says.
+ * backgroundBrush is the ground, pressedBrush that of a pressed row; selectedBrush and
+ * selectedForegroundBrush are those of the current one. A heading is drawn with mutedBrush and
+ * secondaryFont; it is half as high as a row, or as high as its font needs. While the list moves, a
+ * scroll mark, 4 px wide, is drawn with mutedBrush at the end of the rows. The rows draw what
+ * \ref rowstyle says.
  *
- * A slot connected to a signal of the list may delete the list, the model and the page. The
- * delegate, if it is deleted there, must be removed first.
+ * A slot connected to a signal of the list may delete the list, the model and the page. Before it
+ * deletes the delegate, it must remove it from the list.
  *
  * GUI thread only.
  */
@@ -147,8 +148,9 @@ public:
 
     //! Returns the model, or null, the default.
     QAbstractItemModel *model() const;
-    //! Shows the rows of \a model from the first one, without a current row. The application keeps
-    //! ownership. Null, and a model that is deleted later, give an empty list.
+    //! Shows the rows of \a model from the first one on, without a current row. The application
+    //! keeps ownership. With null, and after the model was deleted, the list is empty. Does nothing
+    //! if \a model is the current one.
     void setModel(QAbstractItemModel *model);
 
     //! Draws rows with \a delegate, or as KELRow does if it is null, the default. The application
@@ -162,13 +164,13 @@ public:
     int currentRow() const;
     //! Returns whether a tap makes a row the current one.
     bool isSelectable() const;
-    //! Lets taps and keys change the current row, and shows it. Without it, currentRow() may be set
-    //! but is not shown.
+    //! Sets whether taps and keys change the current row and whether it is shown. In a list that is
+    //! not selectable, a current row may be set but is not shown.
     void setSelectable(bool selectable);
     //! Returns whether headings are shown.
     bool areSectionsShown() const;
-    //! Shows headings, or hides them. To place them, the list reads SectionRole of all rows, now
-    //! and after each change of the model: not meant for more than some thousand rows.
+    //! Shows or hides headings. To place them, the list reads SectionRole of all rows, now and
+    //! after each change of the model: not meant for more than some thousand rows.
     void setSectionsShown(bool shown);
     //! Returns the text of a list without rows.
     QString emptyText() const;
@@ -178,10 +180,10 @@ public:
     //! Returns whether the list moves by itself or follows a finger.
     bool isMoving() const;
 
-    //! Returns the index of the row at \a pos (item px), or an invalid one if there is none, or a
+    //! Returns the index of the row at \a pos (item px), or an invalid one if there is no row or a
     //! heading.
     QModelIndex indexAt(const QPointF &pos) const;
-    //! Returns the place of \a row in item px, also out of sight; an empty one if there is no such
+    //! Returns the place of \a row in item px, in sight or not; an empty one if there is no such
     //! row.
     QRectF rowRect(int row) const;
 
@@ -191,11 +193,11 @@ public:
     void styleChanged() override;
 
 public Q_SLOTS:
-    //! Scrolls to \a position px at once, at most as far as there are rows, and stops a movement.
+    //! Scrolls to \a position (item px) at once, at most to the end, and stops a movement.
     void setPosition(int position);
     //! Makes \a row the current one; -1, and a row that does not exist, mean none. Does not scroll.
     void setCurrentRow(int row);
-    //! Scrolls as little as shows all of \a row. Does nothing if it does not exist.
+    //! Scrolls no further than it takes to show all of \a row. Does nothing if it does not exist.
     void scrollTo(int row);
 
 Q_SIGNALS:
@@ -203,7 +205,8 @@ Q_SIGNALS:
     void positionChanged();
     //! The current row is \a row now, or -1.
     void currentRowChanged(int row);
-    //! The row of \a index was tapped. The index is that of the moment of the signal.
+    //! The row of \a index was tapped, by finger or by key. Keep a QPersistentModelIndex, not
+    //! \a index, if the model may change.
     void clicked(const QModelIndex &index);
 
 protected:

@@ -7,22 +7,22 @@
 #include "kelgdiparts_global.h"
 
 /*!
- * \brief The one place that switches the motion of all parts on and off.
+ * \brief Switches the animations of all parts on and off.
  *
  * \code
  * KELMotion::setEnabled(false); // pages, knobs and lists arrive at once
  * \endcode
  *
- * Parts animate only while something moves and only while they are visible. Without motion they
- * arrive at the end of a movement at once. A list still follows the finger.
+ * Parts are animated only while something moves and they are visible. Without motion they arrive at
+ * the end of a movement at once. A list still follows the finger.
  *
  * GUI thread only.
  */
 class KELGDIPARTS_EXPORT KELMotion
 {
 public:
-    //! Switches motion on or off for all parts, from their next movement. A movement that is under
-    //! way ends as it began. The default is true.
+    //! Switches motion on or off for all parts, from their next movement on. A movement that has
+    //! begun goes on to its end. The default is true.
     static void setEnabled(bool enabled);
 
     //! Returns whether parts move.

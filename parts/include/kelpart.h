@@ -29,7 +29,7 @@ class KELPartPrivate;
  */
 struct KELGDIPARTS_EXPORT KELPartStyle
 {
-    //! The ground: of a row, a list, a bubble. With Qt::NoBrush nothing is filled. The default is
+    //! The ground of a row, a list or a dialog. With Qt::NoBrush nothing is filled. The default is
     //! #FFFFFF.
     QBrush backgroundBrush;
     //! The ground while the part, or a row of it, is pressed. The default is #EEEEEF.
@@ -46,7 +46,8 @@ struct KELGDIPARTS_EXPORT KELPartStyle
     QBrush disabledBrush;
     //! Outlines and separators. The default is #D5DCE5.
     QBrush borderBrush;
-    //! What is on, filled or marked, and the focus ring. The default is #0B62D6.
+    //! What is on, filled or marked; the focus ring; the ground of a bubble. The default is
+    //! #0B62D6.
     QBrush accentBrush;
     //! What is drawn on the accent: the knob of a switch that is on, the text of a bubble. The
     //! default is #FFFFFF.
@@ -60,13 +61,13 @@ struct KELGDIPARTS_EXPORT KELPartStyle
     qreal borderWidth;
     //! The corner radius in item px. 0 or less, or NaN, gives square corners. The default is 12.
     qreal radius;
-    //! Between the edge of the part, or of a row, and its content, in item px. The default is 16,
-    //! 8, 16, 8.
+    //! The room between the edge of the part, or of a row, and its content, in item px. The default
+    //! is 16, 8, 16, 8 (left, top, right, bottom).
     QMarginsF margins;
-    //! Between things beside each other, in item px. NaN counts as 0. The default is 8.
+    //! The room between things beside each other, in item px. NaN counts as 0. The default is 8.
     qreal spacing;
-    //! The height of a row in item px. Less than KELTouch::leastSize(), and NaN, count as that. The
-    //! default is 64.
+    //! The least height of a row in item px. NaN, and less than KELTouch::leastSize(), count as
+    //! KELTouch::leastSize(). The default is 64.
     qreal rowHeight;
     //! The font of text. The default is the application's font at 16 px.
     QFont font;
@@ -81,21 +82,23 @@ struct KELGDIPARTS_EXPORT KELPartStyle
 };
 
 /*!
- * \brief The base of the parts that paint themselves: KELRow, KELList, KELPicker and KELRange.
+ * \brief The base of the parts that paint themselves: KELRow, KELList, KELPicker, KELRange and
+ * KELPinDialog.
  *
  * A part is a QGraphicsWidget: its rectangle starts at (0, 0), a layout of Qt places it
  * (QGraphicsWidget::setGeometry()), it follows the layout direction, and it may have children.
  *
  * \section partpress Presses
  * A part takes the left mouse button and the first finger. A press becomes a drag when it leaves
- * the place where it began by more than \c slopPx item px (Manhattan distance), and a tap when it
- * is released without having been one. The press is lost without a tap when the grab is taken away,
- * when the window system cancels the touch, when the part or its view is hidden or disabled, when
- * the part is removed from the scene, or when a popup or a modal dialog opens over the view.
+ * the place where it began by more than \c slopPx item px (Manhattan distance). A press that is
+ * released without having become a drag is a tap. The press is lost, and is no tap, when the grab
+ * is taken away, when the window system cancels the touch, when the part or its view is hidden or
+ * disabled, when the part is removed from the scene, or when a popup or a modal dialog opens over
+ * the view.
  *
  * \section partfocus Focus
- * A part that takes keys has Qt::StrongFocus. Its focus is drawn as a ring only while it came, or
- * was last used, by key: a finger leaves no ring.
+ * A part that takes keys has Qt::StrongFocus. The focus ring is drawn only if the focus came by
+ * key, or a key was the last thing that was used: a finger leaves no ring.
  *
  * A slot connected to a signal of a part may delete any part, control or model with \c delete or
  * QObject::deleteLater(). The view, its window and the scene are deleted with
@@ -138,13 +141,13 @@ protected:
     //! The press was released at \a pos. \a isTap is false after a drag. isPressed() is false
     //! again.
     virtual void releaseEvent(const QPointF &pos, bool isTap);
-    //! The press was lost. isPressed() has been false since. Called from the event loop, or before
+    //! The press was lost, and isPressed() is false. Called later, from the event loop, or before
     //! the next press.
     virtual void pressLostEvent();
 
     //! Returns whether paint() shows the focus ring.
     bool isFocusShown() const;
-    //! Returns whether \a event is a key without a modifier, the one of a keypad apart.
+    //! Returns whether \a event is of a key without a modifier. Qt::KeypadModifier does not count.
     static bool isPlainKey(const QKeyEvent *event);
 
     bool eventFilter(QObject *watched, QEvent *event) override;

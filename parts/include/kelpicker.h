@@ -27,17 +27,18 @@ class KELPickerPrivate;
  * layout->addItem(picker);
  * \endcode
  *
- * The entries are the rows of a QAbstractItemModel without a parent: column 0, Qt::DisplayRole. The
- * row shows the current one as its value, before an arrow. KELRow::setValue() and KELRow::setEnd()
- * are not for a picker; caption, detail, glyph, card and style are those of every KELRow.
+ * The entries are the top-level rows of a QAbstractItemModel: column 0, Qt::DisplayRole. The row
+ * shows the current entry as its value, before an arrow. Do not call KELRow::setValue() and
+ * KELRow::setEnd() of a picker; caption, detail, glyph, card and style are those of every KELRow.
  *
  * \section pickerlist The list
  * A tap on the row opens a KELList of the entries, in the colours of the picker, above everything
- * in the first view of the scene, which is dimmed with black of 30 %. It is made when it opens. The
- * current entry is marked, and scrolled to. The list stands below the row, above it if there is
- * room only there, otherwise where there is more room; where not even one entry fits, it takes the
- * height of the view. It is as wide as the row, and never leaves the view. A picker without
- * entries, without a view or not visible does not open.
+ * in the first view of the scene, which is dimmed with black of 30 %. The list is made when it
+ * opens. The current entry is marked and scrolled to. The list opens below the row, above it if
+ * there is room only there, otherwise where there is more room; if that is less than
+ * KELTouch::leastSize(), it may take the whole height of the view. It is as wide as the row, and
+ * never leaves the view. A picker does not open without entries or without a view, nor while it is
+ * hidden or disabled.
  *
  * While the list is open, nothing else in the view gets presses, keys or shortcuts. It closes
  * - when an entry is tapped, which makes that the current one;
@@ -56,15 +57,15 @@ class KELPickerPrivate;
  * the current entry removed -----> currentIndexChanged, currentTextChanged
  * its text changed --------------> currentTextChanged
  * \endcode
- * The list is closed before the first signal. Whatever tells the picker of a tap or key on the
- * row, KELRow::clicked(), is emitted when the list has opened.
+ * The list is closed before the first signal. A tap on the row, and a key that stands for it, emit
+ * KELRow::clicked(), too: to the slots of the application when the list has opened.
  *
  * \section pickermodel The model
  * The picker does not own a model that it is given. The current entry stays the same one when
- * entries are inserted, moved or removed; there is none after it was removed, and after the model
- * was reset or deleted. QAbstractItemModel::data(), rowCount(), index() and flags() must not change
- * or delete the picker. An entry without Qt::ItemIsEnabled cannot be chosen by the user. A model
- * whose QObject::parent() is the picker is deleted when it is replaced.
+ * entries are inserted, moved or removed. There is no current entry after it was removed, and after
+ * the model was reset or deleted. QAbstractItemModel::data(), rowCount(), index() and flags() must
+ * not change or delete the picker. The user cannot choose an entry without Qt::ItemIsEnabled. A
+ * model whose QObject::parent() is the picker is deleted when it is replaced.
  *
  * \section pickerkeys Keys
  * | key                                  | closed                     | open                    |
@@ -98,10 +99,10 @@ public:
 
     //! Returns the model, or null.
     QAbstractItemModel *model() const;
-    //! Shows the entries of \a model, which may be null, and has no current entry at first. Does
+    //! Shows the entries of \a model, which may be null. At first there is no current entry. Does
     //! nothing if it is the current model.
     void setModel(QAbstractItemModel *model);
-    //! Shows \a items in a model that the picker owns, and has no current entry at first.
+    //! Shows \a items, in a model that the picker owns. At first there is no current entry.
     void setItems(const QStringList &items);
 
     //! Returns the row of the current entry, or -1.
@@ -127,7 +128,8 @@ public Q_SLOTS:
     void close();
 
 Q_SIGNALS:
-    //! The current entry is another one, or is now row \a index. -1: there is none.
+    //! The current entry is now row \a index: another entry, or the same one in another row. -1 if
+    //! there is none.
     void currentIndexChanged(int index);
     //! The text of the current entry is now \a text. Emitted after currentIndexChanged().
     void currentTextChanged(const QString &text);

@@ -29,49 +29,51 @@ class KELPinDialogPrivate;
  *
  * The dialog is an item, not a window, so it works without a window system. While it is open it
  * covers what the first view of the scene shows, also after the view was resized, turned, scaled or
- * scrolled; a scene without a view is covered up to its QGraphicsScene::sceneRect(). It dims the
- * items behind it with black of 60 %, and lets no press, wheel, hover or key through to them. A
- * press that was going on there is lost. Items with a z-value of 1e9 or more are not covered.
+ * scrolled. In a scene without a view it covers the QGraphicsScene::sceneRect(). It dims the items
+ * behind it with black of 60 %, and lets no press, wheel, hover or key through to them. A press
+ * that was going on there is lost. Items with z-values above 1e9 may stay uncovered.
  *
  * \section pinsignals Signals
- * The application compares the PIN. It does so at once or later, and calls accept() or reject();
- * until then further digits are ignored.
+ * The application compares the PIN, at once or later, and calls accept() or reject(). Until then
+ * further digits are ignored.
  * \code
  * last digit ------------------> entered
  *   accept() ------------------> accepted, closed
  *   reject() ------------------> (shakes, no digits)
  * cancel key, Escape, Back ----> cancelled, closed
- * hide(), removed, deleteLater() while open -> closed; deleted -> no signal
+ * hidden or removed while open > closed
+ * deleted while open ----------> no signal
  * \endcode
- * closed() comes on a later event-loop iteration than the rest, and only if the dialog still lives.
- * The scene owns the dialog from open() on, also when it is closed. It may be opened again.
+ * closed() comes in a later iteration of the event loop, if the dialog still lives then. The scene
+ * owns the dialog from open() on, also when it is closed. It may be opened again.
  *
  * \section pinkeys Keys
  * A digit counts when its key goes down, so that two thumbs may type as fast as they can: the order
- * of the digits is the order of the presses, and a key that is held or left counts too. Only a
- * second finger on a key that is still down does not count. The cross,
- * at the bottom where a line begins, cancels on a tap; the key on the other side removes the last
- * digit. All keys are KELPushButton items; see \ref fingers for what further fingers do.
+ * of the digits is that of the presses, and a key counts even if the finger stays on it or slides
+ * off. Only a second finger on a key that is still down does not count. The cross, in the last row
+ * where a line of text begins, cancels on a tap; the key at the other end of that row removes the
+ * last digit. All keys are KELPushButton items; see \ref fingers for what further fingers do.
  *
  * From a keyboard it takes 0 to 9, Backspace and Delete; Escape, Back and Cancel, which cancel; and
  * Return, Enter and Select, which shake the dialog while digits are missing. Other keys of that
- * view, and shortcuts, have no effect. An item that has lost the focus to a press gets it back
- * before accepted() and cancelled().
+ * view, and shortcuts, have no effect. If the item that had the focus has lost it to a press, it
+ * gets it back before accepted() and cancelled().
  *
  * \section pinsecrecy Secrecy
- * The digits are shown as dots. They are overwritten when they are removed, rejected or accepted
- * and when the dialog is closed or destroyed, as is the string of entered() after the signal,
- * unless a slot has kept a copy. No function returns them, and nothing prints them.
+ * The digits are shown as dots. They are overwritten when they are removed, rejected or accepted,
+ * and when the dialog is closed or destroyed. The string of entered() is overwritten after the
+ * signal, but not a copy that a slot has kept. No function returns the digits, and nothing prints
+ * them.
  *
  * \section pinlook Look
  * If the view is wider than high, the caption and the dots stand beside the keypad, which is as
- * wide as they are or, where there is less room, takes 55 % of it; otherwise they stand above it.
- * The dialog shakes for 400 ms and up to 12 px to both sides, without KELMotion not at all.
+ * wide as they are or, where there is less room, takes 55 % of it. Otherwise they stand above it.
+ * The dialog shakes for 400 ms, by up to 12 px to both sides; not at all if KELMotion is off.
  *
- * The keys are as large as fits, up to one and a half KELTouch::leastSize(). They are smaller than
- * that size only in a view without room for it: 480 x 272 px suffice for 48 px. With the default
- * style 8 px lie between the keys and between dialog and view, and 16 px inside the dialog. The
- * digits are two fifths of a key high. Text that does not fit is cut.
+ * The keys are as large as fits, up to one and a half times KELTouch::leastSize(). They are smaller
+ * than KELTouch::leastSize() only if the view has no room for that: 480 x 272 px suffice for 48 px.
+ * With the default style, 8 px lie between the keys and between dialog and view, and 16 px inside
+ * the edge of the dialog. The digits are two fifths of a key high. Text that does not fit is cut.
  *
  * In a layout from right to left, caption and keypad change sides, the dots are filled from the
  * right, and the cross and the key beside the 0 change places. The digits stay where they are.
@@ -105,7 +107,7 @@ public:
 
     //! Returns the text above or beside the keypad.
     QString caption() const;
-    //! Sets the text above or beside the keypad to \a caption. It is plain, and breaks into lines.
+    //! Sets the text above or beside the keypad to \a caption. It is plain text, broken into lines.
     void setCaption(const QString &caption);
 
     //! Returns the number of digits of a PIN.
@@ -136,14 +138,14 @@ public Q_SLOTS:
     void cancel();
 
 Q_SIGNALS:
-    //! The last digit was entered; \a pin has all pinLength() of them, each from 0 to 9. To be
-    //! answered with accept() or reject().
+    //! The last digit was entered; \a pin has all pinLength() of them, each from 0 to 9. Answer
+    //! with accept() or reject().
     void entered(const QString &pin);
     //! accept() has closed the dialog.
     void accepted();
     //! The user or cancel() has closed the dialog.
     void cancelled();
-    //! The dialog is closed, for whatever reason. Emitted on an event-loop iteration after that.
+    //! The dialog is closed, for whatever reason. Emitted in a later iteration of the event loop.
     void closed();
 
 protected:

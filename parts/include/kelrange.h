@@ -11,7 +11,7 @@
 class KELRangePrivate;
 
 /*!
- * \brief A slider: a track with a round knob that follows the finger wherever it takes hold.
+ * \brief A slider: a track with a round knob that follows the finger.
  *
  * \code
  * auto *brightness = new KELRange;
@@ -28,10 +28,10 @@ class KELRangePrivate;
  *
  * \section rangevalue Value and step
  * The value is a double from minimum() to maximum(), default 0 from 0 to 100. With a step() it is
- * the minimum, a whole number of steps above it, or the maximum, which may lie less than a step
- * after the one before it: each value goes to the nearest of these, one exactly between two steps
- * to the upper one. A value outside the bounds becomes the nearest bound. NaN and infinities are
- * ignored, in every setter.
+ * the minimum, a whole number of steps above it, or the maximum, which may be less than a step
+ * above the value before it. Each value goes to the nearest of these, one exactly between two steps
+ * to the upper one. A value outside the bounds becomes the nearest bound. All setters ignore NaN
+ * and infinities.
  *
  * Set the bounds before the value: a new bound changes a value that lies outside it.
  *
@@ -47,8 +47,8 @@ class KELRangePrivate;
  * press on the knob, drag, release --> pressed, valueChanged for each change, released
  * press elsewhere, release ----------> pressed, valueChanged, released
  * \endcode
- * A range takes every press. On a page that scrolls by finger, the press is lost once the page
- * scrolls. A lost press keeps the value.
+ * A range takes every press. If an item around it takes the press over, to scroll for example, the
+ * press is lost. The value stays as it is then.
  *
  * \section rangekeys Keys and wheel
  * | key, without a modifier             | effect                                                |
@@ -58,9 +58,9 @@ class KELRangePrivate;
  * | page up, page down                  | ten steps more, ten steps less                        |
  * | home, end                           | the minimum, the maximum                              |
  *
- * Without a step(), a hundredth of the range stands for it. A notch of the wheel is one step, also
- * at the end of the range, where nothing changes. While the range is pressed the wheel does
- * nothing.
+ * Without a step(), a hundredth of the range counts as one. A notch of the wheel is one step. The
+ * range takes the wheel even at its ends, where nothing changes. While the range is pressed, the
+ * wheel does nothing.
  *
  * \section rangelook Look and size
  * The track is 8 px wide and 4 px away from the ends of the part. The knob is a circle of 28 px; in
@@ -68,8 +68,8 @@ class KELRangePrivate;
  * the part across the track, or as far below as the bubble needs. Ticks are 6 px long, on the side
  * away from the bubble.
  *
- * The value bubble appears above the knob of a horizontal range, and before that of a vertical one,
- * while it is pressed. It stays inside the part, and the size hints have room for it.
+ * The value bubble appears while the range is pressed: above the knob of a horizontal range, and
+ * before the knob of a vertical one. It stays inside the part, and the size hints have room for it.
  *
  * These fields of partStyle() are used: \c trackBrush; \c accentBrush for the filled part of the
  * track, the knob while it is pressed, the ground of the bubble and the focus ring around the knob;
@@ -136,9 +136,9 @@ public:
     void setMinimum(double minimum);
     //! Sets the upper bound as setRange() does. A minimum above it is lowered to it.
     void setMaximum(double maximum);
-    //! Sets the step. A negative one counts as 0: the value is continuous. One of less than a
-    //! 1e15th of the range has no effect. The value goes to the nearest allowed one, with
-    //! valueChanged() if it is another.
+    //! Sets the step. A negative one counts as 0: the value is continuous. A step of less than the
+    //! range / 1e15 has no effect. The value goes to the nearest allowed one, with valueChanged()
+    //! if it is another.
     void setStep(double step);
     //! Sets the distance of the ticks from the minimum on. A negative one counts as 0: none. Ticks
     //! that would be less than 4 px apart are not drawn.
@@ -153,8 +153,8 @@ public:
     void setSuffix(const QString &suffix);
 
     //! Returns the text of the bubble for \a value: the number in the default QLocale with
-    //! decimals(), and suffix(). Override it for another one; it is called whenever the bubble is
-    //! painted, and by the size hints for both bounds. It must not delete the range.
+    //! decimals(), and suffix(). Override it for another text. It is called whenever the bubble is
+    //! painted, and for both bounds when the size hints are computed. It must not delete the range.
     virtual QString textOf(double value) const;
 
     //! Paints the range with \a painter; \a option and \a widget are not used.
@@ -171,8 +171,8 @@ Q_SIGNALS:
     void valueChanged(double value);
     //! The range was pressed. isPressed() is true. Emitted before the valueChanged() of the press.
     void pressed();
-    //! The press has ended: released, after the last valueChanged(), or lost. A lost press is told
-    //! in the next turn of the event loop.
+    //! The press has ended: it was released, after the last valueChanged(), or lost. For a lost
+    //! press the signal comes in a later iteration of the event loop.
     void released();
 
 protected:

@@ -36,10 +36,10 @@ class KELRowPrivate;
  * the row is mirrored, and the arrow with it.
  *
  * \section rowtext Text
- * A text is plain and takes one line. White space, line breaks too, is drawn as single blanks. A
- * text that does not fit is elided; one of which not even the ellipsis fits is not drawn, and
- * neither is a glyph or a mark that is wider than the room left. The value takes up to half of the
- * room for text, and more if the caption leaves it. A text is at the start of its room, and reads
+ * Texts are plain and take one line. Any white space, line breaks included, is drawn as one blank.
+ * A text that does not fit is elided. It is not drawn if not even the ellipsis fits, and neither is
+ * a glyph or a mark that is wider than the room that is left. The value takes up to half of the
+ * room for text, and more if the caption leaves more. A text is at the start of its room, and reads
  * in the direction of its first letter.
  *
  * \section rowtap A tap
@@ -57,9 +57,9 @@ class KELRowPrivate;
  * \code
  * other row checkedChanged(false), this row checkedChanged(true), this row clicked (after a tap)
  * \endcode
- * Both rows have their new state before the first signal. Unchecking a row from code leaves none
- * checked. A row that becomes a Radio, or gets another parent item, while it is checked stays so
- * until the next one is checked.
+ * Both rows have their new state before the first signal. If a row is unchecked from code, none is
+ * checked. A row that becomes a Radio, or gets another parent item, while it is checked stays
+ * checked until another one is checked.
  *
  * \section rowstyle Style
  * backgroundBrush fills the row, pressedBrush a pressed one. foregroundBrush draws the caption,
@@ -67,10 +67,10 @@ class KELRowPrivate;
  * switch that is on, a checked radio mark and the focus ring of 2 px. trackBrush, knobBrush and
  * accentForegroundBrush draw the switch. A disabled row draws text, glyph and mark with
  * disabledBrush, and a picture half transparent. font is that of the caption and the value,
- * secondaryFont that of the detail. Twice \c spacing is between glyph, caption, value and mark,
- * half of it between the lines. borderBrush and \c borderWidth draw the separator, and in a card
- * the outline, whose corners have the radius \c radius. Without a card the row has square corners
- * and no outline.
+ * secondaryFont that of the detail. The room between glyph, caption, value and mark is twice
+ * \c spacing, that between the lines half of it. borderBrush and \c borderWidth draw the separator
+ * and the outline of a card, whose corners have the radius \c radius. Without a card the row has
+ * square corners and no outline.
  *
  * The row asks for \c rowHeight, at least KELTouch::leastSize(), and more if the lines and the
  * margins need it. A switch is 56 x 32 px, a radio mark 24 px across.
@@ -155,7 +155,7 @@ public:
     //! Returns whether the Switch is on or the Radio is checked.
     bool isChecked() const;
     //! Turns the Switch on or off, or checks or unchecks the Radio, and emits checkedChanged() if
-    //! \a checked is new. Other ends keep the state and do not show it.
+    //! that changes. A row with another end keeps the state but does not show it.
     void setChecked(bool checked);
 
     //! Returns whether a line is drawn at the bottom.
@@ -166,11 +166,11 @@ public:
 
     //! Returns which part of a card the row is.
     Card card() const;
-    //! Lets the row be the part \a card of a card. A value that is not one of Card counts as
-    //! NoCard. The last row of a card has no separator.
+    //! Makes the row the part \a card of a card. A value that is not one of Card counts as NoCard.
+    //! The last row of a card has no separator.
     void setCard(Card card);
-    //! Lets \a rows, from the first to the last, be one card: calls setCard() of each. A null
-    //! pointer is left out. Place them below each other without space between them.
+    //! Makes \a rows one card, from the first to the last: calls setCard() of each. A null pointer
+    //! is skipped. Place the rows below each other without space between them.
     static void formCard(const QList<KELRow *> &rows);
 
     //! Paints the row with \a painter; \a option and \a widget are not used.
@@ -178,7 +178,7 @@ public:
                QWidget *widget = nullptr) override;
 
 Q_SIGNALS:
-    //! The state is now \a checked.
+    //! The row is now on or checked if \a checked is true, else off or unchecked.
     void checkedChanged(bool checked);
     //! The row was tapped, or its key was pressed. Emitted after checkedChanged().
     void clicked();

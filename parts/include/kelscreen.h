@@ -79,39 +79,38 @@ private:
  * \endcode
  *
  * \section screenview The view
- * One item px is one px of the widget. The view has no frame, no scroll bars and no parent's
- * background: it is opaque and paints backgroundBrush(), or that of its scene() if it has none,
- * which a KELTheme sets; the default of the scene is #F3F5F8. Black lies below a translucent brush.
- * The scene has no index (QGraphicsScene::NoIndex), and its rectangle is that of the view. As a
- * window it has no frame; show it with QWidget::showFullScreen(): on linuxfb and eglfs the first
- * window fills the frame buffer. When the view is resized, or the screen rotated, all pages get its
- * size. Pages stay in the scene that the screen was created with: QGraphicsView::setScene() shows
- * another one, without pages.
+ * One item px is one px of the widget. The view has no frame and no scroll bars. It is opaque: it
+ * paints its backgroundBrush() or, if it has none, that of its scene(), which is #F3F5F8 by default
+ * and which a KELTheme sets. Below a translucent brush it paints black. The scene has no index
+ * (QGraphicsScene::NoIndex), and its rectangle is that of the view. A screen without a parent is a
+ * frameless window; show it with QWidget::showFullScreen(): on linuxfb and eglfs the first window
+ * fills the frame buffer. When the view is resized, or the screen rotated, all pages get its size.
+ * Pages stay in the scene that the screen was created with: QGraphicsView::setScene() shows another
+ * one, without pages.
  *
  * Items that belong to no page, such as a status bar, may be added to scene(). Pages have Z value
  * 0.
  *
  * \section screenpages Pages
- * The current page is on top of the stack, and the only one that is visible and gets input. A page
- * that comes back has the focus item that it had, if that is a QGraphicsObject.
+ * The current page is on top of the stack. Only it is visible and gets input. A page that comes
+ * back gets back its focus item, if that is a QGraphicsObject.
  * \code
  * push() ---> left() of the old page, entered() of the new one, currentPageChanged()
  * pop() ----> left() of the old page, entered() of the one below, currentPageChanged()
  * \endcode
- * The stack is as it will be before the first signal. If a slot pushes or pops a page, the signals
- * of that change follow, and what was left of the first ones is not emitted: each entered() is of
- * the current page.
+ * The stack has changed before the first signal. If a slot pushes or pops a page, the signals of
+ * that change are emitted at once, and the remaining ones of the first change are not: each
+ * entered() is of the current page.
  *
- * The keys Back and Escape go back if no item accepts them, a held key once. If there is no page to
- * go back to, and the last one does not take it (KELPage::backEvent()), the parent widget gets the
- * key.
+ * The keys Back and Escape go back if no item accepts them; a key that is held goes back once. If
+ * there is no page to go back to, and the last one does not go back itself (KELPage::backEvent()),
+ * the parent widget gets the key.
  *
  * \section screenslide Slide
  * With setSlideEnabled() pages slide for KELMotion::slideMs: a new one from the right, one that
  * goes back to the right; in a right-to-left layout from and to the left. The old page is hidden
- * and shown again for the slide, so that what is pressed on it is lost. A press, a key, another
- * page, a new size and hiding the view end the slide at once; the press and the key reach the
- * current page.
+ * and shown again for the slide, so that a press on it is lost. A press, a key, another page, a new
+ * size and hiding the view end the slide at once; the press or the key reaches the current page.
  *
  * A slot connected to a signal of the screen or of a page may delete any page. Delete the screen
  * with QObject::deleteLater().
@@ -133,14 +132,14 @@ public:
      * Puts \a page on top of the stack and shows it. The screen takes ownership. Returns true.
      *
      * A page that is on another screen leaves it. Returns false and does nothing if \a page is null
-     * or already on this stack, or if scene() was deleted; and false if a slot, told of that, has
-     * deleted the page or put it on a screen itself.
+     * or already on this stack, or if the scene of the pages was deleted. Also returns false if a
+     * slot that is called meanwhile deletes the page or pushes it itself.
      */
     bool push(KELPage *page);
 
-    //! Takes the current page off the stack, shows the one below, and schedules the page for
-    //! deletion (QObject::deleteLater()), if it slides, at the end of that, unless a slot has
-    //! pushed it again. Returns true. Does nothing and returns false if there is no page below.
+    //! Takes the current page off the stack, shows the one below and returns true. The page is
+    //! deleted with QObject::deleteLater(), after its slide if it slides, unless a slot has pushed
+    //! it again. Does nothing and returns false if there is no page below.
     bool pop();
 
     //! Returns the page on top of the stack, or null if there is none.
@@ -158,7 +157,7 @@ public Q_SLOTS:
     void back();
 
 Q_SIGNALS:
-    //! Another page is the current one, or none.
+    //! Another page is the current one, or there is none any more.
     void currentPageChanged();
 
 protected:

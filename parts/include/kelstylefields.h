@@ -56,14 +56,14 @@ public:
     //! Returns the field \a name as text, or a null string if there is none.
     QString text(const QString &name) const;
     //! Sets the field \a name to \a text, repaints the object and returns true. If there is no such
-    //! field, it cannot be set or \a text means nothing, changes nothing, writes a sentence into
-    //! \a error, unless that is null, and returns false.
+    //! field, or it cannot be set, or \a text is no value for it, the object stays as it is; then a
+    //! sentence in English is written to \a error, unless that is null, and false is returned.
     bool setText(const QString &name, const QString &text, QString *error = nullptr);
     //! Returns whether the field \a name has the value that it has in a new object of the same
     //! class. An inner control of a KELComboBox is compared with a new one of its own class.
     bool isDefault(const QString &name) const;
-    //! Gives the field \a name that value, also where it cannot be set as text, states apart.
-    //! Returns false if there is no such field.
+    //! Gives the field \a name the value that it has in a new object, even if it cannot be set as
+    //! text. Returns false, and changes nothing, for a state and if there is no such field.
     bool reset(const QString &name);
 
 private:

@@ -25,17 +25,17 @@ class KELThemePrivate;
  * theme.setScheme(KELTheme::Dark);
  * \endcode
  *
- * applyTo() dresses a tree of items at once, and everything that is added to it later: child items
- * of its controls, parts and other QGraphicsObjects, and the pages that a KELScreen pushes. For an
- * item that is added to a scene itself later, call applyTo() again. A change of the theme dresses
- * all of them anew.
+ * applyTo() dresses a tree of items at once, and what is added to it later: the pages that a
+ * KELScreen pushes, and new child items of controls, parts and other QGraphicsObjects, these in the
+ * next iteration of the event loop. An item that is added to the scene itself later, such as a
+ * KELPinDialog, needs an applyTo() of its own. A change of the theme dresses all of them anew.
  *
  * \section themehand What is set by hand wins
  * A theme writes a field of a style record only while it has the value of a new object, or the one
- * that the theme has written. Set other fields by hand, before or after. The scene's background
- * brush is always written. Of a KELPushButton the theme also sets the functions for its pressed,
- * checked and disabled look; to keep those of the application, give the button a dynamic property
- * \c ownStates that is true.
+ * that the theme has written. So what the application sets stays, whether it is set before or
+ * after. The background brush of the scene is always written. Of a KELPushButton the theme also
+ * sets the functions for its pressed, checked and disabled look; to keep those of the application,
+ * give the button a dynamic property \c ownStates that is true.
  *
  * \section themelook What it writes
  * | class                | fields                                                            |
@@ -50,10 +50,11 @@ class KELThemePrivate;
  * | KELLineItem          | line Line                                                         |
  * | KELComboBox          | its button: dark in all schemes, because its text is always light |
  * | KELNavigationTable   | ground Surface, title bar Raised and Text                         |
- * | KELNavigationTableItem | tab Accent and OnAccent while shown                             |
+ * | KELNavigationTableItem | tab of the page that is shown: Raised; glyph and caption of a tab: Text |
  * | parts                | all brushes of KELPartStyle                                       |
  *
- * Text has a contrast of at least 4.5 on its ground in every state, disabled text of at least 3.
+ * Text has a contrast of at least 4.5 on its ground in every state, disabled text one of at
+ * least 3.
  *
  * \section themefile Files
  * \code{.json}
@@ -64,12 +65,13 @@ class KELThemePrivate;
  * }
  * \endcode
  * \c base is "light", "dark" or "highContrast"; without it, light. \c roles changes colours by the
- * names of Role with a small first letter. All other names are those of classes, with the fields
- * and texts of KELStyleFields; a class applies to the classes that derive from it, too, and a
- * derived one wins. The contrast is then the file's own matter.
+ * names of Role with a small first letter. All other names are those of classes of controls, or
+ * \c KELPart for all parts, with the fields and texts of KELStyleFields. Numbers, and true and
+ * false, need no quotes. A class stands for the classes that derive from it, too; what other
+ * classes say wins over KELRoundRectControl. The contrast is then the file's own matter.
  *
- * A file that was loaded is watched, and loaded again when it changes. If it has an error, the look
- * stays as it is, and failed() tells the line.
+ * A file that was loaded is watched, and loaded again 100 ms after it has changed. If it has an
+ * error, the look stays as it is, and failed() tells the line.
  *
  * Destroying a theme leaves everything as it looks. GUI thread only.
  */
@@ -129,8 +131,8 @@ public Q_SLOTS:
 Q_SIGNALS:
     //! Everything is dressed in another look.
     void changed();
-    //! The file cannot be used: \a text, a sentence in English, is wrong in \a line, from 1, or 0
-    //! if it cannot be read.
+    //! The file cannot be used. \a text says in English what is wrong in \a line, counted from 1; 0
+    //! if the file cannot be read.
     void failed(int line, const QString &text);
 
 private:

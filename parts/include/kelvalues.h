@@ -24,10 +24,9 @@
  * the model, and the model is never changed by being shown.
  *
  * \section valuesadapter Properties of controls
- * The described controls have some of their values as functions only, or as properties of type
- * bool. The KELValues of a control, or of a KELRadioBoxGroup, has them as properties of their real
- * type:
- * | property    | type    | of                  | noticed by itself                             |
+ * Some values of controls have functions only, or properties of type bool. The KELValues of a
+ * control, or of a KELRadioBoxGroup, has them as properties of their real type:
+ * | property    | type    | of                  | notices a change on the control itself        |
  * | ----------- | ------- | ------------------- | --------------------------------------------- |
  * | text        | QString | each control        | no                                            |
  * | enabled     | bool    | each control        | yes                                           |
@@ -37,11 +36,11 @@
  * | selectIndex | int     | KELComboBox         | yes, except by removeItem() and clearItem()   |
  * | currentId   | int     | KELRadioBoxGroup    | yes                                           |
  *
- * Each has a notify signal. A change through the KELValues is told, and one that was made on the
- * control itself where the table says so. Otherwise the control does not tell, and the application
- * may: <tt>Q_EMIT KELValues::of(label)->textChanged();</tt>
+ * Each has a notify signal. It is emitted for a change through the KELValues and, where the table
+ * says so, for one on the control itself. Of other changes the application may tell:
+ * <tt>Q_EMIT KELValues::of(label)->textChanged();</tt>
  *
- * show() and edit() use these properties where the control has none of the name. A KELDataBind uses
+ * show() and edit() use these properties if the control has none with that name. A KELDataBind uses
  * them like this:
  * \code
  * KELDataBind::bind(KELValues::of(bar), "percent", model, "level", KELDataBind::TwoWay);
@@ -99,18 +98,20 @@ public:
      * now and after each notify signal. Names are UTF-8.
      *
      * If \a controlProperty is of type QString, it becomes \a format with each <tt>%1</tt> replaced
-     * by the value; an empty \a format is the value alone. Numbers are written as in the default
-     * QLocale: those of type double and float with \a decimals, at most 15, or if that is
-     * negative, with as many as they need. An invalid value and a number that is NaN or infinite
-     * are a dash (U+2013). Other values are converted as by QVariant::toString().
+     * by the value; with an empty \a format, it becomes the value alone. Numbers of type int, uint,
+     * qlonglong, double and float are written as in the default QLocale; double and float with
+     * \a decimals, at most 15, or with as many as they need if that is negative. An invalid value
+     * and a number that is NaN or infinite become a dash (U+2013). Other values are converted as by
+     * QVariant::toString().
      *
      * A property of another type gets the value itself, as with QMetaProperty::write(); \a format
-     * and \a decimals are not used. Nothing is written while the control has the value already.
+     * and \a decimals are not used. Nothing is written if the control already has the value.
      *
-     * A property is shown in one place by one link: a second one writes over the first one.
+     * Give a property of a control one link only: a second one writes over what the first one has
+     * written.
      *
-     * Returns the link, which the control owns. Delete it to end it. Returns null after a warning
-     * that says so, and if the link is destroyed during the call.
+     * Returns the link, which the control owns. Delete it to end it. Returns null after those of
+     * the \ref valueswarn that say so, and if the link is destroyed during the call.
      */
     static QObject *show(QObject *model, const char *property, QObject *control,
                          const char *controlProperty = "text", const QString &format = QString(),
@@ -124,17 +125,17 @@ public:
      *
      * A control that limits or rounds the value of the model shows what it can, and the model keeps
      * its value until the control is used. If slots of the control change the model, that is shown,
-     * too, up to eight times in a row. No setter needs to stop an echo, neither that of the
-     * model nor that of the control: KELSlideControl settles, too.
+     * too, up to eight times in a row. No setter, of the model or of the control, has to ignore a
+     * value that it already has: KELSlideControl settles, too.
      *
-     * Values are converted as with QMetaProperty::write(). Returns the same as show().
+     * Values are converted as by QMetaProperty::write(). Returns the same as show().
      */
     static QObject *edit(QObject *model, const char *property, QObject *control,
                          const char *controlProperty);
 
-    //! Returns the caption, or an empty text.
+    //! Returns the caption; an empty text for a KELRadioBoxGroup.
     QString text() const;
-    //! Sets the caption to \a text. Emits textChanged() if it is another.
+    //! Sets the caption to \a text. Emits textChanged() if that changes it.
     void setText(const QString &text);
     //! Returns whether the control is enabled, together with its parent items.
     bool isEnabled() const;
@@ -148,15 +149,16 @@ public:
     bool isCheck() const;
     //! Checks or unchecks the control. Emits checkChanged() if that changes.
     void setCheck(bool check);
-    //! Returns the value of the KELProcessBar, or 0.
+    //! Returns the value of the KELProcessBar; 0 for another object.
     int percent() const;
     //! Sets the value of the KELProcessBar.
     void setPercent(int percent);
-    //! Returns the index of the selected entry of the KELComboBox, or -1 if none is selected, or 0.
+    //! Returns the index of the selected entry of the KELComboBox, or -1 if none is selected; 0 for
+    //! another object.
     int selectIndex() const;
     //! Selects an entry of the KELComboBox. An index without an entry is ignored.
     void setSelectIndex(int index);
-    //! Returns the id of the KELRadioBoxGroup, or 0.
+    //! Returns the id of the KELRadioBoxGroup; 0 for another object.
     int currentId() const;
     //! Selects the box with the id \a id in the KELRadioBoxGroup.
     void setCurrentId(int id);
