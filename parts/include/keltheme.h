@@ -50,7 +50,7 @@ class KELThemePrivate;
  * | KELLineItem          | line Line                                                         |
  * | KELComboBox          | its button: dark in all schemes, because its text is always light |
  * | KELNavigationTable   | ground Surface, title bar Raised and Text                         |
- * | KELNavigationTableItem | tab of the page that is shown: Raised; glyph and caption of a tab: Text |
+ * | KELNavigationTableItem | tab of the page that is shown: Raised, or if that is Background, Accent, mixed with Surface until the text shows; glyph and caption of a tab: Text |
  * | parts                | all brushes of KELPartStyle                                       |
  *
  * Text has a contrast of at least 4.5 on its ground in every state, disabled text one of at

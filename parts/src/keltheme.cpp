@@ -318,8 +318,11 @@ void KELThemePrivate::dressControl(KELRoundRectControl *control) const
         own->titleForegroundBrush = colour(KELTheme::Text);
     } else if (name == "KELNavigationTableItem") {
         auto *const own = static_cast<KELNavigationTableItemStyle *>(style);
+        // Where nothing is raised, the tab of the page in sight is to be told by its colour.
+        const bool isRaised = roles[KELTheme::Raised] != roles[KELTheme::Background];
+        const QRgb tab = roles[isRaised ? KELTheme::Raised : KELTheme::Accent];
         own->buttonBackground = QColor(
-            groundFor(roles[KELTheme::Text], roles[KELTheme::Raised], roles[KELTheme::Surface]));
+            groundFor(roles[KELTheme::Text], tab, roles[KELTheme::Surface]));
         own->buttonForeground = colour(KELTheme::Text);
     }
 }

@@ -237,6 +237,18 @@ private Q_SLOTS:
         QVERIFY(contrast(theme.color(KELTheme::Bad), theme.color(KELTheme::OnBad)) >= 4.5);
     }
 
+    void theTabInSightIsTold_data() { addRows({{"scheme", allSchemes}}); }
+
+    void theTabInSightIsTold()
+    {
+        KELTheme theme;
+        theme.setScheme(fetch<KELTheme::Scheme>("scheme"));
+        KELNavigationTableItem item;
+        theme.applyTo(&item);
+        const auto *const style = static_cast<const KELNavigationTableItemStyle *>(item.style());
+        QVERIFY(style->buttonBackground.color() != theme.color(KELTheme::Background));
+    }
+
     void everyControlIsLegible_data()
     {
         addRows({{"scheme", allSchemes},
