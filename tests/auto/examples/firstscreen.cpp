@@ -27,6 +27,7 @@ int main(int argc, char *argv[])
     auto *button = new KELPushButton;
     button->setText("Rinse");
     KELLayout::add(column, button); // a control needs an adapter
+    column->addStretch(); // what is left of the page
 
     QObject::connect(row, &KELRow::checkedChanged, button,
                      [button](bool isOn) { button->setEnabled(isOn); });
