@@ -75,7 +75,8 @@ class KELPinDialogPrivate;
  * With the default style, 8 px lie between the keys and between dialog and view, and 16 px inside
  * the edge of the dialog. The digits are two fifths of a key high. Text that does not fit is cut.
  *
- * In a layout from right to left, caption and keypad change sides, the dots are filled from the
+ * The dialog has the layout direction of the first view of its scene, as of open(), unless it was
+ * given its own. From right to left, caption and keypad change sides, the dots are filled from the
  * right, and the cross and the key beside the 0 change places. The digits stay where they are.
  *
  * These fields of partStyle() are used: \c backgroundBrush, \c borderBrush, \c borderWidth and

@@ -27,8 +27,9 @@ class KELThemePrivate;
  *
  * applyTo() dresses a tree of items at once, and what is added to it later: the pages that a
  * KELScreen pushes, and new child items of controls, parts and other QGraphicsObjects, these in the
- * next iteration of the event loop. An item that is added to the scene itself later, such as a
- * KELPinDialog, needs an applyTo() of its own. A change of the theme dresses all of them anew.
+ * next iteration of the event loop, as parts that are added to the scene itself, such as a
+ * KELPinDialog. A control that is added to the scene itself later needs an applyTo() of its own. A
+ * change of the theme dresses all of them anew.
  *
  * \section themehand What is set by hand wins
  * A theme writes a field of a style record only while it has the value of a new object, or the one

@@ -3,6 +3,8 @@
 
 #include "kelpart.h"
 
+#include "kelthemes_p.h"
+
 #include <QtCore/QEvent>
 #include <QtCore/QPointer>
 #include <QtGui/QKeyEvent>
@@ -216,6 +218,8 @@ QVariant KELPart::itemChange(GraphicsItemChange change, const QVariant &value)
     if ((change == ItemVisibleHasChanged && !isVisible())
         || (change == ItemEnabledHasChanged && !isEnabled()) || change == ItemSceneHasChanged)
         d->losePress(this);
+    if (change == ItemSceneHasChanged && scene() && !parentItem())
+        KELThemes::partEntered(scene());
     return QGraphicsWidget::itemChange(change, value);
 }
 

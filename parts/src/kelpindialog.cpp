@@ -15,6 +15,7 @@
 #include <QtGui/QPainterPath>
 #include <QtWidgets/QGraphicsScene>
 #include <QtWidgets/QGraphicsSceneContextMenuEvent>
+#include <QtWidgets/QGraphicsView>
 
 #include <kelpushbutton.h>
 
@@ -104,6 +105,7 @@ public:
     void removeLast();
     void wipe();
     void shakeNow();
+    void followDirection(const QGraphicsScene *scene) const;
     void moveCard() const;
     bool close();
     void wasClosed();
@@ -214,6 +216,18 @@ void KELPinDialogPrivate::moveCard() const
     const QRectF before = card.translated(keypad->pos());
     keypad->setX(x);
     q->update(before | card.translated(x, 0));
+}
+
+// As a child item of a widget would.
+void KELPinDialogPrivate::followDirection(const QGraphicsScene *scene) const
+{
+    const QList<QGraphicsView *> views = scene->views();
+    if (views.isEmpty() || q->testAttribute(Qt::WA_SetLayoutDirection))
+        return;
+    const QPointer<KELPinDialog> self(q);
+    self->setLayoutDirection(views.first()->layoutDirection());
+    if (self)
+        self->setAttribute(Qt::WA_SetLayoutDirection, false);
 }
 
 // Returns whether the dialog was open, and still lives.
@@ -451,7 +465,9 @@ void KELPinDialog::open(QGraphicsScene *scene)
     setParentItem(nullptr);
     if (self && this->scene() != scene)
         scene->addItem(this);
-    if (!self)
+    if (self)
+        d->followDirection(scene);
+    if (!self || d->isOpen)
         return;
     d->isOpen = true;
     d->veil.cover(this);

@@ -6,6 +6,7 @@
 #include "kelpart.h"
 #include "kelscreen.h"
 #include "kelstylerecord_p.h"
+#include "kelthemes_p.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
@@ -131,6 +132,8 @@ QRgb switchTrack(QRgb track)
                 qMax(qBlue(track), leastPart));
 }
 
+KELThemePrivate *firstTheme = nullptr;
+
 int lineOf(const QByteArray &text, int offset)
 {
     return text.left(offset).count('\n') + 1;
@@ -177,7 +180,7 @@ public:
     void setStates(KELPushButton *button) const;
     void dressControl(KELRoundRectControl *control) const;
     void dressPart(KELPartStyle *style) const;
-    void lookAgain();
+    void partEntered(const QGraphicsScene *scene) const;
     void watch(const QString &path);
     void readAgain();
     bool read();
@@ -186,6 +189,7 @@ public:
     bool useClass(const QByteArray &text, const QString &name, const QJsonObject &fields);
 
     KELTheme *const q;
+    KELThemePrivate *nextTheme = firstTheme;
     QVector<QPointer<QObject>> roots;
     QVector<QPointer<QObject>> changedParts;
     QVector<KELThemeKind> kinds;
@@ -199,6 +203,7 @@ public:
 
 KELThemePrivate::KELThemePrivate(KELTheme *theme) : q(theme)
 {
+    firstTheme = this;
     kinds.resize(KELStyleRecord::kinds());
     for (int i = 0; i < kinds.size(); ++i) {
         KELThemeKind &kind = kinds[i];
@@ -217,6 +222,10 @@ KELThemePrivate::KELThemePrivate(KELTheme *theme) : q(theme)
 
 KELThemePrivate::~KELThemePrivate()
 {
+    KELThemePrivate **link = &firstTheme;
+    while (*link != this)
+        link = &(*link)->nextTheme;
+    *link = nextTheme;
     for (const KELThemeKind &kind : qAsConst(kinds)) {
         delete kind.fresh.object;
         delete kind.last.object;
@@ -572,6 +581,21 @@ void KELThemePrivate::readAgain()
     if (!watcher->files().contains(path))
         watcher->addPath(path);
     read();
+}
+
+// It may still be being made.
+void KELThemePrivate::partEntered(const QGraphicsScene *scene) const
+{
+    for (const QPointer<QObject> &root : roots) {
+        if (root == scene)
+            q->lookAgain();
+    }
+}
+
+void KELThemes::partEntered(const QGraphicsScene *scene)
+{
+    for (const KELThemePrivate *theme = firstTheme; theme; theme = theme->nextTheme)
+        theme->partEntered(scene);
 }
 
 KELTheme::KELTheme(QObject *parent) : QObject(parent), d(new KELThemePrivate(this)) { }

@@ -181,12 +181,10 @@ KELRange *newTarget(Boiler *boiler)
     return range;
 }
 
-KELPinDialog *askForPin(KELScreen *screen, KELTheme *theme)
+KELPinDialog *askForPin(KELScreen *screen)
 {
     auto *dialog = new KELPinDialog;
     dialog->setCaption("Enter the PIN");
-    dialog->setLayoutDirection(screen->layoutDirection());
-    theme->applyTo(dialog);
     QObject::connect(dialog, &KELPinDialog::entered, dialog, [dialog](const QString &pin) {
         if (pin == "1234")
             dialog->accept();

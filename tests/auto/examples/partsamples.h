@@ -57,7 +57,7 @@ void fillCard(KELPage *page);
 KELList *newPumps(KELPage *page, QStandardItemModel *model);
 KELPicker *newZones();
 KELRange *newTarget(Boiler *boiler);
-KELPinDialog *askForPin(KELScreen *screen, KELTheme *theme);
+KELPinDialog *askForPin(KELScreen *screen);
 KELPart *newLamp();
 
 #endif

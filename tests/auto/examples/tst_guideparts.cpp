@@ -139,8 +139,9 @@ private Q_SLOTS:
     {
         KELTheme theme;
         theme.setScheme(KELTheme::Dark);
-        const QPointer<KELPinDialog> dialog = askForPin(m_screen, &theme);
-        QCOMPARE(dialog->partStyle()->backgroundBrush.color(), QColor(0x181d25));
+        theme.applyTo(m_screen->scene());
+        const QPointer<KELPinDialog> dialog = askForPin(m_screen);
+        QTRY_COMPARE(dialog->partStyle()->backgroundBrush.color(), QColor(0x181d25));
         const int pages = m_screen->pageCount();
         QTest::keyClicks(m_screen, u"1234"_s);
         QCOMPARE(m_screen->pageCount(), pages + 1);

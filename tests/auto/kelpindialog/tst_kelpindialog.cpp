@@ -190,6 +190,28 @@ private Q_SLOTS:
         QVERIFY(stage.dialog->isOpen());
     }
 
+    void itTakesTheDirectionOfItsView_data()
+    {
+        addRows({{"own direction", {{"none", -1}, {"left to right", Qt::LeftToRight}}}});
+    }
+
+    void itTakesTheDirectionOfItsView()
+    {
+        const int own = fetch<int>("own direction");
+        PinStage stage;
+        stage.dialog->cancel();
+        QTRY_VERIFY(!stage.dialog->isOpen());
+        if (own >= 0)
+            stage.dialog->setLayoutDirection(Qt::LayoutDirection(own));
+        stage.view.setLayoutDirection(Qt::RightToLeft);
+        stage.dialog->open(&stage.view.ownScene);
+        QCOMPARE(stage.dialog->layoutDirection(), own >= 0 ? Qt::LeftToRight : Qt::RightToLeft);
+        stage.dialog->cancel();
+        stage.view.setLayoutDirection(Qt::LeftToRight);
+        stage.dialog->open(&stage.view.ownScene);
+        QCOMPARE(stage.dialog->layoutDirection(), Qt::LeftToRight);
+    }
+
     void digitsAreIgnoredUntilTheAnswer()
     {
         PinStage stage;

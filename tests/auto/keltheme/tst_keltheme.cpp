@@ -11,6 +11,7 @@
 #include <kellabel.h>
 #include <kellist.h>
 #include <kelnavigationtable.h>
+#include <kelpindialog.h>
 #include <kelprocessbar.h>
 #include <kelpushbutton.h>
 #include <kelradiobox.h>
@@ -136,6 +137,23 @@ private Q_SLOTS:
         auto *const innermost = new KELPushButton(inner);
         letEventsRun();
         QCOMPARE(groundOf(innermost), QBrush(QColor(0x222935)));
+    }
+
+    void partsWithoutAParentAreDressed()
+    {
+        TwoButtons stage;
+        KELTheme theme;
+        theme.setScheme(KELTheme::Dark);
+        theme.applyTo(&stage.scene);
+        KELTheme other; // of nothing
+        auto *const dialog = new KELPinDialog;
+        dialog->open(&stage.scene);
+        letEventsRun();
+        QCOMPARE(dialog->partStyle()->backgroundBrush, QBrush(QColor(0x181d25)));
+        dialog->partStyle()->backgroundBrush = Qt::red;
+        dialog->reject();
+        letEventsRun();
+        QCOMPARE(dialog->partStyle()->backgroundBrush, QBrush(Qt::red));
     }
 
     void pagesAreDressed()
