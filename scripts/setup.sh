@@ -5,11 +5,11 @@
 
 export LC_ALL=C.UTF-8
 
-build_packages=(g++ cmake ninja-build qtbase5-dev fonts-dejavu-core fonts-font-awesome)
+build_packages=(g++ cmake ninja-build qtbase5-dev qttools5-dev-tools fonts-dejavu-core fonts-font-awesome)
 check_packages=(dpkg-dev make pkgconf qt5-qmake xvfb xdotool reuse doxygen qhelpgenerator-qt5 python3)
 arm64_packages=(g++-aarch64-linux-gnu qemu-user-static qtbase5-dev:arm64)
 # The tools, and the build dependencies of packaging/debian/control without those of the tests.
-package_packages=(build-essential debhelper dpkg-dev lintian cmake ninja-build qtbase5-dev doxygen qhelpgenerator-qt5)
+package_packages=(build-essential debhelper dpkg-dev lintian cmake ninja-build qtbase5-dev qttools5-dev-tools doxygen qhelpgenerator-qt5)
 package_arm64_packages=(crossbuild-essential-arm64 qtbase5-dev:arm64)
 try_packages=(debootstrap)
 try_arm64_packages=(binfmt-support qemu-user-static)
