@@ -25,10 +25,17 @@ void addOwnOptions(QCommandLineParser *parser)
 {
     parser->addOptions({
         {QStringLiteral("list"), QStringLiteral("Print the names of the pages and exit.")},
-        {QStringLiteral("page"), QStringLiteral("Start with page <name>."), QStringLiteral("name")},
+        {QStringLiteral("page"),
+         QStringLiteral("Start with page <name>; default: the list of all pages."),
+         QStringLiteral("name")},
         {QStringLiteral("size"),
          QStringLiteral("Size of the window, from 100x100 to 8192x8192; default: 800x480."),
          QStringLiteral("WxH")},
+        {QStringLiteral("look"),
+         QStringLiteral("One of light, dark and high-contrast; default: light."),
+         QStringLiteral("look")},
+        {QStringLiteral("language"), QStringLiteral("One of en, de and ar; default: en."),
+         QStringLiteral("language")},
         {QStringLiteral("icon-font"),
          QStringLiteral("Use the icon font in <path>; default: Font Awesome, if installed."),
          QStringLiteral("path")},
@@ -125,6 +132,36 @@ QString pageList()
     return text;
 }
 
+template <typename Value>
+struct Choice
+{
+    const char *name;
+    Value value;
+};
+
+constexpr Choice<KELTheme::Scheme> looks[] = {{"light", KELTheme::Light},
+                                              {"dark", KELTheme::Dark},
+                                              {"high-contrast", KELTheme::HighContrast}};
+constexpr Choice<Window::Language> languages[] = {
+    {"en", Window::English}, {"de", Window::German}, {"ar", Window::Arabic}};
+
+// Takes over what was chosen. Returns what is wrong, or nothing.
+template <typename Value, size_t Count>
+QString readChoice(const QCommandLineParser &parser, const QString &option,
+                   const Choice<Value> (&choices)[Count], Value *value)
+{
+    if (!parser.isSet(option))
+        return QString();
+    const QString text = parser.value(option);
+    for (const Choice<Value> &choice : choices) {
+        if (text == QLatin1String(choice.name)) {
+            *value = choice.value;
+            return QString();
+        }
+    }
+    return QStringLiteral("unknown %1 '%2' (see --help)").arg(option, text);
+}
+
 // Takes over what concerns the pages and their look. Returns what is wrong, or nothing.
 QString readView(const QCommandLineParser &parser, CommandLine *line)
 {
@@ -140,9 +177,14 @@ QString readView(const QCommandLineParser &parser, CommandLine *line)
         if (line->size.isNull() || line->size.isEmpty())
             return QStringLiteral("bad size '%1', expected 100x100 to 8192x8192").arg(text);
     }
+    QString problem = readChoice(parser, QStringLiteral("look"), looks, &line->look);
+    if (problem.isEmpty())
+        problem = readChoice(parser, QStringLiteral("language"), languages, &line->language);
+    if (!problem.isEmpty())
+        return problem;
     if (parser.isSet(QStringLiteral("icon-font"))) {
         line->iconFont = parser.value(QStringLiteral("icon-font"));
-        const QString problem = IconSet::problemWith(line->iconFont);
+        problem = IconSet::problemWith(line->iconFont);
         if (!problem.isEmpty())
             return problem;
     }

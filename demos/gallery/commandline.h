@@ -4,6 +4,8 @@
 #ifndef COMMANDLINE_H
 #define COMMANDLINE_H
 
+#include "window.h"
+
 #include <QtCore/QSize>
 #include <QtCore/QString>
 
@@ -14,7 +16,9 @@ struct CommandLine
 
     Action action = Action::Run;
     int exitCode = 0; // when answered
-    int page = 0; // index in the registry
+    int page = -1; // index in the registry; -1: the list of all
+    KELTheme::Scheme look = KELTheme::Light;
+    Window::Language language = Window::English;
     QSize size = QSize(800, 480);
     QString iconFont; // as given; empty: look for the default one
     QString target; // a file, a directory or the name of a control, as the action needs

@@ -43,7 +43,7 @@ void EventLog::add(const QString &control, const QString &signal)
         if (auto *device = qobject_cast<QFileDevice *>(m_file))
             device->flush();
     }
-    Q_EMIT changed();
+    Q_EMIT added(line);
 }
 
 void EventLog::watch(KELRoundRectControl *control, const QString &name)

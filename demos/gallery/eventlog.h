@@ -46,7 +46,7 @@ public:
     QStringList tail(int count) const;
 
 Q_SIGNALS:
-    void changed();
+    void added(const QString &line);
 
 private:
     Q_DISABLE_COPY(EventLog)

@@ -57,6 +57,7 @@ constexpr ushort down = 0xf078;
 constexpr ushort link = 0xf0c1;
 constexpr ushort bars = 0xf0c9;
 constexpr ushort columns = 0xf0db;
+constexpr ushort bolt = 0xf0e7;
 constexpr ushort bulb = 0xf0eb;
 constexpr ushort bell = 0xf0f3;
 constexpr ushort pointer = 0xf0a6;

@@ -97,6 +97,9 @@ int main(int argc, char *argv[])
     if (!line.log.isEmpty() && !openLog(line.log, &logFile))
         return complain(QStringLiteral("cannot write '%1'").arg(line.log));
     EventLog log(logFile.isOpen() ? &logFile : nullptr);
-    Window window(line.size, &log, &icons, line.page);
+    Window window(line.size, &log, &icons);
+    window.setLook(line.look);
+    window.setLanguage(line.language);
+    window.showPage(line.page);
     return perform(line, &window);
 }

@@ -7,10 +7,8 @@
 
 namespace {
 
-constexpr qreal titleTopPx = 8;
-constexpr qreal titleHeightPx = 26;
 constexpr qreal aboutHeightPx = 18;
-constexpr qreal bodyTopPx = 64;
+constexpr qreal bodyTopPx = 28;
 constexpr qreal bodyBottomPx = 12;
 constexpr qreal uprightFromPx = 480;
 
@@ -28,10 +26,8 @@ Page::Page(const PageHost &pageHost, const QRectF &area, const QString &title,
     style()->borderBrush = QBrush(Qt::NoBrush);
 
     const qreal width = qMax(0.0, area.width() - 2 * Theme::pageMargin);
-    Parts::addLabel(this, {Theme::pageMargin, titleTopPx, width, titleHeightPx}, title,
-                    Theme::font(Theme::titlePx, true));
-    Parts::addLabel(this, {Theme::pageMargin, titleTopPx + titleHeightPx, width, aboutHeightPx},
-                    about, Theme::font(Theme::smallPx), Theme::muted);
+    Parts::addLabel(this, {Theme::pageMargin, 0, width, aboutHeightPx}, about,
+                    Theme::font(Theme::smallPx), Theme::muted);
 }
 
 void Page::attached() { }

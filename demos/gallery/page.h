@@ -6,25 +6,28 @@
 
 #include <KELRoundRectControl>
 #include <QtCore/QHash>
+#include <QtCore/QPointer>
 
 class EventLog;
 class IconSet;
-class KELContentView;
+class KELTheme;
+class Window;
 
 // What a page may use of the gallery around it. Everything outlives the page.
 struct PageHost
 {
-    KELContentView *view;
+    Window *view;
+    KELTheme *theme;
     EventLog *log;
     const IconSet *icons;
     QHash<QString, int> *memory; // what pages remember while they are not shown
 };
 
 /*
- * Base of a page: title, one line about it, and the room below.
+ * What a page shows of a control: one line about it, and the room below.
  *
- * A page is made anew whenever it comes up or the window changes its size, so all of its layout
- * happens in the constructor. A new page is a .h/.cpp pair and one line each in CMakeLists.txt and
+ * It is made anew whenever the page comes up, or changes its size or its look, so all of its layout
+ * happens in the constructor. A new one is a .h/.cpp pair and one line each in CMakeLists.txt and
  * pageregistry.cpp.
  */
 class Page : public KELRoundRectControl
@@ -38,7 +41,7 @@ public:
     virtual void attached();
 
 protected:
-    // The room below the title, relative to the page.
+    // The room below that line, relative to the page.
     QRectF body() const;
 
     // Whether that is high enough to stack what is side by side otherwise.

@@ -9,20 +9,27 @@
 
 #include <vector>
 
+class KELPage;
 class Page;
 struct PageHost;
 
+// A finished screen, or the page of a control.
 struct PageEntry
 {
     const char *name; // for the command line
-    const char *title; // for the navigation
+    const char *title;
     ushort icon;
+    KELPage *(*createScreen)(const PageHost &host); // null for the page of a control
     Page *(*create)(const PageHost &host, const QRectF &area);
 };
 
+// The finished screens come first.
 const std::vector<PageEntry> &galleryPages();
 
 // The index of the page called name, or -1.
 int galleryPageIndex(const QString &name);
+
+// A new page that shows the entry.
+KELPage *newGalleryPage(const PageHost &host, const PageEntry &entry);
 
 #endif

@@ -16,7 +16,7 @@ constexpr qreal dotPitchPx = 28;
 constexpr int shakePx = 12;
 
 constexpr int keyColumns = 4;
-const char *const keys[] = {"1", "2", "3", "Delete", "4", "5", "6", "0", "7", "8", "9", "Cancel"};
+const char *const keys[] = {"1", "2", "3", "Delete", "4", "5", "6", "Cancel", "7", "8", "9", "0"};
 constexpr int keyCount = int(std::size(keys));
 
 } // namespace
@@ -35,6 +35,7 @@ PinDialog::PinDialog(const QString &pin, QWidget *window) : KELDialogBase(window
     addHeader(pad);
     addKeys(pad);
     view()->scene()->addItem(pad);
+    m_theme.applyTo(pad); // light, as the picture is
     moveToMiddle();
 }
 
@@ -60,12 +61,12 @@ void PinDialog::addHeader(KELRoundRectControl *pad)
     const qreal dotsPx = (m_pin.size() - 1) * dotPitchPx + dotPx;
     const qreal dotsLeft = pad->rect().right() - marginPx - dotsPx;
     m_caption = Parts::addLabel(pad, {marginPx, 0, dotsLeft - 2 * marginPx, headerPx}, QString(),
-                                Theme::font(18, true), Theme::onAccent);
+                                Theme::font(18, true), qRgb(255, 255, 255));
     for (int i = 0; i < m_pin.size(); ++i) {
         KELRoundRectControl *dot = Parts::addLabel(
             pad, {dotsLeft + i * dotPitchPx, (headerPx - dotPx) / 2, dotPx, dotPx}, QString(),
             QFont());
-        dot->style()->borderBrush = QColor(Theme::onAccent);
+        dot->style()->borderBrush = QColor(Qt::white);
         dot->style()->borderWidth = 2;
         dot->style()->xRadius = dot->style()->yRadius = dotPx / 2;
         m_dots.append(dot);
@@ -78,7 +79,9 @@ void PinDialog::addKeys(KELRoundRectControl *pad)
     const QVector<QRectF> cells = Parts::grid(room, keyColumns, keyCount / keyColumns);
     for (int i = 0; i < keyCount; ++i) {
         const QString text = QLatin1String(keys[i]);
-        KELPushButton *key = Parts::addButton(pad, cells.at(i), text);
+        auto *key = new KELPushButton(pad);
+        key->setboundRect(cells.at(i));
+        key->setText(text);
         key->setObjectName(QStringLiteral("key-") + text.toLower());
         if (text.size() == 1)
             key->style()->font = Theme::font(Theme::titlePx, true);
@@ -117,9 +120,8 @@ void PinDialog::refuse()
 void PinDialog::refresh()
 {
     for (int i = 0; i < m_dots.size(); ++i) {
-        m_dots.at(i)->style()->backgroundBrush = i < m_entered.size()
-            ? QBrush(QColor(Theme::onAccent))
-            : QBrush(Qt::NoBrush);
+        m_dots.at(i)->style()->backgroundBrush = i < m_entered.size() ? QBrush(QColor(Qt::white))
+                                                                      : QBrush(Qt::NoBrush);
         m_dots.at(i)->update();
     }
 }

@@ -5,6 +5,7 @@
 #define PINDIALOG_H
 
 #include <KELDialogBase>
+#include <KELTheme>
 #include <QtCore/QString>
 #include <QtCore/QVector>
 
@@ -34,6 +35,7 @@ private:
     void refuse();
     void refresh();
 
+    KELTheme m_theme;
     const QString m_pin;
     QString m_entered;
     KELRoundRectControl *m_caption = nullptr;

@@ -3,35 +3,17 @@
 
 #include "sliderandbar.h"
 
+#include "code/code.h"
 #include "eventlog.h"
-#include "page.h"
-#include "parts.h"
 
 #include <KELProcessBar>
+#include <KELPushButton>
 #include <KELSlideControl>
 
 namespace {
 
 constexpr int firstValue = 35;
 constexpr int buttonValues[] = {0, 50, 100};
-
-struct Cells
-{
-    QRectF slider;
-    QRectF bar;
-    QRectF buttons;
-};
-
-Cells cellsIn(const QRectF &area)
-{
-    if (area.height() >= 3 * Theme::touch + 2 * Theme::gap) {
-        const QVector<QRectF> rows = Parts::grid(area, 1, 3);
-        return {rows.at(0), rows.at(1), rows.at(2)};
-    }
-    const QVector<QRectF> rows = Parts::grid(area, 1, 2);
-    const QVector<QRectF> halves = Parts::grid(rows.at(0), 2, 1, Theme::pageMargin);
-    return {halves.at(0), halves.at(1), rows.at(1)};
-}
 
 // Each follows the other; a slider between two whole numbers is left where the finger put it.
 void connectBothWays(KELSlideControl *slider, KELProcessBar *bar)
@@ -53,35 +35,33 @@ void rememberValue(const PageHost &host, KELProcessBar *bar, const QString &key)
 
 } // namespace
 
-void Parts::addSliderAndBar(const PageHost &host, QGraphicsObject *parent, const QRectF &rect)
+QVector<CardPage::Sample> SliderAndBar::buttons() const
 {
-    KELRoundRectControl *panel = addPanel(parent, rect);
-    panel->style()->backgroundBrush = panel->style()->borderBrush = QBrush(Qt::NoBrush);
-    const Cells cells = cellsIn(panel->rect());
+    QVector<CardPage::Sample> samples;
+    for (KELPushButton *button : setters)
+        samples.append({button, QString()});
+    return samples;
+}
 
-    auto *slider = new KELSlideControl(panel);
-    slider->setboundRect(cells.slider.x(), cells.slider.y(), cells.slider.width(),
-                         cells.slider.height());
-    slider->setObjectName(QStringLiteral("slider"));
-    auto *bar = new KELProcessBar(panel);
-    bar->setboundRect(cells.bar);
-    bar->setAcceptedMouseButtons(Qt::NoButton);
+SliderAndBar newSliderAndBar(const PageHost &host, KELProcessBar *bar)
+{
+    SliderAndBar pair{Code::newSlider(), bar, {}};
+    pair.slider->setObjectName(QStringLiteral("slider"));
     bar->setObjectName(QStringLiteral("bar"));
-
+    bar->setAcceptedMouseButtons(Qt::NoButton);
     rememberValue(host, bar, QStringLiteral("Slider and bar"));
-    slider->setValue(float(bar->value()));
+    pair.slider->setValue(float(bar->value()));
     // Watched first: the log shows who moved whom.
-    host.log->watch(slider, QStringLiteral("Slider"));
+    host.log->watch(pair.slider, QStringLiteral("Slider"));
     host.log->watch(bar, QStringLiteral("Bar"));
-    connectBothWays(slider, bar);
-
-    const QVector<QRectF> buttonCells = grid(cells.buttons, int(std::size(buttonValues)), 1);
-    for (int i = 0; i < buttonCells.size(); ++i) {
-        const int value = buttonValues[i];
-        KELPushButton *button = addButton(panel, buttonCells.at(i),
-                                          QStringLiteral("Set %1").arg(value));
+    connectBothWays(pair.slider, bar);
+    for (const int value : buttonValues) {
+        auto *button = new KELPushButton;
+        button->setText(QStringLiteral("Set %1").arg(value));
         button->setObjectName(QStringLiteral("set-%1").arg(value));
         host.log->watch(button, button->text());
         QObject::connect(button, &KELPushButton::mouseClicked, bar, [=] { bar->setValue(value); });
+        pair.setters.append(button);
     }
+    return pair;
 }

@@ -4,24 +4,23 @@
 #ifndef SLIDERANDBAR_H
 #define SLIDERANDBAR_H
 
-#include "theme.h"
+#include "cardpage.h"
 
-#include <QtCore/QRectF>
+class KELProcessBar;
+class KELPushButton;
+class KELSlideControl;
 
-QT_BEGIN_NAMESPACE
-class QGraphicsObject;
-QT_END_NAMESPACE
-struct PageHost;
+// A slider and a bar that follow each other, and buttons that set the bar.
+struct SliderAndBar
+{
+    KELSlideControl *slider;
+    KELProcessBar *bar;
+    QVector<KELPushButton *> setters;
 
-namespace Parts {
+    QVector<CardPage::Sample> buttons() const;
+};
 
-constexpr qreal sliderAndBarHeight = 2 * Theme::touch + Theme::gap;
-
-// A slider and a progress bar that drive each other, and buttons that set the bar. Lower than three
-// rows of Theme::touch, slider and bar share the first one. The value is the same wherever they are
-// shown.
-void addSliderAndBar(const PageHost &host, QGraphicsObject *parent, const QRectF &rect);
-
-} // namespace Parts
+// With bar as the bar. Their value is remembered, and their signals are logged.
+SliderAndBar newSliderAndBar(const PageHost &host, KELProcessBar *bar);
 
 #endif

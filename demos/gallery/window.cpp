@@ -3,31 +3,25 @@
 
 #include "window.h"
 
-#include "logstrip.h"
-#include "navigation.h"
+#include "homepage.h"
 #include "pageregistry.h"
-#include "theme.h"
 
 #include <QtGui/QPixmapCache>
-#include <QtWidgets/QGraphicsScene>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QShortcut>
 
 namespace {
 
-// The layout is made for a short side of this many pixels, and scaled outside that range.
-constexpr qreal minShortSidePx = 480;
-constexpr qreal maxShortSidePx = 800;
-
-constexpr qreal columnWidthPx = 152;
-constexpr qreal rowHeightPx = 72;
-constexpr qreal logHeightPx = 96;
 constexpr int bytesPerPixel = 4;
+constexpr int usualCacheKb = 10240;
 
-qreal scaleFor(const QSize &size)
-{
-    const qreal shortSide = qMin(size.width(), size.height());
-    return shortSide / qBound(minShortSidePx, shortSide, maxShortSidePx);
-}
+constexpr KELTheme::Scheme looks[] = {KELTheme::Light, KELTheme::Dark, KELTheme::HighContrast};
+const char *const lookNames[] = {QT_TRANSLATE_NOOP("Window", "Light"),
+                                 QT_TRANSLATE_NOOP("Window", "Dark"),
+                                 QT_TRANSLATE_NOOP("Window", "High contrast")};
+const char *const languageCodes[] = {"en", "de", "ar"};
+const char *const languageNames[] = {"English", "Deutsch",
+                                     "\u0627\u0644\u0639\u0631\u0628\u064A\u0629"};
 
 const QGraphicsItem *visibleItem(const QGraphicsView &view, const QString &name)
 {
@@ -42,34 +36,71 @@ const QGraphicsItem *visibleItem(const QGraphicsView &view, const QString &name)
 
 } // namespace
 
-Window::Window(const QSize &size, EventLog *log, const IconSet *icons, int page) :
-    m_host{this, log, icons, &m_memory}, m_page(page)
+// Q_INIT_RESOURCE does not work inside a namespace.
+static void useResources()
 {
+    Q_INIT_RESOURCE(gallery);
+#ifdef GALLERY_IS_TRANSLATED
+    Q_INIT_RESOURCE(translations);
+#endif
+}
+
+Window::Window(const QSize &size, EventLog *log, const IconSet *icons) :
+    m_host{this, &m_theme, log, icons, &m_memory}, m_home(new HomePage(m_host))
+{
+    useResources();
     // A desktop may give the window a frame; without a window manager nothing changes.
     setWindowFlags(Qt::Window);
     setWindowTitle(QStringLiteral("KELGdiControl Gallery"));
-    setFrameShape(NoFrame);
     connect(new QShortcut(QKeySequence::Quit, this), &QShortcut::activated, this, &QWidget::close);
+    connect(m_home, &HomePage::chosen, this, &Window::showPage);
+    connect(m_home, &HomePage::nextLookAsked, this, &Window::nextLook);
+    connect(m_home, &HomePage::nextLanguageAsked, this, &Window::nextLanguage);
+    m_theme.applyTo(scene());
     resize(size);
-    build();
+    push(m_home);
 }
 
 Window::~Window()
 {
     // Before the widgets below this one: controls point to menus, and pages to embedded views.
-    delete content();
+    showPage(-1);
+    QCoreApplication::removeTranslator(&m_translator);
 }
 
 void Window::showPage(int page)
 {
-    m_page = page;
-    delete m_shownPage;
-    Page *shown = galleryPages().at(size_t(page)).create(m_host, m_pageArea);
-    m_shownPage = shown;
-    shown->setParentItem(m_stage);
-    m_navigation->setCurrent(page);
-    shown->attached();
-    viewport()->update();
+    while (pageCount() > 1)
+        delete currentPage();
+    if (page >= 0)
+        push(newGalleryPage(m_host, galleryPages().at(size_t(page))));
+}
+
+void Window::setLook(KELTheme::Scheme look)
+{
+    m_theme.setScheme(look);
+}
+
+QString Window::lookName() const
+{
+    return tr(lookNames[m_theme.scheme()]);
+}
+
+void Window::setLanguage(Language language)
+{
+    m_language = language;
+    QCoreApplication::removeTranslator(&m_translator);
+    // Without translations all is in English.
+    if (m_translator.load(QStringLiteral(":/translations/gallery_%1.qm")
+                              .arg(QLatin1String(languageCodes[language]))))
+        QCoreApplication::installTranslator(&m_translator);
+    QGuiApplication::setLayoutDirection(language == Arabic ? Qt::RightToLeft : Qt::LeftToRight);
+    m_home->retranslate();
+}
+
+QString Window::languageName() const
+{
+    return QString::fromUtf8(languageNames[m_language]);
 }
 
 QRect Window::geometryOf(const QString &name) const
@@ -91,59 +122,17 @@ QRect Window::geometryOf(const QString &name) const
 
 void Window::resizeEvent(QResizeEvent *event)
 {
-    KELContentView::resizeEvent(event);
-    // Fitting leaves an empty frame of 2 px and blurs what is drawn to whole pixels.
-    resetTransform();
-    if (m_stage && size() != m_builtSize)
-        build();
-}
-
-void Window::build()
-{
-    m_builtSize = size();
     // Room for a few layers of controls over the whole window.
-    QPixmapCache::setCacheLimit(
-        qMax(10240, 4 * m_builtSize.width() * m_builtSize.height() * bytesPerPixel / 1024));
-
-    auto *root = new KELRoundRectControl;
-    root->setboundRect(QRectF(QPointF(), m_builtSize));
-    root->setCacheMode(
-        QGraphicsItem::NoCache); // a plain colour is painted faster than it is copied
-    root->setAcceptedMouseButtons(Qt::NoButton);
-    root->style()->backgroundBrush = QColor(Theme::canvas);
-    root->style()->borderBrush = QBrush(Qt::NoBrush);
-
-    const qreal scale = scaleFor(m_builtSize);
-    m_stage = new KELRoundRectControl(root);
-    m_stage->setboundRect(QRectF(QPointF(), QSizeF(m_builtSize) / scale));
-    m_stage->setCacheMode(QGraphicsItem::NoCache);
-    m_stage->setAcceptedMouseButtons(Qt::NoButton);
-    m_stage->setScale(scale);
-    m_stage->style()->backgroundBrush = QBrush(Qt::NoBrush);
-    m_stage->style()->borderBrush = QBrush(Qt::NoBrush);
-    fillStage();
-    setContent(root);
-    scene()->setSceneRect(root->boundingRect());
-    resetTransform();
-    showPage(m_page);
+    QPixmapCache::setCacheLimit(qMax(usualCacheKb, 4 * width() * height() * bytesPerPixel / 1024));
+    KELScreen::resizeEvent(event);
 }
 
-void Window::fillStage()
+void Window::nextLook()
 {
-    const QSizeF size = m_stage->rect().size();
-    QRectF bar;
-    QRectF log;
-    if (size.width() < size.height()) {
-        bar = QRectF(0, size.height() - rowHeightPx, size.width(), rowHeightPx);
-        log = QRectF(0, bar.top() - logHeightPx, size.width(), logHeightPx);
-        m_pageArea = QRectF(0, 0, size.width(), log.top());
-    } else {
-        bar = QRectF(0, 0, columnWidthPx, size.height());
-        log = QRectF(bar.right(), size.height() - logHeightPx, size.width() - bar.right(),
-                     logHeightPx);
-        m_pageArea = QRectF(bar.right(), 0, log.width(), log.top());
-    }
-    new LogStrip(m_host.log, log, m_stage);
-    m_navigation = new Navigation(m_host.icons, galleryPages(), bar, m_stage, this);
-    connect(m_navigation, &Navigation::chosen, this, &Window::showPage);
+    setLook(looks[(m_theme.scheme() + 1) % int(std::size(looks))]);
+}
+
+void Window::nextLanguage()
+{
+    setLanguage(Language((m_language + 1) % int(std::size(languageCodes))));
 }

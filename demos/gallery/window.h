@@ -6,22 +6,30 @@
 
 #include "page.h"
 
-#include <KELContentView>
-#include <QtCore/QHash>
-#include <QtCore/QPointer>
+#include <KELScreen>
+#include <KELTheme>
+#include <QtCore/QTranslator>
 
-class Navigation;
+class HomePage;
 
-// The gallery: navigation, one page and the log, laid out for the window's size.
-class Window : public KELContentView
+// The gallery: a list of pages, and the one that was chosen on top of it.
+class Window : public KELScreen
 {
     Q_OBJECT
 
 public:
-    Window(const QSize &size, EventLog *log, const IconSet *icons, int page);
+    enum Language : int { English, German, Arabic };
+
+    Window(const QSize &size, EventLog *log, const IconSet *icons);
     ~Window() override;
 
+    // The page of that index, or the list for -1.
     void showPage(int page);
+
+    void setLook(KELTheme::Scheme look);
+    QString lookName() const;
+    void setLanguage(Language language);
+    QString languageName() const;
 
     // Where the control of that object name is, in window pixels; null when there is none. The
     // other views, menus, dialogs and panels, are searched, too, shown or not.
@@ -32,18 +40,15 @@ protected:
 
 private:
     Q_DISABLE_COPY(Window)
-
-    void build();
-    void fillStage();
+    void nextLook();
+    void nextLanguage();
 
     QHash<QString, int> m_memory;
+    KELTheme m_theme;
     const PageHost m_host;
-    int m_page;
-    QSize m_builtSize;
-    QRectF m_pageArea;
-    KELRoundRectControl *m_stage = nullptr; // scaled; the controls are on it
-    Navigation *m_navigation = nullptr;
-    QPointer<Page> m_shownPage;
+    QTranslator m_translator;
+    Language m_language = English;
+    HomePage *m_home;
 };
 
 #endif

@@ -3,102 +3,67 @@
 
 #include "checkboxpage.h"
 
+#include "code/code.h"
 #include "eventlog.h"
-#include "parts.h"
 
 #include <KELCheckBox>
 
-#include <numeric>
-
 namespace {
 
-constexpr qreal titlePx = 32;
-constexpr qreal liveHeightPx = Theme::touch + Theme::notePx + 2 * Theme::gap;
-constexpr qreal switchPx = 38; // the track and a little room above the note
+constexpr qreal switchPx = 80;
+constexpr qreal switchHeightPx = 38; // the track, and a little room
 
-const char *const lookNames[] = {"Off", "On", "Off, disabled", "On, disabled"};
-constexpr int lookCount = int(std::size(lookNames));
-constexpr int liveWidths[] = {48, 64, 80, 160};
+// A check box adds 70 to the colour of its knob, and subtracts 70 from that of its track.
+QColor within(QRgb colour, int least, int most)
+{
+    return {qBound(least, qRed(colour), most), qBound(least, qGreen(colour), most),
+            qBound(least, qBlue(colour), most)};
+}
 
-// Colours within the bounds that a check box computes its other looks in.
 void dress(KELCheckBox *box)
 {
     auto *style = static_cast<KELCheckBoxStyle *>(box->style());
-    style->backgroundBrush = QColor(Theme::line);
+    style->backgroundBrush = within(Theme::line, 70, 255);
     style->borderBrush = QColor(Theme::faint);
-    style->indicatorBrush = QColor(Theme::leaf);
-}
-
-// As many switches as fit side by side.
-int switchesIn(qreal width)
-{
-    int count = int(std::size(liveWidths));
-    while (count > 1
-           && std::accumulate(liveWidths, liveWidths + count, 0) + (count + 1) * Theme::gap > width)
-        --count;
-    return count;
+    style->indicatorBrush = within(Theme::leaf, 0, 185);
 }
 
 } // namespace
 
 CheckBoxPage::CheckBoxPage(const PageHost &pageHost, const QRectF &area) :
-    Page(pageHost, area, QStringLiteral("Check box"),
-         QStringLiteral("Default and own colours; the switches below are live"))
+    CardPage(pageHost, area, QStringLiteral("Check box"),
+             QStringLiteral("A switch; give it a row (KELRow) if its caption shall be tapped, too"))
 {
-    const QRectF room = body();
-    const QRectF looks = room.adjusted(0, 0, 0, -liveHeightPx - Theme::pageMargin);
-    const QVector<QRectF> cells = Parts::grid(looks, isUpright() ? 1 : 2, isUpright() ? 2 : 1,
-                                              Theme::pageMargin);
-    addLooks(Parts::addDarkPanel(this, cells.at(0)), QStringLiteral("Default colours"), true);
-    addLooks(Parts::addPanel(this, cells.at(1)), QStringLiteral("Own colours"), false);
-    addLiveSwitches(Parts::addPanel(this, room.adjusted(0, room.height() - liveHeightPx, 0, 0)));
+    addSamples(newCard(QStringLiteral("Tap it; its code is shown")), {newSwitch(switchPx, false)});
+    addSamples(newCard(QStringLiteral("It takes the width that it is given")),
+               {newSwitch(48, false), newSwitch(64, true), newSwitch(160, true)}, 72);
+    addLooks(QStringLiteral("In the colours of the theme"), false);
+    addLooks(QStringLiteral("In colours of its own"), true);
 }
 
-void CheckBoxPage::addLooks(KELRoundRectControl *panel, const QString &title, bool isDark)
+CardPage::Sample CheckBoxPage::newSwitch(qreal width, bool isCheckedAtFirst)
 {
-    const QRectF rect = panel->rect();
-    Parts::addLabel(panel, {0, Theme::gap, rect.width(), titlePx - Theme::gap}, title,
-                    Theme::font(Theme::bodyPx, true), isDark ? Theme::onAccent : Theme::ink,
-                    Qt::AlignCenter);
-    const QVector<QRectF> cells = Parts::grid(
-        rect.adjusted(Theme::gap, titlePx, -Theme::gap, -Theme::gap), 2, lookCount / 2);
-    for (int look = 0; look < lookCount; ++look) {
-        const QRectF &cell = cells.at(look);
-        auto *box = new KELCheckBox(panel);
-        const qreal top = qRound(cell.center().y() - (switchPx + Theme::notePx) / 2);
-        box->setboundRect(cell.x(), top, cell.width(), switchPx);
-        box->setAcceptedMouseButtons(Qt::NoButton);
-        box->setAcceptHoverEvents(false);
-        box->setCheck(look % 2 != 0);
-        box->setEnabled(look < 2);
-        if (!isDark)
+    KELCheckBox *box = Code::newSwitch();
+    box->setObjectName(QStringLiteral("switch-%1").arg(width));
+    box->setCheck(remembered(box->objectName(), isCheckedAtFirst) != 0);
+    host.log->watch(box, QStringLiteral("Switch %1 px").arg(width));
+    connect(box, &KELCheckBox::checkChanged, this,
+            [this, box] { remembered(box->objectName()) = box->isCheck(); });
+    return {box, QStringLiteral("%1 px").arg(width), width, Theme::touch};
+}
+
+void CheckBoxPage::addLooks(const QString &caption, bool isDressed)
+{
+    QVector<Sample> samples;
+    for (const char *look : {"Off", "On", "Off, disabled", "On, disabled"}) {
+        const QString name = QLatin1String(look);
+        auto *box = new KELCheckBox;
+        box->setCheck(name.startsWith(QLatin1String("On")));
+        box->setEnabled(!name.endsWith(QLatin1String("disabled")));
+        if (isDressed)
             dress(box);
-        Parts::addNote(panel,
-                       {cell.x(), cell.bottom() - Theme::notePx, cell.width(), Theme::notePx},
-                       QLatin1String(lookNames[look]), isDark ? Theme::barText : Theme::muted);
+        host.log->watch(box, name);
+        samples.append({box, name, switchPx, switchHeightPx});
     }
-}
-
-void CheckBoxPage::addLiveSwitches(KELRoundRectControl *panel)
-{
-    const int count = switchesIn(panel->rect().width());
-    const int widths = std::accumulate(liveWidths, liveWidths + count, 0);
-    const qreal space = (panel->rect().width() - widths) / (count + 1);
-    qreal x = 0;
-    for (int i = 0; i < count; ++i) {
-        const qreal width = liveWidths[i];
-        x += space;
-        auto *box = new KELCheckBox(panel);
-        box->setboundRect(qRound(x), Theme::gap, width, Theme::touch);
-        box->setObjectName(QStringLiteral("switch-%1").arg(width));
-        dress(box);
-        box->setCheck(remembered(box->objectName(), i % 2) != 0);
-        host.log->watch(box, QStringLiteral("Switch %1 px").arg(width));
-        connect(box, &KELCheckBox::checkChanged, this,
-                [this, box] { remembered(box->objectName()) = box->isCheck(); });
-        Parts::addNote(panel,
-                       {x - space / 2, Theme::gap + Theme::touch, width + space, Theme::notePx},
-                       QStringLiteral("%1 px").arg(width));
-        x += width;
-    }
+    addSamples(newCard(caption), samples, 128);
 }

@@ -4,10 +4,12 @@
 #ifndef CHECKBOXPAGE_H
 #define CHECKBOXPAGE_H
 
-#include "page.h"
+#include "cardpage.h"
 
-// KELCheckBox: all its looks in two themes, and switches to tap.
-class CheckBoxPage : public Page
+class KELCheckBox;
+
+// KELCheckBox: switches to tap, in the colours of the theme and in others.
+class CheckBoxPage : public CardPage
 {
     Q_OBJECT
 
@@ -17,8 +19,8 @@ public:
 private:
     Q_DISABLE_COPY(CheckBoxPage)
 
-    void addLooks(KELRoundRectControl *panel, const QString &title, bool isDark);
-    void addLiveSwitches(KELRoundRectControl *panel);
+    Sample newSwitch(qreal width, bool isCheckedAtFirst);
+    void addLooks(const QString &caption, bool isDressed);
 };
 
 #endif

@@ -3,137 +3,100 @@
 
 #include "comboboxpage.h"
 
+#include "code/code.h"
 #include "eventlog.h"
-#include "parts.h"
 
 #include <KELComboBox>
-#include <KELContentView>
+#include <KELPicker>
+#include <KELPushButton>
 #include <QtCore/QMetaEnum>
+#include <QtWidgets/QGraphicsLinearLayout>
 
 namespace {
 
-constexpr int manyEntries = 1000;
-constexpr qreal boxPx = Theme::touch;
-constexpr qreal panelPx = Theme::notePx + boxPx + 2 * Theme::gap;
+constexpr int zoneCount = 30;
 
-const char *const notes[] = {"From an enum", "1,000 entries", "Disabled"};
-const char *const buttonTexts[] = {"Next", "Select last", "Enable"};
-const char *const buttonNames[] = {"select-next", "select-last", "toggle-enabled"};
-constexpr int boxCount = int(std::size(notes));
-
-QString shownBy(const KELComboBox *box)
+KELPushButton *newButton(const QString &text, const QString &objectName)
 {
-    return box->selectedItem() ? box->selectedItem()->display() : QStringLiteral("nothing");
+    auto *button = new KELPushButton;
+    button->setText(text);
+    button->setObjectName(objectName);
+    return button;
 }
 
 } // namespace
 
 ComboBoxPage::ComboBoxPage(const PageHost &pageHost, const QRectF &area) :
-    Page(pageHost, area, QStringLiteral("Combo box"),
-         QStringLiteral("A tap opens the list below, another one picks an entry"))
+    CardPage(pageHost, area, QStringLiteral("Combo box"),
+             QStringLiteral("A tap opens the list below, another one picks an entry"))
 {
-    const QRectF room = body();
-    const QRectF panel(room.x(), room.y(), room.width(), panelPx);
-    KELRoundRectControl *card = Parts::addCard(this, panel);
-    card->style()->backgroundBrush = QColor(Theme::bar);
-    card->style()->borderBrush = QBrush(Qt::NoBrush);
-
-    const QVector<QRectF> columns = Parts::grid(
-        panel.adjusted(Theme::gap, Theme::gap / 2, -Theme::gap, -Theme::gap), boxCount, 1);
-    const qreal buttonsTop = panel.bottom() + Theme::gap;
-    for (int i = 0; i < boxCount; ++i) {
-        const QRectF &column = columns.at(i);
-        Parts::addNote(this, {column.x(), column.y(), column.width(), Theme::notePx},
-                       QLatin1String(notes[i]), Theme::barText);
-        m_slots.append({column.x(), column.bottom() - boxPx, column.width(), boxPx});
-        KELPushButton *button = Parts::addButton(
-            this, {column.x(), buttonsTop, column.width(), Theme::touch},
-            QLatin1String(buttonTexts[i]));
-        button->setObjectName(QLatin1String(buttonNames[i]));
-        host.log->watch(button, button->text());
-        m_buttons.append(button);
-    }
-
-    const qreal stateTop = buttonsTop + Theme::touch + Theme::gap;
-    m_state = Parts::addCard(this, {room.x(), stateTop, room.width(), room.bottom() - stateTop});
-    m_state->setObjectName(QStringLiteral("combo-state"));
-    m_state->style()->margins = QMarginsF(Theme::gap, Theme::gap, Theme::gap, Theme::gap);
-    m_state->style()->trimText = false;
+    addProgrammes();
+    addDisabled();
+    addPicker();
 }
 
-ComboBoxPage::~ComboBoxPage()
+void ComboBoxPage::addProgrammes()
 {
-    delete m_programmes;
-    delete m_many;
-    delete m_disabled;
+    KELComboBox *box = Code::newComboBox(QMetaEnum::fromType<Programme>());
+    box->setObjectName(QStringLiteral("combo-programme"));
+    KELPushButton *next = newButton(QStringLiteral("Next"), QStringLiteral("select-next"));
+    host.log->watch(next, next->text());
+    connect(next, &KELPushButton::mouseClicked, box,
+            [box] { box->setSelectIndex((box->selectIndex() + 1) % box->items().size()); });
+    addBox(QStringLiteral("From an enumeration; its code is shown"), box, next,
+           QStringLiteral("Programme"));
 }
 
-void ComboBoxPage::attached()
+void ComboBoxPage::addDisabled()
 {
-    m_programmes = addBox(m_slots.at(0), QStringLiteral("combo-programme"));
-    m_many = addBox(m_slots.at(1), QStringLiteral("combo-many"));
-    m_disabled = addBox(m_slots.at(2), QStringLiteral("combo-disabled"));
-    fill();
-    rememberSelection(m_programmes, QStringLiteral("Programme"));
-    rememberSelection(m_many, QStringLiteral("Entries"));
-    rememberSelection(m_disabled, QStringLiteral("Disabled"));
-    m_disabled->setEnabled(remembered(QStringLiteral("enabled")) != 0);
-    connectButtons();
-    refresh();
-}
-
-// Not on the page, which may be scaled: a combo box compares presses with places in the scene.
-// There it also lies over everything, however far its list reaches.
-KELComboBox *ComboBoxPage::addBox(const QRectF &rect, const QString &name)
-{
-    const QRect place = mapRectToScene(rect.translated(boundingRect().topLeft())).toRect();
     auto *box = new KELComboBox;
-    box->setboundRect(place.x(), place.y(), place.width(), place.height());
-    box->setObjectName(name);
-    box->setParentItem(host.view->content());
-    return box;
-}
-
-void ComboBoxPage::fill()
-{
-    m_programmes->bindEnum(QMetaEnum::fromType<Programme>());
-    for (int i = 1; i <= manyEntries; ++i)
-        m_many->addItem(i, QStringLiteral("Entry %1").arg(i));
-    m_disabled->addItem(true, QStringLiteral("Locked"));
-    m_disabled->addItem(false, QStringLiteral("Open"));
-}
-
-void ComboBoxPage::rememberSelection(KELComboBox *box, const QString &key)
-{
-    box->setSelectIndex(remembered(key));
-    host.log->watch(box, key);
-    connect(box, &KELComboBox::selectItemChanged, this, [this, box, key] {
-        remembered(key) = box->selectIndex();
+    box->addItem(true, QStringLiteral("Locked"));
+    box->addItem(false, QStringLiteral("Open"));
+    box->setObjectName(QStringLiteral("combo-disabled"));
+    box->setEnabled(remembered(QStringLiteral("enabled")) != 0);
+    KELPushButton *toggle = newButton(QString(), QStringLiteral("toggle-enabled"));
+    const auto refresh = [box, toggle] {
+        toggle->setText(box->isEnabled() ? QStringLiteral("Disable") : QStringLiteral("Enable"));
+    };
+    refresh();
+    connect(toggle, &KELPushButton::mouseClicked, box, [this, box, refresh] {
+        box->setEnabled(!box->isEnabled());
+        remembered(QStringLiteral("enabled")) = box->isEnabled();
         refresh();
     });
+    host.log->watch(toggle, QStringLiteral("Enable"));
+    addBox(QStringLiteral("Of its own values, disabled at first"), box, toggle,
+           QStringLiteral("Disabled"));
 }
 
-void ComboBoxPage::connectButtons()
+// A list of a combo box neither scrolls nor stays inside the window.
+void ComboBoxPage::addPicker()
 {
-    connect(m_buttons.at(0), &KELPushButton::mouseClicked, m_programmes, [this] {
-        m_programmes->setSelectIndex((m_programmes->selectIndex() + 1)
-                                     % m_programmes->items().size());
+    auto *picker = new KELPicker;
+    picker->setObjectName(QStringLiteral("picker-zone"));
+    QStringList zones;
+    for (int zone = 1; zone <= zoneCount; ++zone)
+        zones.append(QStringLiteral("Zone %1").arg(zone));
+    picker->setItems(zones);
+    picker->setCaption(QStringLiteral("Zone"));
+    picker->setCurrentIndex(remembered(QStringLiteral("zone")));
+    connect(picker, &KELPicker::currentIndexChanged, this, [this, picker] {
+        remembered(QStringLiteral("zone")) = picker->currentIndex();
+        host.log->add(QStringLiteral("Picker"), picker->currentText());
     });
-    connect(m_buttons.at(1), &KELPushButton::mouseClicked, m_many,
-            [this] { m_many->setSelectIndex(manyEntries - 1); });
-    connect(m_buttons.at(2), &KELPushButton::mouseClicked, m_disabled, [this] {
-        m_disabled->setEnabled(!m_disabled->isEnabled());
-        remembered(QStringLiteral("enabled")) = m_disabled->isEnabled();
-        refresh();
-    });
+    QGraphicsLinearLayout *card = newCard(
+        QStringLiteral("For a long list: a picker, which scrolls"));
+    card->addItem(picker);
 }
 
-void ComboBoxPage::refresh()
+void ComboBoxPage::addBox(const QString &caption, KELComboBox *box, KELPushButton *button,
+                          const QString &name)
 {
-    m_buttons.at(2)->setText(m_disabled->isEnabled() ? QStringLiteral("Disable")
-                                                     : QStringLiteral("Enable"));
-    m_state->setText(QStringLiteral("%1, %2, %3\n\nNothing keeps a list inside the window: that of "
-                                    "1,000 entries ends 30,000 px below its box. The last one is "
-                                    "out of reach for a finger.")
-                         .arg(shownBy(m_programmes), shownBy(m_many), shownBy(m_disabled)));
+    box->setSelectIndex(remembered(name));
+    host.log->watch(box, name);
+    connect(box, &KELComboBox::selectItemChanged, this,
+            [this, box, name] { remembered(name) = box->selectIndex(); });
+    QGraphicsLinearLayout *card = newCard(caption);
+    addSamples(card, {{box, QString()}});
+    addSamples(card, {{button, QString()}});
 }

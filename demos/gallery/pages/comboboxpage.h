@@ -4,16 +4,13 @@
 #ifndef COMBOBOXPAGE_H
 #define COMBOBOXPAGE_H
 
-#include "page.h"
-
-#include <QtCore/QPointer>
-#include <QtCore/QVector>
+#include "cardpage.h"
 
 class KELComboBox;
 class KELPushButton;
 
-// KELComboBox: filled from an enumeration, with 1,000 entries, and disabled.
-class ComboBoxPage : public Page
+// KELComboBox: filled from an enumeration, and disabled; and what long lists are for.
+class ComboBoxPage : public CardPage
 {
     Q_OBJECT
 
@@ -22,25 +19,15 @@ public:
     Q_ENUM(Programme)
 
     ComboBoxPage(const PageHost &host, const QRectF &area);
-    ~ComboBoxPage() override;
-
-    void attached() override;
 
 private:
     Q_DISABLE_COPY(ComboBoxPage)
 
-    KELComboBox *addBox(const QRectF &rect, const QString &name);
-    void fill();
-    void rememberSelection(KELComboBox *box, const QString &key);
-    void connectButtons();
-    void refresh();
-
-    QVector<QRectF> m_slots; // for the boxes, relative to the page
-    QVector<KELPushButton *> m_buttons;
-    KELRoundRectControl *m_state;
-    QPointer<KELComboBox> m_programmes;
-    QPointer<KELComboBox> m_many;
-    QPointer<KELComboBox> m_disabled;
+    void addProgrammes();
+    void addDisabled();
+    void addPicker();
+    void addBox(const QString &caption, KELComboBox *box, KELPushButton *button,
+                const QString &name);
 };
 
 #endif

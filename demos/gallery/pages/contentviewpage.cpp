@@ -6,6 +6,9 @@
 #include "eventlog.h"
 #include "iconset.h"
 #include "parts.h"
+#include "window.h"
+
+#include <KELContentView>
 
 #include <KELContentView>
 #include <QtGui/QLinearGradient>
@@ -55,7 +58,7 @@ KELRoundRectControl *makeKeypad(const QSizeF &size, EventLog *log)
     pad->style()->borderBrush = QBrush(Qt::NoBrush);
     pad->style()->xRadius = pad->style()->yRadius = Theme::radius;
     const QRectF room = pad->rect().adjusted(Theme::gap, Theme::gap, -Theme::gap, -Theme::gap);
-    const QVector<QRectF> cells = Parts::grid(room, 3, 3);
+    const QVector<QRectF> cells = Parts::grid(room, 3, Parts::fitting(room.height(), 44, 3));
     for (int i = 0; i < cells.size(); ++i) {
         const QString digit = QString::number(i + 1);
         KELPushButton *key = Parts::addButton(pad, cells.at(i), digit);

@@ -8,6 +8,7 @@
 
 #include <QtCore/QPointer>
 
+class KELContentView;
 class KELPushButton;
 
 // KELContentView: a second view, as a child widget above this page.

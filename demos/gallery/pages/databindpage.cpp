@@ -3,14 +3,15 @@
 
 #include "databindpage.h"
 
+#include "code/code.h"
 #include "eventlog.h"
-#include "parts.h"
 
-#include <KELDataBind>
 #include <KELLabel>
 #include <KELProcessBar>
+#include <KELPushButton>
 #include <KELRadioBox>
 #include <KELSlideControl>
+#include <QtWidgets/QGraphicsLinearLayout>
 
 // Stands for what an application would show. A progress bar itself is no destination for numbers:
 // its property is a bool.
@@ -43,11 +44,8 @@ private:
 
 namespace {
 
-constexpr qreal boxPx = 44;
-constexpr qreal modesWidthPx = 204;
-constexpr qreal captionPx = 52;
-constexpr qreal buttonsHeightPx = 2 * Theme::touch + Theme::gap;
-constexpr qreal stackedHeightPx = 292;
+constexpr qreal barPx = 30;
+constexpr int stateLines = 4;
 
 constexpr int firstLevel = 40;
 constexpr int step = 10;
@@ -86,48 +84,32 @@ QString debugLineOf(const std::function<void()> &function)
 } // namespace
 
 DataBindPage::DataBindPage(const PageHost &pageHost, const QRectF &area) :
-    Page(pageHost, area, QStringLiteral("Data bind"),
-         QStringLiteral("A slider, the source, bound to a model, the destination")),
+    CardPage(pageHost, area, QStringLiteral("Data bind"),
+             QStringLiteral("A slider, the source, bound to a model, the destination")),
     m_binding(new KELDataBind(this)),
     m_modes(new KELRadioBoxGroup(this))
 {
-    const QRectF room = body();
-    const QRectF modes = isUpright() ? room.adjusted(0, 0, 0, -stackedHeightPx - Theme::pageMargin)
-                                     : QRectF(room.x(), room.y(), modesWidthPx, room.height());
-    const QRectF rest = isUpright() ? room.adjusted(0, room.height() - stackedHeightPx, 0, 0)
-                                    : room.adjusted(modesWidthPx + Theme::pageMargin, 0, 0, 0);
-    const QRectF row(rest.x(), rest.y(), rest.width(), Theme::touch);
-    addSlider(row);
-    addModelRow(row.translated(0, Theme::touch + Theme::gap));
-    addStateCard(
-        rest.adjusted(0, 2 * (Theme::touch + Theme::gap), 0, -buttonsHeightPx - Theme::gap));
-    addButtons(rest.adjusted(0, rest.height() - buttonsHeightPx, 0, 0));
-
+    addObjects();
+    addCalls();
+    addModes();
     const int level = remembered(QStringLiteral("level"), firstLevel);
     makeModel(level);
     m_slider->setValue(float(level));
     // Watched before the binding listens: the log shows who moved whom.
     host.log->watch(m_slider, QStringLiteral("Slider"));
-    addModes(Parts::addDarkPanel(this, modes));
     bindAsSelected();
     refresh();
 }
 
-void DataBindPage::addModes(KELRoundRectControl *panel)
+void DataBindPage::addModes()
 {
-    const QVector<QRectF> rows = Parts::grid(
-        panel->rect().adjusted(Theme::gap, Theme::gap, -Theme::gap, -Theme::gap), 1, modeCount, 0);
+    QGraphicsLinearLayout *card = newCard(QStringLiteral("The mode that is asked for"));
+    card->setSpacing(0);
     for (int mode = 0; mode < modeCount; ++mode) {
-        const QRectF &row = rows.at(mode);
-        auto *box = new KELRadioBox(panel);
-        box->setboundRect(row.x(), row.center().y() - boxPx / 2, boxPx, boxPx);
+        auto *box = new KELRadioBox;
         box->setObjectName(QStringLiteral("mode-%1").arg(mode));
         m_modes->addRadioBox(box, mode);
-        auto *caption = new KELLabel(panel);
-        caption->setboundRect(row.adjusted(boxPx + Theme::gap, 0, 0, 0));
-        caption->style()->text = nameOf(mode);
-        caption->style()->font = Theme::font(Theme::bodyPx);
-        caption->style()->textFlags = Qt::AlignLeft | Qt::AlignVCenter;
+        const KELLabel *caption = addChoice(card, box, nameOf(mode));
         connect(caption, &KELLabel::mousePress, m_modes, [this, mode] { m_modes->setId(mode); });
     }
     m_modes->setId(remembered(QStringLiteral("mode"), KELDataBind::TwoWay));
@@ -138,76 +120,58 @@ void DataBindPage::addModes(KELRoundRectControl *panel)
     });
 }
 
-void DataBindPage::addSlider(const QRectF &row)
+void DataBindPage::addObjects()
 {
-    Parts::addNote(this, {row.x(), row.y(), captionPx, row.height()}, QStringLiteral("Slider"),
-                   Theme::muted, Qt::AlignLeft | Qt::AlignVCenter);
-    KELRoundRectControl *panel = Parts::addPanel(this, row.adjusted(captionPx, 0, 0, 0));
-    panel->style()->backgroundBrush = panel->style()->borderBrush = QBrush(Qt::NoBrush);
-    m_slider = new KELSlideControl(panel);
-    m_slider->setboundRect(0, 0, panel->rect().width(), panel->rect().height());
+    QGraphicsLinearLayout *card = newCard(QStringLiteral("Slider"));
+    m_slider = new KELSlideControl;
     m_slider->setObjectName(QStringLiteral("source-slider"));
     // A slider emits for unchanged values, too: with a step it does nothing when its own value
     // comes back.
     m_slider->setStep(step);
     connect(m_slider, &KELSlideControl::valueChanged, this, &DataBindPage::refresh);
-}
+    addSamples(card, {{m_slider, QString()}});
 
-void DataBindPage::addModelRow(const QRectF &row)
-{
-    Parts::addNote(this, {row.x(), row.y(), captionPx, row.height()}, QStringLiteral("Model"),
-                   Theme::muted, Qt::AlignLeft | Qt::AlignVCenter);
-    const QRectF rest = row.adjusted(captionPx, 0, 0, 0);
-    KELPushButton *less = addLoggedButton({rest.x(), rest.y(), Theme::touch, Theme::touch},
-                                          QString::number(-step), QStringLiteral("model-less"));
-    connect(less, &KELPushButton::mouseClicked, this, [this] { changeLevel(-step); });
-    m_bar = new KELProcessBar(this);
-    m_bar->setboundRect(rest.adjusted(Theme::touch + Theme::gap, 0, -Theme::touch - Theme::gap, 0));
+    addText(card, QStringLiteral("Model"));
+    m_bar = new KELProcessBar;
     m_bar->setObjectName(QStringLiteral("model-bar"));
     m_bar->setAcceptedMouseButtons(Qt::NoButton);
-    KELPushButton *more = addLoggedButton(
-        {rest.right() - Theme::touch, rest.y(), Theme::touch, Theme::touch},
-        QStringLiteral("+%1").arg(step), QStringLiteral("model-more"));
+    addSamples(card, {{m_bar, QString(), 0, barPx}});
+    KELPushButton *less = newButton(QStringLiteral("Less"), QStringLiteral("model-less"));
+    connect(less, &KELPushButton::mouseClicked, this, [this] { changeLevel(-step); });
+    KELPushButton *more = newButton(QStringLiteral("More"), QStringLiteral("model-more"));
     connect(more, &KELPushButton::mouseClicked, this, [this] { changeLevel(step); });
+    m_deleteButton = newButton(QStringLiteral("Delete model"), QStringLiteral("delete-model"));
+    connect(m_deleteButton, &KELPushButton::mouseClicked, this, &DataBindPage::deleteOrMakeModel);
+    addSamples(card, {{less, QString()}, {more, QString()}}, 96);
+    addSamples(card, {{m_deleteButton, QString()}}, 96);
 }
 
-void DataBindPage::addStateCard(const QRectF &rect)
+void DataBindPage::addCalls()
 {
-    m_state = Parts::addCard(this, rect);
+    QGraphicsLinearLayout *card = newCard(QStringLiteral("What the binding does"));
+    m_state = addText(card, QString(), stateLines);
     m_state->setObjectName(QStringLiteral("binding-state"));
-    m_state->style()->font = Theme::font(Theme::smallPx);
     m_state->style()->trimText = false; // long messages go on in a second line
-    m_state->style()->margins = QMarginsF(Theme::gap, 0, Theme::gap, 0);
-}
-
-void DataBindPage::addButtons(const QRectF &rect)
-{
-    const QVector<QRectF> cells = Parts::grid(rect, 2, 2);
-    KELPushButton *bind = addLoggedButton(cells.at(0), QStringLiteral("Bind"),
-                                          QStringLiteral("bind"));
+    KELPushButton *bind = newButton(QStringLiteral("Bind"), QStringLiteral("bind"));
     connect(bind, &KELPushButton::mouseClicked, this, [this] {
         call(QStringLiteral("bind()"), [this] {
-            m_binding->unbind(); // for the same reason as in bindAsSelected()
+            m_binding->unbind(); // otherwise every change would be carried once more
             m_binding->bind();
         });
     });
-    KELPushButton *unbind = addLoggedButton(cells.at(1), QStringLiteral("Unbind"),
-                                            QStringLiteral("unbind"));
+    KELPushButton *unbind = newButton(QStringLiteral("Unbind"), QStringLiteral("unbind"));
     connect(unbind, &KELPushButton::mouseClicked, this,
             [this] { call(QStringLiteral("unbind()"), [this] { m_binding->unbind(); }); });
-    KELPushButton *update = addLoggedButton(cells.at(2), QStringLiteral("Update"),
-                                            QStringLiteral("update"));
+    KELPushButton *update = newButton(QStringLiteral("Update"), QStringLiteral("update"));
     connect(update, &KELPushButton::mouseClicked, this,
             [this] { call(QStringLiteral("update()"), [this] { m_binding->update(); }); });
-    m_deleteButton = addLoggedButton(cells.at(3), QStringLiteral("Delete model"),
-                                     QStringLiteral("delete-model"));
-    connect(m_deleteButton, &KELPushButton::mouseClicked, this, &DataBindPage::deleteOrMakeModel);
+    addSamples(card, {{bind, QString()}, {unbind, QString()}, {update, QString()}}, 80);
 }
 
-KELPushButton *DataBindPage::addLoggedButton(const QRectF &rect, const QString &text,
-                                             const QString &objectName)
+KELPushButton *DataBindPage::newButton(const QString &text, const QString &objectName)
 {
-    KELPushButton *button = Parts::addButton(this, rect, text);
+    auto *button = new KELPushButton;
+    button->setText(text);
     button->setObjectName(objectName);
     host.log->watch(button, text);
     return button;
@@ -246,8 +210,7 @@ void DataBindPage::deleteOrMakeModel()
 
 void DataBindPage::bindAsSelected()
 {
-    m_binding->unbind(); // otherwise every change would be carried once more
-    m_binding->setBind(m_slider, "value", m_model, "level", KELDataBind::BindMode(m_modes->id()));
+    Code::bindLevel(m_binding, m_slider, m_model, KELDataBind::BindMode(m_modes->id()));
 }
 
 void DataBindPage::bindAnew()

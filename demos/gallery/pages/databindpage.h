@@ -4,7 +4,7 @@
 #ifndef DATABINDPAGE_H
 #define DATABINDPAGE_H
 
-#include "page.h"
+#include "cardpage.h"
 
 #include <QtCore/QPointer>
 
@@ -18,7 +18,7 @@ class KELSlideControl;
 class LevelModel;
 
 // KELDataBind: a slider bound to a model in every mode, also after the model is gone.
-class DataBindPage : public Page
+class DataBindPage : public CardPage
 {
     Q_OBJECT
 
@@ -28,13 +28,10 @@ public:
 private:
     Q_DISABLE_COPY(DataBindPage)
 
-    void addModes(KELRoundRectControl *panel);
-    void addSlider(const QRectF &row);
-    void addModelRow(const QRectF &row);
-    void addStateCard(const QRectF &rect);
-    void addButtons(const QRectF &rect);
-    KELPushButton *addLoggedButton(const QRectF &rect, const QString &text,
-                                   const QString &objectName);
+    void addModes();
+    void addObjects();
+    void addCalls();
+    KELPushButton *newButton(const QString &text, const QString &objectName);
 
     void makeModel(int level);
     void changeLevel(int difference);

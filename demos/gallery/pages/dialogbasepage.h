@@ -4,14 +4,15 @@
 #ifndef DIALOGBASEPAGE_H
 #define DIALOGBASEPAGE_H
 
-#include "page.h"
+#include "cardpage.h"
 
 #include <QtCore/QPointer>
 
+class KELLabel;
 class PinDialog;
 
 // KELDialogBase: a keypad for a PIN that shakes its head.
-class DialogBasePage : public Page
+class DialogBasePage : public CardPage
 {
     Q_OBJECT
 
@@ -24,9 +25,11 @@ public:
 private:
     Q_DISABLE_COPY(DialogBasePage)
 
+    void dim(bool isDimmed);
     void report(const QString &what, const QString &state);
 
-    KELRoundRectControl *m_state;
+    KELLabel *m_state;
+    KELRoundRectControl *m_shade = nullptr;
     QPointer<PinDialog> m_dialog;
 };
 

@@ -3,32 +3,34 @@
 
 #include "labelpage.h"
 
+#include "code/code.h"
 #include "eventlog.h"
 #include "iconset.h"
 #include "parts.h"
 
 #include <KELLabel>
+#include <KELPushButton>
 
 namespace {
 
-constexpr qreal minSampleWidthPx = 96;
-constexpr qreal minSampleHeightPx = 64;
-constexpr qreal paddingPx = 6;
+constexpr QSizeF samplePx(120, 64);
+constexpr QSizeF captionPx(160, 48);
 
-KELLabel *addLabel(QGraphicsObject *parent, const QRectF &rect, const QString &text)
+KELLabel *newLabel(const QString &text)
 {
-    auto *label = new KELLabel(parent);
-    label->setboundRect(rect);
+    auto *label = new KELLabel;
     label->style()->text = text;
     label->style()->font = Theme::font(Theme::bodyPx);
+    label->setAcceptedMouseButtons(Qt::NoButton);
     return label;
 }
 
-// One that only shows something.
-KELLabel *addMute(KELRoundRectControl *panel, const QRectF &rect, const QString &text)
+KELLabel *newAligned(const QString &text, int flags)
 {
-    KELLabel *label = addLabel(panel, rect, text);
-    label->setAcceptedMouseButtons(Qt::NoButton);
+    KELLabel *label = newLabel(text);
+    label->style()->textFlags = flags;
+    label->style()->borderBrush = QColor(Theme::line);
+    label->style()->borderWidth = 1;
     return label;
 }
 
@@ -39,122 +41,99 @@ void dress(KELLabel *label)
     style->borderBrush = QColor(Theme::accent);
     style->borderWidth = 2;
     style->xRadius = style->yRadius = Theme::radius;
-    style->foregroundBrush = QColor(Theme::accentDark);
 }
 
-struct Sample
+// It takes presses as a button does.
+void makeSelectable(KELLabel *label)
 {
-    const char *caption;
-    bool isDark; // for white text
-    void (*fill)(KELRoundRectControl *panel, const QRectF &rect, const IconSet &icons);
-};
-
-const Sample samples[] = {
-    {"Two states", true,
-     [](KELRoundRectControl *panel, const QRectF &rect, const IconSet &) {
-         const QVector<QRectF> rows = Parts::grid(rect, 1, 2, 0);
-         addMute(panel, rows.at(0), QStringLiteral("Enabled"));
-         addMute(panel, rows.at(1), QStringLiteral("Disabled"))->setEnabled(false);
-     }},
-    {"Alignment", true,
-     [](KELRoundRectControl *panel, const QRectF &rect, const IconSet &) {
-         addMute(panel, rect, QStringLiteral("Left"))->style()->textFlags = Qt::AlignLeft
-             | Qt::AlignTop;
-         addMute(panel, rect, QStringLiteral("Centre"));
-         addMute(panel, rect, QStringLiteral("Right"))->style()->textFlags = Qt::AlignRight
-             | Qt::AlignBottom;
-     }},
-    {"Elided", true,
-     [](KELRoundRectControl *panel, const QRectF &rect, const IconSet &) {
-         addMute(
-             panel, rect,
-             QStringLiteral("A caption that is far too long\nand a second line like the first"));
-     }},
-    {"Wrapped", true,
-     [](KELRoundRectControl *panel, const QRectF &rect, const IconSet &) {
-         addMute(panel, rect, QStringLiteral("A caption that is far too long for one line"))
-             ->style()
-             ->trimText
-             = false;
-     }},
-    {"Fill, outline", false,
-     [](KELRoundRectControl *panel, const QRectF &rect, const IconSet &) {
-         dress(addMute(panel, rect, QStringLiteral("Label")));
-     }},
-    {"Pixmap", false,
-     [](KELRoundRectControl *panel, const QRectF &rect, const IconSet &) {
-         addMute(panel, rect, QString())->style()->pixmap = Parts::landscape(rect.size().toSize());
-     }},
-    {"Glyph", false,
-     [](KELRoundRectControl *panel, const QRectF &rect, const IconSet &icons) {
-         KELLabel *label = addMute(panel, rect, QString());
-         label->style()->icon = icons.glyph(Icon::star);
-         label->style()->iconSize = 36;
-         label->style()->foregroundBrush = QColor(Theme::warm);
-     }},
-    {"Margins 20, 10", false,
-     [](KELRoundRectControl *panel, const QRectF &rect, const IconSet &) {
-         KELLabel *label = addMute(panel, rect, QStringLiteral("Label"));
-         dress(label);
-         label->style()->margins = QMarginsF(20, 10, 0, 0);
-         label->style()->textFlags = Qt::AlignLeft | Qt::AlignTop;
-     }},
-};
+    label->setFlag(QGraphicsItem::ItemIsSelectable);
+    label->setAcceptHoverEvents(true);
+    label->setAcceptTouchEvents(true);
+    label->setAcceptedMouseButtons(Qt::LeftButton);
+}
 
 } // namespace
 
 LabelPage::LabelPage(const PageHost &pageHost, const QRectF &area) :
-    Page(pageHost, area, QStringLiteral("Label"),
-         QStringLiteral("White text by default; the row below is live"))
+    CardPage(pageHost, area, QStringLiteral("Label"),
+             QStringLiteral("A caption, a picture or a glyph; white without a theme"))
 {
-    const QRectF room = body();
-    addSamples(room.adjusted(0, 0, 0, -Theme::touch - Theme::pageMargin));
-    addLiveLabels({room.x(), room.bottom() - Theme::touch, room.width(), Theme::touch});
+    addLiveLabels();
+    addCaptions();
+    addPictures();
 }
 
-void LabelPage::addSamples(const QRectF &area)
+void LabelPage::addLiveLabels()
 {
-    // Neither number of columns leaves a cell empty.
-    const bool isWide = !isUpright()
-        && Parts::fitting(area.width(), minSampleWidthPx, 4, Theme::pageMargin) == 4;
-    const int columns = isWide ? 4 : 2;
-    const int rows = Parts::fitting(area.height(), minSampleHeightPx,
-                                    int(std::size(samples)) / columns, Theme::pageMargin);
-    const QVector<QRectF> cells = Parts::grid(area, columns, rows, Theme::pageMargin);
-    for (int i = 0; i < cells.size(); ++i) {
-        const QRectF rect = cells.at(i).adjusted(0, 0, 0, -Theme::notePx);
-        KELRoundRectControl *panel = samples[i].isDark ? Parts::addDarkPanel(this, rect)
-                                                       : Parts::addPanel(this, rect);
-        samples[i].fill(panel, panel->rect().adjusted(paddingPx, paddingPx, -paddingPx, -paddingPx),
-                        *host.icons);
-        Parts::addNote(this, {rect.x(), rect.bottom(), rect.width(), Theme::notePx},
-                       QLatin1String(samples[i].caption));
-    }
-}
+    addSamples(newCard(QStringLiteral("A caption; its code is shown")),
+               {{Code::newLabel(), QString(), 0, Theme::touch}});
 
-void LabelPage::addLiveLabels(const QRectF &area)
-{
-    const QVector<QRectF> cells = Parts::grid(area, 3, 1, Theme::pageMargin);
     // It ignores the press, so it gets no release.
-    KELLabel *plain = addLabel(this, cells.at(0), QStringLiteral("Plain label"));
+    KELLabel *plain = newLabel(QStringLiteral("Plain label"));
+    plain->setAcceptedMouseButtons(Qt::LeftButton | Qt::RightButton | Qt::MiddleButton);
     plain->setObjectName(QStringLiteral("plain-label"));
-    plain->style()->backgroundBrush = QColor(Theme::bar);
+    plain->style()->backgroundBrush = QColor(Theme::accentTint);
     plain->style()->xRadius = plain->style()->yRadius = Theme::radius;
     host.log->watch(plain, plain->text());
 
-    KELLabel *selectable = addLabel(this, cells.at(1), QStringLiteral("Selectable"));
+    KELLabel *selectable = newLabel(QStringLiteral("Selectable"));
     selectable->setObjectName(QStringLiteral("selectable-label"));
-    selectable->setFlag(ItemIsSelectable);
-    selectable->setAcceptHoverEvents(true);
-    selectable->setAcceptTouchEvents(true);
-    selectable->setAcceptedMouseButtons(Qt::LeftButton);
+    makeSelectable(selectable);
     dress(selectable);
     host.log->watch(selectable, selectable->text());
+    addSamples(newCard(QStringLiteral("Touch them, and look at the signals")),
+               {{plain, QString()}, {selectable, QString()}}, 120);
 
-    KELPushButton *button = Parts::addButton(this, cells.at(2), QString());
+    auto *button = new KELPushButton;
     button->setObjectName(QStringLiteral("button-below"));
-    KELLabel *caption = addLabel(this, cells.at(2), QStringLiteral("On a button"));
-    caption->setAcceptedMouseButtons(Qt::NoButton);
-    caption->style()->foregroundBrush = QColor(Theme::ink);
+    KELLabel *caption = newLabel(QStringLiteral("On a button"));
+    caption->setboundRect(0, 0, captionPx.width(), captionPx.height());
+    caption->setParentItem(button);
     host.log->watch(button, QStringLiteral("Button below"));
+    addSamples(newCard(QStringLiteral("A label lets presses through if told to")),
+               {{button, QString(), captionPx.width(), captionPx.height()}});
+}
+
+void LabelPage::addCaptions()
+{
+    KELLabel *disabled = newLabel(QStringLiteral("Disabled"));
+    disabled->setEnabled(false);
+    addSamples(newCard(QStringLiteral("Two states")),
+               {{newLabel(QStringLiteral("Enabled")), QString()}, {disabled, QString()}}, 120);
+    addSamples(newCard(QStringLiteral("textFlags")),
+               {{newAligned(QStringLiteral("Left"), Qt::AlignLeft | Qt::AlignTop), QString()},
+                {newAligned(QStringLiteral("Centre"), Qt::AlignCenter), QString()},
+                {newAligned(QStringLiteral("Right"), Qt::AlignRight | Qt::AlignBottom), QString()}},
+               80);
+    KELLabel *wrapped = newLabel(QStringLiteral("A caption that is too long for one line"));
+    wrapped->style()->trimText = false;
+    addSamples(newCard(QStringLiteral("trimText on: elided; off: wrapped")),
+               {{newLabel(QStringLiteral("A caption that is too long for one line")), QString(), 0,
+                 samplePx.height()},
+                {wrapped, QString(), 0, samplePx.height()}},
+               samplePx.width());
+}
+
+void LabelPage::addPictures()
+{
+    KELLabel *filled = newLabel(QStringLiteral("Filled"));
+    dress(filled);
+    KELLabel *picture = newLabel(QString());
+    picture->style()->pixmap = Parts::landscape(samplePx.toSize());
+    addSamples(newCard(QStringLiteral("backgroundBrush, borderBrush; pixmap")),
+               {{filled, QString(), samplePx.width(), samplePx.height()},
+                {picture, QString(), samplePx.width(), samplePx.height()}},
+               samplePx.width());
+    KELLabel *glyph = newLabel(QString());
+    glyph->style()->icon = host.icons->glyph(Icon::star);
+    glyph->style()->iconSize = 36;
+    glyph->style()->foregroundBrush = QColor(Theme::warm);
+    KELLabel *inset = newLabel(QStringLiteral("20, 10"));
+    dress(inset);
+    inset->style()->margins = QMarginsF(20, 10, 0, 0);
+    inset->style()->textFlags = Qt::AlignLeft | Qt::AlignTop;
+    addSamples(newCard(QStringLiteral("icon, iconSize; margins")),
+               {{glyph, QString(), samplePx.width(), samplePx.height()},
+                {inset, QString(), samplePx.width(), samplePx.height()}},
+               samplePx.width());
 }

@@ -4,10 +4,12 @@
 #ifndef LABELPAGE_H
 #define LABELPAGE_H
 
-#include "page.h"
+#include "cardpage.h"
 
-// KELLabel: the default look, what the style record makes of it, and three labels to touch.
-class LabelPage : public Page
+class KELLabel;
+
+// KELLabel: what it shows, and which presses it takes.
+class LabelPage : public CardPage
 {
     Q_OBJECT
 
@@ -17,8 +19,9 @@ public:
 private:
     Q_DISABLE_COPY(LabelPage)
 
-    void addSamples(const QRectF &area);
-    void addLiveLabels(const QRectF &area);
+    void addLiveLabels();
+    void addCaptions();
+    void addPictures();
 };
 
 #endif

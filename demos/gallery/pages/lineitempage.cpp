@@ -3,151 +3,127 @@
 
 #include "lineitempage.h"
 
+#include "code/code.h"
 #include "eventlog.h"
-#include "parts.h"
+#include "screens/screenkit.h"
 
+#include <KELLabel>
+#include <KELLayout>
 #include <KELLineItem>
+#include <KELPushButton>
+#include <KELTheme>
 #include <QtCore/QLineF>
 #include <QtGui/QLinearGradient>
+#include <QtWidgets/QGraphicsLinearLayout>
 
 namespace {
 
-constexpr qreal insetPx = 16;
-constexpr qreal nameWidthPx = 64; // the widest is "Gradient"
-constexpr qreal widestPx = 8;
+constexpr qreal nameWidthPx = 72; // the widest is "Gradient"
+constexpr qreal rowPx = 24;
+constexpr qreal starPx = 112;
+constexpr qreal sampleEndPx = 160; // where the gradient ends
+constexpr float wideLinePx = 8;
 
-const char *const menuEntries[] = {"Open", "Copy", "Paste", "Rename", "Delete"};
-constexpr float widths[] = {0, 0.5F, 1, 2, 4, float(widestPx)};
+const char *const menuEntries[] = {"Open", "Copy", "Paste", "Delete"};
 
-struct BrushSample
+// A line that a layout places: across the room that it gets.
+KELLineItem *newLine(const QBrush &brush, float width)
 {
-    const char *name;
-    QBrush (*brush)(const QPointF &from, const QPointF &to);
-};
-
-const BrushSample brushSamples[] = {
-    {"Solid", [](const QPointF &, const QPointF &) { return QBrush(QColor(Theme::accent)); }},
-    {"Gradient",
-     [](const QPointF &from, const QPointF &to) {
-         QLinearGradient gradient(from, to);
-         gradient.setColorAt(0, QColor(0x14, 0x9e, 0x8c));
-         gradient.setColorAt(1, QColor(Theme::warm));
-         return QBrush(gradient);
-     }},
-    {"Pattern",
-     [](const QPointF &, const QPointF &) {
-         return QBrush(QColor(Theme::leaf), Qt::Dense4Pattern);
-     }},
-    {"NoBrush", [](const QPointF &, const QPointF &) { return QBrush(Qt::NoBrush); }},
-};
-
-KELLineItem *addLine(QGraphicsObject *parent, const QLineF &line, const QBrush &brush, float width)
-{
-    auto *item = new KELLineItem(parent);
-    item->setLine(line.p1(), line.p2());
-    item->setAcceptedMouseButtons(Qt::NoButton);
-    // The picture kept of a line would end at its rectangle, which is as flat as the line.
-    item->setCacheMode(QGraphicsItem::NoCache);
-    item->style()->borderBrush = brush;
-    item->style()->borderWidth = width;
-    return item;
+    auto *line = new KELLineItem;
+    line->setLine({0, 0}, {100, 0});
+    line->setAcceptedMouseButtons(Qt::NoButton);
+    line->style()->borderBrush = brush;
+    line->style()->borderWidth = qreal(width);
+    return line;
 }
 
-// A line that shows nothing beyond from and to, where its ends would reach.
-void addTrimmedLine(KELRoundRectControl *panel, const QPointF &from, const QPointF &to,
-                    const QBrush &brush, float width)
+QBrush gradient()
 {
-    const QPointF reach(qreal(width / 2), 0);
-    addLine(panel, {from + reach, to - reach}, brush, width);
-}
-
-// One row a line, with its name to the left: draw(row, from, to) adds the line.
-template <typename Draw>
-void addNamedLines(KELRoundRectControl *panel, const QStringList &names, Draw draw)
-{
-    const QVector<QRectF> rows = Parts::grid(
-        panel->rect().adjusted(insetPx, Theme::gap, -insetPx, -Theme::gap), 1, names.size(), 0);
-    for (int row = 0; row < names.size(); ++row) {
-        QRectF name = rows.at(row);
-        name.setWidth(nameWidthPx);
-        Parts::addNote(panel, name, names.at(row), Theme::muted, Qt::AlignLeft | Qt::AlignVCenter);
-        const qreal y = qRound(name.center().y());
-        draw(row, QPointF(name.right() + widestPx, y), QPointF(rows.at(row).right(), y));
-    }
-}
-
-void fillWidths(KELRoundRectControl *panel)
-{
-    QStringList names;
-    for (const float width : widths)
-        names.append(QStringLiteral("%1 px").arg(double(width)));
-    addNamedLines(panel, names, [panel](int row, const QPointF &from, const QPointF &to) {
-        addTrimmedLine(panel, from, to, QColor(Theme::ink), widths[row]);
-    });
-}
-
-void fillBrushes(KELRoundRectControl *panel)
-{
-    QStringList names;
-    for (const BrushSample &sample : brushSamples)
-        names.append(QLatin1String(sample.name));
-    addNamedLines(panel, names, [panel](int row, const QPointF &from, const QPointF &to) {
-        addTrimmedLine(panel, from, to, brushSamples[row].brush(from, to), float(widestPx));
-    });
-}
-
-void fillDirections(KELRoundRectControl *panel)
-{
-    constexpr int rays = 12;
-    const QPointF centre = panel->rect().center();
-    const qreal radius = qMin(panel->rect().width(), panel->rect().height()) / 2 - Theme::gap;
-    for (int ray = 0; ray < rays; ++ray) {
-        QLineF line = QLineF::fromPolar(radius, ray * 360.0 / rays).translated(centre);
-        line.setP1(line.pointAt(0.25));
-        addLine(panel, line, QColor(ray % 3 == 0 ? Theme::accent : Theme::warm), 2);
-    }
+    QLinearGradient gradient(0, 0, sampleEndPx, 0); // in item px
+    gradient.setColorAt(0, QColor(Theme::leaf));
+    gradient.setColorAt(1, QColor(Theme::warm));
+    return gradient;
 }
 
 } // namespace
 
 LineItemPage::LineItemPage(const PageHost &pageHost, const QRectF &area) :
-    Page(pageHost, area, QStringLiteral("Line item"),
-         QStringLiteral("Separators between live entries, widths, directions and brushes"))
+    CardPage(pageHost, area, QStringLiteral("Line item"),
+             QStringLiteral("Separators between live entries, widths, directions and brushes"))
 {
-    const QRectF room = body();
-    QVector<QRectF> cells = Parts::grid(room, 2, 2, Theme::pageMargin);
-    if (room.width() > room.height()) {
-        const QVector<QRectF> columns = Parts::grid(room, 3, 1, Theme::pageMargin);
-        cells = columns.mid(0, 2) + Parts::grid(columns.at(2), 1, 2, Theme::pageMargin);
+    addMenu();
+    QVector<KELRoundRectControl *> lines;
+    QStringList names;
+    for (const float width : {0.0F, 0.5F, 1.0F, 2.0F, 4.0F, wideLinePx}) {
+        lines.append(newLine(QColor(Theme::ink), width));
+        names.append(QStringLiteral("%1 px").arg(double(width)));
     }
-    fillMenu(addSample(cells.at(0), QStringLiteral("Separators")));
-    fillWidths(addSample(cells.at(1), QStringLiteral("Widths")));
-    fillDirections(addSample(cells.at(2), QStringLiteral("Directions")));
-    fillBrushes(addSample(cells.at(3), QStringLiteral("Brushes, 8 px wide")));
+    addLines(QStringLiteral("borderWidth"), names, lines);
+    addLines(QStringLiteral("borderBrush, 8 px wide"),
+             {QStringLiteral("Solid"), QStringLiteral("Gradient"), QStringLiteral("Pattern"),
+              QStringLiteral("NoBrush")},
+             {newLine(QColor(Theme::accent), wideLinePx), newLine(gradient(), wideLinePx),
+              newLine(QBrush(QColor(Theme::leaf), Qt::Dense4Pattern), wideLinePx),
+              newLine(QBrush(Qt::NoBrush), wideLinePx)});
+    addDirections();
 }
 
-KELRoundRectControl *LineItemPage::addSample(const QRectF &cell, const QString &caption)
+void LineItemPage::addMenu()
 {
-    Parts::addNote(this, {cell.x(), cell.bottom() - Theme::notePx, cell.width(), Theme::notePx},
-                   caption);
-    return Parts::addPanel(this, cell.adjusted(0, 0, 0, -Theme::notePx));
-}
-
-void LineItemPage::fillMenu(KELRoundRectControl *panel)
-{
-    const int count = Parts::fitting(panel->rect().height(), Theme::touch,
-                                     int(std::size(menuEntries)), 0);
-    const QVector<QRectF> rows = Parts::grid(panel->rect(), 1, count, 0);
-    for (int i = 0; i < count; ++i) {
-        KELPushButton *entry = Parts::addButton(panel, rows.at(i), QLatin1String(menuEntries[i]));
-        entry->style()->backgroundBrush = entry->style()->borderBrush = QBrush(Qt::NoBrush);
+    QGraphicsLinearLayout *card = newCard(QStringLiteral("Separators; their code is shown"));
+    card->setSpacing(0);
+    for (int i = 0; i < int(std::size(menuEntries)); ++i) {
+        if (i > 0)
+            KELLayout::add(card, Code::newSeparator());
+        auto *entry = new KELPushButton;
+        entry->setText(QLatin1String(menuEntries[i]));
         entry->setObjectName(QStringLiteral("entry-%1").arg(i));
+        entry->style()->backgroundBrush = QColor(Theme::card);
+        entry->style()->borderWidth = 0;
         host.log->watch(entry, entry->text());
+        QGraphicsLayoutItem *item = KELLayout::item(entry);
+        item->setMinimumHeight(Theme::touch);
+        item->setPreferredHeight(Theme::touch);
+        KELLayout::add(card, entry);
     }
-    for (int i = 1; i < count; ++i) {
-        const QPointF left = rows.at(i).topLeft();
-        addLine(panel,
-                {left + QPointF(insetPx, 0), left + QPointF(rows.at(i).width() - insetPx, 0)},
-                QColor(Theme::line), 1);
+}
+
+// One row a line, with its name beside it.
+void LineItemPage::addLines(const QString &caption, const QStringList &names,
+                            const QVector<KELRoundRectControl *> &lines)
+{
+    QGraphicsLinearLayout *card = newCard(caption);
+    card->setSpacing(0);
+    for (int i = 0; i < lines.size(); ++i) {
+        auto *row = new QGraphicsLinearLayout(Qt::Horizontal);
+        KELLabel *label = Kit::newMutedLabel(*host.theme, names.at(i));
+        QGraphicsLayoutItem *item = KELLayout::item(label);
+        item->setMinimumSize(nameWidthPx, rowPx);
+        item->setPreferredSize(nameWidthPx, rowPx);
+        item->setMaximumSize(nameWidthPx, rowPx);
+        KELLayout::add(row, label);
+        KELLayout::add(row, lines.at(i), 1);
+        card->addItem(row);
     }
+    card->addStretch();
+}
+
+void LineItemPage::addDirections()
+{
+    constexpr int rays = 12;
+    auto *star = new KELRoundRectControl;
+    star->setboundRect(0, 0, starPx, starPx);
+    star->setAcceptedMouseButtons(Qt::NoButton);
+    star->style()->backgroundBrush = star->style()->borderBrush = QBrush(Qt::NoBrush);
+    for (int ray = 0; ray < rays; ++ray) {
+        QLineF line = QLineF::fromPolar(starPx / 2 - 4, ray * 360.0 / rays)
+                          .translated(starPx / 2, starPx / 2);
+        line.setP1(line.pointAt(0.25));
+        KELLineItem *item = newLine(QColor(ray % 3 == 0 ? Theme::accent : Theme::warm), 2);
+        item->setLine(line.p1(), line.p2());
+        // The picture kept of a line would end at its rectangle, which is as flat as the line.
+        item->setCacheMode(NoCache);
+        item->setParentItem(star);
+    }
+    addSamples(newCard(QStringLiteral("Any direction")), {{star, QString(), starPx, starPx}});
 }

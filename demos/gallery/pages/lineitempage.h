@@ -4,10 +4,10 @@
 #ifndef LINEITEMPAGE_H
 #define LINEITEMPAGE_H
 
-#include "page.h"
+#include "cardpage.h"
 
-// KELLineItem: separators in a menu, widths, directions and brushes.
-class LineItemPage : public Page
+// KELLineItem: separators between live entries, widths, directions and brushes.
+class LineItemPage : public CardPage
 {
     Q_OBJECT
 
@@ -17,8 +17,10 @@ public:
 private:
     Q_DISABLE_COPY(LineItemPage)
 
-    KELRoundRectControl *addSample(const QRectF &cell, const QString &caption);
-    void fillMenu(KELRoundRectControl *panel);
+    void addMenu();
+    void addLines(const QString &caption, const QStringList &names,
+                  const QVector<KELRoundRectControl *> &lines);
+    void addDirections();
 };
 
 #endif

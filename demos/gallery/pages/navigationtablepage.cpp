@@ -14,6 +14,11 @@
 namespace {
 
 constexpr qreal switchPx = 82;
+constexpr qreal leastTablePx = 220;
+constexpr float tabPx = 72;
+constexpr float smallTabPx = 56;
+constexpr qreal iconPx = 24;
+constexpr qreal captionPx = 18;
 
 QRectF rowOf(const KELRoundRectControl *panel, int row)
 {
@@ -23,7 +28,7 @@ QRectF rowOf(const KELRoundRectControl *panel, int row)
 
 void addCaption(KELRoundRectControl *panel, const QRectF &rect, const QString &text)
 {
-    Parts::addLabel(panel, rect, text, Theme::font(Theme::bodyPx), Theme::onAccent);
+    Parts::addLabel(panel, rect, text, Theme::font(Theme::bodyPx), Theme::ink);
 }
 
 } // namespace
@@ -32,10 +37,14 @@ NavigationTablePage::NavigationTablePage(const PageHost &pageHost, const QRectF 
     Page(pageHost, area, QStringLiteral("Navigation table"),
          QStringLiteral("A press on a tab shows its page, below a title or without one"))
 {
-    const QVector<QRectF> cells = isUpright() ? Parts::grid(body(), 1, 2)
-                                              : Parts::grid(body(), 2, 1);
-    addTable(cells.at(0), QStringLiteral("Titled"), true);
-    addTable(cells.at(1), QStringLiteral("Plain"), false);
+    // One alone, where two have no room.
+    const bool isAlone = body().height() < leastTablePx;
+    const QVector<QRectF> cells = isAlone ? QVector<QRectF>{body(), body()}
+        : isUpright()                     ? Parts::grid(body(), 1, 2)
+                                          : Parts::grid(body(), 2, 1);
+    addTable(cells.at(0), QStringLiteral("Titled"), !isAlone);
+    if (!isAlone)
+        addTable(cells.at(1), QStringLiteral("Plain"), false);
 }
 
 KELNavigationTable *NavigationTablePage::addTable(const QRectF &rect, const QString &name,
@@ -48,12 +57,11 @@ KELNavigationTable *NavigationTablePage::addTable(const QRectF &rect, const QStr
     table->setPos(corner + rect.topLeft());
     table->setObjectName(QStringLiteral("table-") + name.toLower());
     auto *style = static_cast<KELNavigationTableStyle *>(table->style());
+    const bool isSmall = rect.height() < leastTablePx;
     style->showTitle = showTitle;
     style->title = QStringLiteral("With a title");
     style->font = Theme::font(Theme::bodyPx);
-    style->backgroundBrush = QColor(Theme::bar);
-    style->titleBackgroundBrush = QColor(Theme::logPaper);
-    style->titleForegroundBrush = QColor(Theme::onAccent);
+    style->tabHeight = isSmall ? smallTabPx : tabPx;
 
     addLightPage(table);
     addSoundPage(table);
@@ -70,9 +78,11 @@ KELRoundRectControl *NavigationTablePage::addTablePage(KELNavigationTable *table
     auto *page = new KELNavigationTableItem;
     page->setText(caption);
     page->style()->icon = host.icons->glyph(icon);
-    page->style()->backgroundBrush = QColor(Theme::barPressed);
-    page->setButtonBackground(QColor(Theme::accent));
-    page->setButtonForeground(QColor(Theme::onAccent));
+    // Glyph and caption are a pair in the middle of the tab, with 6 px between them.
+    const qreal tab = qreal(static_cast<KELNavigationTableStyle *>(table->style())->tabHeight);
+    page->style()->iconSize = iconPx;
+    const qreal around = (tab - iconPx - 6 - captionPx) / 2;
+    page->style()->margins = QMarginsF(around, around, around, around);
     table->addItem(page);
     KELRoundRectControl *panel = Parts::addPanel(page, page->rect());
     panel->style()->backgroundBrush = panel->style()->borderBrush = QBrush(Qt::NoBrush);
@@ -110,7 +120,9 @@ void NavigationTablePage::addAlarmPage(KELNavigationTable *table)
 {
     KELRoundRectControl *panel = addTablePage(table, QStringLiteral("Alarm"), Icon::bell);
     addCaption(panel, rowOf(panel, 0), QStringLiteral("Every day at 7:00"));
-    KELPushButton *button = Parts::addButton(panel, rowOf(panel, 1), QStringLiteral("Ring now"));
+    auto *button = new KELPushButton(panel);
+    button->setboundRect(rowOf(panel, 1));
+    button->setText(QStringLiteral("Ring now"));
     button->setObjectName(table->objectName() + QStringLiteral("-ring"));
     host.log->watch(button, button->text());
 }

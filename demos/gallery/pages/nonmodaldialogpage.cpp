@@ -5,6 +5,7 @@
 
 #include "eventlog.h"
 #include "parts.h"
+#include "window.h"
 
 #include <KELCheckBox>
 #include <KELLabel>
@@ -49,24 +50,14 @@ qreal heightOf(int rows)
 } // namespace
 
 NonModalDialogPage::NonModalDialogPage(const PageHost &pageHost, const QRectF &area) :
-    Page(pageHost, area, QStringLiteral("Non-modal dialog"),
-         QStringLiteral("Panels that close by themselves"))
+    CardPage(pageHost, area, QStringLiteral("Non-modal dialog"),
+             QStringLiteral("A press outside closes a panel, and its button does, too"))
 {
-    const QRectF room = body();
-    const QVector<QRectF> cells = Parts::grid({room.x(), room.y(), room.width(), openerPx}, 2, 1);
-    m_settingsOpener = addOpener(cells.at(0), QStringLiteral("Settings"),
-                                 QStringLiteral("open-settings"));
-    m_stepsOpener = addOpener(cells.at(1), QStringLiteral("Two steps"),
-                              QStringLiteral("open-steps"));
-
-    KELRoundRectControl *card = Parts::addCard(this, room.adjusted(0, openerPx + Theme::gap, 0, 0));
-    card->style()->margins = QMarginsF(Theme::gap, 0, Theme::gap, Theme::gap);
-    card->style()->textFlags = Qt::AlignHCenter | Qt::AlignBottom; // free of the panels
-    card->style()->trimText = false;
-    card->setText(QStringLiteral("A press outside closes a panel, and its button, too.\n"
-                                 "The settings also close when they are left alone for %1 s.\n"
-                                 "Of the two steps one shows at a time.")
-                      .arg(periodMs / 1000));
+    m_settingsOpener = addOpener(
+        QStringLiteral("Left alone for %1 s, it closes").arg(periodMs / 1000),
+        QStringLiteral("Settings"), QStringLiteral("open-settings"));
+    m_stepsOpener = addOpener(QStringLiteral("Of two panels one shows at a time"),
+                              QStringLiteral("Two steps"), QStringLiteral("open-steps"));
     connect(&m_ticks, &QTimer::timeout, this, &NonModalDialogPage::showCountdown);
 }
 
@@ -79,6 +70,7 @@ NonModalDialogPage::~NonModalDialogPage()
 
 void NonModalDialogPage::attached()
 {
+    CardPage::attached();
     makeSettings();
     makeSteps();
     connectOpener(m_settingsOpener, {m_settings});
@@ -98,15 +90,16 @@ bool NonModalDialogPage::eventFilter(QObject *watched, QEvent *event)
     } else if (event->type() == QEvent::Hide && !event->spontaneous()) {
         host.log->add(watched->objectName(), QStringLiteral("hidden"));
     }
-    return Page::eventFilter(watched, event);
+    return CardPage::eventFilter(watched, event);
 }
 
-KELPushButton *NonModalDialogPage::addOpener(const QRectF &rect, const QString &text,
+KELPushButton *NonModalDialogPage::addOpener(const QString &about, const QString &text,
                                              const QString &objectName)
 {
-    KELPushButton *button = Parts::addButton(this, rect, text);
-    Parts::dressAsPrimary(button);
+    auto *button = new KELPushButton;
+    button->setText(text);
     button->setObjectName(objectName);
+    addSamples(newCard(about), {{button, QString(), 0, openerPx}});
     return button;
 }
 
@@ -121,6 +114,7 @@ KELNonModalDialog *NonModalDialogPage::makePanel(const QString &title, KELRoundR
     panel->setObjectName(title);
     panel->setFrameShape(QFrame::NoFrame);
     panel->setContent(content);
+    host.theme->applyTo(panel->scene());
     panel->installEventFilter(this);
     connect(panel, &KELNonModalDialog::disappeared, this,
             [this, title] { host.log->add(title, QStringLiteral("disappeared")); });
@@ -164,7 +158,7 @@ void NonModalDialogPage::makeSteps()
     const auto makeStep = [this](const QString &title, const QString &go,
                                  const QString &objectName) {
         KELRoundRectControl *content = makeContent(heightOf(2));
-        Parts::addLabel(content, rowOf(content, 0), title, Theme::font(18, true), Theme::onAccent);
+        Parts::addLabel(content, rowOf(content, 0), title, Theme::font(18, true), Theme::ink);
         KELPushButton *button = Parts::addButton(content, rowOf(content, 1), go);
         button->setObjectName(objectName);
         return std::make_pair(makePanel(title, content), button);

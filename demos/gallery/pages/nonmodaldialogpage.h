@@ -4,7 +4,7 @@
 #ifndef NONMODALDIALOGPAGE_H
 #define NONMODALDIALOGPAGE_H
 
-#include "page.h"
+#include "cardpage.h"
 
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QPointer>
@@ -16,7 +16,7 @@ class KELProcessBar;
 class KELPushButton;
 
 // KELNonModalDialog: a panel that closes by itself, and two panels of which one shows at a time.
-class NonModalDialogPage : public Page
+class NonModalDialogPage : public CardPage
 {
     Q_OBJECT
 
@@ -30,7 +30,7 @@ public:
 private:
     Q_DISABLE_COPY(NonModalDialogPage)
 
-    KELPushButton *addOpener(const QRectF &rect, const QString &text, const QString &objectName);
+    KELPushButton *addOpener(const QString &about, const QString &text, const QString &objectName);
     KELNonModalDialog *makePanel(const QString &title, KELRoundRectControl *content);
     void makeSettings();
     void makeSteps();

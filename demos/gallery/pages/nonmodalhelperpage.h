@@ -4,14 +4,15 @@
 #ifndef NONMODALHELPERPAGE_H
 #define NONMODALHELPERPAGE_H
 
-#include "page.h"
+#include "cardpage.h"
 
 #include <QtCore/QPointer>
 
+class KELContentView;
 class KELRadioBoxGroup;
 
 // KELNonModalhelper: any widget as a popup, here a small view inside the gallery's window.
-class NonModalHelperPage : public Page
+class NonModalHelperPage : public CardPage
 {
     Q_OBJECT
 
@@ -25,12 +26,12 @@ public:
 private:
     Q_DISABLE_COPY(NonModalHelperPage)
 
-    void addTimeouts(KELRoundRectControl *panel);
-    void addOpener(const QRectF &rect);
+    void addOpener();
+    void addTimeouts();
+    void placePopup();
     void showPopup();
 
     KELRadioBoxGroup *const m_timeouts;
-    KELRoundRectControl *m_frame;
     QPointer<KELContentView> m_popup;
     bool m_wasVisible = false; // when the opener was pressed
 };

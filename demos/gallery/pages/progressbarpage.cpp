@@ -3,63 +3,50 @@
 
 #include "progressbarpage.h"
 
-#include "parts.h"
+#include "code/code.h"
 #include "sliderandbar.h"
 
 #include <KELProcessBar>
+#include <KELSlideControl>
 
 namespace {
 
-constexpr int sampleValues[] = {-5, 0, 33, 100, 150};
-constexpr int sampleCount = int(std::size(sampleValues)) + 1; // and a tall one
-constexpr qreal stackedHeightPx = 3 * Theme::touch + 2 * Theme::gap;
+constexpr qreal barPx = 30;
+constexpr int fillAlpha = 100;
 
-KELProcessBar *addBar(QGraphicsObject *parent, const QRectF &rect, int value)
+KELProcessBar *newBar(int value)
 {
-    auto *bar = new KELProcessBar(parent);
-    bar->setboundRect(rect);
-    bar->setAcceptedMouseButtons(Qt::NoButton);
+    KELProcessBar *bar = Code::newProgressBar();
     bar->setValue(value);
+    bar->setAcceptedMouseButtons(Qt::NoButton);
     return bar;
 }
 
 } // namespace
 
 ProgressBarPage::ProgressBarPage(const PageHost &pageHost, const QRectF &area) :
-    Page(pageHost, area, QStringLiteral("Progress bar"),
-         QStringLiteral("Values as they are shown; slider and bar follow each other"))
+    CardPage(pageHost, area, QStringLiteral("Progress bar"),
+             QStringLiteral("From 0 to 100 percent; it is 30 px high, whatever its rectangle is"))
 {
-    const QRectF room = body();
-    const qreal live = isUpright() ? stackedHeightPx : Parts::sliderAndBarHeight;
-    const QRectF table = room.adjusted(0, 0, 0, -live - Theme::pageMargin);
-    const int columns = isUpright() ? 2 : 3;
-    const QVector<QRectF> cells = Parts::grid(table, columns, sampleCount / columns,
-                                              Theme::pageMargin);
-    for (int i = 0; i < sampleCount - 1; ++i)
-        addSample(cells.at(i), sampleValues[i]);
-    addTallSample(cells.at(sampleCount - 1));
-    Parts::addSliderAndBar(host, this, {room.x(), room.bottom() - live, room.width(), live});
-}
+    const SliderAndBar live = newSliderAndBar(host, Code::newProgressBar());
+    QGraphicsLinearLayout *card = newCard(
+        QStringLiteral("Move the slider; the bar's code is shown"));
+    addSamples(card, {{live.bar, QString(), 0, barPx}});
+    addSamples(card, {{live.slider, QString()}});
+    addSamples(card, live.buttons(), 72);
 
-void ProgressBarPage::addSample(const QRectF &cell, int value)
-{
-    KELRoundRectControl *card = Parts::addPanel(this, cell.adjusted(0, 0, 0, -Theme::notePx));
-    addBar(card, card->rect().adjusted(Theme::gap, 0, -Theme::gap, 0), value);
-    Parts::addNote(this, {cell.x(), cell.bottom() - Theme::notePx, cell.width(), Theme::notePx},
-                   QStringLiteral("setValue(%1)").arg(value));
-}
+    QGraphicsLinearLayout *values = newCard(QStringLiteral("Values"));
+    for (const int value : {0, 33, 66, 100})
+        addSamples(values, {{newBar(value), QString(), 0, barPx}});
 
-// The outline is the control's rectangle: the bar stays as high as ever.
-void ProgressBarPage::addTallSample(const QRectF &cell)
-{
-    const QRectF rect = cell.adjusted(0, 0, 0, -Theme::notePx);
-    KELRoundRectControl *outline = Parts::addCard(this, rect);
-    outline->style()->borderBrush = QBrush(QColor(Theme::accent));
-    outline->style()->xRadius = outline->style()->yRadius = 0;
-    KELProcessBar *bar = addBar(this, rect, 75);
-    bar->style()->backgroundBrush = QColor(Theme::disabled);
-    bar->style()->borderBrush = QColor(Theme::warm);
-    bar->style()->foregroundBrush = QColor(Theme::ink);
-    Parts::addNote(this, {cell.x(), cell.bottom() - Theme::notePx, cell.width(), Theme::notePx},
-                   QStringLiteral("%1 px tall").arg(rect.height()));
+    KELProcessBar *dressed = newBar(75);
+    dressed->style()->backgroundBrush = QColor(Theme::line);
+    QColor fill(Theme::warm);
+    fill.setAlpha(fillAlpha); // the number is legible on both
+    dressed->style()->borderBrush = fill;
+    KELProcessBar *disabled = newBar(75);
+    disabled->setEnabled(false);
+    QGraphicsLinearLayout *looks = newCard(QStringLiteral("Colours of its own, disabled"));
+    addSamples(looks, {{dressed, QString(), 0, barPx}});
+    addSamples(looks, {{disabled, QString(), 0, barPx}});
 }

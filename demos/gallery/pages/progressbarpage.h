@@ -4,10 +4,10 @@
 #ifndef PROGRESSBARPAGE_H
 #define PROGRESSBARPAGE_H
 
-#include "page.h"
+#include "cardpage.h"
 
-// KELProcessBar: what it shows of several values, and one that a slider drives.
-class ProgressBarPage : public Page
+// KELProcessBar: one that follows a slider, values, and colours.
+class ProgressBarPage : public CardPage
 {
     Q_OBJECT
 
@@ -16,9 +16,6 @@ public:
 
 private:
     Q_DISABLE_COPY(ProgressBarPage)
-
-    void addSample(const QRectF &cell, int value);
-    void addTallSample(const QRectF &cell);
 };
 
 #endif

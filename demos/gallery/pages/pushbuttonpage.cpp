@@ -3,136 +3,46 @@
 
 #include "pushbuttonpage.h"
 
+#include "code/code.h"
 #include "eventlog.h"
 #include "iconset.h"
 #include "parts.h"
 
-#include <QtGui/QPainter>
+#include <KELPushButton>
 
 namespace {
 
-constexpr qreal headingHeightPx = 36;
-constexpr qreal headingGapPx = 4;
-constexpr qreal maxCellHeightPx = 72;
-constexpr qreal liveHeightPx = 56;
-constexpr qreal stackedHeightPx = 144; // enough for two rows of live buttons
+constexpr qreal samplePx = 64;
+constexpr qreal iconPx = 24;
 
-enum Layout { PixmapAndCaption, PixmapAlone, GlyphAndCaption, GlyphAlone, CaptionAlone, Rectangle };
+enum Layout { GlyphAndCaption, GlyphAlone, CaptionAlone, PixmapAndCaption, PixmapAlone, Rectangle };
 enum State { Normal, Pressed, Checked, Disabled };
 
-const char *const layoutNames[] = {"Pixmap,\ncaption", "Pixmap\nalone",  "Glyph,\ncaption",
-                                   "Glyph\nalone",     "Caption\nalone", "Rectangle\nalone"};
+const char *const layoutNames[] = {"Glyph and caption",  "Glyph alone",  "Caption alone",
+                                   "Pixmap and caption", "Pixmap alone", "Rectangle alone"};
 const char *const stateNames[] = {"Normal", "Pressed", "Checked", "Disabled"};
-constexpr int layoutCount = int(std::size(layoutNames));
 constexpr int stateCount = int(std::size(stateNames));
-
-// A foreground brush makes room for a caption: these looks leave it alone.
-void dressWithoutCaption(KELPushButton *button)
-{
-    button->style()->foregroundBrush = QBrush(Qt::NoBrush);
-    button->setIsMouseDownTemplate([](KELPushButtonStyle &look) {
-        look.backgroundBrush = look.borderBrush = QColor(Theme::accentDark);
-    });
-    button->setIsCheckedTemplate([](KELPushButtonStyle &look) {
-        look.backgroundBrush = QColor(Theme::accentTint);
-        look.borderBrush = QColor(Theme::accent);
-        look.borderWidth = 2;
-    });
-    button->setIsDisableTemplate([](KELPushButtonStyle &look) {
-        look.backgroundBrush = look.borderBrush = QColor(Theme::disabled);
-    });
-}
-
-// A picture that leaves the rim of the button free: the outline shows its state.
-QPixmap framedLandscape(const QSize &size)
-{
-    constexpr int rimPx = 6;
-    QPixmap pixmap(size);
-    if (pixmap.isNull())
-        return pixmap;
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    painter.drawPixmap(rimPx, rimPx, Parts::landscape(size - QSize(2 * rimPx, 2 * rimPx)));
-    return pixmap;
-}
 
 } // namespace
 
 PushButtonPage::PushButtonPage(const PageHost &pageHost, const QRectF &area) :
-    Page(pageHost, area, QStringLiteral("Push button"),
-         QStringLiteral("Six layouts in four states; the buttons below are live"))
+    CardPage(pageHost, area, QStringLiteral("Push button"),
+             QStringLiteral("Press, check, disable; six layouts in four states"))
 {
-    const QRectF room = body();
-    const qreal tallest = headingHeightPx + headingGapPx
-        + stateCount * (maxCellHeightPx + Theme::gap) - Theme::gap;
-    const qreal table = qMin(tallest, room.height() - liveHeightPx - Theme::pageMargin);
-    addTable({room.x(), room.y(), room.width(), table});
-    addLiveButtons(room.adjusted(0, table + Theme::pageMargin, 0, 0));
+    addLiveButtons();
+    for (int layout = 0; layout < int(std::size(layoutNames)); ++layout)
+        addLayout(layout);
 }
 
-void PushButtonPage::addTable(const QRectF &area)
+void PushButtonPage::addLiveButtons()
 {
-    const qreal headingWidth = area.width() > 560 ? 80 : 64;
-    const QVector<QRectF> headings = Parts::grid(
-        {area.x() + headingWidth, area.y(), area.width() - headingWidth, headingHeightPx},
-        layoutCount, 1);
-    for (int layout = 0; layout < layoutCount; ++layout) {
-        Parts::addLabel(this, headings.at(layout).adjusted(-4, 0, 4, 0),
-                        QLatin1String(layoutNames[layout]), Theme::font(Theme::smallPx),
-                        Theme::muted, Qt::AlignCenter);
-    }
-    const QRectF cellArea = area.adjusted(headingWidth, headingHeightPx + headingGapPx, 0, 0);
-    const QVector<QRectF> cells = Parts::grid(cellArea, layoutCount, stateCount);
-    for (int state = 0; state < stateCount; ++state) {
-        const QRectF &first = cells.at(state * layoutCount);
-        Parts::addLabel(this, {area.x(), first.y(), headingWidth, first.height()},
-                        QLatin1String(stateNames[state]), Theme::font(Theme::smallPx),
-                        Theme::muted);
-        for (int layout = 0; layout < layoutCount; ++layout)
-            addSample(cells.at(state * layoutCount + layout), layout, state);
-    }
-}
-
-void PushButtonPage::addSample(const QRectF &rect, int layout, int state)
-{
-    const bool hasCaption = layout == PixmapAndCaption || layout == GlyphAndCaption
-        || layout == CaptionAlone;
-    KELPushButton *button = Parts::addButton(this, rect,
-                                             hasCaption ? QStringLiteral("Caption") : QString());
-    button->setAcceptedMouseButtons(Qt::NoButton);
-    button->setAcceptHoverEvents(false);
-    auto *style = static_cast<KELPushButtonStyle *>(button->style());
-    style->font = Theme::font(Theme::smallPx);
-    style->iconMargins = QMarginsF(5, 4, 5, 1);
-    style->margins = rect.height() < 56 ? QMarginsF(2, 1, 2, 1) : QMarginsF(2, 2, 2, 5);
-    if (layout == PixmapAndCaption)
-        style->pixmap = Parts::landscape(rect.size().toSize());
-    if (layout == PixmapAlone)
-        style->pixmap = framedLandscape(rect.size().toSize());
-    if (layout == GlyphAndCaption || layout == GlyphAlone)
-        style->icon = host.icons->glyph(Icon::home);
-    if (layout == PixmapAlone || layout == Rectangle)
-        dressWithoutCaption(button);
-
-    style->isMouseDown = state == Pressed;
-    style->isCheck = state == Checked;
-    button->setEnabled(state != Disabled);
-}
-
-void PushButtonPage::addLiveButtons(const QRectF &area)
-{
-    QVector<QRectF> cells = Parts::grid(area, 3, 1, Theme::pageMargin);
-    if (area.height() >= stackedHeightPx) {
-        const QVector<QRectF> rows = Parts::grid(area, 1, 2, Theme::pageMargin);
-        cells = rows.mid(0, 1) + Parts::grid(rows.at(1), 2, 1, Theme::pageMargin);
-    }
-    KELPushButton *press = Parts::addButton(this, cells.at(0), QStringLiteral("Press me"));
+    KELPushButton *press = Code::newPushButton();
     press->setObjectName(QStringLiteral("press-me"));
-    Parts::dressAsPrimary(press);
-    host.log->watch(press, press->text());
+    host.log->watch(press, QStringLiteral("Press me"));
 
-    KELPushButton *check = Parts::addButton(this, cells.at(1), QStringLiteral("Check me"));
+    auto *check = new KELPushButton;
     check->setObjectName(QStringLiteral("check-me"));
+    check->setText(QStringLiteral("Check me"));
     check->setCheck(remembered(QStringLiteral("checked")) != 0);
     connect(check, &KELPushButton::mouseClicked, this, [this, check] {
         check->setCheck(!check->isCheck());
@@ -141,12 +51,56 @@ void PushButtonPage::addLiveButtons(const QRectF &area)
                       check->isCheck() ? QStringLiteral("checked") : QStringLiteral("unchecked"));
     });
 
-    KELPushButton *toggle = Parts::addButton(this, cells.at(2), QStringLiteral("Disable"));
+    auto *toggle = new KELPushButton;
     toggle->setObjectName(QStringLiteral("disable"));
+    toggle->setText(QStringLiteral("Disable"));
     connect(toggle, &KELPushButton::mouseClicked, press, [this, press, toggle] {
         press->setEnabled(!press->isEnabled());
         toggle->setText(press->isEnabled() ? QStringLiteral("Disable") : QStringLiteral("Enable"));
-        host.log->add(press->text(),
+        host.log->add(QStringLiteral("Press me"),
                       press->isEnabled() ? QStringLiteral("enabled") : QStringLiteral("disabled"));
     });
+    addSamples(newCard(QStringLiteral("Press it; its code is shown")), {{press, QString(), 0, 56}});
+    addSamples(newCard(QStringLiteral("Check one button, disable another")),
+               {{check, QString(), 0, 56}, {toggle, QString(), 0, 56}}, 120);
+}
+
+void PushButtonPage::addLayout(int layout)
+{
+    QVector<Sample> samples;
+    for (int state = 0; state < stateCount; ++state) {
+        samples.append(
+            {newSample(layout, state), QLatin1String(stateNames[state]), samplePx, samplePx});
+    }
+    addSamples(newCard(QLatin1String(layoutNames[layout])), samples, samplePx);
+}
+
+KELPushButton *PushButtonPage::newSample(int layout, int state) const
+{
+    auto *button = new KELPushButton;
+    auto *style = static_cast<KELPushButtonStyle *>(button->style());
+    style->font = Theme::font(Theme::smallPx);
+    style->iconSize = iconPx;
+    // The pair of picture and caption is centred, with 6 px between them.
+    style->iconMargins = QMarginsF(8, 10, 8, 3);
+    style->margins = QMarginsF(2, 3, 2, 10);
+    if (layout == GlyphAndCaption || layout == PixmapAndCaption || layout == CaptionAlone)
+        button->setText(QStringLiteral("Home"));
+    if (layout == GlyphAndCaption || layout == GlyphAlone)
+        style->icon = host.icons->glyph(Icon::home);
+    if (layout == PixmapAndCaption || layout == PixmapAlone)
+        style->pixmap = Parts::landscape({int(samplePx), int(samplePx)});
+    if (layout == GlyphAlone || layout == PixmapAlone)
+        style->iconMargins = style->margins = QMarginsF(8, 8, 8, 8);
+    style->isMouseDown = state == Pressed;
+    style->isCheck = state == Checked;
+    button->setEnabled(state != Disabled);
+    if (state == Normal || state == Checked) {
+        host.log->watch(button, QLatin1String(layoutNames[layout]));
+        connect(button, &KELPushButton::mouseClicked, button,
+                [button] { button->setCheck(!button->isCheck()); });
+    } else {
+        button->setAcceptedMouseButtons(Qt::NoButton);
+    }
+    return button;
 }

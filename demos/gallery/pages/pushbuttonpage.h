@@ -4,10 +4,12 @@
 #ifndef PUSHBUTTONPAGE_H
 #define PUSHBUTTONPAGE_H
 
-#include "page.h"
+#include "cardpage.h"
 
-// KELPushButton: six layouts in four states, and buttons to press.
-class PushButtonPage : public Page
+class KELPushButton;
+
+// KELPushButton: buttons to press, and six layouts in four states.
+class PushButtonPage : public CardPage
 {
     Q_OBJECT
 
@@ -17,9 +19,9 @@ public:
 private:
     Q_DISABLE_COPY(PushButtonPage)
 
-    void addTable(const QRectF &area);
-    void addSample(const QRectF &rect, int layout, int state);
-    void addLiveButtons(const QRectF &area);
+    void addLiveButtons();
+    void addLayout(int layout);
+    KELPushButton *newSample(int layout, int state) const;
 };
 
 #endif

@@ -4,12 +4,12 @@
 #ifndef RADIOBOXPAGE_H
 #define RADIOBOXPAGE_H
 
-#include "page.h"
+#include "cardpage.h"
 
 class KELRadioBoxGroup;
 
-// KELRadioBox and KELRadioBoxGroup: a group of four, a box on its own, and selection by program.
-class RadioBoxPage : public Page
+// KELRadioBox and KELRadioBoxGroup: a group of four, selection by program, a box on its own.
+class RadioBoxPage : public CardPage
 {
     Q_OBJECT
 
@@ -19,10 +19,9 @@ public:
 private:
     Q_DISABLE_COPY(RadioBoxPage)
 
-    void addGroup(KELRoundRectControl *panel);
-    void addIdCard(KELRoundRectControl *panel);
-    void addLoner(KELRoundRectControl *panel);
-    void addSelectButtons(const QRectF &area);
+    void addGroup();
+    void addSelectButtons();
+    void addLoner();
 
     KELRadioBoxGroup *m_group;
 };

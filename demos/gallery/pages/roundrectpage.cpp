@@ -3,93 +3,78 @@
 
 #include "roundrectpage.h"
 
+#include "code/code.h"
 #include "eventlog.h"
 #include "iconset.h"
 #include "parts.h"
+#include "window.h"
 
-#include <KELContentView>
 #include <QtGui/QLinearGradient>
 #include <QtWidgets/QMenu>
 
 namespace {
 
-constexpr qreal captionPx = 20;
-constexpr qreal minSampleWidthPx = 104;
-constexpr qreal tileHeightPx = 64;
+constexpr QSizeF samplePx(88, 64);
+constexpr qreal tilePx = 56;
 
-QLinearGradient gradientFor(const KELRoundRectControl *control)
+KELRoundRectControl *newControl(qreal xRadius, qreal yRadius)
 {
-    const QRectF rect = control->boundingRect();
-    QLinearGradient gradient(rect.topLeft(), rect.bottomRight());
+    auto *control = new KELRoundRectControl;
+    control->setAcceptedMouseButtons(Qt::NoButton);
+    control->style()->xRadius = xRadius;
+    control->style()->yRadius = yRadius;
+    control->style()->borderWidth = 1;
+    return control;
+}
+
+KELRoundRectControl *newOutlined(QRgb colour, qreal width)
+{
+    KELRoundRectControl *control = newControl(16, 16);
+    control->style()->borderBrush = QColor(colour);
+    control->style()->borderWidth = width;
+    return control;
+}
+
+KELRoundRectControl *newGradient()
+{
+    KELRoundRectControl *control = newControl(16, 16);
+    QLinearGradient gradient({0, 0}, {samplePx.width(), samplePx.height()}); // in item px
     gradient.setColorAt(0, QColor(0x57, 0x8f, 0xf7));
     gradient.setColorAt(1, QColor(0x9b, 0x51, 0xe0));
-    return gradient;
+    control->style()->backgroundBrush = gradient;
+    control->style()->borderBrush = QBrush(Qt::NoBrush);
+    return control;
 }
 
-void setRadii(KELRoundRectControlStyle *style, qreal xRadius, qreal yRadius)
+KELRoundRectControl *newPicture(qreal margin)
 {
-    style->xRadius = xRadius;
-    style->yRadius = yRadius;
-}
-
-void showPicture(KELRoundRectControl *control, qreal margin)
-{
+    KELRoundRectControl *control = newControl(0, 0);
     control->style()->margins = QMarginsF(margin, margin, margin, margin);
     control->style()->pixmap = Parts::landscape(
-        (control->rect().size() - QSizeF(2 * margin, 2 * margin)).toSize());
+        (samplePx - QSizeF(2 * margin, 2 * margin)).toSize());
+    return control;
 }
 
-struct Sample
+KELRoundRectControl *newGlyph(const IconSet &icons)
 {
-    const char *caption;
-    void (*apply)(KELRoundRectControl *control, const IconSet &icons);
-};
+    KELRoundRectControl *control = newControl(16, 16);
+    control->style()->icon = icons.glyph(Icon::star);
+    control->style()->iconSize = 36;
+    control->style()->foregroundBrush = QColor(Theme::warm);
+    return control;
+}
 
-const Sample samples[] = {
-    {"Square corners",
-     [](KELRoundRectControl *control, const IconSet &) { setRadii(control->style(), 0, 0); }},
-    {"Radius 20",
-     [](KELRoundRectControl *control, const IconSet &) { setRadii(control->style(), 20, 20); }},
-    {"Radii 48, 16",
-     [](KELRoundRectControl *control, const IconSet &) { setRadii(control->style(), 48, 16); }},
-    {"Outline 3 px",
-     [](KELRoundRectControl *control, const IconSet &) {
-         control->style()->borderBrush = QColor(Theme::accent);
-         control->style()->borderWidth = 3;
-     }},
-    {"Outline 8 px",
-     [](KELRoundRectControl *control, const IconSet &) {
-         control->style()->borderBrush = QColor(Theme::warm);
-         control->style()->borderWidth = 8;
-         setRadii(control->style(), 16, 16);
-     }},
-    {"Gradient",
-     [](KELRoundRectControl *control, const IconSet &) {
-         control->style()->backgroundBrush = gradientFor(control);
-         control->style()->borderBrush = QBrush(Qt::NoBrush);
-     }},
-    {"Pixmap",
-     [](KELRoundRectControl *control, const IconSet &) {
-         setRadii(control->style(), 0, 0);
-         showPicture(control, 1);
-     }},
-    {"Margins 16", [](KELRoundRectControl *control, const IconSet &) { showPicture(control, 16); }},
-    {"Glyph",
-     [](KELRoundRectControl *control, const IconSet &icons) {
-         control->style()->icon = icons.glyph(Icon::star);
-         control->style()->iconSize = 36;
-         control->style()->foregroundBrush = QColor(Theme::warm);
-     }},
-    {"Elided lines",
-     [](KELRoundRectControl *control, const IconSet &) {
-         control->style()->text = QStringLiteral(
-             "Short line\nA line that is far too long for its box\n"
-             "Another one that does not fit either");
-         control->style()->font = Theme::font(Theme::smallPx);
-         control->style()->textFlags = Qt::AlignLeft | Qt::AlignVCenter;
-         control->style()->margins = QMarginsF(10, 4, 10, 4);
-     }},
-};
+KELRoundRectControl *newElided()
+{
+    KELRoundRectControl *control = newControl(Theme::radius, Theme::radius);
+    control->style()->text = QStringLiteral("Short line\nA line that is far too long for the box "
+                                            "that it is in\nAnother one that does not fit in its "
+                                            "box either, by far");
+    control->style()->font = Theme::font(Theme::smallPx);
+    control->style()->textFlags = Qt::AlignLeft | Qt::AlignVCenter;
+    control->style()->margins = QMarginsF(10, 4, 10, 4);
+    return control;
+}
 
 } // namespace
 
@@ -99,7 +84,7 @@ class Tile : public KELRoundRectControl
     Q_OBJECT
 
 public:
-    Tile(EventLog *log, QGraphicsObject *parent) : KELRoundRectControl(parent), m_log(log)
+    explicit Tile(EventLog *log) : m_log(log)
     {
         // The base is not selectable and would get no release without that.
         setFlag(ItemIsSelectable);
@@ -107,17 +92,16 @@ public:
         setAcceptTouchEvents(true);
         setAcceptedMouseButtons(Qt::LeftButton);
         style()->borderWidth = 1;
-        setRadii(style(), Theme::radius, Theme::radius);
+        style()->xRadius = style()->yRadius = Theme::radius;
         style()->font = Theme::font(Theme::bodyPx);
     }
 
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override
     {
         const bool isLit = isMouseDown() || isCheck();
-        const QRgb fill = isMouseDown() ? Theme::accentDark : Theme::accent;
-        style()->backgroundBrush = QColor(isLit ? fill : Theme::card);
-        style()->borderBrush = QColor(isLit ? fill : Theme::accent);
-        style()->foregroundBrush = QColor(isLit ? Theme::onAccent : Theme::accentDark);
+        style()->backgroundBrush = QColor(isLit ? Theme::accent : Theme::card);
+        style()->borderBrush = QColor(Theme::accent);
+        style()->foregroundBrush = QColor(isLit ? Theme::onAccent : Theme::accent);
         KELRoundRectControl::paint(painter, option, widget);
     }
 
@@ -133,58 +117,59 @@ private:
 };
 
 RoundRectPage::RoundRectPage(const PageHost &pageHost, const QRectF &area) :
-    Page(pageHost, area, QStringLiteral("Round rect control"),
-         QStringLiteral("The base of every control: shape, picture, glyph, caption and pointer"))
+    CardPage(
+        pageHost, area, QStringLiteral("Round rect control"),
+        QStringLiteral("The base of every control: shape, picture, glyph, caption and pointer"))
 {
-    const QRectF room = body();
-    addSamples(room.adjusted(0, 0, 0, -tileHeightPx - Theme::pageMargin));
-    addTiles({room.x(), room.bottom() - tileHeightPx, room.width(), tileHeightPx});
+    const auto sized = [](KELRoundRectControl *control, const char *caption) {
+        return Sample{control, QLatin1String(caption), samplePx.width(), samplePx.height()};
+    };
+    addTiles();
+    addSamples(newCard(QStringLiteral("Corners: xRadius, yRadius")),
+               {sized(newControl(0, 0), "0, 0"), sized(newControl(20, 20), "20, 20"),
+                sized(newControl(44, 16), "44, 16")},
+               samplePx.width());
+    addSamples(newCard(QStringLiteral("Outline: borderBrush, borderWidth")),
+               {sized(newOutlined(Theme::line, 1), "1 px"),
+                sized(newOutlined(Theme::accent, 3), "3 px"),
+                sized(newOutlined(Theme::warm, 8), "8 px")},
+               samplePx.width());
+    addSamples(newCard(QStringLiteral("Picture: pixmap, icon, margins")),
+               {sized(newPicture(0), "pixmap"), sized(newPicture(16), "margins 16"),
+                sized(newGlyph(*host.icons), "icon")},
+               samplePx.width());
+    addSamples(newCard(QStringLiteral("Ground: backgroundBrush, a gradient")),
+               {sized(newGradient(), "in item px")}, samplePx.width());
+    addSamples(newCard(QStringLiteral("Lines that are too long are elided")),
+               {{newElided(), QString(), 0, samplePx.height()}});
 }
 
-void RoundRectPage::addSamples(const QRectF &area)
+void RoundRectPage::addTiles()
 {
-    const int count = int(std::size(samples));
-    // Both leave no cell empty.
-    const int columns = Parts::fitting(area.width(), minSampleWidthPx, 5, Theme::pageMargin) == 5
-        ? 5
-        : 2;
-    const QVector<QRectF> cells = Parts::grid(area, columns, count / columns, Theme::pageMargin);
-    for (int i = 0; i < count; ++i) {
-        const QRectF &cell = cells.at(i);
-        const qreal height = qMax(0.0, cell.height() - captionPx);
-        KELRoundRectControl *control = Parts::addCard(this,
-                                                      {cell.x(), cell.y(), cell.width(), height});
-        Parts::addLabel(this, {cell.x(), cell.y() + height, cell.width(), captionPx},
-                        QLatin1String(samples[i].caption), Theme::font(Theme::smallPx),
-                        Theme::muted, Qt::AlignCenter);
-        // Applied within the page, where the gradient finds the final rectangle.
-        samples[i].apply(control, *host.icons);
-    }
-}
-
-void RoundRectPage::addTiles(const QRectF &area)
-{
-    const QVector<QRectF> cells = Parts::grid(area, 3, 1, Theme::pageMargin);
-    Tile *signalsTile = addTile(cells.at(0), QStringLiteral("Seven signals"),
-                                QStringLiteral("seven-signals"));
+    Tile *signalsTile = newTile(QStringLiteral("Seven signals"), QStringLiteral("seven-signals"));
     host.log->watch(signalsTile, signalsTile->text());
 
-    Tile *menuTile = addTile(cells.at(1), QStringLiteral("Hold for a menu"),
-                             QStringLiteral("hold-for-menu"));
+    Tile *menuTile = newTile(QStringLiteral("Hold for a menu"), QStringLiteral("hold-for-menu"));
     addMenu(menuTile);
     connect(menuTile, &KELRoundRectControl::mouseLongPress, host.log, [log = host.log] {
         log->add(QStringLiteral("Hold for a menu"), QStringLiteral("mouseLongPress"));
     });
 
-    Tile *checkTile = addTile(cells.at(2), QStringLiteral("Check me"), QStringLiteral("check-me"));
+    Tile *checkTile = newTile(QStringLiteral("Check me"), QStringLiteral("check-me"));
     connect(checkTile, &KELRoundRectControl::mouseClicked, checkTile,
             [checkTile] { checkTile->setCheck(!checkTile->isCheck()); });
+    addSamples(newWideCard(QStringLiteral("Touch them, and look at the signals")),
+               {{signalsTile, QString(), 0, tilePx},
+                {menuTile, QString(), 0, tilePx},
+                {checkTile, QString(), 0, tilePx}},
+               128);
+    addSamples(newCard(QStringLiteral("A card; its code is shown")),
+               {{Code::newCard(), QString(), 0, tilePx}});
 }
 
-Tile *RoundRectPage::addTile(const QRectF &rect, const QString &text, const QString &objectName)
+Tile *RoundRectPage::newTile(const QString &text, const QString &objectName)
 {
-    auto *tile = new Tile(host.log, this);
-    tile->setboundRect(rect);
+    auto *tile = new Tile(host.log);
     tile->setObjectName(objectName);
     tile->style()->text = text;
     return tile;
@@ -194,10 +179,12 @@ void RoundRectPage::addMenu(Tile *tile)
 {
     // The control disposes of the menu; the view does when the event loop has ended before.
     auto *menu = new QMenu(host.view);
-    menu->setStyleSheet(QStringLiteral(
-        "QMenu { background: #ffffff; border: 1px solid #cfd8e3; padding: 4px; }"
-        "QMenu::item { color: #17212e; font-size: 16px; padding: 15px 40px 15px 20px; }"
-        "QMenu::item:selected { background: #e1edfc; color: #084a9c; }"));
+    menu->setStyleSheet(
+        QStringLiteral("QMenu { background: %1; border: 1px solid %2; padding: 4px; }"
+                       "QMenu::item { color: %3; font-size: 16px; padding: 15px 40px 15px 20px; }"
+                       "QMenu::item:selected { background: %4; }")
+            .arg(QColor(Theme::card).name(), QColor(Theme::line).name(), QColor(Theme::ink).name(),
+                 QColor(Theme::barPressed).name()));
     for (const char *entry : {"Copy", "Paste", "Delete"})
         menu->addAction(QLatin1String(entry));
     connect(menu, &QMenu::triggered, host.log, [log = host.log](const QAction *action) {

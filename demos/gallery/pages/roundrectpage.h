@@ -4,12 +4,12 @@
 #ifndef ROUNDRECTPAGE_H
 #define ROUNDRECTPAGE_H
 
-#include "page.h"
+#include "cardpage.h"
 
 class Tile;
 
-// KELRoundRectControl: what the style record draws, and what the pointer makes it emit.
-class RoundRectPage : public Page
+// KELRoundRectControl: what the pointer makes it emit, and what the style record draws.
+class RoundRectPage : public CardPage
 {
     Q_OBJECT
 
@@ -19,9 +19,8 @@ public:
 private:
     Q_DISABLE_COPY(RoundRectPage)
 
-    void addSamples(const QRectF &area);
-    void addTiles(const QRectF &area);
-    Tile *addTile(const QRectF &rect, const QString &text, const QString &objectName);
+    void addTiles();
+    Tile *newTile(const QString &text, const QString &objectName);
     void addMenu(Tile *tile);
 };
 

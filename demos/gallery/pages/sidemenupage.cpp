@@ -6,6 +6,9 @@
 #include "eventlog.h"
 #include "iconset.h"
 #include "parts.h"
+#include "window.h"
+
+#include <KELContentView>
 
 #include <KELContentView>
 
@@ -21,11 +24,16 @@ constexpr Entry entries[] = {
     {"Home", Icon::home}, {"Marked", Icon::star}, {"Alarms", Icon::bell}, {"Locks", Icon::lock}};
 constexpr int entryCount = int(std::size(entries));
 
+constexpr qreal leastEntryPx = 48;
 constexpr float spacePx = 2;
+constexpr qreal iconPx = 20;
+constexpr qreal captionPx = 16;
+constexpr qreal leastPairPx = 56;
 constexpr float outlinePx = 1;
 constexpr qreal columnPx = 112;
 constexpr qreal columnLengthPx = 308;
 constexpr qreal rowPx = 72;
+constexpr qreal statePx = 96;
 // What a menu puts between its entries, and around them, at most.
 constexpr qreal betweenPx = 4 * spacePx;
 
@@ -42,7 +50,9 @@ SideMenuPage::SideMenuPage(const PageHost &pageHost, const QRectF &area) :
     m_rowFrame = Parts::addDarkPanel(this, {rest.x(), rest.y(), rest.width(), rowPx});
     m_columnFrame->setObjectName(QStringLiteral("frame-column"));
     m_rowFrame->setObjectName(QStringLiteral("frame-row"));
-    m_state = Parts::addCard(this, rest.adjusted(0, rowPx + Theme::pageMargin, 0, 0));
+    const qreal stateTop = rest.y() + rowPx + Theme::pageMargin;
+    m_state = Parts::addCard(
+        this, {rest.x(), stateTop, rest.width(), qMin(statePx, room.bottom() - stateTop)});
     m_state->setObjectName(QStringLiteral("menu-state"));
     m_state->style()->font = Theme::font(Theme::titlePx, true);
     m_state->style()->text = QStringLiteral("Nothing chosen yet");
@@ -74,11 +84,12 @@ KELSideMenu *SideMenuPage::makeMenu(const KELRoundRectControl *frame,
 
     const bool isColumn = orientation == KELSideMenu::Vertical;
     const qreal length = isColumn ? place.height() : place.width();
-    const qreal along = qMax(1.0, qreal(int(length / entryCount - betweenPx)));
+    const int count = qBound(1, int(length / (leastEntryPx + betweenPx)), entryCount);
+    const qreal along = qMax(1.0, qreal(int(length / count - betweenPx)));
     const qreal across = qMax(1.0, (isColumn ? place.width() : place.height()) - 2 * Theme::gap);
-    for (const Entry &entry : entries) {
+    for (int i = 0; i < count; ++i) {
         addEntry(menu, isColumn ? QSizeF(across, along) : QSizeF(along, across),
-                 QLatin1String(entry.text), entry.icon);
+                 QLatin1String(entries[i].text), entries[i].icon);
     }
     menu->move(place.center() - menu->rect().center());
     menu->show();
@@ -90,13 +101,19 @@ void SideMenuPage::addEntry(KELSideMenu *menu, const QSizeF &size, const QString
     auto *button = new KELPushButton;
     button->setboundRect(QRectF(QPointF(), size));
     Parts::dress(button);
-    KELRoundRectControlStyle *style = button->style();
+    auto *style = static_cast<KELPushButtonStyle *>(button->style());
     style->backgroundBrush = QColor(Theme::bar);
     style->borderBrush = QBrush(Qt::NoBrush);
     style->foregroundBrush = QColor(Theme::barText);
     style->font = Theme::font(Theme::smallPx);
-    style->margins = QMarginsF(0, 4, 0, 4);
-    style->icon = host.icons->glyph(icon);
+    // Glyph and caption are a pair in the middle, with 6 px between them, if both have room.
+    const qreal around = (size.height() - iconPx - 6 - captionPx) / 2;
+    style->iconSize = iconPx;
+    if (size.height() >= leastPairPx) {
+        style->icon = host.icons->glyph(icon);
+        style->iconMargins = QMarginsF(0, around, 0, 3);
+        style->margins = QMarginsF(0, 3, 0, around);
+    }
     style->text = text;
     const QString name = menu->objectName();
     button->setObjectName((name + QLatin1Char('-') + text).toLower());

@@ -4,10 +4,10 @@
 #ifndef SLIDECONTROLPAGE_H
 #define SLIDECONTROLPAGE_H
 
-#include "page.h"
+#include "cardpage.h"
 
-// KELSlideControl: bounds, steps and looks, and one that drives a progress bar.
-class SlideControlPage : public Page
+// KELSlideControl: one that a bar follows, bounds, steps and looks.
+class SlideControlPage : public CardPage
 {
     Q_OBJECT
 
@@ -17,7 +17,7 @@ public:
 private:
     Q_DISABLE_COPY(SlideControlPage)
 
-    void addSample(const QRectF &cell, int index);
+    void addSlider(int index);
 };
 
 #endif

@@ -3,17 +3,17 @@
 
 #include "textpixmappage.h"
 
+#include "code/code.h"
 #include "eventlog.h"
-#include "parts.h"
 
+#include <KELPushButton>
 #include <KELTextPixmap>
 #include <QtGui/QLinearGradient>
 
 namespace {
 
-constexpr int fontSizesPx[] = {24, 32, 40, 16};
-constexpr qreal captionPx = 20;
-constexpr qreal minSampleWidthPx = 176;
+constexpr int fontSizesPx[] = {16, 20, 24};
+constexpr QSizeF samplePx(240, 64);
 
 QBrush rainbow(const QSize &size)
 {
@@ -33,8 +33,8 @@ struct Sample
 const Sample samples[] = {
     {"Transparent",
      [](const QSize &size, const QFont &font) {
-         return KELTextPixmap(QStringLiteral("Glass"), size, QColor(Theme::onAccent),
-                              QBrush(Qt::NoBrush), font);
+         return KELTextPixmap(QStringLiteral("Glass"), size, QColor(Qt::white), QBrush(Qt::NoBrush),
+                              font);
      }},
     {"Solid",
      [](const QSize &size, const QFont &font) {
@@ -51,37 +51,41 @@ const Sample samples[] = {
          return KELTextPixmap(QStringLiteral("A caption of several words"), size,
                               QColor(Theme::ink), QColor(Theme::accentTint), font);
      }},
-    {"Clipped",
+    {"Too long: it wraps, and is cut below",
      [](const QSize &size, const QFont &font) {
-         return KELTextPixmap(QStringLiteral("Antidisestablishmentarianism"), size,
-                              QColor(Theme::ink), QColor(0xfd, 0xec, 0xdc), font);
+         return KELTextPixmap(QStringLiteral("A line that is too long for its picture"), size,
+                              QColor(Theme::ink), QColor(Theme::disabled), font);
      }},
 };
 
 } // namespace
 
 TextPixmapPage::TextPixmapPage(const PageHost &pageHost, const QRectF &area) :
-    Page(pageHost, area, QStringLiteral("Text pixmap"),
-         QStringLiteral("Captions drawn into pictures, shown by base controls"))
+    CardPage(pageHost, area, QStringLiteral("Text pixmap"),
+             QStringLiteral("Captions drawn into pictures, shown by base controls")),
+    m_sizeButton(new KELPushButton)
 {
-    const QRectF room = body();
-    const int count = int(std::size(samples));
-    const int columns = Parts::fitting(room.width(), minSampleWidthPx, 3, Theme::pageMargin);
-    const int rows = count / columns + 1;
-    const QVector<QRectF> cells = Parts::grid(room, columns, rows, Theme::pageMargin);
-    for (int i = 0; i < count; ++i)
-        addSample(cells.at(i), QLatin1String(samples[i].caption));
+    auto *shown = new KELRoundRectControl;
+    shown->setAcceptedMouseButtons(Qt::NoButton);
+    shown->style()->pixmap = Code::newBadge();
+    addSamples(newCard(QStringLiteral("A badge: its code is shown")), {{shown, QString(), 96, 32}});
+    addSamples(newCard(QStringLiteral("Another size for all pictures below")),
+               {{m_sizeButton, QString(), 0, 56}});
+    for (const auto &sample : samples) {
+        auto *control = new KELRoundRectControl;
+        control->setAcceptedMouseButtons(Qt::NoButton);
+        control->style()->borderWidth = 0;
+        control->style()->xRadius = control->style()->yRadius = 0;
+        addSamples(newCard(QLatin1String(sample.caption)),
+                   {{control, QString(), samplePx.width(), samplePx.height()}});
+        m_samples.append(control);
+    }
     // The transparent picture lets this through.
-    QLinearGradient backdrop(m_samples.first()->boundingRect().topLeft(),
-                             m_samples.first()->boundingRect().bottomRight());
-    backdrop.setColorAt(0, QColor(0x57, 0x8f, 0xf7));
-    backdrop.setColorAt(1, QColor(0x9b, 0x51, 0xe0));
+    QLinearGradient backdrop({0, 0}, {samplePx.width(), samplePx.height()});
+    backdrop.setColorAt(0, QColor(0x3b, 0x6f, 0xd7));
+    backdrop.setColorAt(1, QColor(0x8b, 0x41, 0xd0));
     m_samples.first()->style()->backgroundBrush = backdrop;
 
-    const QRectF &last = cells.at(count);
-    const qreal height = qMax(0.0, last.height() - captionPx);
-    m_sizeButton = Parts::addButton(this, {last.x(), last.y(), last.width(), height}, QString());
-    Parts::dressAsPrimary(m_sizeButton);
     m_sizeButton->setObjectName(QStringLiteral("font-size"));
     connect(m_sizeButton, &KELPushButton::mouseClicked, this, [this] {
         int &index = remembered(QStringLiteral("font"));
@@ -92,25 +96,13 @@ TextPixmapPage::TextPixmapPage(const PageHost &pageHost, const QRectF &area) :
     refresh();
 }
 
-void TextPixmapPage::addSample(const QRectF &cell, const QString &caption)
-{
-    const qreal height = qMax(0.0, cell.height() - captionPx);
-    KELRoundRectControl *sample = Parts::addCard(this, {cell.x(), cell.y(), cell.width(), height});
-    sample->style()->xRadius = sample->style()->yRadius = 0;
-    sample->style()->margins = QMarginsF(1, 1, 1, 1);
-    Parts::addLabel(this, {cell.x(), cell.y() + height, cell.width(), captionPx}, caption,
-                    Theme::font(Theme::smallPx), Theme::muted, Qt::AlignCenter);
-    m_samples.append(sample);
-}
-
 void TextPixmapPage::refresh()
 {
     const int fontPx = fontSizesPx[remembered(QStringLiteral("font"))];
     for (int i = 0; i < m_samples.size(); ++i) {
-        KELRoundRectControl *sample = m_samples.at(i);
-        const QSize size = (sample->rect().size() - QSizeF(2, 2)).toSize();
-        sample->style()->pixmap = samples[i].draw(size, Theme::font(fontPx, true));
-        sample->update();
+        m_samples.at(i)->style()->pixmap = samples[i].draw(samplePx.toSize(),
+                                                           Theme::font(fontPx, true));
+        m_samples.at(i)->update();
     }
     m_sizeButton->setText(QStringLiteral("Font size: %1 px").arg(fontPx));
 }

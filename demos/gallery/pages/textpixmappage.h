@@ -4,14 +4,14 @@
 #ifndef TEXTPIXMAPPAGE_H
 #define TEXTPIXMAPPAGE_H
 
-#include "page.h"
+#include "cardpage.h"
 
 #include <QtCore/QVector>
 
 class KELPushButton;
 
-// KELTextPixmap: captions as pictures.
-class TextPixmapPage : public Page
+// KELTextPixmap: captions drawn into pictures, in several sizes.
+class TextPixmapPage : public CardPage
 {
     Q_OBJECT
 
@@ -21,7 +21,6 @@ public:
 private:
     Q_DISABLE_COPY(TextPixmapPage)
 
-    void addSample(const QRectF &cell, const QString &caption);
     void refresh();
 
     QVector<KELRoundRectControl *> m_samples;

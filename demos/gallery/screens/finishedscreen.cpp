@@ -5,6 +5,19 @@
 
 #include <KELTheme>
 #include <QtCore/QEvent>
+#include <QtWidgets/QGraphicsLayout>
+
+// Now, from the outside to the inside: what is shown next shall not move afterwards.
+static void layOut(QGraphicsItem *item)
+{
+    if (item->isWidget()) {
+        if (QGraphicsLayout *layout = static_cast<QGraphicsWidget *>(item)->layout())
+            layout->activate();
+    }
+    const QList<QGraphicsItem *> children = item->childItems();
+    for (QGraphicsItem *child : children)
+        layOut(child);
+}
 
 FinishedScreen::FinishedScreen(KELTheme *theme) : m_theme(theme)
 {
@@ -30,8 +43,10 @@ void FinishedScreen::resizeEvent(QGraphicsSceneResizeEvent *event)
 void FinishedScreen::changeEvent(QEvent *event)
 {
     KELPage::changeEvent(event);
+    // Later: Qt crashes if a layout, which has a hidden window, is deleted while it tells all
+    // windows the direction of the application.
     if (event->type() == QEvent::LayoutDirectionChange)
-        rebuild();
+        QMetaObject::invokeMethod(this, &FinishedScreen::rebuild, Qt::QueuedConnection);
 }
 
 void FinishedScreen::rebuild()
@@ -42,5 +57,6 @@ void FinishedScreen::rebuild()
     m_content = new QGraphicsWidget(this);
     m_content->resize(size());
     build(m_content);
+    layOut(m_content);
     m_theme->applyTo(m_content); // at once: what is new would be dressed one iteration later
 }

@@ -3,6 +3,8 @@
 
 #include "screenkit.h"
 
+#include "titlebutton.h"
+
 #include <KELLabel>
 #include <KELLayout>
 #include <KELTheme>
@@ -14,6 +16,7 @@
 namespace {
 
 constexpr qreal smallShortSidePx = 400;
+constexpr qreal topPx = 4;
 
 } // namespace
 
@@ -37,6 +40,13 @@ qreal Kit::cardGapPx(const QSizeF &screen)
     return isSmall(screen) ? 8 : gapPx;
 }
 
+int Kit::figurePxFor(const QSizeF &screen)
+{
+    if (isSmall(screen))
+        return figurePx;
+    return isUpright(screen) ? uprightFigurePx : bigFigurePx;
+}
+
 QFont Kit::font(int sizePx, QFont::Weight weight)
 {
     QFont font;
@@ -49,7 +59,7 @@ QGraphicsLinearLayout *Kit::newColumn(QGraphicsWidget *content)
 {
     auto *column = new QGraphicsLinearLayout(Qt::Vertical, content);
     const qreal edge = edgePx(content->size());
-    column->setContentsMargins(edge, isSmall(content->size()) ? 8 : 16, edge, edge);
+    column->setContentsMargins(edge, isSmall(content->size()) ? 0 : topPx, edge, edge);
     column->setSpacing(cardGapPx(content->size()));
     return column;
 }
@@ -60,11 +70,12 @@ KELLabel *Kit::addTitleLine(QGraphicsLinearLayout *column, const KELTheme &theme
     auto *line = new QGraphicsLinearLayout(Qt::Horizontal);
     line->setMinimumHeight(titleLinePx);
     line->setMaximumHeight(titleLinePx);
-    KELLayout::add(line, newLabel(title, font(bodyPx, QFont::Medium)), 1);
+    line->addItem(new TitleButton(title, font(bodyPx, QFont::Medium)));
     KELLabel *label = newMutedLabel(theme, status, Qt::AlignRight | Qt::AlignVCenter);
     label->style()->font = font(bodyPx);
     KELLayout::add(line, label, 1);
     column->addItem(line);
+    column->setItemSpacing(column->count() - 1, 4);
     return label;
 }
 
@@ -95,6 +106,21 @@ KELLabel *Kit::newMutedLabel(const KELTheme &theme, const QString &text, Qt::Ali
     KELLabel *label = newLabel(text, font(secondaryPx), alignment);
     label->style()->foregroundBrush = theme.color(KELTheme::Muted);
     return label;
+}
+
+void Kit::addLine(QGraphicsLinearLayout *layout, KELRoundRectControl *control, qreal heightPx)
+{
+    QGraphicsLayoutItem *item = KELLayout::item(control);
+    item->setMinimumSize(0, heightPx);
+    item->setPreferredHeight(heightPx);
+    item->setMaximumHeight(heightPx);
+    item->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    KELLayout::add(layout, control, layout->orientation() == Qt::Horizontal ? 1 : 0);
+}
+
+QBrush Kit::ownBrush(const QColor &colour)
+{
+    return colour.toHsv(); // equals the same colour in RGB only on the screen
 }
 
 void Kit::setText(KELLabel *label, const QString &text)

@@ -5,6 +5,7 @@
 #define SCREENKIT_H
 
 #include <QtCore/QSizeF>
+#include <QtGui/QBrush>
 #include <QtGui/QFont>
 
 QT_BEGIN_NAMESPACE
@@ -26,11 +27,12 @@ enum Font : int {
     titlePx = 22,
     smallFigurePx = 34,
     figurePx = 44,
+    uprightFigurePx = 68,
     bigFigurePx = 92
 };
 
 constexpr qreal gapPx = 16; // between cards, and inside them
-constexpr qreal titleLinePx = 24;
+constexpr qreal titleLinePx = 48; // a tap on the title goes back
 
 // Whether there is no room for more than one column, or two tiles in a row.
 bool isSmall(const QSizeF &screen);
@@ -40,6 +42,9 @@ bool isUpright(const QSizeF &screen);
 qreal edgePx(const QSizeF &screen);
 // Between cards.
 qreal cardGapPx(const QSizeF &screen);
+
+// For the one figure of a screen.
+int figurePxFor(const QSizeF &screen);
 
 QFont font(int sizePx, QFont::Weight weight = QFont::Normal);
 
@@ -64,6 +69,12 @@ KELLabel *newLabel(const QString &text, const QFont &font,
 // The same in secondary print.
 KELLabel *newMutedLabel(const KELTheme &theme, const QString &text,
                         Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter);
+
+// Appends a control that has a height of its own, and as much of the width as there is.
+void addLine(QGraphicsLinearLayout *layout, KELRoundRectControl *control, qreal heightPx);
+
+// A brush that no theme takes for the one of a new control: black is the colour of its caption.
+QBrush ownBrush(const QColor &colour);
 
 // Changes the text, and paints anew, only if it is another one.
 void setText(KELLabel *label, const QString &text);

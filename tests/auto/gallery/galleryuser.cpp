@@ -4,15 +4,17 @@
 #include "galleryuser.h"
 
 #include "galleryprocess.h"
+#include "homepage.h"
 #include "pageregistry.h"
 #include "window.h"
 
+#include <KELList>
 #include <QtCore/QDeadlineTimer>
 
 namespace {
 
 constexpr int pollMs = 10;
-constexpr QSize screen(800, 480);
+constexpr QSize screen(1280, 1600); // so large that no page has to be scrolled
 constexpr int nearPx = 6; // as far as Qt takes two taps for a double click
 
 const QString title = u"KELGdiControl Gallery"_s;
@@ -53,8 +55,8 @@ int entriesIn(const QString &description)
 GalleryUser::GalleryUser()
 {
     m_server.start(u"Xvfb"_s,
-                   {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s, u"800x480x24"_s, u"-nolisten"_s,
-                    u"tcp"_s, u"-noreset"_s});
+                   {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s, u"1280x1600x24"_s,
+                    u"-nolisten"_s, u"tcp"_s, u"-noreset"_s});
     const QDeadlineTimer patience(patienceMs);
     while (!m_server.canReadLine() && m_server.waitForReadyRead(int(patience.remainingTime()))) { }
     const QString display = QString::fromLatin1(m_server.readLine().trimmed());
@@ -88,7 +90,8 @@ bool GalleryUser::start(const QString &page, const QString &log)
     m_lastPress = QPoint();
     m_gallery = std::make_unique<QProcess>();
     m_gallery->setProcessEnvironment(m_display);
-    m_gallery->start(Gallery::program(), {u"--page"_s, page, u"--log"_s, log});
+    m_gallery->start(Gallery::program(),
+                     {u"--page"_s, page, u"--log"_s, log, u"--size"_s, u"1280x1600"_s});
     const bool isShown = m_gallery->waitForStarted(patienceMs) && !windows(title, 1).isEmpty();
     if (!problem.isEmpty())
         qWarning("the gallery before: %s", qPrintable(problem));
@@ -126,11 +129,25 @@ QRect GalleryUser::geometryOf(const QString &name, const QString &page) const
     QRect &rect = m_geometries[shown + '/' + name];
     if (rect.isNull()) {
         // As the gallery answers --geometry-of, without the time that its start takes.
-        rect = Window(screen, &m_noLog, &m_icons, galleryPageIndex(shown)).geometryOf(name);
+        Window window(screen, &m_noLog, &m_icons);
+        window.showPage(galleryPageIndex(shown));
+        rect = window.geometryOf(name);
         if (rect.isNull())
             qWarning("no control '%s' on page '%s'", qPrintable(name), qPrintable(shown));
     }
     return rect;
+}
+
+void GalleryUser::tapRowOf(const QString &page)
+{
+    const Window window(screen, &m_noLog, &m_icons);
+    const QList<QGraphicsItem *> items = window.scene()->items();
+    for (QGraphicsItem *item : items) {
+        if (const auto *list = dynamic_cast<KELList *>(item)) {
+            const int row = galleryPageIndex(page) + HomePage::rowsAbovePages;
+            tapAt(window.mapFromScene(list->mapToScene(list->rowRect(row).center())));
+        }
+    }
 }
 
 void GalleryUser::tapAll(std::initializer_list<QString> names)

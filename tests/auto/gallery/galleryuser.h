@@ -41,8 +41,10 @@ public:
     // 8 px lower.
     void tap(const QString &name) { tapAt(geometryOf(name).center()); }
     void tapAll(std::initializer_list<QString> names);
+    // Of the list of pages.
+    void tapRowOf(const QString &page);
     void tapAt(const QPoint &pos) { xdotool(goToPress(pos) + " click 1"); }
-    void tapNothing() { tapAt(QPoint(790, 470)); } // in the log
+    void tapNothing() { tapAt(QPoint(1275, 1595)); } // below the page
     void press(const QPoint &pos) { xdotool(goToPress(pos) + " mousedown 1"); }
     void release() { xdotool("mouseup 1"); }
     // Taps, with some time between them.

@@ -6,10 +6,13 @@
 
 #include "eventlog.h"
 #include "hand.h"
+#include "homepage.h"
 #include "iconset.h"
 #include "pageregistry.h"
+#include "scrollarea.h"
 #include "window.h"
 
+#include <KELList>
 #include <QtCore/QBuffer>
 
 // The items of the view and of the views inside it.
@@ -48,20 +51,50 @@ class GalleryWindow : private GalleryLog, public Window
 {
 public:
     GalleryWindow(const IconSet &icons, const QString &page, const QSize &size = QSize(800, 480)) :
-        Window(size, &log, &icons, galleryPageIndex(page))
+        Window(size, &log, &icons)
     {
+        showPage(galleryPageIndex(page));
         show();
         if (!QTest::qWaitForWindowExposed(this))
             qFatal("the window has not been exposed");
     }
 
-    // With a finger, the middle of a control.
-    void tap(const QString &name) { m_hand.tap(geometryOf(name).center()); }
+    // With a finger, the middle of a control, which is scrolled to.
+    void tap(const QString &name)
+    {
+        reveal(name);
+        tapAt(geometryOf(name).center());
+    }
+    // Scrolls the page until the control is in the middle of it.
+    void reveal(const QString &name)
+    {
+        const auto *control = find<QGraphicsObject>(name);
+        for (QGraphicsItem *item = control ? control->parentItem() : nullptr; item;
+             item = item->parentItem()) {
+            if (auto *area = dynamic_cast<ScrollArea *>(item)) {
+                const QRectF place = control->mapRectToItem(area, control->boundingRect());
+                area->setPosition(area->position() + place.center().y()
+                                  - area->size().height() / 2);
+            }
+        }
+    }
+    void tapAt(const QPoint &pos) { m_hand.tap(pos); }
+    // Of the list of pages.
+    void tapRow(int row)
+    {
+        const auto *list = find<KELList>("pages");
+        tapAt(mapFromScene(list->mapToScene(list->rowRect(row).center())));
+        QCoreApplication::processEvents(); // the direction comes later
+    }
     void click(const QPoint &pos)
     {
         QTest::mouseClick(viewport(), Qt::LeftButton, Qt::NoModifier, pos);
     }
-    void click(const QString &name) { click(geometryOf(name).center()); }
+    void click(const QString &name)
+    {
+        reveal(name);
+        click(geometryOf(name).center());
+    }
     void go(const QString &page) { showPage(galleryPageIndex(page)); }
     void resizeTo(const QSize &newSize)
     {
@@ -99,7 +132,7 @@ private:
 inline void addSizes()
 {
     QTest::addColumn<QSize>("size");
-    for (const QSize &size : {QSize(800, 480), QSize(1024, 600), QSize(480, 800), QSize(640, 480)})
+    for (const QSize &size : {QSize(480, 272), QSize(480, 800), QSize(800, 480), QSize(1280, 800)})
         QTest::addRow("%dx%d", size.width(), size.height()) << size;
 }
 

@@ -259,6 +259,8 @@ private Q_SLOTS:
     {
         QCOMPARE(Gallery::run({"--screenshot-all", path("all")}, m_headless).exitCode, 0);
         for (const QString &page : m_pageNames) {
+            if (screens.contains(page))
+                continue;
             QCOMPARE(Gallery::run({"--page", page, "--screenshot", path("one.png")}, m_headless)
                          .exitCode,
                      0);
@@ -302,6 +304,8 @@ private Q_SLOTS:
         QCOMPARE(Gallery::run({"--screenshot-all", path("first")}, m_headless).exitCode, 0);
         QCOMPARE(Gallery::run({"--screenshot-all", path("second")}, m_headless).exitCode, 0);
         for (const QString &page : m_pageNames) {
+            if (screens.contains(page))
+                continue;
             const QByteArray first = contentOf(path("first/" + page + ".png"));
             QVERIFY(!first.isEmpty());
             QVERIFY2(first == contentOf(path("second/" + page + ".png")), qPrintable(page));
@@ -343,7 +347,7 @@ private Q_SLOTS:
 
     void geometryOfFindsTheControl()
     {
-        for (const char *size : {"800x480", "1024x600", "480x800", "200x200"}) {
+        for (const char *size : {"800x480", "1024x600", "480x800", "480x272"}) {
             const Gallery::Result result = Gallery::run(
                 {"--size", size, "--page", "push-button", "--geometry-of", "press-me"}, m_headless);
             QCOMPARE(result.errorLines, QStringList());
@@ -381,6 +385,8 @@ private:
     }
     QString path(const QString &name) const { return m_directory.filePath(name); }
 
+    // They show the time.
+    const QStringList screens{u"thermostat"_s, u"charger"_s, u"system"_s};
     QStringList m_pageNames; // all
 
     QTemporaryDir m_directory;
