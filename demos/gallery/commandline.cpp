@@ -46,6 +46,10 @@ void addOwnOptions(QCommandLineParser *parser)
          QStringLiteral("file")},
         {QStringLiteral("screenshot-all"),
          QStringLiteral("Save every page as <dir>/<name>.png and exit."), QStringLiteral("dir")},
+        {QStringLiteral("benchmark"),
+         QStringLiteral("Measure the finished screens, print the figures and exit.")},
+        {QStringLiteral("csv"), QStringLiteral("Write the figures of --benchmark to <file>, too."),
+         QStringLiteral("file")},
         {QStringLiteral("geometry-of"),
          QStringLiteral(
              "Print the geometry of control <name> in the window, as X,Y WxH, and exit."),
@@ -201,7 +205,8 @@ QString readAction(const QCommandLineParser &parser, CommandLine *line)
         CommandLine::Action action;
     } actions[] = {{QStringLiteral("screenshot"), CommandLine::Action::Screenshot},
                    {QStringLiteral("screenshot-all"), CommandLine::Action::ScreenshotAll},
-                   {QStringLiteral("geometry-of"), CommandLine::Action::GeometryOf}};
+                   {QStringLiteral("geometry-of"), CommandLine::Action::GeometryOf},
+                   {QStringLiteral("benchmark"), CommandLine::Action::Benchmark}};
     QString chosen;
     for (const auto &candidate : actions) {
         if (!parser.isSet(candidate.option))
@@ -216,6 +221,13 @@ QString readAction(const QCommandLineParser &parser, CommandLine *line)
         return QStringLiteral("cannot write '%1'").arg(line->target);
     if (line->action == CommandLine::Action::ScreenshotAll && !canFillDirectory(line->target))
         return QStringLiteral("cannot write into directory '%1'").arg(line->target);
+    if (parser.isSet(QStringLiteral("csv"))) {
+        if (line->action != CommandLine::Action::Benchmark)
+            return QStringLiteral("--csv needs --benchmark");
+        line->csv = parser.value(QStringLiteral("csv"));
+        if (!canCreateFile(line->csv))
+            return QStringLiteral("cannot write '%1'").arg(line->csv);
+    }
     if (parser.isSet(QStringLiteral("log"))) {
         line->log = parser.value(QStringLiteral("log"));
         if (line->log != QLatin1String("-") && !canCreateFile(line->log))

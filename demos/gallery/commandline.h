@@ -12,7 +12,7 @@
 // What the command line asks for, checked as far as that is possible without a display.
 struct CommandLine
 {
-    enum class Action { Run, Screenshot, ScreenshotAll, GeometryOf, Answered };
+    enum class Action { Run, Screenshot, ScreenshotAll, GeometryOf, Benchmark, Answered };
 
     Action action = Action::Run;
     int exitCode = 0; // when answered
@@ -22,6 +22,7 @@ struct CommandLine
     QSize size = QSize(800, 480);
     QString iconFont; // as given; empty: look for the default one
     QString target; // a file, a directory or the name of a control, as the action needs
+    QString csv; // where the figures of the benchmark go, too
     QString log;
     bool isPlatformGiven = false;
 };

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
+#include "benchmark.h"
 #include "commandline.h"
 #include "eventlog.h"
 #include "iconset.h"
@@ -71,6 +72,10 @@ int perform(const CommandLine &line, Window *window)
     }
     case Action::GeometryOf:
         return printGeometry(*window, line.target);
+    case Action::Benchmark:
+        return runBenchmark(window, line.csv)
+            ? 0
+            : complain(QStringLiteral("cannot write '%1'").arg(line.csv));
     case Action::Run:
     case Action::Answered:
         break;

@@ -363,6 +363,28 @@ private Q_SLOTS:
         }
     }
 
+    void benchmarkMeasuresTheScreens()
+    {
+        const Gallery::Result result = Gallery::run({"--benchmark", "--csv", path("figures.csv")},
+                                                    m_headless);
+        QCOMPARE(result.errorLines, QStringList());
+        QCOMPARE(result.exitCode, 0);
+        QCOMPARE(QString::fromUtf8(contentOf(path("figures.csv"))), result.out);
+        const QStringList lines = result.out.split('\n', Qt::SkipEmptyParts);
+        QCOMPARE(lines.size(), 1 + screens.size());
+        QCOMPARE(lines.first(),
+                 "screen,size,frames,ms_per_frame,steps,paints,painted_px,"
+                 "ms_per_step,memory_kb");
+        for (int i = 0; i < screens.size(); ++i) {
+            const QStringList fields = lines.at(i + 1).split(',');
+            QCOMPARE(fields.size(), 9);
+            QCOMPARE(fields.at(0), screens.at(i));
+            QCOMPARE(fields.at(1), "800x480");
+            for (int field : {2, 3, 4, 5, 6, 7, 8})
+                QVERIFY2(fields.at(field).toDouble() > 0, qPrintable(lines.at(i + 1)));
+        }
+    }
+
     void screenshotLeavesTheLogEmpty()
     {
         const Gallery::Result result = Gallery::run(
