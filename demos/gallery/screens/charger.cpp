@@ -39,9 +39,7 @@ QString timeText(const QDateTime &time)
 Charger::Charger(KELTheme *theme, ChargePoint *point) : FinishedScreen(theme), m_point(point)
 {
     connect(point, &ChargePoint::changed, this, &Charger::refresh);
-    connect(this, &KELPage::entered, point, &ChargePoint::start);
-    connect(this, &KELPage::left, point, &ChargePoint::stop);
-    connect(this, &QObject::destroyed, point, &ChargePoint::stop);
+    runInSight(point);
 }
 
 void Charger::build(QGraphicsWidget *content)

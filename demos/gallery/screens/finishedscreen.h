@@ -30,6 +30,15 @@ protected:
 
     const KELTheme *theme() const;
 
+    // Starts model whenever the page comes into sight, and stops it afterwards.
+    template <typename Model>
+    void runInSight(Model *model)
+    {
+        connect(this, &KELPage::entered, model, &Model::start);
+        connect(this, &KELPage::left, model, &Model::stop);
+        connect(this, &QObject::destroyed, model, &Model::stop);
+    }
+
     void resizeEvent(QGraphicsSceneResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
 

@@ -123,8 +123,8 @@ QBrush Kit::ownBrush(const QColor &colour)
     return colour.toHsv(); // equals the same colour in RGB only on the screen
 }
 
-void Kit::setText(KELLabel *label, const QString &text)
+void Kit::setText(KELRoundRectControl *control, const QString &text)
 {
-    if (label->text() != text)
-        label->setText(text);
+    if (control->text() != text)
+        control->setText(text);
 }

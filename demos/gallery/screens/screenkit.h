@@ -77,7 +77,7 @@ void addLine(QGraphicsLinearLayout *layout, KELRoundRectControl *control, qreal 
 QBrush ownBrush(const QColor &colour);
 
 // Changes the text, and paints anew, only if it is another one.
-void setText(KELLabel *label, const QString &text);
+void setText(KELRoundRectControl *control, const QString &text);
 
 } // namespace Kit
 

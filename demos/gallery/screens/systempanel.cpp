@@ -47,9 +47,7 @@ QString sizeText(qint64 bytes)
 SystemPanel::SystemPanel(KELTheme *theme, SystemData *data) : FinishedScreen(theme), m_data(data)
 {
     connect(data, &SystemData::changed, this, &SystemPanel::refresh);
-    connect(this, &KELPage::entered, data, &SystemData::start);
-    connect(this, &KELPage::left, data, &SystemData::stop);
-    connect(this, &QObject::destroyed, data, &SystemData::stop);
+    runInSight(data);
 }
 
 void SystemPanel::build(QGraphicsWidget *content)
@@ -112,10 +110,15 @@ void SystemPanel::addFigure(Tile *tile, int lines) const
     const int figurePx = isSmall ? Kit::smallFigurePx : Kit::figurePx;
     tile->figure = Kit::newLabel(QString(), Kit::font(figurePx, QFont::Light));
     Kit::addLine(tile->layout, tile->figure, figurePx + 8);
+    addDetail(tile, isSmall ? 1 : lines);
+}
+
+void SystemPanel::addDetail(Tile *tile, int lines) const
+{
     tile->detail = Kit::newMutedLabel(*theme(), QString());
     tile->detail->style()->trimText = false;
     tile->detail->style()->textFlags |= Qt::TextWordWrap;
-    Kit::addLine(tile->layout, tile->detail, (isSmall ? 1 : lines) * linePx);
+    Kit::addLine(tile->layout, tile->detail, lines * linePx);
 }
 
 // Where there is room for one.
@@ -172,6 +175,7 @@ QGraphicsLayoutItem *SystemPanel::newNetwork()
     m_sent = Kit::newLabel(QString(), font);
     for (KELLabel *label : {m_network.figure, m_sent})
         Kit::addLine(m_network.layout, label, rateLinePx);
+    addDetail(&m_network, 2);
     m_network.layout->addStretch();
     m_interface = new KELPushButton;
     m_interface->setObjectName(QStringLiteral("interface"));
@@ -197,16 +201,14 @@ QGraphicsLayoutItem *SystemPanel::newBacklight()
     m_range->setMinimum(1); // never dark
     connect(m_range, &KELRange::valueChanged, m_data, &SystemData::setBacklight);
     m_backlight.layout->addItem(m_range);
-    m_backlight.detail = Kit::newMutedLabel(*theme(), QString());
-    Kit::addLine(m_backlight.layout, m_backlight.detail, linePx);
+    addDetail(&m_backlight);
     return item;
 }
 
 QGraphicsLayoutItem *SystemPanel::newWifi()
 {
     QGraphicsLayoutItem *item = newTile(tr("Wi-Fi"), &m_wifi);
-    m_wifi.detail = Kit::newMutedLabel(*theme(), QString());
-    Kit::addLine(m_wifi.layout, m_wifi.detail, linePx);
+    addDetail(&m_wifi);
     m_wifi.layout->addStretch();
     return item;
 }
@@ -219,7 +221,10 @@ void SystemPanel::refresh()
     Kit::setText(m_status,
                  tr("up %1 d %2 h").arg(hours / 24).arg(hours % 24) + QStringLiteral("   ")
                      + QTime::currentTime().toString(QStringLiteral("HH:mm")));
-    show(m_processor, m_data->load(), percent(m_data->load()), processorText());
+    const QString cores = tr("%1 cores").arg(m_data->cores());
+    const double gigahertz = m_data->gigahertz();
+    show(m_processor, m_data->load(), percent(m_data->load()),
+         gigahertz > 0 ? tr("%1 of %2 GHz").arg(cores).arg(gigahertz, 0, 'f', 1) : cores);
     if (m_trend)
         m_trend->setValues(m_data->loads());
     showShare(m_memory, m_data->memoryUsed(), m_data->memoryTotal(),
@@ -250,13 +255,6 @@ void SystemPanel::show(const Tile &tile, double value, const QString &figure,
     Kit::setText(tile.detail, value < 0 ? missing() : detail);
 }
 
-QString SystemPanel::processorText() const
-{
-    return m_data->gigahertz() > 0
-        ? tr("%1 cores of %2 GHz").arg(m_data->cores()).arg(m_data->gigahertz(), 0, 'f', 1)
-        : tr("%1 cores").arg(m_data->cores());
-}
-
 void SystemPanel::showShare(const Tile &tile, qint64 part, qint64 whole,
                             const QString &detail) const
 {
@@ -272,15 +270,12 @@ void SystemPanel::showShare(const Tile &tile, qint64 part, qint64 whole,
 
 void SystemPanel::showNetwork()
 {
-    const auto rate = [this](const char *arrow, double bytes) {
-        return bytes < 0 ? missing()
-                         : QString::fromUtf8(arrow) + tr("%1/s").arg(sizeText(qint64(bytes)));
+    const auto rate = [](const char *arrow, double bytes) {
+        return QString::fromUtf8(arrow) + tr("%1/s").arg(sizeText(qint64(bytes)));
     };
-    Kit::setText(m_network.figure, rate("\u2193 ", m_data->received()));
+    show(m_network, m_data->received(), rate("\u2193 ", m_data->received()), QString());
     Kit::setText(m_sent, m_data->sent() < 0 ? QString() : rate("\u2191 ", m_data->sent()));
-    const QString name = m_data->currentInterface();
-    if (m_interface->text() != name)
-        m_interface->setText(name);
+    Kit::setText(m_interface, m_data->currentInterface());
     m_interface->setEnabled(m_data->interfaces().size() > 1);
 }
 

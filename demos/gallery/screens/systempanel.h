@@ -44,6 +44,7 @@ private:
     };
     QGraphicsLayoutItem *newTile(const QString &heading, Tile *tile) const;
     void addFigure(Tile *tile, int lines = 1) const;
+    void addDetail(Tile *tile, int lines = 1) const;
     void addBar(Tile *tile) const;
     QGraphicsLayoutItem *newProcessor();
     QGraphicsLayoutItem *newShare(const QString &heading, Tile *tile);
@@ -56,7 +57,6 @@ private:
     void showShare(const Tile &tile, qint64 part, qint64 whole, const QString &detail) const;
     void showNetwork();
     void showBacklight();
-    QString processorText() const;
     QString missing() const;
 
     SystemData *const m_data;

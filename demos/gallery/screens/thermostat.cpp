@@ -82,9 +82,7 @@ private:
 Thermostat::Thermostat(KELTheme *theme, Room *room) : FinishedScreen(theme), m_room(room)
 {
     connect(room, &Room::changed, this, &Thermostat::refresh);
-    connect(this, &KELPage::entered, room, &Room::start);
-    connect(this, &KELPage::left, room, &Room::stop);
-    connect(this, &QObject::destroyed, room, &Room::stop);
+    runInSight(room);
 }
 
 void Thermostat::build(QGraphicsWidget *content)

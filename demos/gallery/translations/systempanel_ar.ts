@@ -74,8 +74,8 @@
         <translation>لا توفره النواة</translation>
     </message>
     <message>
-        <source>%1 cores of %2 GHz</source>
-        <translation>%1 نواة، %2 GHz</translation>
+        <source>%1 of %2 GHz</source>
+        <translation>%1، %2 GHz</translation>
     </message>
     <message>
         <source>%1 cores</source>

@@ -74,8 +74,8 @@
         <translation>nicht im Kernel</translation>
     </message>
     <message>
-        <source>%1 cores of %2 GHz</source>
-        <translation>%1 Kerne mit %2 GHz</translation>
+        <source>%1 of %2 GHz</source>
+        <translation>%1 mit %2 GHz</translation>
     </message>
     <message>
         <source>%1 cores</source>
