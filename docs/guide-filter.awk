@@ -11,12 +11,9 @@ FNR == 1 {
     sub(/\.md$/, "", page)
 }
 
-/^<!-- SPDX/ { inComment = 1 }
-
-inComment {
-    if (/-->/)
-        inComment = 0
-    print ""
+# What is above the title comes below it, as empty lines.
+!hasTitle && !/^# / {
+    ++above
     next
 }
 
@@ -30,6 +27,11 @@ inFence {
 # The anchor of a page is its file name, that of a section is prefixed with it.
 /^# / {
     print $0 " {#" page "}"
+    if (!hasTitle) {
+        while (above-- > 0)
+            print ""
+    }
+    hasTitle = 1
     next
 }
 

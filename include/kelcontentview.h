@@ -14,6 +14,11 @@ class KELRoundRectControl;
 /*!
  * \brief A frameless, transparent view that shows one control and everything on it.
  *
+ * It scales the content down a little, to fit: by 0.9625 for a control of 500 x 160 in a window of
+ * its own, so outlines and text are blurred. \ref viewscale has the recipe for a view that shows it
+ * pixel for pixel; the parts have one, KELScreen. The window is translucent: where there is no
+ * compositor, it is black wherever nothing is drawn, unless it has a background brush.
+ *
  * \code
  * auto *panel = new KELRoundRectControl;
  * panel->setboundRect(0, 0, 400, 300);

@@ -11,6 +11,7 @@ int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
     KELContentView view;
+    view.setBackgroundBrush(Qt::white); // the view is translucent: without a compositor, black
 
     auto *button = new KELPushButton;
     button->setboundRect(0, 0, 240, 80); // geometry first, then add it
