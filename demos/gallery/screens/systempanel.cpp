@@ -154,7 +154,7 @@ QGraphicsLayoutItem *SystemPanel::newProcessor()
 QGraphicsLayoutItem *SystemPanel::newShare(const QString &heading, Tile *tile)
 {
     QGraphicsLayoutItem *item = newTile(heading, tile);
-    addFigure(tile);
+    addFigure(tile, 2);
     addBar(tile);
     return item;
 }
