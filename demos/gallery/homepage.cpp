@@ -22,6 +22,11 @@ constexpr int languageRow = -2;
 
 HomePage::HomePage(const PageHost &host) : FinishedScreen(host.theme), m_host(host) { }
 
+int HomePage::rowsAbovePages()
+{
+    return Window::isTranslated() ? 2 : 1;
+}
+
 void HomePage::build(QGraphicsWidget *content)
 {
     fill();
@@ -43,8 +48,9 @@ void HomePage::fill()
     m_rows.clear();
     addRow(tr("Appearance"), tr("Look"), Icon::bulb, lookRow)
         ->setData(m_host.view->lookName(), KELList::ValueRole);
-    addRow(tr("Appearance"), tr("Language"), Icon::flag, languageRow)
-        ->setData(m_host.view->languageName(), KELList::ValueRole);
+    if (Window::isTranslated())
+        addRow(tr("Appearance"), tr("Language"), Icon::flag, languageRow)
+            ->setData(m_host.view->languageName(), KELList::ValueRole);
     const std::vector<PageEntry> &pages = galleryPages();
     for (size_t i = 0; i < pages.size(); ++i) {
         const PageEntry &entry = pages[i];

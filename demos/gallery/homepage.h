@@ -15,7 +15,8 @@ class HomePage : public FinishedScreen
     Q_OBJECT
 
 public:
-    enum : int { rowsAbovePages = 2 };
+    // The look, and the language where there are translations.
+    static int rowsAbovePages();
 
     explicit HomePage(const PageHost &host);
 

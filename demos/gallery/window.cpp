@@ -98,6 +98,15 @@ void Window::setLanguage(Language language)
     m_home->retranslate();
 }
 
+bool Window::isTranslated()
+{
+#ifdef GALLERY_IS_TRANSLATED
+    return true;
+#else
+    return false;
+#endif
+}
+
 QString Window::languageName() const
 {
     return QString::fromUtf8(languageNames[m_language]);

@@ -29,6 +29,8 @@ public:
     void setLook(KELTheme::Scheme look);
     QString lookName() const;
     void setLanguage(Language language);
+    // Whether there are languages other than English.
+    static bool isTranslated();
     QString languageName() const;
 
     // Where the control of that object name is, in window pixels; null when there is none. The

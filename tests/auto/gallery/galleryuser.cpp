@@ -144,7 +144,7 @@ void GalleryUser::tapRowOf(const QString &page)
     const QList<QGraphicsItem *> items = window.scene()->items();
     for (QGraphicsItem *item : items) {
         if (const auto *list = dynamic_cast<KELList *>(item)) {
-            const int row = galleryPageIndex(page) + HomePage::rowsAbovePages;
+            const int row = galleryPageIndex(page) + HomePage::rowsAbovePages();
             tapAt(window.mapFromScene(list->mapToScene(list->rowRect(row).center())));
         }
     }

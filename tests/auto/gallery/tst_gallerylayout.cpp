@@ -47,7 +47,7 @@ private Q_SLOTS:
         const int pages = int(galleryPages().size());
         for (int page = 0; page < pages; ++page) {
             auto *list = window.find<KELList>("pages");
-            const int row = page + HomePage::rowsAbovePages;
+            const int row = page + HomePage::rowsAbovePages();
             list->scrollTo(row);
             const QPoint place = window.mapFromScene(list->mapToScene(list->rowRect(row).center()));
             QVERIFY(window.rect().contains(place));
