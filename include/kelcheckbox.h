@@ -22,7 +22,7 @@ struct KELGDI_EXPORT KELCheckBoxStyle : public KELRoundRectControlStyle
 /*!
  * \brief An on/off switch: a track with a knob on the left when off and on the right when on.
  *
- * \image html check-box.png
+ * \image html states-check-box.png
  *
  * \code
  * auto *heating = new KELCheckBox;

@@ -78,7 +78,7 @@ private:
  * \brief A drop-down list: a tap opens the list below the control, and a tap on an entry selects
  * it.
  *
- * \image html combo-box.png
+ * \image html states-combo-box.png
  *
  * \code
  * auto *speed = new KELComboBox;

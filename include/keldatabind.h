@@ -109,8 +109,6 @@ QT_WARNING_POP
  * \brief Synchronises a property of one object, the source, with a property of another, the
  * destination.
  *
- * \image html data-bind.png
- *
  * \code
  * // The check box shows the model's property and changes it.
  * KELDataBind::bind(checkBox, "check", model, "enabled", KELDataBind::TwoWay);

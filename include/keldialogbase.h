@@ -19,8 +19,6 @@ class KELDialogBasePrivate;
 /*!
  * \brief A frameless, translucent dialog with a picture as its body and controls on top.
  *
- * \image html dialog-base.png
- *
  * \code
  * KELDialogBase dialog;
  * auto *ok = new KELPushButton;

@@ -9,7 +9,7 @@
 /*!
  * \brief A caption: white text without fill or outline.
  *
- * \image html label.png
+ * \image html states-label.png
  *
  * \code
  * auto *label = new KELLabel(panel);

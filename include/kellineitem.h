@@ -13,7 +13,7 @@ class KELLineItemPrivate;
 /*!
  * \brief A straight line, for example between the entries of a menu.
  *
- * \image html line-item.png
+ * \image html anatomy-line-item.png
  *
  * \code
  * auto *line = new KELLineItem(panel);

@@ -102,7 +102,7 @@ private:
  * \brief Pages with a strip of tabs at the bottom and an optional title bar; one page is shown at a
  * time.
  *
- * \image html navigation-table.png
+ * \image html states-navigation-table.png
  *
  * \code
  * auto *table = new KELNavigationTable;

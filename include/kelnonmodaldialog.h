@@ -16,8 +16,6 @@ class KELNonModalDialogPrivate;
 /*!
  * \brief A panel that closes by itself: on a press outside it, or after a period without a press.
  *
- * \image html non-modal-dialog.png
- *
  * \code
  * auto *panel = new KELNonModalDialog;
  * panel->setContent(controls);

@@ -17,8 +17,6 @@ class KELNonModalhelperPrivate;
 /*!
  * \brief Hides a widget when the user presses outside it, or after a period without a press.
  *
- * \image html non-modal-helper.png
- *
  * \code
  * // Closes on a press elsewhere in its parent, or after 5 s without a press.
  * KELNonModalhelper::show(panel, KELNonModalhelper::TriggerParent, true, 5000);

@@ -11,7 +11,7 @@ class KELProcessBarPrivate;
 /*!
  * \brief A progress bar: a pill filled from the left, with the percentage in the middle.
  *
- * \image html progress-bar.png
+ * \image html states-progress-bar.png
  *
  * \code
  * auto *bar = new KELProcessBar;

@@ -21,7 +21,7 @@ struct KELGDI_EXPORT KELPushButtonStyle : public KELRoundRectControlStyle
 /*!
  * \brief A button with a picture or an icon glyph above its caption.
  *
- * \image html push-button.png
+ * \image html states-push-button.png
  *
  * \code
  * auto *button = new KELPushButton;

@@ -12,7 +12,7 @@ class KELRadioBoxPrivate;
 /*!
  * \brief A round option button, with a dot when it is checked.
  *
- * \image html radio-box.png
+ * \image html states-radio-box.png
  *
  * \code
  * auto *box = new KELRadioBox;

@@ -161,6 +161,8 @@ struct KELGDI_EXPORT KELRoundRectControlStyle
  * \brief The base of every control: a rounded rectangle with outline, picture, glyph and caption
  * that reports pointer input as signals.
  *
+ * \image html states-round-rect.png
+ *
  * \code
  * auto *control = new KELRoundRectControl;
  * control->setboundRect(0, 0, 200, 60);

@@ -15,7 +15,7 @@ class KELSideMenuPrivate;
  * \brief A frameless, transparent view that arranges controls in a row or a column, with a thin
  * line between them.
  *
- * \image html side-menu.png
+ * \image html anatomy-side-menu.png
  *
  * \code
  * auto *menu = new KELSideMenu(window);

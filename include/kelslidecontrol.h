@@ -11,7 +11,7 @@ class KELSlideControlPrivate;
 /*!
  * \brief A horizontal slider: a groove with a round knob that the finger drags.
  *
- * \image html slide-control.png
+ * \image html states-slide-control.png
  *
  * \code
  * auto *speed = new KELSlideControl;

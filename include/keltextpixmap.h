@@ -16,6 +16,8 @@ QT_END_NAMESPACE
 /*!
  * \brief A pixmap that shows a caption, for example as the picture of a control.
  *
+ * \image html anatomy-text-pixmap.png
+ *
  * The constructor draws the picture once; afterwards the object is an ordinary QPixmap.
  *
  * \code

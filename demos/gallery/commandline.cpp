@@ -46,6 +46,9 @@ void addOwnOptions(QCommandLineParser *parser)
          QStringLiteral("file")},
         {QStringLiteral("screenshot-all"),
          QStringLiteral("Save every page as <dir>/<name>.png and exit."), QStringLiteral("dir")},
+        {QStringLiteral("anatomy"),
+         QStringLiteral("Save the pictures of the styling guide in <dir> and exit."),
+         QStringLiteral("dir")},
         {QStringLiteral("benchmark"),
          QStringLiteral("Measure the finished screens, print the figures and exit.")},
         {QStringLiteral("csv"), QStringLiteral("Write the figures of --benchmark to <file>, too."),
@@ -205,6 +208,7 @@ QString readAction(const QCommandLineParser &parser, CommandLine *line)
         CommandLine::Action action;
     } actions[] = {{QStringLiteral("screenshot"), CommandLine::Action::Screenshot},
                    {QStringLiteral("screenshot-all"), CommandLine::Action::ScreenshotAll},
+                   {QStringLiteral("anatomy"), CommandLine::Action::Anatomy},
                    {QStringLiteral("geometry-of"), CommandLine::Action::GeometryOf},
                    {QStringLiteral("benchmark"), CommandLine::Action::Benchmark}};
     QString chosen;
@@ -219,7 +223,9 @@ QString readAction(const QCommandLineParser &parser, CommandLine *line)
     }
     if (line->action == CommandLine::Action::Screenshot && !canCreateFile(line->target))
         return QStringLiteral("cannot write '%1'").arg(line->target);
-    if (line->action == CommandLine::Action::ScreenshotAll && !canFillDirectory(line->target))
+    const bool needsDirectory = line->action == CommandLine::Action::ScreenshotAll
+        || line->action == CommandLine::Action::Anatomy;
+    if (needsDirectory && !canFillDirectory(line->target))
         return QStringLiteral("cannot write into directory '%1'").arg(line->target);
     if (parser.isSet(QStringLiteral("csv"))) {
         if (line->action != CommandLine::Action::Benchmark)

@@ -12,7 +12,7 @@
 // What the command line asks for, checked as far as that is possible without a display.
 struct CommandLine
 {
-    enum class Action { Run, Screenshot, ScreenshotAll, GeometryOf, Benchmark, Answered };
+    enum class Action { Run, Screenshot, ScreenshotAll, Anatomy, GeometryOf, Benchmark, Answered };
 
     Action action = Action::Run;
     int exitCode = 0; // when answered

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 KELGdiControl contributors
 // SPDX-License-Identifier: MIT
 
+#include "anatomy.h"
 #include "benchmark.h"
 #include "commandline.h"
 #include "eventlog.h"
@@ -59,6 +60,16 @@ int printGeometry(const Window &window, const QString &name)
     return 0;
 }
 
+// The pictures have the same fonts on every machine.
+int saveAnatomy(const QString &directory)
+{
+    IconSet icons;
+    if (!icons.install(Anatomy::fontPath()))
+        return complain(QStringLiteral("no DejaVu Sans, install fonts-dejavu-core"));
+    const QString failed = Anatomy::saveAll(directory);
+    return failed.isEmpty() ? 0 : complain(QStringLiteral("cannot write '%1'").arg(failed));
+}
+
 int perform(const CommandLine &line, Window *window)
 {
     switch (line.action) {
@@ -77,6 +88,7 @@ int perform(const CommandLine &line, Window *window)
             ? 0
             : complain(QStringLiteral("cannot write '%1'").arg(line.csv));
     case Action::Run:
+    case Action::Anatomy:
     case Action::Answered:
         break;
     }
@@ -95,6 +107,8 @@ int main(int argc, char *argv[])
 
     chooseOffscreen(line);
     const QApplication app(argc, argv);
+    if (line.action == Action::Anatomy)
+        return saveAnatomy(line.target);
     IconSet icons;
     if (!installIcons(line.iconFont, &icons))
         return complain(QStringLiteral("cannot use '%1' as icon font").arg(line.iconFont));
