@@ -5,6 +5,8 @@
 
 #include "parts.h"
 
+#include <QtCore/QHash>
+#include <QtGui/QMouseEvent>
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QScroller>
@@ -29,7 +31,6 @@ QPlainTextEdit *newText(QWidget *viewport)
     palette.setColor(QPalette::Base, QColor(Theme::card));
     palette.setColor(QPalette::Text, QColor(Theme::ink));
     text->setPalette(palette);
-    QScroller::grabGesture(text->viewport(), QScroller::LeftMouseButtonGesture);
     text->hide();
     return text;
 }
@@ -54,6 +55,8 @@ Drawer::Drawer(QWidget *viewport, const QRectF &rect, const QString &title,
         setOpen(false);
         Q_EMIT closed();
     });
+    m_clock.start();
+    m_text->viewport()->installEventFilter(this);
     const QRectF room = rect.adjusted(Theme::gap, headPx, -Theme::gap, -Theme::gap);
     m_text->setGeometry(room.toRect());
 }
@@ -90,6 +93,21 @@ void Drawer::setOpen(bool open)
     m_text->setVisible(open);
     if (open)
         m_text->raise();
+}
+
+// By hand: Qt does not delete what QScroller::grabGesture() makes for a widget.
+bool Drawer::eventFilter(QObject *watched, QEvent *event)
+{
+    static const QHash<int, QScroller::Input> inputs = {
+        {QEvent::MouseButtonPress, QScroller::InputPress},
+        {QEvent::MouseMove, QScroller::InputMove},
+        {QEvent::MouseButtonRelease, QScroller::InputRelease}};
+    if (!inputs.contains(event->type()))
+        return KELRoundRectControl::eventFilter(watched, event);
+    QScroller::scroller(watched)->handleInput(inputs.value(event->type()),
+                                              static_cast<QMouseEvent *>(event)->localPos(),
+                                              m_clock.elapsed());
+    return true;
 }
 
 bool Drawer::isOpen() const

@@ -5,6 +5,7 @@
 #define DRAWER_H
 
 #include <KELRoundRectControl>
+#include <QtCore/QElapsedTimer>
 #include <QtCore/QPointer>
 
 QT_BEGIN_NAMESPACE
@@ -34,6 +35,8 @@ public:
     void setOpen(bool open);
     bool isOpen() const;
 
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 Q_SIGNALS:
     void closed();
 
@@ -41,6 +44,7 @@ private:
     Q_DISABLE_COPY(Drawer)
 
     QPointer<QPlainTextEdit> m_text;
+    QElapsedTimer m_clock;
     qreal m_buttonRight;
 };
 

@@ -16,6 +16,17 @@ constexpr double leastShare = 0.2;
 constexpr double pricePerKilowattHour = 0.42;
 constexpr int nightFromHour = 22;
 constexpr int nightToHour = 6;
+constexpr int minutesADay = 24 * 60;
+
+// In kW: it begins slowly, and ends slowly.
+double powerAt(double percent, int minutes)
+{
+    const double ramp = qMin(1.0, (minutes + 1.0) / rampMinutes);
+    const double slow = percent <= slowFromPercent
+        ? 1
+        : qMax(leastShare, (100 - percent) / (100 - slowFromPercent));
+    return mostKilowatts * ramp * slow;
+}
 
 } // namespace
 
@@ -52,6 +63,8 @@ void ChargePoint::tick()
         m_charge = qMin<double>(m_limit, m_charge + 100 * energy / batteryKilowattHours);
         ++m_minutes;
     }
+    if (m_isCharging && percent() >= m_limit)
+        finish(true);
     m_powers.append(power);
     if (m_powers.size() > keptPowers)
         m_powers.removeFirst();
@@ -60,24 +73,23 @@ void ChargePoint::tick()
 
 ChargePoint::State ChargePoint::state() const
 {
-    if (percent() >= m_limit)
-        return Done;
     if (!m_isCharging)
-        return Stopped;
+        return m_isDone ? Done : Stopped;
     return m_isNightOnly && !isNight() ? Waiting : Charging;
 }
 
 void ChargePoint::setCharging(bool charging)
 {
-    if (charging == m_isCharging)
+    if (charging == m_isCharging || (charging && percent() >= m_limit))
         return;
-    m_isCharging = charging;
     if (charging) {
+        m_isCharging = true;
+        m_isDone = false;
         m_begin = m_now;
         m_kilowattHours = 0;
         m_minutes = 0;
     } else {
-        m_sessions.prepend({m_begin, m_kilowattHours, cost()});
+        finish(false);
     }
     Q_EMIT changed();
 }
@@ -87,12 +99,16 @@ int ChargePoint::percent() const
     return int(m_charge);
 }
 
-void ChargePoint::setLimit(int percent)
+void ChargePoint::setLimit(int limit)
 {
-    const int wanted = qBound<int>(leastLimit, percent, mostLimit);
+    const int wanted = qBound<int>(leastLimit, limit, mostLimit);
     if (wanted == m_limit)
         return;
     m_limit = wanted;
+    if (m_isCharging && percent() >= m_limit)
+        finish(true);
+    else if (percent() < m_limit)
+        m_isDone = false; // it goes on when someone starts it
     Q_EMIT changed();
 }
 
@@ -114,13 +130,7 @@ void ChargePoint::setNightOnly(bool nightOnly)
 
 double ChargePoint::kilowatts() const
 {
-    if (state() != Charging)
-        return 0;
-    const double ramp = qMin(1.0, (m_minutes + 1.0) / rampMinutes);
-    const double slow = m_charge <= slowFromPercent
-        ? 1
-        : qMax(leastShare, (100 - m_charge) / (100 - slowFromPercent));
-    return mostKilowatts * ramp * slow;
+    return state() == Charging ? powerAt(m_charge, m_minutes) : 0;
 }
 
 double ChargePoint::cost() const
@@ -128,14 +138,17 @@ double ChargePoint::cost() const
     return m_kilowattHours * pricePerKilowattHour;
 }
 
-// At the power of now.
 QDateTime ChargePoint::readyAt() const
 {
-    const double power = kilowatts();
-    if (power <= 0)
+    if (state() != Charging)
         return {};
-    const double energy = (m_limit - m_charge) / 100 * batteryKilowattHours;
-    return m_now.addSecs(qint64(3600 * energy / power));
+    double charge = m_charge;
+    int minutes = 0;
+    while (charge < m_limit && minutes < minutesADay) {
+        charge += 100 * powerAt(charge, m_minutes + minutes) / 60 / batteryKilowattHours;
+        ++minutes;
+    }
+    return m_now.addSecs(60 * minutes);
 }
 
 double ChargePoint::tariff()
@@ -147,6 +160,13 @@ void ChargePoint::timerEvent(QTimerEvent *event)
 {
     if (event->timerId() == m_timer.timerId())
         tick();
+}
+
+void ChargePoint::finish(bool isDone)
+{
+    m_isCharging = false;
+    m_isDone = isDone;
+    m_sessions.prepend({m_begin, m_kilowattHours, cost()});
 }
 
 bool ChargePoint::isNight() const

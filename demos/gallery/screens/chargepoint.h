@@ -72,6 +72,7 @@ protected:
 private:
     Q_DISABLE_COPY(ChargePoint)
     bool isNight() const;
+    void finish(bool isDone);
 
     QBasicTimer m_timer;
     QDateTime m_now;
@@ -79,6 +80,7 @@ private:
     double m_charge = 64; // percent
     int m_limit = 80;
     bool m_isCharging = true;
+    bool m_isDone = false; // and not stopped by hand
     bool m_isLocked = true;
     bool m_isNightOnly = false;
     double m_kilowattHours = 18.6;

@@ -21,6 +21,7 @@
 
 namespace {
 
+constexpr int askingMs = 3000;
 constexpr qreal linePx = 24;
 constexpr qreal barPx = 30;
 constexpr qreal buttonPx = 56;
@@ -47,6 +48,7 @@ void Charger::build(QGraphicsWidget *content)
     const bool isSmall = Kit::isSmall(content->size());
     const bool isUpright = Kit::isUpright(content->size());
     m_energy = m_time = m_cost = m_limitNote = nullptr;
+    m_stop = nullptr; // the last to be made: until then nothing is refreshed
     m_trend = nullptr;
     QGraphicsLinearLayout *column = Kit::newColumn(content);
     m_clock = Kit::addTitleLine(column, *theme(), tr("Charge point 3"), QString());
@@ -200,13 +202,14 @@ void Charger::showSessions()
         screen()->push(new Sessions(const_cast<KELTheme *>(theme()), m_point));
 }
 
-// A second tap stops; any other change in between takes the question back.
+// A second tap stops, if it comes soon.
 void Charger::toggle()
 {
     const ChargePoint::State state = m_point->state();
     const bool isOn = state == ChargePoint::Charging || state == ChargePoint::Waiting;
     if (isOn && !m_isAsking) {
         m_isAsking = true;
+        m_asking.setRemainingTime(askingMs);
         refresh();
         return;
     }
@@ -217,11 +220,11 @@ void Charger::toggle()
 
 void Charger::refresh()
 {
-    if (!m_percent)
+    if (!m_stop)
         return;
     const ChargePoint::State state = m_point->state();
     const bool isOn = state == ChargePoint::Charging || state == ChargePoint::Waiting;
-    m_isAsking = m_isAsking && isOn;
+    m_isAsking = m_isAsking && isOn && !m_asking.hasExpired();
     Kit::setText(m_clock,
                  tr("%1 per kWh").arg(ChargePoint::tariff(), 0, 'f', 2) + QStringLiteral("   ")
                      + timeText(m_point->now()));

@@ -6,6 +6,8 @@
 
 #include "finishedscreen.h"
 
+#include <QtCore/QDeadlineTimer>
+
 QT_BEGIN_NAMESPACE
 class QGraphicsLayoutItem;
 class QGraphicsLinearLayout;
@@ -51,6 +53,7 @@ private:
     KELPushButton *m_stop = nullptr;
     Trend *m_trend = nullptr;
     bool m_isAsking = false; // whether to stop
+    QDeadlineTimer m_asking;
 };
 
 #endif

@@ -285,6 +285,45 @@ private Q_SLOTS:
         QCOMPARE(point->minutes(), 0);
     }
 
+    void theQuestionIsTakenBack()
+    {
+        GalleryWindow window(m_icons, "charger");
+        auto *stop = window.find<KELPushButton>("stop");
+        window.tap("stop");
+        QCOMPARE(stop->text(), "Tap again to stop");
+        QTRY_COMPARE_WITH_TIMEOUT(stop->text(), "Stop charging", 8000);
+    }
+
+    void whatEndsIsListedOnce()
+    {
+        ChargePoint point;
+        const int before = point.sessions().size();
+        while (point.state() == ChargePoint::Charging)
+            point.tick();
+        QCOMPARE(point.state(), ChargePoint::Done);
+        QCOMPARE(point.sessions().size(), before + 1);
+        point.setCharging(true); // nothing is left to charge
+        QCOMPARE(point.state(), ChargePoint::Done);
+        point.setLimit(90);
+        QCOMPARE(point.state(), ChargePoint::Stopped);
+        point.setCharging(true);
+        QCOMPARE(point.state(), ChargePoint::Charging);
+        point.setCharging(false);
+        QCOMPARE(point.sessions().size(), before + 2);
+        point.setLimit(20);
+        QCOMPARE(point.state(), ChargePoint::Stopped); // by hand
+    }
+
+    void readyIsWhenItIs()
+    {
+        ChargePoint point;
+        point.setLimit(100);
+        const QDateTime promised = point.readyAt();
+        while (point.state() == ChargePoint::Charging)
+            point.tick();
+        QVERIFY(qAbs(promised.secsTo(point.now())) <= 60);
+    }
+
     void theLimitFollowsTheFinger()
     {
         GalleryWindow window(m_icons, "charger");

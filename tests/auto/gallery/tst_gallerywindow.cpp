@@ -18,6 +18,7 @@
 #include <KELSlideControl>
 #include <QtGui/QClipboard>
 #include <QtWidgets/QPlainTextEdit>
+#include <QtWidgets/QScrollBar>
 
 namespace {
 
@@ -114,6 +115,28 @@ private Q_SLOTS:
         QCOMPARE(QGuiApplication::clipboard()->text(), (*shown)->toPlainText());
         window.tap("drawer-close");
         QVERIFY(!(*shown)->isVisible());
+    }
+
+    void aFingerScrollsTheCode()
+    {
+        GalleryWindow window(m_icons, "push-button", QSize(480, 272));
+        window.tap("show-code");
+        const auto texts = window.findChildren<QPlainTextEdit *>();
+        const auto shown = std::find_if(texts.cbegin(), texts.cend(),
+                                        [](const QWidget *text) { return text->isVisible(); });
+        QVERIFY(shown != texts.cend());
+        const QScrollBar *bar = (*shown)->verticalScrollBar();
+        QVERIFY(bar->maximum() > 0);
+        QWidget *viewport = (*shown)->viewport();
+        QTest::mousePress(viewport, Qt::LeftButton, Qt::NoModifier, {50, 70});
+        for (int y = 60; y >= 10; y -= 10) {
+            QTest::qWait(20);
+            QMouseEvent move(QEvent::MouseMove, QPointF(50, y), Qt::NoButton, Qt::LeftButton,
+                             Qt::NoModifier);
+            QApplication::sendEvent(viewport, &move);
+        }
+        QTest::mouseRelease(viewport, Qt::LeftButton, Qt::NoModifier, {50, 10});
+        QTRY_VERIFY(bar->value() > 0);
     }
 
     void theSignalsComeIntoADrawer()
