@@ -185,7 +185,7 @@ private Q_SLOTS:
         }
     }
 
-    void pagesFitTheirWidth_data()
+    void pagesAreLaidOut_data()
     {
         QTest::addColumn<QSize>("size");
         QTest::addColumn<QString>("page");
@@ -197,67 +197,13 @@ private Q_SLOTS:
         }
     }
 
-    void pagesFitTheirWidth()
-    {
-        const auto size = fetch<QSize>("size");
-        const GalleryWindow window(m_icons, fetch<QString>("page"), size);
-        const QList<QGraphicsItem *> items = window.scene()->items();
-        for (QGraphicsItem *item : items) {
-            auto *control = dynamic_cast<KELRoundRectControl *>(item);
-            if (!control || !control->isVisible())
-                continue;
-            const QRectF rect = control->sceneBoundingRect();
-            const QByteArray name = (control->objectName() + '/' + control->text()).toUtf8();
-            QVERIFY2(rect.left() >= -1 && rect.right() <= size.width() + 1, name);
-            const bool isPartOfAnother = item->parentItem()
-                && item->parentItem()->handlesChildEvents();
-            if (item->acceptedMouseButtons() != Qt::NoButton && !isPartOfAnother) {
-                const qreal leastPx = qobject_cast<KELCheckBox *>(control) ? 38 : 44;
-                QVERIFY2(rect.width() >= leastPx && rect.height() >= leastPx, name);
-            }
-        }
-    }
-
-    void captionsAreWhole_data() { pagesFitTheirWidth_data(); }
-
-    // But for samples of captions that are cut.
-    void captionsAreWhole()
+    // One window a row: it takes most of the time.
+    void pagesAreLaidOut()
     {
         const GalleryWindow window(m_icons, fetch<QString>("page"), fetch<QSize>("size"));
-        const QList<QGraphicsItem *> items = window.scene()->items();
-        for (QGraphicsItem *item : items) {
-            const auto *control = dynamic_cast<KELRoundRectControl *>(item);
-            if (!control || !control->isVisible() || !control->style()->trimText
-                || control->text().contains("too long"))
-                continue;
-            const QFontMetricsF metrics(control->style()->font);
-            const QRectF room = control->rect().marginsRemoved(control->style()->margins);
-            const QStringList lines = control->text().split('\n');
-            for (const QString &line : lines)
-                QVERIFY2(metrics.horizontalAdvance(line) <= room.width(), qPrintable(line));
-        }
-    }
-
-    void cardsDoNotOverlap_data() { pagesFitTheirWidth_data(); }
-
-    void cardsDoNotOverlap()
-    {
-        const GalleryWindow window(m_icons, fetch<QString>("page"), fetch<QSize>("size"));
-        const QList<QGraphicsItem *> items = window.scene()->items();
-        QVector<QRectF> cards;
-        for (QGraphicsItem *item : items) {
-            // A card has a layout, which is on a child item of its own.
-            const QList<QGraphicsItem *> children = item->childItems();
-            if (!dynamic_cast<KELRoundRectControl *>(item) || children.isEmpty())
-                continue;
-            const auto *widget = dynamic_cast<QGraphicsWidget *>(children.first());
-            if (widget && widget->layout())
-                cards.append(item->sceneBoundingRect().adjusted(1, 1, -1, -1));
-        }
-        for (int i = 1; i < cards.size(); ++i) {
-            for (int j = 0; j < i; ++j)
-                QVERIFY(!cards.at(i).intersects(cards.at(j)));
-        }
+        compareWidths(window);
+        compareCaptions(window);
+        compareCards(window);
     }
 
     void glyphsShownExist()
@@ -276,6 +222,63 @@ private Q_SLOTS:
     }
 
 private:
+    static void compareWidths(const GalleryWindow &window)
+    {
+        const QSize size = window.size();
+        const QList<QGraphicsItem *> items = window.scene()->items();
+        for (QGraphicsItem *item : items) {
+            auto *control = dynamic_cast<KELRoundRectControl *>(item);
+            if (!control || !control->isVisible())
+                continue;
+            const QRectF rect = control->sceneBoundingRect();
+            const QByteArray name = (control->objectName() + '/' + control->text()).toUtf8();
+            QVERIFY2(rect.left() >= -1 && rect.right() <= size.width() + 1, name);
+            const bool isPartOfAnother = item->parentItem()
+                && item->parentItem()->handlesChildEvents();
+            if (item->acceptedMouseButtons() != Qt::NoButton && !isPartOfAnother) {
+                const qreal leastPx = qobject_cast<KELCheckBox *>(control) ? 38 : 44;
+                QVERIFY2(rect.width() >= leastPx && rect.height() >= leastPx, name);
+            }
+        }
+    }
+
+    // They are whole, but for samples of captions that are cut.
+    static void compareCaptions(const GalleryWindow &window)
+    {
+        const QList<QGraphicsItem *> items = window.scene()->items();
+        for (QGraphicsItem *item : items) {
+            const auto *control = dynamic_cast<KELRoundRectControl *>(item);
+            if (!control || !control->isVisible() || !control->style()->trimText
+                || control->text().contains("too long"))
+                continue;
+            const QFontMetricsF metrics(control->style()->font);
+            const QRectF room = control->rect().marginsRemoved(control->style()->margins);
+            const QStringList lines = control->text().split('\n');
+            for (const QString &line : lines)
+                QVERIFY2(metrics.horizontalAdvance(line) <= room.width(), qPrintable(line));
+        }
+    }
+
+    // They do not overlap.
+    static void compareCards(const GalleryWindow &window)
+    {
+        const QList<QGraphicsItem *> items = window.scene()->items();
+        QVector<QRectF> cards;
+        for (QGraphicsItem *item : items) {
+            // A card has a layout, which is on a child item of its own.
+            const QList<QGraphicsItem *> children = item->childItems();
+            if (!dynamic_cast<KELRoundRectControl *>(item) || children.isEmpty())
+                continue;
+            const auto *widget = dynamic_cast<QGraphicsWidget *>(children.first());
+            if (widget && widget->layout())
+                cards.append(item->sceneBoundingRect().adjusted(1, 1, -1, -1));
+        }
+        for (int i = 1; i < cards.size(); ++i) {
+            for (int j = 0; j < i; ++j)
+                QVERIFY(!cards.at(i).intersects(cards.at(j)));
+        }
+    }
+
     IconSet m_icons;
 };
 
