@@ -158,6 +158,9 @@ private Q_SLOTS:
         row("screenshots on a file", {"--screenshot-all", notAFont},
             QString("cannot write into directory '%1'").arg(notAFont));
         row("screenshots nowhere", {"--screenshot-all", ""}, "cannot write into directory ''");
+        row("anatomy nowhere", {"--anatomy", ""}, "cannot write into directory ''");
+        row("anatomy and geometry", {"--anatomy", directory, "--geometry-of", "press-me"},
+            "--anatomy and --geometry-of exclude each other");
         row("log in no directory", {"--log", "/no/such/a.log"}, "cannot write '/no/such/a.log'");
         row("log on a directory", {"--log", directory},
             QString("cannot write '%1'").arg(directory));
@@ -297,6 +300,18 @@ private Q_SLOTS:
     {
         QCOMPARE(Gallery::run({"--screenshot-all", path("new/below")}, m_headless).exitCode, 0);
         QCOMPARE(QDir(path("new/below")).entryList(QDir::Files).size(), m_pageNames.size());
+    }
+
+    void anatomySavesThePicturesOfTheGuide()
+    {
+        const Gallery::Result result = Gallery::run({"--anatomy", path("anatomy")}, m_headless);
+        QCOMPARE(result.errorLines, QStringList());
+        QCOMPARE(result.exitCode, 0);
+        const QStringList files = QDir(path("anatomy")).entryList(QDir::Files);
+        QVERIFY(files.contains("anatomy-push-button.png"));
+        QVERIFY(files.contains("states-push-button.png"));
+        for (const QString &file : files)
+            QVERIFY2(hasManyColours(QImage(path("anatomy/" + file))), qPrintable(file));
     }
 
     void screenshotsAreReproducible()
