@@ -188,7 +188,8 @@ std::vector<Placed> place(const std::vector<Specimen> &specimens)
         const QSizeF size = specimen.size * enlargement;
         const qreal height = std::max({size.height(), heightOf(callOutsOn(specimen, Side::Left)),
                                        heightOf(callOutsOn(specimen, Side::Right))});
-        const QRectF band(0, top + titleHeightPx, sheetWidthPx, height);
+        const qreal titleHeight = specimen.title.isEmpty() ? 0 : titleHeightPx;
+        const QRectF band(0, top + titleHeight, sheetWidthPx, height);
         const QPointF corner((band.width() - size.width()) / 2,
                              band.top() + (height - size.height()) / 2);
         const QRectF panel(corner.toPoint(), size);

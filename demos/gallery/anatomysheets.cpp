@@ -411,7 +411,7 @@ std::vector<Specimen> textPixmaps()
     specimen.callOuts = {
         {Side::Left, {48, 14}, {brush("backgroundBrush", picture, &TextPicture::backgroundBrush)}},
         {Side::Left,
-         {69, 36},
+         {58.5, 36.5},
          {field("text", picture, &TextPicture::text, QString()),
           field("font", picture, &TextPicture::font, plainFont(6))}},
         {Side::Right, {85, 25}, {brush("textBrush", picture, &TextPicture::textBrush)}},

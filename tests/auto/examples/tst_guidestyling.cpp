@@ -106,7 +106,79 @@ private Q_SLOTS:
         QVERIFY(isNear(picture.pixelColor(60, 79), QColor(36, 76, 120)));
     }
 
+    void aShadeStretchedOverAButtonIsMovedByItsCorner_data()
+    {
+        QTest::addColumn<QPointF>("corner");
+        QTest::addColumn<bool>("fits");
+        QTest::newRow("(0, 0)") << QPointF(0, 0) << true;
+        QTest::newRow("elsewhere") << QPointF(0, 40) << false;
+    }
+
+    void aShadeStretchedOverAButtonIsMovedByItsCorner()
+    {
+        KELPushButton button;
+        QFETCH(bool, fits);
+        QCOMPARE(isStretched(&button, fetch<QPointF>("corner")), fits);
+    }
+
+    void aShadeStretchedOverALabelFits()
+    {
+        KELLabel label;
+        QVERIFY(isStretched(&label, QPointF(0, 0)));
+        QVERIFY(isStretched(&label, QPointF(0, 40)));
+    }
+
+    void theShadeOfACaptionBeginsAtTheItem()
+    {
+        KELPushButton button;
+        button.setboundRect(0, 40, 60, 60);
+        button.setText(QString(QChar(fullBlock)));
+        button.style()->font.setPixelSize(30);
+        button.style()->foregroundBrush = fromRedToBlue(100);
+        const QImage picture = KelImage::paint(&button, QSize(60, 100));
+        QVERIFY(isNear(picture.pixelColor(30, 70), QColor(75, 0, 180)));
+    }
+
+    void theShadeOfATabBeginsAtItsCornerAndThatOfItsCaptionAtTheItem()
+    {
+        KELNavigationTable table;
+        table.setboundRect(0, 0, 240, 200);
+        table.style()->font.setPixelSize(30);
+        KELNavigationTableItem *const page = addPages(&table);
+        page->setButtonBackground(fromRedToBlue(80));
+        page->setButtonForeground(fromRedToBlue(200));
+        page->setText(QString(QChar(fullBlock)));
+        const QImage tab = tabOf(&table);
+        QVERIFY(isNear(tab.pixelColor(5, 0), QColor(253, 0, 2)));
+        QVERIFY(isNear(tab.pixelColor(5, 79), QColor(2, 0, 253)));
+        QVERIFY(isNear(tab.pixelColor(60, 40), QColor(50, 0, 205)));
+    }
+
 private:
+    static QBrush fromRedToBlue(qreal height)
+    {
+        QLinearGradient shade(0, 0, 0, height);
+        shade.setColorAt(0, Qt::red);
+        shade.setColorAt(1, Qt::blue);
+        return shade;
+    }
+
+    // Whether it ends where the control ends.
+    static bool isStretched(KELRoundRectControl *control, const QPointF &corner)
+    {
+        QLinearGradient shade(0, 0, 0, 1);
+        shade.setCoordinateMode(QGradient::ObjectBoundingMode);
+        shade.setColorAt(0, Qt::red);
+        shade.setColorAt(1, Qt::blue);
+        control->setboundRect(QRectF(corner, QSizeF(60, 60)));
+        control->style()->borderWidth = 0;
+        control->style()->backgroundBrush = shade;
+        const QImage picture = KelImage::paint(control, QSize(60, 100));
+        const int top = int(corner.y());
+        return isNear(picture.pixelColor(30, top), QColor(253, 0, 2))
+            && isNear(picture.pixelColor(30, top + 59), QColor(2, 0, 253));
+    }
+
     static constexpr ushort fullBlock = 0x2588; // fills its line
 
     static QImage tabOf(KELNavigationTable *table)
